@@ -1,0 +1,14 @@
+# Header-only libraries of the build machine, made visible to a cross build too.
+#
+# Their packages install below /usr/include, which a cross compiler must not see as a whole: the headers of the
+# build machine's C library stand there. Copies in the build tree leave them alone.
+function(add_hosted_headers target directory)
+  find_path(${target}_ROOT ${directory} PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+  set(copies ${CMAKE_BINARY_DIR}/hosted_headers)
+  file(COPY ${${target}_ROOT}/${directory} DESTINATION ${copies})
+  add_library(${target} INTERFACE)
+  target_include_directories(${target} SYSTEM INTERFACE ${copies})
+endfunction()
+
+add_hosted_headers(nlohmann_json nlohmann)
+add_hosted_headers(cli11 CLI)

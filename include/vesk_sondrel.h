@@ -1,0 +1,143 @@
+/*
+ * VeskSondrel64: the hardware and system data collector.
+ *
+ * A host loads the library at run time (VeskSondrel64.dll on Windows, libVeskSondrel64.so against the
+ * simulated machine) and calls one export per question. Each export answers with a number, a short text or a
+ * document written into a buffer of the host's.
+ *
+ * Conventions
+ *
+ *   Session    Exports that talk to the embedded controller or the processor need a driver session:
+ *              InitializeSondrel first, ShutdownSondrel last. All others work without one. Each export's
+ * comment says so. Sentinels  0x7FFFFFFF (VESK_READ_FAILED)  an EC command or a radio read failed 0 the
+ * machine's family has no such reading -1 and the empty text          a WMI read failed Threads    Exports
+ * run on the caller's thread. The library starts no thread and holds no lock: calls that share state (the
+ * session above all) must not overlap. Blocking   An EC command takes as long as the driver takes, well below
+ * a millisecond as a rule. Where an export waits on purpose, its comment gives the time. Errors     Nothing
+ * is raised across an export in ordinary operation. Running out of memory while a text is built is the one
+ * exception.
+ */
+#ifndef VESK_SONDREL_H
+#define VESK_SONDREL_H
+
+#include <stdint.h>
+
+/* Windows takes its names from the .def file; elsewhere a name has to be visible before it can be exported.
+ */
+#if defined(__GNUC__) && !defined(_WIN32)
+#define VESK_API __attribute__((visibility("default")))
+#else
+#define VESK_API
+#endif
+
+/* A character of a wide text: UTF-16, 16 bits on every platform. */
+#if defined(_WIN32)
+#include <stddef.h>
+typedef wchar_t VeskChar16;
+#elif defined(__cplusplus)
+typedef char16_t VeskChar16;
+#else
+#include <uchar.h>
+typedef char16_t VeskChar16;
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* An EC command or a radio read failed. */
+#define VESK_READ_FAILED 0x7FFFFFFF
+
+/* ---- Session and versions ------------------------------------------------------------------------------ */
+
+/*
+ * Opens the driver session, or adds one reference to the one that is open.
+ * The device is first opened for this process alone; where that is refused it is opened shared.
+ * Result: 1 the session is open; 0 the device is missing or refused both opens, and a later call tries again.
+ * Blocks: as long as opening a device takes.
+ */
+VESK_API int32_t InitializeSondrel(void);
+
+/*
+ * Drops one reference; the last one closes the device. Without an open session it does nothing, so one call
+ * too many does no harm.
+ */
+VESK_API void ShutdownSondrel(void);
+
+/*
+ * The driver's version word, as the driver gives it.
+ * Failure: 0, also with no session open, in which case nothing is sent.
+ * Session: needed. Blocks: one driver request.
+ */
+VESK_API uint32_t GetDriverVersion(void);
+
+/*
+ * The driver's own reference count. This is not the number of InitializeSondrel calls, which nothing shows.
+ * Failure: 0, also with no session open, in which case nothing is sent.
+ * Session: needed. Blocks: one driver request.
+ */
+VESK_API uint32_t GetRefCount(void);
+
+/* The version of the I/O interface: always 65537 (0x00010001). Session: not needed. */
+VESK_API uint32_t GetIoDllVersion(void);
+
+/* ---- Embedded controller: identity --------------------------------------------------------------------- */
+
+/*
+ * These three are read from the EC once per machine and then kept in the registry, under HKEY_LOCAL_MACHINE
+ * SOFTWARE\Vesk\Vesk Kelvane\VeskTessaly, for good. A kept value answers without an EC command and without a
+ * session; it is never refreshed. Where it cannot be kept, each call reads the EC again.
+ * Failure: 0x7FFFFFFF, and nothing is kept. A kept number above 2147483647 comes back as 2147483647.
+ * Session: needed while the value is not kept yet. Blocks: a registry read; at first up to four EC commands.
+ */
+
+/* The firmware revision code: two ASCII letters, the first in bits 15-8. "KL" is 0x4B4C. */
+VESK_API uint32_t EC_ReadEcFwRev(void);
+
+/* The chip id, 0 to 255. It tells variants within a firmware revision code apart; 0 is an id like any other. */
+VESK_API uint32_t EC_ReadEcChipId(void);
+
+/* The chip name: four bytes in reading order, the first in bits 31-24. */
+VESK_API uint32_t EC_ReadEcChipName(void);
+
+/* ---- Battery ------------------------------------------------------------------------------------------- */
+
+/* ---- Temperatures and fans ----------------------------------------------------------------------------- */
+
+/* ---- Processor and power ------------------------------------------------------------------------------- */
+
+/* ---- Firmware: event log and sensors ------------------------------------------------------------------- */
+
+/* ---- Firmware: variables ------------------------------------------------------------------------------- */
+
+/* ---- Firmware: Battery Health and Quiet Fan ------------------------------------------------------------ */
+
+/* ---- Disks --------------------------------------------------------------------------------------------- */
+
+/* ---- Inventory ----------------------------------------------------------------------------------------- */
+
+/* ---- Network adapters ---------------------------------------------------------------------------------- */
+
+/* ---- Wi-Fi --------------------------------------------------------------------------------------------- */
+
+/* ---- Bluetooth ----------------------------------------------------------------------------------------- */
+
+/* ---- System -------------------------------------------------------------------------------------------- */
+
+/*
+ * The tablet mode byte of the EC, 0 to 255. Its meaning is the firmware's.
+ * Failure: 0x7FFFFFFF. Session: needed. Blocks: one EC command.
+ */
+VESK_API uint32_t System_Read_TabletMode(void);
+
+/* ---- Installed applications ---------------------------------------------------------------------------- */
+
+/* ---- Versions of the maker's software ------------------------------------------------------------------ */
+
+/* ---- Usage --------------------------------------------------------------------------------------------- */
+
+#ifdef __cplusplus
+} /* extern "C" */
+#endif
+
+#endif /* VESK_SONDREL_H */

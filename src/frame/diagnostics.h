@@ -1,0 +1,44 @@
+// The two diagnostic sinks: debug lines to a trace provider, warnings to the event log.
+//
+// Both are best-effort: a sink that fails is silent and never changes a result.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+namespace sondrel {
+
+/// The only event type the library reports (EVENTLOG_WARNING_TYPE).
+inline constexpr std::uint16_t WarningEvent = 2;
+
+/// What the trace provider keeps. All zero at load.
+struct TraceProviderState {
+    /// The first line has tried to register the provider, whatever came of it.
+    bool TraceRegistered = false;
+    /// Enabled level plus one; 0 while no consumer is attached. ETW's thread writes it while ours reads it,
+    /// so it is read and written whole; a line around the moment of attaching may be lost or written.
+    std::atomic<std::uint32_t> TraceLevelPlus1 = 0;
+    /// As the consumer gave them; no decision uses them.
+    std::atomic<std::uint64_t> AnyKeyword = 0;
+    std::atomic<std::uint64_t> AllKeyword = 0;
+    std::uint64_t TraceRegHandle = 0;
+};
+
+extern TraceProviderState TraceProvider;
+
+/// Writes one debug line. The text is cut at its first zero character. The conversion to wide text takes
+/// place even with no consumer attached.
+void TraceLine(std::string text);
+
+/// Writes one debug line that is wide already. A null text gives an event with the empty string.
+void TraceWide(const char16_t* text);
+
+/// Registers the provider; TraceWide does so once per process. A failed registration leaves it silent for
+/// good.
+void TraceProviderRegister();
+
+/// Reports one event under the source "VESKTessaly". The source is opened and closed for each message.
+void ReportWarningEvent(const char16_t* message, std::uint16_t type);
+
+} // namespace sondrel

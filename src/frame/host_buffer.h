@@ -1,0 +1,23 @@
+// The host's buffers, whose size the library is not told.
+#pragma once
+
+#include "vesk_sondrel.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace sondrel {
+
+/// Copies the whole text and its terminator. The host has given enough room.
+inline void CopyToHost(std::u16string_view text, VeskChar16* out) {
+    out = std::transform(text.begin(), text.end(), out,
+                         [](char16_t unit) { return static_cast<VeskChar16>(unit); });
+    *out = VeskChar16{};
+}
+
+/// The same for narrow text.
+inline void CopyToHost(std::string_view text, char* out) {
+    *std::copy(text.begin(), text.end(), out) = '\0';
+}
+
+} // namespace sondrel

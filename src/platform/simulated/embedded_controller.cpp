@@ -1,0 +1,72 @@
+#include "platform/simulated/embedded_controller.h"
+
+namespace machine {
+namespace {
+
+// The firmware's own command set.
+constexpr std::uint8_t CommandModeQuery = 0x8E;
+constexpr std::uint8_t CommandIdentityRead = 0xBB;
+
+constexpr std::uint8_t ModeTablet = 0x33;
+
+// The identity register file.
+constexpr std::uint8_t RegisterRevisionFirst = 0x03;
+constexpr std::uint8_t RegisterRevisionSecond = 0x04;
+constexpr std::uint8_t RegisterChipId = 0x10;
+constexpr std::uint8_t RegisterChipName = 0x12; // and the three behind it
+
+constexpr std::uint32_t StatusBadCommand = 0x81;
+constexpr std::uint32_t StatusBadData = 0x82;
+
+} // namespace
+
+EmbeddedController::EmbeddedController(const EcProfile& profile) : m_profile(profile) {}
+
+std::uint32_t EmbeddedController::FaultOf(std::uint8_t command) {
+    const std::uint32_t use = ++m_uses[command];
+    for (const EcFault& fault : m_profile.faults) {
+        if (fault.command == command && (fault.use == 0 || fault.use == use)) {
+            return fault.status;
+        }
+    }
+    return 0;
+}
+
+std::uint8_t EmbeddedController::IdentityRegister(std::uint8_t number) const {
+    switch (number) {
+    case RegisterRevisionFirst:
+        return static_cast<std::uint8_t>(m_profile.revision[0]);
+    case RegisterRevisionSecond:
+        return static_cast<std::uint8_t>(m_profile.revision[1]);
+    case RegisterChipId:
+        return m_profile.chipId;
+    default:
+        break;
+    }
+    if (number >= RegisterChipName && number < RegisterChipName + m_profile.chipName.size()) {
+        return static_cast<std::uint8_t>(m_profile.chipName[number - RegisterChipName]);
+    }
+    return 0;
+}
+
+EcAnswer EmbeddedController::CarryOut(std::uint8_t command, std::span<const std::uint8_t> data) {
+    if (const std::uint32_t status = FaultOf(command); status != 0) {
+        return {status};
+    }
+    switch (command) {
+    case CommandIdentityRead:
+        if (data.size() != 1) {
+            return {StatusBadData};
+        }
+        return {0, IdentityRegister(data[0])};
+    case CommandModeQuery:
+        if (data.size() != 2 || data[0] != ModeTablet || data[1] != 0) {
+            return {StatusBadData};
+        }
+        return {0, m_profile.tabletMode};
+    default:
+        return {StatusBadCommand};
+    }
+}
+
+} // namespace machine

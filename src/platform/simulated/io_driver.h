@@ -1,0 +1,30 @@
+// The kernel I/O driver VESKHWIO: the device and its seven requests.
+#pragma once
+
+#include "platform/simulated/devices.h"
+#include "platform/simulated/embedded_controller.h"
+#include "platform/simulated/profile.h"
+
+namespace machine {
+
+class IoDriver final : public Device {
+public:
+    IoDriver(const DriverProfile& driver, const ProcessorProfile& processor, EmbeddedController& controller);
+
+    platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
+    void Close() override;
+    ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) override;
+
+private:
+    ControlAnswer EcExchange(std::span<const std::byte> in);
+    [[nodiscard]] ControlAnswer CpuId(std::span<const std::byte> in) const;
+    [[nodiscard]] ControlAnswer PowerLimits(std::span<const std::byte> in) const;
+
+    DriverProfile m_driver;
+    ProcessorProfile m_processor;
+    EmbeddedController& m_controller;
+    unsigned m_openings = 0;
+    bool m_heldAlone = false;
+};
+
+} // namespace machine

@@ -1,0 +1,87 @@
+// Every operation of the boundary, once: its name, how it can fail, and the code it really fails with.
+//
+// The gate, the transcript and the fault sweep all read this list. An operation that cannot fail in any way
+// its callers could see has no failure; the sweep leaves it out.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace machine {
+
+/// How a call can be made to fail. An operation names the ways that exist for it.
+enum class Failure : std::uint8_t {
+    None = 0,
+    Refused = 1,     // the call fails with its error code
+    ShortAnswer = 2, // success, with less than was asked for
+    Nothing = 4,     // success, with nothing: a null list, a null object, zero bytes
+};
+
+namespace failures {
+inline constexpr std::uint8_t Never = 0;
+inline constexpr std::uint8_t Refused = static_cast<std::uint8_t>(Failure::Refused);
+inline constexpr std::uint8_t Short = static_cast<std::uint8_t>(Failure::ShortAnswer);
+inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothing);
+} // namespace failures
+
+// X(operation, failures, code of a refusal)
+#define VESK_MACHINE_OPERATIONS(X)                                                                           \
+    /* devices */                                                                                            \
+    X(CreateFileW, failures::Refused, 5)                                                                     \
+    X(DeviceIoControl, failures::Refused | failures::Short | failures::Nothing, 31)                          \
+    X(CloseHandle, failures::Never, 0)                                                                       \
+    /* time */                                                                                               \
+    X(Sleep, failures::Never, 0)                                                                             \
+    /* registry */                                                                                           \
+    X(RegOpenKeyExW, failures::Refused, 5)                                                                   \
+    X(RegCreateKeyExW, failures::Refused, 5)                                                                 \
+    X(RegQueryValueExW, failures::Refused, 5)                                                                \
+    X(RegSetValueExW, failures::Refused, 5)                                                                  \
+    X(RegCloseKey, failures::Never, 0)                                                                       \
+    /* diagnostics */                                                                                        \
+    X(EventRegister, failures::Refused, 8)                                                                   \
+    X(EventSetInformation, failures::Refused, 8)                                                             \
+    X(EventWriteTransfer, failures::Refused, 8)                                                              \
+    X(RegisterEventSourceW, failures::Refused, 5)                                                            \
+    X(ReportEventW, failures::Refused, 5)                                                                    \
+    X(DeregisterEventSource, failures::Never, 0)                                                             \
+    /* battery device */                                                                                     \
+    /* processor and power */                                                                                \
+    /* firmware variables */                                                                                 \
+    /* files */                                                                                              \
+    /* COM apartments */                                                                                     \
+    X(CoInitializeEx, failures::Refused, 0x80010106)                                                         \
+    X(CoUninitialize, failures::Never, 0)                                                                    \
+    /* WMI */                                                                                                \
+    /* system */                                                                                             \
+    /* audio endpoints */                                                                                    \
+    /* network adapters */                                                                                   \
+    /* WLAN */                                                                                               \
+    /* Bluetooth */                                                                                          \
+    /* packages */                                                                                           \
+    /* windows and processes */
+
+enum class Operation : std::uint16_t {
+#define VESK_MACHINE_ENUMERATOR(name, failures, code) name,
+    VESK_MACHINE_OPERATIONS(VESK_MACHINE_ENUMERATOR)
+#undef VESK_MACHINE_ENUMERATOR
+};
+
+struct OperationRow {
+    std::string_view name;
+    std::uint8_t failures;
+    std::uint32_t refusal;
+};
+
+inline constexpr OperationRow OperationTable[] = {
+#define VESK_MACHINE_ROW(name, failures, code) {#name, failures, code},
+    VESK_MACHINE_OPERATIONS(VESK_MACHINE_ROW)
+#undef VESK_MACHINE_ROW
+};
+
+constexpr const OperationRow& RowOf(Operation operation) {
+    return OperationTable[static_cast<std::size_t>(operation)];
+}
+
+} // namespace machine

@@ -1,0 +1,192 @@
+#include "platform/simulated/profile.h"
+
+#include "platform/registry.h"
+#include "platform/simulated/built_in_machines.h"
+#include "platform/simulated/profile_reader.h"
+#include "platform/simulated/wide_text.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace machine {
+namespace {
+
+std::string FixedText(ProfileReader& reader, std::string_view name, std::size_t length) {
+    std::string text = reader.Text(name);
+    if (text.size() != length) {
+        reader.Fail(name, std::to_string(length) + " letters");
+    }
+    return text;
+}
+
+EcProfile ReadEc(ProfileReader reader) {
+    EcProfile ec;
+    ec.revision = FixedText(reader, "revision", 2);
+    ec.chipId = reader.Number<std::uint8_t>("chip_id", 0);
+    ec.chipName = FixedText(reader, "chip_name", 4);
+    ec.tabletMode = reader.Number<std::uint8_t>("tablet_mode", 0);
+    for (auto& fault : reader.Objects("faults")) {
+        EcFault row;
+        row.command = static_cast<std::uint8_t>(fault.Number("command", 0, 0xFF));
+        row.use = fault.Number<std::uint32_t>("use", 0);
+        row.status = static_cast<std::uint32_t>(fault.Number("status", 1, 0xFFFFFFFF));
+        fault.Finish();
+        ec.faults.push_back(row);
+    }
+    reader.Finish();
+    return ec;
+}
+
+DriverProfile ReadDriver(ProfileReader reader) {
+    DriverProfile driver;
+    driver.present = reader.Flag("present", true);
+    driver.heldBy = static_cast<DriverHolder>(reader.Choice("held_by_other", {"no", "shared", "alone"}, 0));
+    driver.version = reader.Number<std::uint32_t>("version", 0);
+    driver.refCount = reader.Number<std::uint32_t>("ref_count", 0);
+    reader.Finish();
+    return driver;
+}
+
+ProcessorProfile ReadProcessor(ProfileReader reader) {
+    ProcessorProfile processor;
+    processor.vendor = reader.Has("vendor") ? FixedText(reader, "vendor", 12) : std::string(12, '\0');
+    for (auto& leaf : reader.Objects("cpuid")) {
+        const auto number = static_cast<std::uint32_t>(leaf.Number("leaf", 0, 0xFFFFFFFF));
+        processor.leaves[number] = {
+            leaf.Number<std::uint32_t>("eax", 0), leaf.Number<std::uint32_t>("ebx", 0),
+            leaf.Number<std::uint32_t>("ecx", 0), leaf.Number<std::uint32_t>("edx", 0)};
+        leaf.Finish();
+    }
+    processor.packagePower = reader.Number<std::uint32_t>("package_power", 0);
+    processor.powerLimit1 = reader.Number<std::uint32_t>("power_limit_1", 0);
+    processor.powerLimit2 = reader.Number<std::uint32_t>("power_limit_2", 0);
+    reader.Finish();
+    return processor;
+}
+
+std::vector<std::byte> WideBytes(const std::u16string& text) {
+    const auto bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
+}
+
+std::vector<std::byte> WideBytesWithTerminator(std::u16string text) {
+    text.push_back(u'\0');
+    return WideBytes(text);
+}
+
+/// A value's data in the form that its type has in a profile: a text, a number, a list of texts or bytes.
+std::vector<std::byte> ReadRegistryData(ProfileReader& reader, std::uint32_t type) {
+    if (reader.Raw("data").is_object()) {
+        // {"bytes": "..."}: what a careless writer left there, whatever the type.
+        ProfileReader raw = reader.Object("data");
+        auto bytes = raw.Bytes("bytes");
+        raw.Finish();
+        return bytes;
+    }
+    switch (type) {
+    case platform::value_type::Dword: {
+        const auto number = static_cast<std::uint32_t>(reader.Number("data", 0, 0xFFFFFFFF));
+        const auto bytes = std::as_bytes(std::span(&number, 1));
+        return {bytes.begin(), bytes.end()};
+    }
+    case platform::value_type::MultiString: {
+        std::u16string all;
+        for (const std::string& text : reader.Texts("data")) {
+            all += WideFromUtf8(text) + u'\0';
+        }
+        return WideBytesWithTerminator(all);
+    }
+    case platform::value_type::Binary:
+        return reader.Bytes("data");
+    default:
+        return WideBytesWithTerminator(WideFromUtf8(reader.Text("data")));
+    }
+}
+
+RegistryProfile ReadRegistry(ProfileReader reader) {
+    constexpr std::uint32_t Types[] = {platform::value_type::String, platform::value_type::ExpandString,
+                                       platform::value_type::Binary, platform::value_type::Dword,
+                                       platform::value_type::MultiString};
+    const auto keyPath = [](ProfileReader& at, std::string_view name, const std::string& path) {
+        if (!path.starts_with("HKLM\\") && !path.starts_with("HKCU\\")) {
+            at.Fail(name, "a key that begins with \"HKLM\\\" or \"HKCU\\\"");
+        }
+        return WideFromUtf8(path);
+    };
+    RegistryProfile registry;
+    for (const std::string& key : reader.Texts("keys")) {
+        registry.keys.push_back(keyPath(reader, "keys", key));
+    }
+    for (auto& value : reader.Objects("values")) {
+        RegistryValue row;
+        row.key = keyPath(value, "key", value.Text("key"));
+        row.name = WideFromUtf8(value.Text("name"));
+        row.type = Types[value.Choice(
+            "type", {"REG_SZ", "REG_EXPAND_SZ", "REG_BINARY", "REG_DWORD", "REG_MULTI_SZ"}, 0)];
+        row.data = ReadRegistryData(value, row.type);
+        value.Finish();
+        registry.values.push_back(std::move(row));
+    }
+    for (const std::string& key : reader.Texts("read_only")) {
+        registry.readOnly.push_back(keyPath(reader, "read_only", key));
+    }
+    reader.Finish();
+    return registry;
+}
+
+/// FNV-1a: small, and the same on every build.
+std::uint64_t DigestOf(std::string_view text) {
+    std::uint64_t digest = 0xCBF29CE484222325;
+    for (const char byte : text) {
+        digest = (digest ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
+    }
+    return digest;
+}
+
+} // namespace
+
+Profile ParseProfile(std::string_view text, const std::string& source) {
+    try {
+        const auto document = nlohmann::json::parse(text);
+        ProfileReader reader(document, "");
+        Profile profile;
+        profile.name = reader.Text("name");
+        profile.description = reader.Text("description", "");
+        profile.ec = ReadEc(reader.Object("ec"));
+        profile.driver = ReadDriver(reader.Object("driver"));
+        profile.processor = ReadProcessor(reader.Object("processor"));
+        profile.registry = ReadRegistry(reader.Object("registry"));
+        reader.Finish();
+        profile.digest = DigestOf(text);
+        return profile;
+    } catch (const nlohmann::json::parse_error& problem) {
+        throw ProfileError(source + ": not a JSON text: " + problem.what());
+    } catch (const ProfileError& problem) {
+        throw ProfileError(source + ": " + problem.what());
+    }
+}
+
+Profile LoadProfile(const std::string& nameOrFile) {
+    for (const BuiltInMachine& builtIn : BuiltInMachineTexts()) {
+        if (builtIn.name == nameOrFile) {
+            return ParseProfile(builtIn.text, "built-in machine " + nameOrFile);
+        }
+    }
+    std::ifstream file(nameOrFile, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    if (!file.is_open() || file.bad()) {
+        throw ProfileError(nameOrFile +
+                           ": expected the name of a built-in machine or a profile that can be read");
+    }
+    return ParseProfile(text, nameOrFile);
+}
+
+std::vector<std::string> BuiltInMachines() {
+    std::vector<std::string> names;
+    for (const BuiltInMachine& builtIn : BuiltInMachineTexts()) {
+        names.emplace_back(builtIn.name);
+    }
+    return names;
+}
+
+} // namespace machine

@@ -1,0 +1,81 @@
+// A machine profile: one plain record for each service, in the field's own terms.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace machine {
+
+/// A command that the EC fails to carry out.
+struct EcFault {
+    std::uint8_t command = 0;
+    std::uint32_t use = 0; // the n-th use of the command, counted from 1; 0: every use
+    std::uint32_t status = 0;
+};
+
+struct EcProfile {
+    std::string revision; // two letters
+    std::uint8_t chipId = 0;
+    std::string chipName; // four letters
+    std::uint8_t tabletMode = 0;
+    std::vector<EcFault> faults;
+};
+
+/// Who else has the I/O driver open, and how.
+enum class DriverHolder : std::uint8_t { Nobody, Sharing, Alone };
+
+struct DriverProfile {
+    bool present = true;
+    DriverHolder heldBy = DriverHolder::Nobody;
+    std::uint32_t version = 0;
+    std::uint32_t refCount = 0;
+};
+
+struct CpuIdLeaf {
+    std::uint32_t eax, ebx, ecx, edx;
+};
+
+struct ProcessorProfile {
+    std::string vendor; // twelve letters
+    std::map<std::uint32_t, CpuIdLeaf> leaves;
+    std::uint32_t packagePower = 0;
+    std::uint32_t powerLimit1 = 0;
+    std::uint32_t powerLimit2 = 0;
+};
+
+struct RegistryValue {
+    std::u16string key; // with the hive's short name in front: HKLM\SOFTWARE\...
+    std::u16string name;
+    std::uint32_t type = 0;
+    std::vector<std::byte> data;
+};
+
+struct RegistryProfile {
+    std::vector<std::u16string> keys; // keys without values
+    std::vector<RegistryValue> values;
+    std::vector<std::u16string> readOnly; // keys below which nothing may be written
+};
+
+struct Profile {
+    std::string name;
+    std::string description;
+    EcProfile ec;
+    DriverProfile driver;
+    ProcessorProfile processor;
+    RegistryProfile registry;
+    std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
+};
+
+/// Reads a profile's text. `source` names it in errors. Throws ProfileError.
+Profile ParseProfile(std::string_view text, const std::string& source);
+
+/// Reads a profile by the name of a built-in machine or by its file. Throws ProfileError.
+Profile LoadProfile(const std::string& nameOrFile);
+
+/// The names of the built-in machines; the first is the default.
+std::vector<std::string> BuiltInMachines();
+
+} // namespace machine

@@ -1,0 +1,86 @@
+// What a simulated machine keeps when its process ends: one SQLite file.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace machine {
+
+/// The file cannot be used; the text names it and says why. A damaged file is left as it is.
+class StoreError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// One prepared statement, used again and again. Values are bound and read by place, from 1 and from 0.
+class Statement {
+public:
+    Statement(sqlite3* database, std::string_view sql);
+
+    Statement& Bind(int place, std::int64_t number);
+    Statement& Bind(int place, std::u16string_view text);
+    Statement& Bind(int place, std::span<const std::byte> bytes);
+
+    /// Runs to the next row. False at the end, after which the statement is ready for its next use.
+    bool Step();
+    /// Runs to the end.
+    void Run();
+    /// Ends a use before its last row.
+    void Reset();
+
+    [[nodiscard]] std::int64_t Number(int column) const;
+    [[nodiscard]] std::u16string Text(int column) const;
+    [[nodiscard]] std::vector<std::byte> Bytes(int column) const;
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+
+    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+};
+
+class Store {
+public:
+    /// ":memory:" keeps nothing.
+    explicit Store(const std::string& path);
+
+    Statement Prepare(std::string_view sql) const { return {m_database.get(), sql}; }
+
+    void Execute(const char* sql) const;
+
+    /// Whether this file has just been made, so that the machine's first state has to be put into it.
+    [[nodiscard]] bool IsNew() const { return m_new; }
+
+    /// Everything within happens whole or not at all, and no other process writes meanwhile.
+    class Transaction {
+    public:
+        explicit Transaction(const Store& store);
+        Transaction(const Transaction&) = delete;
+        Transaction& operator=(const Transaction&) = delete;
+        ~Transaction();
+        void Commit();
+
+    private:
+        const Store& m_store;
+        bool m_open = true;
+    };
+
+private:
+    struct Close {
+        void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+    };
+
+    std::unique_ptr<sqlite3, Close> m_database;
+    bool m_new = false;
+};
+
+} // namespace machine

@@ -1,0 +1,17 @@
+#include "platform/windows/system_library.h"
+
+#include <string>
+
+namespace platform {
+
+HMODULE LoadSystemLibrary(const wchar_t* name) {
+    wchar_t directory[MAX_PATH];
+    const UINT length = ::GetSystemDirectoryW(directory, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) {
+        ::SetLastError(ERROR_MOD_NOT_FOUND);
+        return nullptr;
+    }
+    return ::LoadLibraryW((std::wstring(directory, length) + L'\\' + name).c_str());
+}
+
+} // namespace platform

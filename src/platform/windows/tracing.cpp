@@ -1,0 +1,60 @@
+#include "platform/tracing.h"
+
+#include "platform/windows/system_library.h"
+
+#include <evntprov.h>
+
+namespace platform {
+namespace {
+
+// ETW's callback has two arguments that ours leaves out, so that one is kept behind the other. A process
+// registers this library's provider once, so that one slot is enough.
+struct EnableTarget {
+    TraceEnableCallback callback;
+    void* context;
+};
+
+EnableTarget Target{};
+
+using SetInformationRoutine = ULONG(WINAPI*)(REGHANDLE, ULONG, PVOID, ULONG);
+
+void NTAPI OnEnable(LPCGUID, ULONG controlCode, UCHAR level, ULONGLONG anyKeyword, ULONGLONG allKeyword,
+                    PEVENT_FILTER_DESCRIPTOR, PVOID context) {
+    const auto& target = *static_cast<const EnableTarget*>(context);
+    target.callback(target.context, controlCode, level, anyKeyword, allKeyword);
+}
+
+} // namespace
+
+SystemError EventRegister(const Guid& provider, TraceEnableCallback callback, void* context,
+                          std::uint64_t& registration) {
+    static_assert(sizeof(Guid) == sizeof(GUID));
+    Target = {callback, context};
+    return ::EventRegister(reinterpret_cast<const GUID*>(&provider), OnEnable, &Target, &registration);
+}
+
+SystemError EventSetInformation(std::uint64_t registration, std::uint32_t informationClass,
+                                std::span<const std::byte> information) {
+    // Windows 7 came without it.
+    const auto setInformation = SystemRoutine<SetInformationRoutine>(L"advapi32.dll", "EventSetInformation");
+    if (setInformation == nullptr) {
+        return error::ProcedureNotFound;
+    }
+    return setInformation(registration, informationClass, const_cast<std::byte*>(information.data()),
+                          static_cast<ULONG>(information.size()));
+}
+
+SystemError EventWriteTransfer(std::uint64_t registration, const EventDescriptor& descriptor,
+                               const std::array<EventData, 3>& data) {
+    static_assert(sizeof(EventDescriptor) == sizeof(EVENT_DESCRIPTOR));
+    std::array<EVENT_DATA_DESCRIPTOR, 3> native{};
+    for (std::size_t index = 0; index < data.size(); ++index) {
+        EventDataDescCreate(&native[index], data[index].bytes.data(),
+                            static_cast<ULONG>(data[index].bytes.size()));
+        native[index].Reserved = data[index].type;
+    }
+    return ::EventWriteTransfer(registration, reinterpret_cast<const EVENT_DESCRIPTOR*>(&descriptor), nullptr,
+                                nullptr, static_cast<ULONG>(native.size()), native.data());
+}
+
+} // namespace platform
