@@ -9,11 +9,12 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 class DiagnosticsTest : public test::MachineTest {
-protected:
+public:
     DiagnosticsTest() { Unregister(); }
 
     ~DiagnosticsTest() override { Unregister(); }
 
+protected:
     /// The provider's state as at load.
     static void Unregister() {
         sondrel::TraceProvider.TraceRegistered = false;

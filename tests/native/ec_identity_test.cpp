@@ -15,7 +15,6 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 constexpr const char16_t* ProductKey = u"SOFTWARE\\Vesk\\Vesk Kelvane\\VeskTessaly";
-constexpr std::uint32_t TypeString = 1;
 constexpr std::uint32_t TypeDword = 4;
 
 class EcIdentityTest : public test::MachineTest {

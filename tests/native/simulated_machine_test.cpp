@@ -54,7 +54,7 @@ TEST(Profile, EveryBuiltInMachineIsWellFormed) {
 }
 
 class StoreTest : public test::MachineTest {
-protected:
+public:
     StoreTest()
         : m_file(std::filesystem::temp_directory_path() / ("sondrel-store-" + std::to_string(getpid()))) {
         std::filesystem::remove(m_file);
@@ -62,6 +62,7 @@ protected:
 
     ~StoreTest() override { std::filesystem::remove(m_file); }
 
+protected:
     const std::filesystem::path m_file;
 };
 
