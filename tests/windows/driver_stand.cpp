@@ -141,6 +141,9 @@ DriverStand::DriverStand() {
 
 DriverStand::~DriverStand() {
     ::CloseHandle(m_control);
+    if (m_waiting != nullptr) {
+        ::CloseHandle(m_waiting);
+    }
 }
 
 void DriverStand::AddDevice(std::wstring_view name) {
@@ -201,6 +204,37 @@ std::vector<DriverRequest> DriverStand::Requests(std::wstring_view name) const {
         return request.code == Opening || request.code == Closing;
     });
     return requests;
+}
+
+HANDLE DriverStand::Serve() {
+    if (m_waiting == nullptr) {
+        m_waiting = ::CreateEventW(nullptr, FALSE, FALSE, L"Global\\VeskStandIn");
+        if (m_waiting == nullptr) {
+            Fail("CreateEventW");
+        }
+        Control(STAND_IN_SERVE, nullptr, 0);
+    }
+    return m_waiting;
+}
+
+std::optional<WaitingRequest> DriverStand::Take() {
+    const Bytes bytes = Control(STAND_IN_TAKE, nullptr, 0, sizeof(StandInWaiting));
+    if (bytes.size() < sizeof(StandInWaiting)) {
+        return std::nullopt;
+    }
+    const auto waiting = std::make_unique<StandInWaiting>();
+    std::ranges::copy(bytes, reinterpret_cast<std::uint8_t*>(waiting.get()));
+    const auto kept = std::min<std::size_t>(waiting->inputSize, std::size(waiting->input));
+    return WaitingRequest{waiting->number, reinterpret_cast<const wchar_t*>(waiting->device), waiting->code,
+                          Bytes(waiting->input, waiting->input + kept), waiting->outputRoom};
+}
+
+void DriverStand::Reply(const WaitingRequest& request, std::uint32_t status, const Bytes& output) {
+    const auto reply = std::make_unique<StandInReply>();
+    reply->number = request.number;
+    reply->status = status;
+    reply->outputSize = CopyBytes(output, reply->output);
+    Control(STAND_IN_REPLY, reply.get(), sizeof *reply);
 }
 
 Bytes DriverStand::Control(std::uint32_t code, const void* input, std::size_t size, std::size_t room) const {

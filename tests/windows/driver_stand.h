@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +69,15 @@ struct DriverRequest {
 
 void PrintTo(const DriverRequest& request, std::ostream* out);
 
+/// A request that waits for a reply.
+struct WaitingRequest {
+    std::uint32_t number = 0;
+    std::wstring device;
+    std::uint32_t code = 0;
+    Bytes in;
+    std::uint32_t room = 0;
+};
+
 /// Owns the stand-in driver: installed and started when made, all devices, rules and log entries gone when
 /// destroyed. One at a time in the whole Windows. What fails throws std::runtime_error that names the step.
 class DriverStand {
@@ -91,10 +101,18 @@ public:
     [[nodiscard]] std::vector<DriverRequest> Requests(std::wstring_view name) const;
     void ForgetLog();
 
+    /// From now on a request without a rule waits for a reply. The handle is of an event that is set whenever one
+    /// begins to wait; it belongs to the stand.
+    HANDLE Serve();
+    /// The oldest request that waits and was not taken yet.
+    std::optional<WaitingRequest> Take();
+    void Reply(const WaitingRequest& request, std::uint32_t status, const Bytes& output);
+
 private:
     Bytes Control(std::uint32_t code, const void* input, std::size_t size, std::size_t room = 0) const;
 
     HANDLE m_control = INVALID_HANDLE_VALUE;
+    HANDLE m_waiting = nullptr;
 };
 
 } // namespace test

@@ -1,42 +1,21 @@
 /*
- * A kernel driver that stands in for others: it makes devices of any name and answers by rules.
- *
- * Written for Wine, which hands requests to a driver one after the other: there is no lock here.
+ * A kernel driver that stands in for others: it makes devices of any name, and answers by rules or as its owner
+ * replies.
  */
-#include <ddk/wdm.h>
-
-#include "stand_in_protocol.h"
+#include "stand_in_driver.h"
 
 static const WCHAR ControlName[] = L"VeskStandIn";
-
-/* One of the driver's devices; the control device is the first of them and has no rules. */
-typedef struct Device {
-    WCHAR name[STAND_IN_NAME_ROOM];
-    uint32_t state;
-    uint32_t openings;
-    BOOLEAN retired; /* without a name by now; deleted when nobody has it open any more */
-} Device;
-
-typedef struct Rule {
-    struct Rule* older;
-    StandInRule what;
-} Rule;
 
 static PDRIVER_OBJECT Driver;
 static PDEVICE_OBJECT Control;
 static PFILE_OBJECT Owner; /* the one opening of the control device that counts */
-static Rule* NewestRule;
 static StandInLogEntry* Log;
 static uint32_t LogLength;
 static uint32_t DevicesMade;
 
-static uint32_t Smaller(uint32_t left, uint32_t right) {
-    return left < right ? left : right;
-}
-
 /* ---- Names --------------------------------------------------------------------------------------------- */
 
-static BOOLEAN SameName(const WCHAR* left, const WCHAR* right) {
+BOOLEAN SameName(const WCHAR* left, const WCHAR* right) {
     ULONG index = 0;
     while (left[index] != 0 && left[index] == right[index]) {
         ++index;
@@ -131,88 +110,12 @@ static void DeleteRetired(void) {
     }
 }
 
-/* ---- Rules --------------------------------------------------------------------------------------------- */
-
-/* Forgets the rules of one device, or all where there is no name. */
-static void ClearRules(const WCHAR* name) {
-    Rule** place = &NewestRule;
-    while (*place != NULL) {
-        Rule* rule = *place;
-        if (name == NULL || SameName((const WCHAR*)rule->what.device, name)) {
-            *place = rule->older;
-            ExFreePool(rule);
-        } else {
-            place = &rule->older;
-        }
-    }
-}
-
-static NTSTATUS AddRule(const StandInRule* what) {
-    if (!IsTerminated((const WCHAR*)what->device) || what->prefixSize > STAND_IN_PREFIX_ROOM ||
-        what->outputSize > STAND_IN_OUTPUT_ROOM) {
-        return STATUS_INVALID_PARAMETER;
-    }
-    if (FindDevice((const WCHAR*)what->device) == NULL) {
-        return STATUS_NO_SUCH_DEVICE;
-    }
-    Rule* rule = ExAllocatePool(NonPagedPool, sizeof *rule);
-    if (rule == NULL) {
-        return STATUS_INSUFFICIENT_RESOURCES;
-    }
-    rule->what = *what;
-    rule->older = NewestRule;
-    NewestRule = rule;
-    return STATUS_SUCCESS;
-}
-
-static BOOLEAN Matches(const StandInRule* rule, const Device* device, uint32_t code, const uint8_t* input,
-                       uint32_t inputSize) {
-    if (rule->code != code || rule->prefixSize > inputSize ||
-        (rule->whenState != STAND_IN_ANY_STATE && rule->whenState != device->state) ||
-        !SameName((const WCHAR*)rule->device, device->name)) {
-        return FALSE;
-    }
-    return RtlCompareMemory(rule->prefix, input, rule->prefixSize) == rule->prefixSize;
-}
-
-typedef struct Answer {
-    NTSTATUS status;
-    uint32_t returned;
-} Answer;
-
-/* Answers by the newest rule that matches: `buffer` holds the input and takes the output. */
-static Answer AnswerByRule(Device* device, uint32_t code, uint8_t* buffer, uint32_t inputSize,
-                           uint32_t outputRoom) {
-    Rule** place = &NewestRule;
-    while (*place != NULL && !Matches(&(*place)->what, device, code, buffer, inputSize)) {
-        place = &(*place)->older;
-    }
-    Rule* rule = *place;
-    if (rule == NULL) {
-        return (Answer){STATUS_INVALID_DEVICE_REQUEST, 0};
-    }
-    Answer answer = {(NTSTATUS)rule->what.status, rule->what.outputSize};
-    if (answer.returned > outputRoom) {
-        answer = (Answer){STATUS_BUFFER_TOO_SMALL, 0};
-    }
-    RtlCopyMemory(buffer, rule->what.output, answer.returned);
-    if (rule->what.thenState != STAND_IN_SAME_STATE) {
-        device->state = rule->what.thenState;
-    }
-    if (rule->what.uses != STAND_IN_FOR_EVER && --rule->what.uses == 0) {
-        *place = rule->older;
-        ExFreePool(rule);
-    }
-    return answer;
-}
-
 /* ---- The log ------------------------------------------------------------------------------------------- */
 
-/* Begins an entry; the status follows once there is one. Null when the log is full. */
-static StandInLogEntry* BeginEntry(const Device* device, uint32_t code, const uint8_t* input,
-                                   uint32_t inputSize, uint32_t outputRoom) {
+static void WriteEntry(const Device* device, uint32_t code, const void* input, uint32_t inputSize,
+                       uint32_t outputRoom, NTSTATUS status) {
     if (LogLength == STAND_IN_LOG_ROOM) {
-        return NULL;
+        return;
     }
     StandInLogEntry* entry = &Log[LogLength++];
     RtlZeroMemory(entry, sizeof *entry);
@@ -220,8 +123,13 @@ static StandInLogEntry* BeginEntry(const Device* device, uint32_t code, const ui
     entry->code = code;
     entry->inputSize = inputSize;
     entry->outputRoom = outputRoom;
+    entry->status = (uint32_t)status;
     RtlCopyMemory(entry->input, input, Smaller(inputSize, STAND_IN_PREFIX_ROOM));
-    return entry;
+}
+
+void LogRequest(const Request* request, NTSTATUS status) {
+    WriteEntry(request->device, request->code, request->buffer, request->inputSize, request->outputRoom,
+               status);
 }
 
 static Answer ReadLog(uint32_t first, uint8_t* buffer, uint32_t outputRoom) {
@@ -235,6 +143,7 @@ static Answer ReadLog(uint32_t first, uint8_t* buffer, uint32_t outputRoom) {
 /* ---- Requests ------------------------------------------------------------------------------------------ */
 
 static void ForgetEverything(void) {
+    StopServing();
     ClearRules(NULL);
     LogLength = 0;
     for (PDEVICE_OBJECT device = Driver->DeviceObject; device != NULL; device = device->NextDevice) {
@@ -262,7 +171,16 @@ static NTSTATUS RemoveDevice(const WCHAR* name) {
     return STATUS_SUCCESS;
 }
 
-static Answer AnswerControl(uint32_t code, uint8_t* buffer, uint32_t inputSize, uint32_t outputRoom) {
+static NTSTATUS AddRuleFor(const StandInRule* rule) {
+    const WCHAR* name = (const WCHAR*)rule->device;
+    return IsTerminated(name) && FindDevice(name) != NULL ? AddRule(rule) : STATUS_NO_SUCH_DEVICE;
+}
+
+/* What the owner asks for. */
+static Answer AnswerControl(const Request* request) {
+    const uint32_t code = request->code;
+    const uint32_t inputSize = request->inputSize;
+    uint8_t* buffer = request->buffer;
     DeleteRetired();
     if ((code == STAND_IN_ADD_DEVICE || code == STAND_IN_REMOVE_DEVICE) &&
         inputSize == sizeof(StandInDevice)) {
@@ -270,7 +188,7 @@ static Answer AnswerControl(uint32_t code, uint8_t* buffer, uint32_t inputSize, 
         return (Answer){code == STAND_IN_ADD_DEVICE ? AddDevice(name) : RemoveDevice(name), 0};
     }
     if (code == STAND_IN_ADD_RULE && inputSize == sizeof(StandInRule)) {
-        return (Answer){AddRule((const StandInRule*)buffer), 0};
+        return (Answer){AddRuleFor((const StandInRule*)buffer), 0};
     }
     if (code == STAND_IN_CLEAR_RULES) {
         ClearRules(NULL);
@@ -281,59 +199,76 @@ static Answer AnswerControl(uint32_t code, uint8_t* buffer, uint32_t inputSize, 
         return (Answer){STATUS_SUCCESS, 0};
     }
     if (code == STAND_IN_READ_LOG && inputSize == sizeof(uint32_t)) {
-        return ReadLog(*(const uint32_t*)buffer, buffer, outputRoom);
+        return ReadLog(*(const uint32_t*)buffer, buffer, request->outputRoom);
+    }
+    if (code == STAND_IN_SERVE) {
+        return (Answer){StartServing(), 0};
+    }
+    if (code == STAND_IN_TAKE) {
+        return TakeWaiting((StandInWaiting*)buffer, request->outputRoom);
+    }
+    if (code == STAND_IN_REPLY) {
+        return (Answer){Reply((const StandInReply*)buffer, inputSize), 0};
     }
     return (Answer){STATUS_INVALID_PARAMETER, 0};
 }
 
-static NTSTATUS Complete(PIRP request, Answer answer) {
-    request->IoStatus.Status = answer.status;
-    request->IoStatus.Information = answer.returned;
-    IoCompleteRequest(request, IO_NO_INCREMENT);
+NTSTATUS Complete(PIRP packet, Answer answer) {
+    packet->IoStatus.Status = answer.status;
+    packet->IoStatus.Information = answer.returned;
+    IoCompleteRequest(packet, IO_NO_INCREMENT);
     return answer.status;
 }
 
-static NTSTATUS WINAPI OnControl(PDEVICE_OBJECT device, PIRP request) {
-    const PIO_STACK_LOCATION location = IoGetCurrentIrpStackLocation(request);
-    const uint32_t code = location->Parameters.DeviceIoControl.IoControlCode;
-    const uint32_t inputSize = location->Parameters.DeviceIoControl.InputBufferLength;
-    const uint32_t outputRoom = location->Parameters.DeviceIoControl.OutputBufferLength;
-    uint8_t* buffer = request->AssociatedIrp.SystemBuffer;
+Request RequestOf(PIRP packet) {
+    const PIO_STACK_LOCATION location = IoGetCurrentIrpStackLocation(packet);
+    return (Request){packet,
+                     DataOf(location->DeviceObject),
+                     location->Parameters.DeviceIoControl.IoControlCode,
+                     packet->AssociatedIrp.SystemBuffer,
+                     location->Parameters.DeviceIoControl.InputBufferLength,
+                     location->Parameters.DeviceIoControl.OutputBufferLength};
+}
+
+static NTSTATUS WINAPI OnControl(PDEVICE_OBJECT device, PIRP packet) {
+    const Request request = RequestOf(packet);
     if (device == Control) {
-        return Complete(request, location->FileObject == Owner
-                                     ? AnswerControl(code, buffer, inputSize, outputRoom)
-                                     : (Answer){STATUS_SHARING_VIOLATION, 0});
+        const BOOLEAN isOwner = IoGetCurrentIrpStackLocation(packet)->FileObject == Owner;
+        return Complete(packet, isOwner ? AnswerControl(&request) : (Answer){STATUS_SHARING_VIOLATION, 0});
     }
-    StandInLogEntry* entry = BeginEntry(DataOf(device), code, buffer, inputSize, outputRoom);
-    const Answer answer = AnswerByRule(DataOf(device), code, buffer, inputSize, outputRoom);
-    if (entry != NULL) {
-        entry->status = (uint32_t)answer.status;
+    const StandInRule* rule = FindRule(&request);
+    if (rule != NULL) {
+        return Complete(packet, ApplyRule(rule, &request));
     }
-    return Complete(request, answer);
+    if (IsServing()) {
+        return AwaitReply(&request);
+    }
+    LogRequest(&request, STATUS_INVALID_DEVICE_REQUEST);
+    return Complete(packet, (Answer){STATUS_INVALID_DEVICE_REQUEST, 0});
 }
 
 /* Every opening is granted: Wine hands out the handle whatever a driver says to it. */
-static NTSTATUS WINAPI OnOpen(PDEVICE_OBJECT device, PIRP request) {
-    const PIO_STACK_LOCATION location = IoGetCurrentIrpStackLocation(request);
+static NTSTATUS WINAPI OnOpen(PDEVICE_OBJECT device, PIRP packet) {
+    const PIO_STACK_LOCATION location = IoGetCurrentIrpStackLocation(packet);
     ++DataOf(device)->openings;
     if (device != Control) {
         const uint32_t shareMode = location->Parameters.Create.ShareAccess;
-        BeginEntry(DataOf(device), STAND_IN_OPENING, (const uint8_t*)&shareMode, sizeof shareMode, 0);
+        WriteEntry(DataOf(device), STAND_IN_OPENING, &shareMode, sizeof shareMode, 0, STATUS_SUCCESS);
     } else if (Owner == NULL) {
         Owner = location->FileObject;
     }
-    return Complete(request, (Answer){STATUS_SUCCESS, 0});
+    return Complete(packet, (Answer){STATUS_SUCCESS, 0});
 }
 
-static NTSTATUS WINAPI OnClose(PDEVICE_OBJECT device, PIRP request) {
+static NTSTATUS WINAPI OnClose(PDEVICE_OBJECT device, PIRP packet) {
     --DataOf(device)->openings;
     if (device != Control) {
-        BeginEntry(DataOf(device), STAND_IN_CLOSING, NULL, 0, 0);
-    } else if (IoGetCurrentIrpStackLocation(request)->FileObject == Owner) {
+        WriteEntry(DataOf(device), STAND_IN_CLOSING, NULL, 0, 0, STATUS_SUCCESS);
+    } else if (IoGetCurrentIrpStackLocation(packet)->FileObject == Owner) {
         ForgetEverything();
         Owner = NULL;
     }
-    return Complete(request, (Answer){STATUS_SUCCESS, 0});
+    return Complete(packet, (Answer){STATUS_SUCCESS, 0});
 }
 
 static VOID WINAPI OnUnload(PDRIVER_OBJECT driver) {
