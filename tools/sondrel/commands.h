@@ -1,0 +1,52 @@
+// The tool's commands. Each returns the exit status and throws Trouble where it cannot do its work.
+#pragma once
+
+#include "export_table.h"
+#include "judge.h"
+#include "library.h"
+#include "options.h"
+#include "simulated_machine.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tool {
+
+int ListExports(const Options& options);
+int CallExport(const Options& options);
+int Report(const Options& options);
+
+/// Throws Trouble with the nearest name for one that is none of the library's.
+const Export& ExportNamed(std::string_view name);
+
+/// The library and the machine that it reads, set up as the options say.
+struct Host {
+    explicit Host(const Options& options);
+
+    Library library;
+    std::optional<SimulatedMachine> machine;
+    /// What a report calls the machine.
+    std::string machineName;
+};
+
+/// Says on standard error that there is no session. What can be read without one is read all the same.
+void TellRefusedSession();
+
+/// One export as a report finds it.
+struct Reading {
+    const Export& row;
+    Answer answer;
+    Judgement judgement;
+};
+
+using ReadingSink = std::function<void(const Reading&)>;
+
+/// Calls what a report calls, one after the other, in the order of the table.
+void ReadAll(const Host& host, const Options& options, const ReadingSink& sink);
+
+void ReportAsText(const Host& host, const Options& options);
+void ReportAsJson(const Host& host, const Options& options);
+
+} // namespace tool

@@ -1,0 +1,89 @@
+#include "document.h"
+
+#include "text.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+namespace tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Deeper than any document of the library's; what is deeper still is not worth the stack.
+constexpr std::size_t DeepestNesting = 64;
+
+bool TooDeep(std::string_view text) {
+    std::size_t depth = 0;
+    for (const char character : text) {
+        if (character == '[' || character == '{') {
+            if (++depth > DeepestNesting) {
+                return true;
+            }
+        } else if ((character == ']' || character == '}') && depth > 0) {
+            --depth;
+        }
+    }
+    return false;
+}
+
+std::string OneLine(const Json& value) {
+    if (!value.is_structured()) {
+        return OnOneLine(value.dump(-1, ' ', false, Json::error_handler_t::replace));
+    }
+    std::string text(1, value.is_array() ? '[' : '{');
+    for (const auto& [key, member] : value.items()) {
+        text += text.size() > 1 ? ", " : "";
+        text += value.is_array() ? "" : OneLine(Json(key)) + ": ";
+        text += OneLine(member);
+    }
+    return text + (value.is_array() ? ']' : '}');
+}
+
+class Layout {
+public:
+    explicit Layout(std::size_t columns) : m_columns(columns) {}
+
+    void Add(const Json& value, const std::string& lead, const std::string& tail, std::size_t indent) {
+        const std::string margin(indent, ' ');
+        std::string whole = margin + lead + OneLine(value) + tail;
+        if (!value.is_structured() || value.empty() || (IsFlat(value) && Columns(whole) <= m_columns)) {
+            m_lines.push_back(Shortened(whole, m_columns));
+            return;
+        }
+        m_lines.push_back(margin + lead + (value.is_array() ? '[' : '{'));
+        std::size_t left = value.size();
+        for (const auto& [key, member] : value.items()) {
+            --left;
+            Add(member, value.is_array() ? std::string() : OneLine(Json(key)) + ": ", left != 0 ? "," : "",
+                indent + 2);
+        }
+        m_lines.push_back(margin + (value.is_array() ? ']' : '}') + tail);
+    }
+
+    std::vector<std::string> Take() { return std::move(m_lines); }
+
+private:
+    /// Records read best one to a line; lists of records do not.
+    static bool IsFlat(const Json& value) {
+        return std::ranges::none_of(value, [](const Json& member) { return member.is_structured(); });
+    }
+
+    std::size_t m_columns;
+    std::vector<std::string> m_lines;
+};
+
+} // namespace
+
+std::vector<std::string> DocumentLines(std::string_view text, std::size_t columns) {
+    const Json document = TooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
+    if (document.is_discarded()) {
+        return {Shortened(OnOneLine(text), columns) + " (no well-formed JSON)"};
+    }
+    Layout layout(columns);
+    layout.Add(document, "", "", 0);
+    return layout.Take();
+}
+
+} // namespace tool

@@ -1,0 +1,49 @@
+#include "library.h"
+
+#include "text.h"
+#include "trouble.h"
+
+#include <cstdint>
+#include <string>
+#include <system_error>
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path FullPathOf(std::string_view file) {
+    const fs::path path = file.empty() ? host_system::OwnDirectory() / host_system::LibraryFileName()
+                                       : fs::absolute(PathOf(file));
+    std::error_code problem;
+    if (!fs::exists(path, problem)) {
+        throw Trouble("there is no library " + Utf8Of(path) +
+                      (file.empty() ? "; --library FILE names another" : ""));
+    }
+    return path;
+}
+
+} // namespace
+
+Library::Library(std::string_view file) : m_file(FullPathOf(file)), m_library(m_file) {}
+
+Address Library::Find(std::string_view exportName) const {
+    return m_library.Find(std::string(exportName).c_str());
+}
+
+Session::Session(const Library& library) : m_library(library) {
+    if (const Address open = library.Find("InitializeSondrel"); open != nullptr) {
+        m_open = reinterpret_cast<std::int32_t (*)()>(open)() != 0;
+    }
+}
+
+Session::~Session() {
+    if (!m_open) {
+        return;
+    }
+    if (const Address close = m_library.Find("ShutdownSondrel"); close != nullptr) {
+        close();
+    }
+}
+
+} // namespace tool

@@ -1,0 +1,106 @@
+#include "options.h"
+
+#include "text.h"
+#include "trouble.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+
+namespace tool {
+namespace {
+
+constexpr const char* About = R"(Asks VeskSondrel64 what this machine's hardware and system are doing.
+
+The library answers 114 questions, one export each: temperatures, fans, the battery, the machine's
+inventory, radios, applications, usage. This tool loads the library as a host does and calls it.)";
+
+constexpr const char* Examples = R"(Examples:
+  sondrel report                                   every reading, by family
+  sondrel report --json                            the same for programs
+  sondrel list                                     every export in one line each
+  sondrel list Thermal_Read_Fan                    one export in full: what its values mean
+  sondrel call Thermal_Read_Cpu_Temperature        one reading, bare
+  sondrel call CPU_ReadCpuId 0x80000002            one with an argument
+  sondrel call WMISetBatteryHealth 80              set something
+  sondrel call EC_ReadEcFwRev --trace              with the debug lines that it writes
+
+A call prints the bare result: numbers in decimal, texts in UTF-8, raw bytes in hexadecimal, CPUID as
+four hexadecimal words. What a failure value means is told on standard error.
+
+Exit status: 0 done; 1 the library wrote outside its buffer; 2 a wrong name, argument or option, or a
+library or machine that cannot be used.)";
+
+std::uint8_t InitComOf(const std::string& text) {
+    if (text != "0" && text != "1") {
+        throw CLI::ValidationError("--init-com", "takes 0 or 1, not \"" + OnOneLine(text) + "\"");
+    }
+    return text == "1" ? 1 : 0;
+}
+
+/// One option for all commands, so that it may stand before or behind them.
+void AddSharedOptions(CLI::App& app, Options& options) {
+    app.add_option("--library", options.library, "The library (the one beside this program)")
+        ->type_name("FILE");
+    app.add_option("--machine", options.machine, "Simulated machine: a built-in one or a profile (default)")
+        ->type_name("NAME|FILE");
+    app.add_option("--store", options.store,
+                   "Simulated machine: the file that keeps its state; \":memory:\" keeps none")
+        ->type_name("FILE");
+    app.add_flag("--trace", options.trace, "Simulated machine: debug and event lines, on standard error");
+    app.add_option_function<std::string>(
+           "--init-com", [&](const std::string& text) { options.initCom = InitComOf(text); },
+           "1: WMI readings enter COM themselves; 0: they rely on the caller (1)")
+        ->type_name("0|1");
+    app.add_flag_callback(
+        "--no-session", [&] { options.session = false; }, "Do not open the driver session before a reading");
+}
+
+/// The first line only: a user needs the reason, not the whole help.
+std::string ReasonOf(const CLI::ParseError& problem) {
+    const std::string text = problem.what();
+    return text.substr(0, text.find('\n'));
+}
+
+} // namespace
+
+Options ParseCommandLine(const std::vector<std::string>& arguments) {
+    Options options;
+    CLI::App app(About, "sondrel");
+    app.footer(Examples);
+    app.set_version_flag("--version", "sondrel " SONDREL_VERSION, "Print the version");
+    app.set_help_flag("--help,-h", "Print this help");
+    app.get_formatter()->column_width(24);
+    AddSharedOptions(app, options);
+
+    CLI::App* const list = app.add_subcommand("list", "List all exports; mark those this library lacks");
+    list->add_option("NAME", options.name, "Tell all about this one");
+    CLI::App* const call = app.add_subcommand("call", "Call one export and print its bare result");
+    call->add_option("NAME", options.name, "The export")->required();
+    call->add_option("ARG", options.arguments, "What it takes; `sondrel list NAME` tells");
+    CLI::App* const report = app.add_subcommand("report", "Call every reading and print what they say");
+    report->add_flag("--json", options.json, "As one JSON object");
+    for (CLI::App* const command : {list, call, report}) {
+        command->fallthrough();
+    }
+    app.require_subcommand(0, 1);
+
+    try {
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::Success& wanted) {
+        app.exit(wanted);
+        return options;
+    } catch (const CLI::ParseError& problem) {
+        throw Trouble(ReasonOf(problem) + " (sondrel --help)");
+    }
+    options.command = list->parsed()     ? Command::List
+                      : call->parsed()   ? Command::Call
+                      : report->parsed() ? Command::Report
+                                         : Command::None;
+    if (options.command == Command::None) {
+        throw Trouble("a command is needed: list, call or report (sondrel --help)");
+    }
+    return options;
+}
+
+} // namespace tool

@@ -1,0 +1,48 @@
+// Texts as the tool takes and prints them: UTF-8, whatever the library gives.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tool {
+
+/// From UTF-16. An unpaired surrogate becomes U+FFFD.
+std::string Utf8(std::u16string_view text);
+
+/// From UTF-8. What is ill-formed becomes U+FFFD.
+std::u16string Utf16(std::string_view text);
+
+/// The text with whatever is ill-formed in it replaced by U+FFFD.
+std::string WellFormed(std::string_view text);
+
+/// How many characters a terminal shows, each taken as one column wide.
+std::size_t Columns(std::string_view text);
+
+/// For one line of a terminal: control characters are written as \xNN.
+std::string OnOneLine(std::string_view text);
+
+/// At most `columns` characters, the last of them "..." where something was cut.
+std::string Shortened(std::string_view text, std::size_t columns);
+
+/// Two lower-case digits for each byte.
+std::string Hex(std::span<const std::uint8_t> bytes);
+
+/// The bytes of a hexadecimal text; blanks, colons and hyphens between them are passed over.
+std::optional<std::vector<std::uint8_t>> BytesOfHex(std::string_view text);
+
+/// The pieces between separators: one more than there are separators.
+std::vector<std::string_view> Split(std::string_view text, char separator);
+
+/// The candidate that a mistyped name most probably meant, or the empty text.
+std::string_view Nearest(std::string_view name, std::span<const std::string_view> candidates);
+
+std::filesystem::path PathOf(std::string_view utf8);
+std::string Utf8Of(const std::filesystem::path& path);
+
+} // namespace tool
