@@ -125,6 +125,20 @@ TEST_F(SessionTest, AnswersVersionsOnlyWhileOpen) {
     EXPECT_THAT(m_stand.Log(IoDriver), IsEmpty());
 }
 
+TEST_F(SessionTest, LeavesAHandleAloneThatIsNotItsOwnAnyMore) {
+    Answer({.code = Version, .output = test::Words({0x00010203})});
+    Initialize();
+    Shutdown();
+    // Windows gives a number that became free to the next that opens something: this device, of all things.
+    const HANDLE reused = ::CreateFileW(L"\\\\.\\VESKHWIO", GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    m_stand.ForgetLog();
+    EXPECT_EQ(DriverVersion(), 0u);
+    Shutdown();
+    EXPECT_THAT(m_stand.Log(IoDriver), IsEmpty());
+    ::CloseHandle(reused);
+}
+
 TEST_F(SessionTest, AVersionQueryThatTheDriverDoesNotAnswerGivesZero) {
     Initialize();
     EXPECT_EQ(DriverVersion(), 0u); // no rule: the driver does not know the request
