@@ -47,10 +47,12 @@ public:
 
     void Add(const Json& value, const std::string& lead, const std::string& tail, std::size_t indent) {
         const std::string margin(indent, ' ');
-        std::string whole = margin + lead + OneLine(value) + tail;
-        if (!value.is_structured() || value.empty() || (IsFlat(value) && Columns(whole) <= m_columns)) {
-            m_lines.push_back(Shortened(whole, m_columns));
-            return;
+        if (!value.is_structured() || IsFlat(value)) {
+            const std::string whole = margin + lead + OneLine(value) + tail;
+            if (!value.is_structured() || value.empty() || Columns(whole) <= m_columns) {
+                m_lines.push_back(Shortened(whole, m_columns));
+                return;
+            }
         }
         m_lines.push_back(margin + lead + (value.is_array() ? '[' : '{'));
         std::size_t left = value.size();

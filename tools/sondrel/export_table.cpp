@@ -69,6 +69,7 @@ constexpr Traits Ec{.session = true};
 constexpr Traits Celsius{.unit = "°C", .session = true};
 constexpr Traits RawEc{.unit = "raw", .session = true};
 constexpr Traits RawPower{.unit = "raw", .session = true};
+constexpr Traits Fraction{.unit = "fraction", .display = Display::Fraction};
 constexpr Traits List{.display = Display::List};
 constexpr Traits Bytes{.unit = "bytes", .display = Display::List};
 constexpr Traits Document{.display = Display::Document};
@@ -107,7 +108,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"Battery_Read_DesignVoltage", Family::Battery, &shape::Unsigned, BatteryDevice,
      "Present voltage, as the system's battery device tells it", {.unit = "mV"}},
     {"Battery_Read_ASOC", Family::Battery, &shape::Float, BatteryDevice,
-     "Full capacity as a fraction of the capacity it was made for", {.unit = "of 1"}},
+     "Full capacity as a fraction of the capacity it was made for", Fraction},
     {"Battery_Read_CapacityPercentage", Family::Battery, &shape::Unsigned, Always,
      "Charge that is left, rounded to tens; 0 also without a battery", {.unit = "%"}},
     {"Battery_Read_CycleCount", Family::Battery, &shape::Unsigned, EcOnly,
@@ -165,7 +166,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"Thermal_Read_CpuDptf_PowerLimit2", Family::Processor, &shape::Unsigned, PowerValue,
      "Power limit 2, as the driver gives it", RawPower},
     {"CPU_ReadCPUUsage", Family::Processor, &shape::Double, Always,
-     "Busy fraction of the whole machine; measures for one second", {.unit = "of 1"}},
+     "Busy fraction of the whole machine; measures for one second", Fraction},
     {"CPU_ReadCpuId", Family::Processor, &shape::ProcessorLeaf, ProcessorWords,
      "CPUID leaf: EAX EBX ECX EDX", {.session = true, .sample = "0"}},
     {"Power_Read_ACDCMode", Family::Processor, &shape::Unsigned, PowerSource,
