@@ -4,7 +4,7 @@
 #include "platform/simulated/machine.h"
 #include "platform/simulated/wide_text.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace platform {
 
@@ -111,7 +111,7 @@ SystemError Query(Key key, const char16_t* name, std::uint32_t& type, std::byte*
     if (room < size) {
         return error::MoreData;
     }
-    std::memcpy(data, value->data.data(), size);
+    std::copy(value->data.begin(), value->data.end(), data);
     return error::Success;
 }
 
