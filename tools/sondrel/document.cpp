@@ -47,12 +47,11 @@ public:
 
     void Add(const Json& value, const std::string& lead, const std::string& tail, std::size_t indent) {
         const std::string margin(indent, ' ');
-        if (!value.is_structured() || IsFlat(value)) {
-            const std::string whole = margin + lead + OneLine(value) + tail;
-            if (!value.is_structured() || value.empty() || Columns(whole) <= m_columns) {
-                m_lines.push_back(Shortened(whole, m_columns));
-                return;
-            }
+        const std::string whole = margin + lead + OneLine(value) + tail;
+        const std::size_t room = IsFlat(value) ? m_columns : ShortNesting;
+        if (!value.is_structured() || value.empty() || Columns(whole) <= room) {
+            m_lines.push_back(Shortened(whole, m_columns));
+            return;
         }
         m_lines.push_back(margin + lead + (value.is_array() ? '[' : '{'));
         std::size_t left = value.size();
@@ -67,7 +66,9 @@ public:
     std::vector<std::string> Take() { return std::move(m_lines); }
 
 private:
-    /// Records read best one to a line; lists of records do not.
+    /// Records read best one to a line; lists of records only when they are short.
+    static constexpr std::size_t ShortNesting = 60;
+
     static bool IsFlat(const Json& value) {
         return std::ranges::none_of(value, [](const Json& member) { return member.is_structured(); });
     }

@@ -39,6 +39,7 @@ constexpr Meaning QuietFanSupport[] = {
 constexpr Meaning QuietFanSetting[] = {{"0", Ok, "off, or nothing stored"}};
 constexpr Meaning DiskTemperature[] = {{"", Absent, "no disk tells a temperature, or WMI failed"}};
 constexpr Meaning WmiText[] = {{"", Failed, "the WMI read failed, or found nothing"}};
+constexpr Meaning WmiDisks[] = {{"", Absent, "no such disk, or the WMI read failed"}};
 constexpr Meaning WmiNumber[] = {{"-1", Failed, "the WMI read failed"}};
 constexpr Meaning WmiBrightness[] = {{"-1", Failed, "the WMI read failed: no panel tells its brightness"}};
 constexpr Meaning Chassis[] = {{"unknown", Failed, "the WMI read failed, or the kind has no word"}};
@@ -114,7 +115,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"Battery_Read_CycleCount", Family::Battery, &shape::Unsigned, EcOnly,
      "Charge cycles so far; 0 also on a machine that does not count", {.unit = "cycles", .session = true}},
     {"Battery_Get_LidStatus", Family::Battery, &shape::Unsigned, EcOnly,
-     "Lid byte of the EC; 0 also on a machine without it", RawEc},
+     "Lid byte of the EC; 0 also on a machine without it", Ec},
     {"Battery_Read_ChargingVoltage", Family::Battery, &shape::Unsigned, EcReading,
      "Charging voltage, as the EC gives it", RawEc},
     {"Battery_Read_PackageVoltage", Family::Battery, &shape::Unsigned, EcReading,
@@ -230,14 +231,14 @@ constexpr auto Rows = std::to_array<Export>({
     {"WMIGetComputerFamilyName", Family::Inventory, &shape::WideTextCom, WmiText,
      "Family of the machine", List},
     {"WMIGetExternMonitorNum", Family::Inventory, &shape::SignedCom, WmiNumber,
-     "External displays", {.unit = "displays"}},
+     "External displays", {}},
     {"WMIGetGPUInfo", Family::Inventory, &shape::WideTextCom, WmiText,
      "Name of each graphics adapter", List},
     {"WMIGetHDDCaption", Family::Inventory, &shape::WideTextCom, WmiText,
      "Name of each fixed disk", List},
     {"WMIGetHDDInfo", Family::Inventory, &shape::WideTextCom, WmiText,
      "Model, size in bytes and media type (3 hard disk, 4 SSD) of each disk", List},
-    {"WMIGetHDDModel", Family::Inventory, &shape::WideTextCom, WmiText,
+    {"WMIGetHDDModel", Family::Inventory, &shape::WideTextCom, WmiDisks,
      "Model of each hard disk", List},
     {"WMIGetHDDSize", Family::Inventory, &shape::WideTextCom, WmiText,
      "Size of each fixed disk", Bytes},
@@ -261,7 +262,7 @@ constexpr auto Rows = std::to_array<Export>({
      "Model of the machine", List},
     {"WMIGetSN", Family::Inventory, &shape::WideTextCom, WmiText,
      "Serial number of the machine", List},
-    {"WMIGetSSDModel", Family::Inventory, &shape::WideTextCom, WmiText,
+    {"WMIGetSSDModel", Family::Inventory, &shape::WideTextCom, WmiDisks,
      "Model of each SSD", List},
     {"WMIGetSystemChassisTypes", Family::Inventory, &shape::WideTextCom, Chassis,
      "Kind of machine: Desktop, Notebook or All in One", {}},
@@ -296,13 +297,13 @@ constexpr auto Rows = std::to_array<Export>({
     {"RF_BTIsUsed", Family::Bluetooth, &shape::Signed, BluetoothState,
      "Whether a Bluetooth device is connected", {}},
     {"RF_BTConnectedNum", Family::Bluetooth, &shape::Signed, RadioNumber,
-     "Connected Bluetooth devices", {.unit = "devices"}},
+     "Connected Bluetooth devices", {}},
     {"RF_BTConnectedType", Family::Bluetooth, &shape::StringObject, RadioText,
      "Kind of each connected Bluetooth device", List},
 
     // system
     {"System_Read_TabletMode", Family::System, &shape::Unsigned, EcOnly,
-     "Tablet mode byte of the EC", RawEc},
+     "Tablet mode byte of the EC", Ec},
     {"System_Check_S_Mode", Family::System, &shape::Signed, SMode,
      "Whether Windows runs in S mode", {}},
     {"System_GetCountryCode_ISO2", Family::System, &shape::WideText, Country,
