@@ -47,8 +47,9 @@ public:
 
     void Add(const Json& value, const std::string& lead, const std::string& tail, std::size_t indent) {
         const std::string margin(indent, ' ');
-        std::string whole = margin + lead + OneLine(value) + tail;
-        if (!value.is_structured() || value.empty() || (IsFlat(value) && Columns(whole) <= m_columns)) {
+        const std::string whole = margin + lead + OneLine(value) + tail;
+        const std::size_t room = IsFlat(value) ? m_columns : ShortNesting;
+        if (!value.is_structured() || value.empty() || Columns(whole) <= room) {
             m_lines.push_back(Shortened(whole, m_columns));
             return;
         }
@@ -65,7 +66,9 @@ public:
     std::vector<std::string> Take() { return std::move(m_lines); }
 
 private:
-    /// Records read best one to a line; lists of records do not.
+    /// Records read best one to a line; lists of records only when they are short.
+    static constexpr std::size_t ShortNesting = 60;
+
     static bool IsFlat(const Json& value) {
         return std::ranges::none_of(value, [](const Json& member) { return member.is_structured(); });
     }

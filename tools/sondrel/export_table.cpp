@@ -39,6 +39,7 @@ constexpr Meaning QuietFanSupport[] = {
 constexpr Meaning QuietFanSetting[] = {{"0", Ok, "off, or nothing stored"}};
 constexpr Meaning DiskTemperature[] = {{"", Absent, "no disk tells a temperature, or WMI failed"}};
 constexpr Meaning WmiText[] = {{"", Failed, "the WMI read failed, or found nothing"}};
+constexpr Meaning WmiDisks[] = {{"", Absent, "no such disk, or the WMI read failed"}};
 constexpr Meaning WmiNumber[] = {{"-1", Failed, "the WMI read failed"}};
 constexpr Meaning WmiBrightness[] = {{"-1", Failed, "the WMI read failed: no panel tells its brightness"}};
 constexpr Meaning Chassis[] = {{"unknown", Failed, "the WMI read failed, or the kind has no word"}};
@@ -69,6 +70,7 @@ constexpr Traits Ec{.session = true};
 constexpr Traits Celsius{.unit = "°C", .session = true};
 constexpr Traits RawEc{.unit = "raw", .session = true};
 constexpr Traits RawPower{.unit = "raw", .session = true};
+constexpr Traits Fraction{.unit = "fraction", .display = Display::Fraction};
 constexpr Traits List{.display = Display::List};
 constexpr Traits Bytes{.unit = "bytes", .display = Display::List};
 constexpr Traits Document{.display = Display::Document};
@@ -107,13 +109,13 @@ constexpr auto Rows = std::to_array<Export>({
     {"Battery_Read_DesignVoltage", Family::Battery, &shape::Unsigned, BatteryDevice,
      "Present voltage, as the system's battery device tells it", {.unit = "mV"}},
     {"Battery_Read_ASOC", Family::Battery, &shape::Float, BatteryDevice,
-     "Full capacity as a fraction of the capacity it was made for", {.unit = "of 1"}},
+     "Full capacity as a fraction of the capacity it was made for", Fraction},
     {"Battery_Read_CapacityPercentage", Family::Battery, &shape::Unsigned, Always,
      "Charge that is left, rounded to tens; 0 also without a battery", {.unit = "%"}},
     {"Battery_Read_CycleCount", Family::Battery, &shape::Unsigned, EcOnly,
      "Charge cycles so far; 0 also on a machine that does not count", {.unit = "cycles", .session = true}},
     {"Battery_Get_LidStatus", Family::Battery, &shape::Unsigned, EcOnly,
-     "Lid byte of the EC; 0 also on a machine without it", RawEc},
+     "Lid byte of the EC; 0 also on a machine without it", Ec},
     {"Battery_Read_ChargingVoltage", Family::Battery, &shape::Unsigned, EcReading,
      "Charging voltage, as the EC gives it", RawEc},
     {"Battery_Read_PackageVoltage", Family::Battery, &shape::Unsigned, EcReading,
@@ -165,7 +167,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"Thermal_Read_CpuDptf_PowerLimit2", Family::Processor, &shape::Unsigned, PowerValue,
      "Power limit 2, as the driver gives it", RawPower},
     {"CPU_ReadCPUUsage", Family::Processor, &shape::Double, Always,
-     "Busy fraction of the whole machine; measures for one second", {.unit = "of 1"}},
+     "Busy fraction of the whole machine; measures for one second", Fraction},
     {"CPU_ReadCpuId", Family::Processor, &shape::ProcessorLeaf, ProcessorWords,
      "CPUID leaf: EAX EBX ECX EDX", {.session = true, .sample = "0"}},
     {"Power_Read_ACDCMode", Family::Processor, &shape::Unsigned, PowerSource,
@@ -229,14 +231,14 @@ constexpr auto Rows = std::to_array<Export>({
     {"WMIGetComputerFamilyName", Family::Inventory, &shape::WideTextCom, WmiText,
      "Family of the machine", List},
     {"WMIGetExternMonitorNum", Family::Inventory, &shape::SignedCom, WmiNumber,
-     "External displays", {.unit = "displays"}},
+     "External displays", {}},
     {"WMIGetGPUInfo", Family::Inventory, &shape::WideTextCom, WmiText,
      "Name of each graphics adapter", List},
     {"WMIGetHDDCaption", Family::Inventory, &shape::WideTextCom, WmiText,
      "Name of each fixed disk", List},
     {"WMIGetHDDInfo", Family::Inventory, &shape::WideTextCom, WmiText,
      "Model, size in bytes and media type (3 hard disk, 4 SSD) of each disk", List},
-    {"WMIGetHDDModel", Family::Inventory, &shape::WideTextCom, WmiText,
+    {"WMIGetHDDModel", Family::Inventory, &shape::WideTextCom, WmiDisks,
      "Model of each hard disk", List},
     {"WMIGetHDDSize", Family::Inventory, &shape::WideTextCom, WmiText,
      "Size of each fixed disk", Bytes},
@@ -260,7 +262,7 @@ constexpr auto Rows = std::to_array<Export>({
      "Model of the machine", List},
     {"WMIGetSN", Family::Inventory, &shape::WideTextCom, WmiText,
      "Serial number of the machine", List},
-    {"WMIGetSSDModel", Family::Inventory, &shape::WideTextCom, WmiText,
+    {"WMIGetSSDModel", Family::Inventory, &shape::WideTextCom, WmiDisks,
      "Model of each SSD", List},
     {"WMIGetSystemChassisTypes", Family::Inventory, &shape::WideTextCom, Chassis,
      "Kind of machine: Desktop, Notebook or All in One", {}},
@@ -295,13 +297,13 @@ constexpr auto Rows = std::to_array<Export>({
     {"RF_BTIsUsed", Family::Bluetooth, &shape::Signed, BluetoothState,
      "Whether a Bluetooth device is connected", {}},
     {"RF_BTConnectedNum", Family::Bluetooth, &shape::Signed, RadioNumber,
-     "Connected Bluetooth devices", {.unit = "devices"}},
+     "Connected Bluetooth devices", {}},
     {"RF_BTConnectedType", Family::Bluetooth, &shape::StringObject, RadioText,
      "Kind of each connected Bluetooth device", List},
 
     // system
     {"System_Read_TabletMode", Family::System, &shape::Unsigned, EcOnly,
-     "Tablet mode byte of the EC", RawEc},
+     "Tablet mode byte of the EC", Ec},
     {"System_Check_S_Mode", Family::System, &shape::Signed, SMode,
      "Whether Windows runs in S mode", {}},
     {"System_GetCountryCode_ISO2", Family::System, &shape::WideText, Country,

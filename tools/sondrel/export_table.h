@@ -63,6 +63,7 @@ enum class Display : std::uint8_t {
     Plain,
     Hexadecimal, // a version word
     Letters,     // the characters that a number is packed of
+    Fraction,    // of one whole
     List,        // values joined by ";"
     Document     // JSON
 };

@@ -25,7 +25,7 @@ Host::Host(const Options& options)
     : library(options.library), machine(SimulatedMachine::Beside(library.File())) {
     if (!machine) {
         RefuseForRealMachine(options);
-        machineName = "this one";
+        machineName = "this computer";
         return;
     }
     machineName = options.machine.value_or(machine->DefaultName());

@@ -85,7 +85,7 @@ int ListExports(const Options& options) {
         previous = &row;
     }
     if (missing != 0) {
-        std::cout << "\n- not exported by this library: " << missing << " names\n";
+        std::cout << "\nnot exported by this library (marked with -): " << missing << " names\n";
     }
     return 0;
 }

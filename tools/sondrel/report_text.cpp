@@ -10,7 +10,7 @@
 namespace tool {
 namespace {
 
-constexpr std::size_t LongestLine = 160;
+constexpr std::size_t LongestLine = 100;
 constexpr std::size_t MostLines = 24;
 
 std::string InBrackets(std::string_view text) {
@@ -21,6 +21,12 @@ std::string HexadecimalOf(std::int64_t number) {
     char text[24];
     std::snprintf(text, sizeof text, "0x%08llx", static_cast<unsigned long long>(number));
     return text;
+}
+
+std::string PercentOf(double fraction) {
+    char text[32];
+    const int length = std::snprintf(text, sizeof text, "%.1f %%", fraction * 100);
+    return length > 0 && static_cast<std::size_t>(length) < sizeof text ? text : "beyond any percentage";
 }
 
 /// The printable characters that a number is packed of, the first in the highest byte; empty if they are not.
@@ -49,6 +55,18 @@ std::string TextOfBytes(const std::string& hexadecimal) {
     return {bytes->begin(), bytes->end()};
 }
 
+/// CPUID leaf 0 tells the processor's vendor in EBX, EDX, ECX, the first letter in the lowest byte.
+std::string VendorOf(const std::string& words) {
+    constexpr std::size_t OneWord = 9; // with its blank
+    std::string vendor;
+    for (const std::size_t place : {1, 3, 2}) {
+        std::string letters = TextOfBytes(words.substr(place * OneWord, OneWord - 1));
+        std::ranges::reverse(letters);
+        vendor += letters;
+    }
+    return vendor;
+}
+
 /// What is added in brackets to make a bare value readable.
 std::string HintOf(const Export& row, const Answer& answer) {
     if (const auto* const number = std::get_if<std::int64_t>(&answer.number); number != nullptr) {
@@ -56,29 +74,39 @@ std::string HintOf(const Export& row, const Answer& answer) {
                : row.traits.display == Display::Letters   ? LettersOf(*number)
                                                           : std::string();
     }
+    if (row.shape == &shape::ProcessorLeaf) {
+        return VendorOf(answer.bare);
+    }
     return row.shape == &shape::ReadBytes ? TextOfBytes(answer.bare) : std::string();
 }
 
 std::string ListOf(const Export& row, const Answer& answer) {
+    const std::vector<std::string_view> places = PlacesOf(answer.bare);
     std::string text;
-    for (const std::string_view place : PlacesOf(answer.bare)) {
+    for (const std::string_view place : places) {
         const Meaning* const meaning = MeaningOf(row, place);
         const bool failed = meaning != nullptr && meaning->status == Status::Failed && !place.empty();
         text.append(text.empty() ? "" : ", ").append(failed ? "failed" : place);
+        if (text.size() > 8 * LongestLine) {
+            break; // what is behind is not shown
+        }
     }
-    return text;
+    return Columns(text) <= LongestLine ? text : std::to_string(places.size()) + ": " + text;
 }
 
 std::string ValueOf(const Reading& reading) {
     const Export& row = reading.row;
     const Answer& answer = reading.answer;
+    const auto* const fraction = std::get_if<double>(&answer.number);
+    if (row.traits.display == Display::Fraction && fraction != nullptr) {
+        return PercentOf(*fraction);
+    }
     std::string text = row.traits.display == Display::List ? ListOf(row, answer) : answer.bare;
     text = answer.bare.empty() ? "(empty)" : Shortened(OnOneLine(text), LongestLine);
     if (!row.traits.unit.empty()) {
         text.append(1, ' ').append(row.traits.unit);
     }
-    const std::string hint = HintOf(row, answer);
-    return text + InBrackets(hint);
+    return text + InBrackets(HintOf(row, answer));
 }
 
 /// A reading that is no value: its meaning, and the bare result in brackets.

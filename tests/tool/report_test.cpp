@@ -1,0 +1,117 @@
+// sondrel report.
+#include "tool_run.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+using nlohmann::json;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class ReportTest : public test::ToolTest {
+protected:
+    /// The objects of a JSON report by name. All of it has to be there.
+    static std::map<std::string, json> Exports(const test::Outcome& run) {
+        std::map<std::string, json> exports;
+        EXPECT_EQ(run.status, 0) << run.err;
+        const json report = json::parse(run.out, nullptr, false);
+        if (report.is_discarded()) {
+            ADD_FAILURE() << run.out;
+            return exports;
+        }
+        for (const json& object : report.at("exports")) {
+            for (const char* const member : {"name", "family", "status", "value", "unit"}) {
+                EXPECT_TRUE(object.contains(member)) << object << " " << member;
+            }
+            exports[object.at("name")] = object;
+        }
+        EXPECT_EQ(exports.size(), 114u);
+        return exports;
+    }
+};
+
+TEST_F(ReportTest, GivesEveryExportAsJsonWhateverItSays) {
+    const test::Outcome run = WithDouble({"report", "--json"}, {"DOUBLE_RATIO=nan"});
+    auto exports = Exports(run);
+    const auto expect = [&](const char* name, const char* status, const json& value) {
+        EXPECT_EQ(exports[name]["status"], status) << name;
+        EXPECT_EQ(exports[name]["value"], value) << name;
+    };
+    expect("InitializeSondrel", "ok", 1);
+    expect("Thermal_Read_Cpu_Temperature", "ok", 52);
+    EXPECT_EQ(exports["Thermal_Read_Cpu_Temperature"]["unit"], "°C");
+    EXPECT_EQ(exports["Thermal_Read_Cpu_Temperature"]["family"], "Temperatures and fans");
+    expect("Thermal_Read_ACFET_Temperature", "absent", 0);
+    expect("Thermal_Read_UpCpu_Temperature", "failed", 2147483647);
+    expect("Thermal_Read_Fan", "failed", "2147483647;2147483647;2147483647;2147483647");
+    expect("Battery_Read_CellVoltage", "partly failed", "4150;2147483647;0;0");
+    expect("Battery_Read_ManufactureName", "faulty", "A name of m");
+    expect("Battery_Read_ASOC", "ok", "nan");
+    expect("CPU_ReadCPUUsage", "ok", 0.1 + 0.2);
+    expect("CPU_ReadCpuId", "ok", "0000000d 756e6547 6c65746e 49656e69");
+    expect("RF_WiFiChannel", "not read yet", -1000);
+    expect("RF_BTConnectedType", "ok", "Phone;\uFFFD;");
+    expect("GetEEPROM_Data", "ok", "{\"version\":\"say \"so\"\u0007\"}");
+    expect("AppList_OpenWindows", "ok", "Ä€\U0001F600\uFFFD");
+    expect("GetUWPVersion", "absent", nullptr);
+    expect("GPNV_Get_ManufacturedTime", "failed", nullptr);
+    expect("wmiadd", "ok", 2);
+    expect("RF_WiFiMaxRate", "not exported", nullptr);
+    EXPECT_THAT(json::parse(run.out)["not_exported"], ::testing::Contains("RF_WiFiMaxRate"));
+}
+
+TEST_F(ReportTest, ChangesNothingOnTheMachine) {
+    const test::Outcome run = WithDouble({"report", "--json"});
+    EXPECT_EQ(run.err, "open\nclose\n");
+    for (const auto& [name, object] : Exports(run)) {
+        if (name.find("_Set_") != std::string::npos || name.starts_with("WMISet")) {
+            EXPECT_THAT(object["status"], ::testing::AnyOf("not run", "not exported")) << name;
+        }
+    }
+}
+
+TEST_F(ReportTest, ReadsOnWithoutASession) {
+    test::Outcome run = WithDouble({"report", "--json"}, {"DOUBLE_REFUSES=1"});
+    EXPECT_THAT(run.err,
+                AllOf(HasSubstr("sondrel: the driver session could not be opened"), Not(HasSubstr("close"))));
+    auto exports = Exports(run);
+    EXPECT_EQ(exports["InitializeSondrel"]["status"], "failed");
+    EXPECT_EQ(exports["WMIGetSN"]["value"], "in COM");
+    run = WithDouble({"report", "--json", "--no-session"});
+    EXPECT_THAT(run.err, IsEmpty());
+    EXPECT_EQ(Exports(run)["InitializeSondrel"]["status"], "not run");
+}
+
+TEST_F(ReportTest, TellsFailuresFromZerosAtAGlance) {
+    const test::Outcome run = WithDouble({"report"}, {"DOUBLE_RATIO=0.35"});
+    EXPECT_EQ(run.status, 0);
+    for (const char* const text :
+         {"\nTemperatures and fans\n  Thermal_Read_Cpu_Temperature               52 °C\n",
+          "no such reading on this machine, or the sensor is not ready (0)\n",
+          "Thermal_Read_UpCpu_Temperature             failed (2147483647): an EC command failed",
+          "4150, failed, 0, 0 raw\n", "Battery_Read_ASOC                          35.0 %\n",
+          "756e6547 6c65746e 49656e69 (GenuineIntel)\n", "not read yet (-1000)",
+          "Power_Read_ACDCMode                        failed (255): the system does not know\n",
+          "{\"p_sensor\": \"0x10001\"}\n", "(no well-formed JSON)\n",
+          "faulty (A name of m): the buffer of 11 bytes",
+          "the assistant package is not installed (buffer untouched)\n", "8589934592, 8589934592 bytes\n",
+          "(2026-01-02 03:04:05)\n", " more lines: sondrel call GetApplist_x64\n",
+          "\nnot run by a report: ShutdownSondrel, GPNV_Set_ActivatedTime, WMISetBatteryHealth, "
+          "WMISetQuietFan, "
+          "WMISetAppPath\n"}) {
+        EXPECT_THAT(run.out, HasSubstr(text));
+    }
+    EXPECT_TRUE(run.out.ends_with(" names\n")) << "not exported by this library: N names";
+    // Whatever a reading holds, no control character reaches the terminal, and a line stays a line.
+    EXPECT_TRUE(
+        std::ranges::none_of(run.out, [](char byte) { return byte >= 0 && byte < ' ' && byte != '\n'; }));
+    EXPECT_LT(run.out.size(), 20'000u);
+}
+
+} // namespace

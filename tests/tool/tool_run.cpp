@@ -1,0 +1,73 @@
+#include "tool_run.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+namespace test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Quoted(const std::string& word) {
+    std::string text = "'";
+    for (const char character : word) {
+        text += character == '\'' ? "'\\''" : std::string(1, character);
+    }
+    return text + "'";
+}
+
+std::string ContentOf(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+} // namespace
+
+ToolTest::ToolTest() {
+    std::string name = (fs::temp_directory_path() / "sondrel-tool-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        throw std::runtime_error("no directory for the test");
+    }
+    m_directory = name;
+}
+
+ToolTest::~ToolTest() {
+    std::error_code problem;
+    fs::remove_all(m_directory, problem);
+}
+
+Outcome ToolTest::Program(const std::string& program, const std::vector<std::string>& arguments,
+                          const std::vector<std::string>& settings) const {
+    std::string line = "cd / && env XDG_STATE_HOME=" + Quoted(Path("state"));
+    for (const std::string& setting : settings) {
+        line += " " + Quoted(setting);
+    }
+    line += " " + Quoted(program);
+    for (const std::string& argument : arguments) {
+        line += " " + Quoted(argument);
+    }
+    line += " </dev/null >" + Quoted(Path("out")) + " 2>" + Quoted(Path("err"));
+    const int status = std::system(line.c_str()); // NOLINT(concurrency-mt-unsafe): one thread
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(Path("out")), ContentOf(Path("err"))};
+}
+
+Outcome ToolTest::Tool(const std::vector<std::string>& arguments) const {
+    return Program(SONDREL_PROGRAM, arguments);
+}
+
+Outcome ToolTest::WithDouble(std::vector<std::string> arguments,
+                             const std::vector<std::string>& settings) const {
+    arguments.insert(arguments.end(), {"--library", DOUBLE_LIBRARY});
+    return Program(SONDREL_PROGRAM, arguments, settings);
+}
+
+std::string ToolTest::Write(const std::string& name, const std::string& text) const {
+    std::ofstream(m_directory / name, std::ios::binary) << text;
+    return Path(name);
+}
+
+} // namespace test

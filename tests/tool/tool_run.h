@@ -1,0 +1,44 @@
+// The built tool, run as a process.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace test {
+
+struct Outcome {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+/// A directory of its own for each test, in which the simulated machine keeps its state too.
+class ToolTest : public ::testing::Test {
+protected:
+    ToolTest();
+    ToolTest(const ToolTest&) = delete;
+    ToolTest& operator=(const ToolTest&) = delete;
+    ~ToolTest() override;
+
+    /// Runs the tool against the native library.
+    [[nodiscard]] Outcome Tool(const std::vector<std::string>& arguments) const;
+    /// Runs the tool against the double. `settings` go into its environment.
+    [[nodiscard]] Outcome WithDouble(std::vector<std::string> arguments,
+                                     const std::vector<std::string>& settings = {}) const;
+    [[nodiscard]] Outcome Program(const std::string& program, const std::vector<std::string>& arguments,
+                                  const std::vector<std::string>& settings = {}) const;
+
+    /// Writes a file and gives its path.
+    [[nodiscard]] std::string Write(const std::string& name, const std::string& text) const;
+
+    [[nodiscard]] std::string Path(const std::string& name) const { return (m_directory / name).string(); }
+
+private:
+    std::filesystem::path m_directory;
+};
+
+} // namespace test
