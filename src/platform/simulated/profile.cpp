@@ -156,6 +156,7 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.driver = ReadDriver(reader.Object("driver"));
         profile.processor = ReadProcessor(reader.Object("processor"));
         profile.registry = ReadRegistry(reader.Object("registry"));
+        profile.wmi = ReadWmi(reader.Object("wmi"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;
