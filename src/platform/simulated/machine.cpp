@@ -1,6 +1,8 @@
 #include "platform/simulated/machine.h"
 
+#include "platform/audio.h"
 #include "platform/device_io.h"
+#include "platform/simulated/audio_objects.h"
 #include "platform/simulated/wide_text.h"
 #include "platform/simulated/wmi_objects.h"
 #include "platform/wmi.h"
@@ -45,6 +47,9 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {
     com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
                       return std::make_shared<WbemLocatorObject>();
+                  }});
+    com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
+                      return std::make_shared<DeviceEnumeratorObject>();
                   }});
 }
 

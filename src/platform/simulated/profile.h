@@ -1,6 +1,7 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
+#include "platform/simulated/system_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
 #include <cstdint>
@@ -69,6 +70,8 @@ struct Profile {
     ProcessorProfile processor;
     RegistryProfile registry;
     WmiProfile wmi;
+    SystemProfile system;
+    AudioProfile audio;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 
