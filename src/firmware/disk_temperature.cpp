@@ -69,9 +69,13 @@ std::u16string TemperatureList() {
             continue;
         }
         for (const SmartAttribute& attribute : record.attributes) {
-            if (attribute.id == TemperatureId) {
-                list += (list.empty() ? u"" : u";") + DecimalText(attribute.raw.front());
+            if (attribute.id != TemperatureId) {
+                continue;
             }
+            if (!list.empty()) {
+                list += u';';
+            }
+            list += DecimalText(attribute.raw.front());
         }
     }
     return list;
