@@ -156,6 +156,9 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.driver = ReadDriver(reader.Object("driver"));
         profile.processor = ReadProcessor(reader.Object("processor"));
         profile.registry = ReadRegistry(reader.Object("registry"));
+        profile.wmi = ReadWmi(reader.Object("wmi"));
+        profile.system = ReadSystem(reader.Object("system"));
+        profile.audio = ReadAudio(reader.Object("audio"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;

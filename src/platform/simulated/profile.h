@@ -1,6 +1,9 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
+#include "platform/simulated/system_profile.h"
+#include "platform/simulated/wmi_profile.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -66,6 +69,9 @@ struct Profile {
     DriverProfile driver;
     ProcessorProfile processor;
     RegistryProfile registry;
+    WmiProfile wmi;
+    SystemProfile system;
+    AudioProfile audio;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 
