@@ -39,7 +39,13 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       registry(store, profile.registry),
       controller(profile.ec),
       driver(profile.driver, profile.processor, controller),
-      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {}
+      batteries(profile.batteries.begin(), profile.batteries.end()),
+      processorTimes(profile.systemPower),
+      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {
+    for (std::size_t index = 0; index < batteries.size(); ++index) {
+        devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
+    }
+}
 
 Machine& Current() {
     const std::lock_guard lock(MachineMutex());

@@ -1,6 +1,7 @@
 // The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
 #pragma once
 
+#include "platform/simulated/battery_device.h"
 #include "platform/simulated/clock.h"
 #include "platform/simulated/devices.h"
 #include "platform/simulated/embedded_controller.h"
@@ -9,6 +10,7 @@
 #include "platform/simulated/profile.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
+#include "platform/simulated/system_power.h"
 #include "platform/simulated/trace_sink.h"
 
 #include <functional>
@@ -41,6 +43,8 @@ public:
     RegistryHive registry;
     EmbeddedController controller;
     IoDriver driver;
+    std::vector<BatteryDevice> batteries;
+    ProcessorTimes processorTimes;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;
@@ -48,6 +52,9 @@ public:
     std::map<std::uintptr_t, Device*> openDevices;
 
     std::map<std::uintptr_t, OpenKey> openKeys;
+
+    /// By handle, with the number of interfaces in the set.
+    std::map<std::uintptr_t, std::size_t> deviceInfoSets;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
     std::vector<LoggedEvent> eventLog;

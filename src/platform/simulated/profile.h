@@ -1,6 +1,10 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
+#include "platform/simulated/battery_profile.h"
+#include "platform/simulated/ec_profile.h"
+#include "platform/simulated/system_power_profile.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -8,21 +12,6 @@
 #include <vector>
 
 namespace machine {
-
-/// A command that the EC fails to carry out.
-struct EcFault {
-    std::uint8_t command = 0;
-    std::uint32_t use = 0; // the n-th use of the command, counted from 1; 0: every use
-    std::uint32_t status = 0;
-};
-
-struct EcProfile {
-    std::string revision; // two letters
-    std::uint8_t chipId = 0;
-    std::string chipName; // four letters
-    std::uint8_t tabletMode = 0;
-    std::vector<EcFault> faults;
-};
 
 /// Who else has the I/O driver open, and how.
 enum class DriverHolder : std::uint8_t { Nobody, Sharing, Alone };
@@ -65,6 +54,8 @@ struct Profile {
     EcProfile ec;
     DriverProfile driver;
     ProcessorProfile processor;
+    std::vector<BatteryProfile> batteries;
+    SystemPowerProfile systemPower;
     RegistryProfile registry;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
