@@ -1,5 +1,7 @@
 #include "platform/simulated/embedded_controller.h"
 
+#include <utility>
+
 namespace machine {
 namespace {
 
@@ -17,7 +19,8 @@ constexpr std::uint8_t RegisterChipName = 0x12; // and the three behind it
 
 } // namespace
 
-EmbeddedController::EmbeddedController(const EcProfile& profile) : m_profile(profile), m_firmware(profile) {}
+EmbeddedController::EmbeddedController(EcProfile profile)
+    : m_profile(std::move(profile)), m_firmware(m_profile) {}
 
 const EcFault* EmbeddedController::FaultOf(std::uint8_t command) {
     const std::uint32_t use = ++m_uses[command];
