@@ -43,8 +43,13 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       registry(store, profile.registry),
       controller(profile.ec),
       driver(profile.driver, profile.processor, controller),
+      batteries(profile.batteries.begin(), profile.batteries.end()),
+      processorTimes(profile.systemPower),
       wmi(profile.wmi),
       devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {
+    for (std::size_t index = 0; index < batteries.size(); ++index) {
+        devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
+    }
     com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
                       return std::make_shared<WbemLocatorObject>();
                   }});

@@ -1,6 +1,7 @@
 // The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
 #pragma once
 
+#include "platform/simulated/battery_device.h"
 #include "platform/simulated/clock.h"
 #include "platform/simulated/com_objects.h"
 #include "platform/simulated/devices.h"
@@ -10,6 +11,7 @@
 #include "platform/simulated/profile.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
+#include "platform/simulated/system_power.h"
 #include "platform/simulated/trace_sink.h"
 #include "platform/simulated/wmi_repository.h"
 
@@ -43,6 +45,8 @@ public:
     RegistryHive registry;
     EmbeddedController controller;
     IoDriver driver;
+    std::vector<BatteryDevice> batteries;
+    ProcessorTimes processorTimes;
     WmiRepository wmi;
     ComObjects com;
 
@@ -52,6 +56,9 @@ public:
     std::map<std::uintptr_t, Device*> openDevices;
 
     std::map<std::uintptr_t, OpenKey> openKeys;
+
+    /// By handle, with the number of interfaces in the set.
+    std::map<std::uintptr_t, std::size_t> deviceInfoSets;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
     std::vector<LoggedEvent> eventLog;
