@@ -3,6 +3,8 @@
 
 #include "platform/types.h"
 
+#include <span>
+
 namespace platform {
 
 namespace apartment {
@@ -28,5 +30,8 @@ constexpr bool Failed(HResult status) {
 HResult CoInitializeEx(std::uint32_t apartmentKind);
 
 void CoUninitialize();
+
+/// The identifier as text in braces, 39 characters with its terminator. 0 when the room is not enough.
+int StringFromGUID2(const Guid& guid, std::span<char16_t> text);
 
 } // namespace platform

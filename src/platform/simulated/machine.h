@@ -7,6 +7,7 @@
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
 #include "platform/simulated/profile.h"
+#include "platform/simulated/radios.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
 #include "platform/simulated/trace_sink.h"
@@ -48,6 +49,8 @@ public:
     std::map<std::uintptr_t, Device*> openDevices;
 
     std::map<std::uintptr_t, OpenKey> openKeys;
+
+    Radios radios;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
     std::vector<LoggedEvent> eventLog;

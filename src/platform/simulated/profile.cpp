@@ -156,6 +156,9 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.driver = ReadDriver(reader.Object("driver"));
         profile.processor = ReadProcessor(reader.Object("processor"));
         profile.registry = ReadRegistry(reader.Object("registry"));
+        profile.network = ReadNetwork(reader.Object("network"));
+        profile.wifi = ReadWifi(reader.Object("wifi"));
+        profile.bluetooth = ReadBluetooth(reader.Object("bluetooth"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;
