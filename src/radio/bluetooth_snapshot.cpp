@@ -3,6 +3,7 @@
 #include "platform/bluetooth.h"
 #include "vesk_sondrel.h"
 
+#include <utility>
 #include <vector>
 
 namespace sondrel {
@@ -91,7 +92,8 @@ bool SearchRadios(Opened& opened, Devices& devices, BluetoothRecord& snapshot) {
         return noRadio;
     }
     do {
-        opened.radios.push_back(platform::OwnedBluetoothRadio(radio));
+        platform::OwnedBluetoothRadio held(radio); // owned before the list may have to grow
+        opened.radios.push_back(std::move(held));
         if (!SearchRadio(radio, opened, devices, snapshot)) {
             return false;
         }
