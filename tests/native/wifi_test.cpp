@@ -63,7 +63,7 @@ protected:
 };
 
 TEST_F(WifiTest, ReadsTheLinkOnceAndInOrder) {
-    EXPECT_EQ(Fields(), "1|Norvik Wireless AC 9260|-52|36|802.11ac|02:1A:2B|867");
+    EXPECT_EQ(Fields(), "1|Farrow WF-7 Wireless LAN|-52|36|802.11ac|02:1A:2B|867");
     EXPECT_THAT(DebugLines(), ElementsAre("[RF] RF_WiFiIsConnected FLAG FALSE", Start, Interface, End));
     std::vector<std::string> calls = Calls();
     std::erase_if(calls, [](const std::string& call) { return call.starts_with("Event"); });
@@ -134,19 +134,19 @@ TEST_F(WifiTest, EveryCallThatFailsIsHandledAndLeavesNothingOpen) {
             outcomes[outcome] = Fields();
             if (connected == Failed) {
                 // The next export has read again, and well.
-                EXPECT_EQ(outcomes[outcome], "1|Norvik Wireless AC 9260|-52|36|802.11ac|02:1A:2B|867");
+                EXPECT_EQ(outcomes[outcome], "1|Farrow WF-7 Wireless LAN|-52|36|802.11ac|02:1A:2B|867");
                 outcomes[outcome] = "failed";
             }
         }
     }
     std::erase_if(outcomes, [](const auto& each) { return each.first.starts_with("Event"); });
-    const std::string whole = "1|Norvik Wireless AC 9260|-52|36|802.11ac|02:1A:2B|867";
-    const std::string noChannel = "1|Norvik Wireless AC 9260|-52|-1000|802.11ac|02:1A:2B|867";
+    const std::string whole = "1|Farrow WF-7 Wireless LAN|-52|36|802.11ac|02:1A:2B|867";
+    const std::string noChannel = "1|Farrow WF-7 Wireless LAN|-52|-1000|802.11ac|02:1A:2B|867";
     const std::map<std::string, std::string> expected{
         {"StringFromGUID2 refused", whole},
         {"WlanEnumInterfaces empty", "-1000|init_string|-1000|-1000|init_string|init_string|-1000"},
         {"WlanEnumInterfaces refused", "failed"},
-        {"WlanGetNetworkBssList empty", "1|Norvik Wireless AC 9260|-1000|36|802.11ac|02:1A:2B|-1000"},
+        {"WlanGetNetworkBssList empty", "1|Farrow WF-7 Wireless LAN|-1000|36|802.11ac|02:1A:2B|-1000"},
         {"WlanGetNetworkBssList refused", "failed"},
         {"WlanOpenHandle refused", "failed"},
         {"WlanQueryInterface empty", "failed"},
@@ -245,7 +245,7 @@ TEST_F(WifiTest, ThreadsThatComeAtOnceShareOneRead) {
     for (std::thread& thread : threads) {
         thread.join();
     }
-    EXPECT_THAT(answers, ::testing::Each("1|Norvik Wireless AC 9260|-52|36|802.11ac|02:1A:2B|867"));
+    EXPECT_THAT(answers, ::testing::Each("1|Farrow WF-7 Wireless LAN|-52|36|802.11ac|02:1A:2B|867"));
     EXPECT_THAT(CallsOf("WlanOpenHandle"), SizeIs(1));
 }
 

@@ -1,7 +1,11 @@
 #include "platform/simulated/machine.h"
 
+#include "platform/audio.h"
 #include "platform/device_io.h"
+#include "platform/simulated/audio_objects.h"
 #include "platform/simulated/wide_text.h"
+#include "platform/simulated/wmi_objects.h"
+#include "platform/wmi.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -39,7 +43,15 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       registry(store, profile.registry),
       controller(profile.ec),
       driver(profile.driver, profile.processor, controller),
-      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {}
+      wmi(profile.wmi),
+      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {
+    com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
+                      return std::make_shared<WbemLocatorObject>();
+                  }});
+    com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
+                      return std::make_shared<DeviceEnumeratorObject>();
+                  }});
+}
 
 Machine& Current() {
     const std::lock_guard lock(MachineMutex());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/simulated/clock.h"
+#include "platform/simulated/com_objects.h"
 #include "platform/simulated/devices.h"
 #include "platform/simulated/embedded_controller.h"
 #include "platform/simulated/gate.h"
@@ -11,6 +12,7 @@
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
 #include "platform/simulated/trace_sink.h"
+#include "platform/simulated/wmi_repository.h"
 
 #include <functional>
 #include <map>
@@ -42,6 +44,8 @@ public:
     RegistryHive registry;
     EmbeddedController controller;
     IoDriver driver;
+    WmiRepository wmi;
+    ComObjects com;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;

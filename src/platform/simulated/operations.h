@@ -54,9 +54,33 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     X(CoInitializeEx, failures::Refused, 0x80010106)                                                         \
     X(CoUninitialize, failures::Never, 0)                                                                    \
     X(StringFromGUID2, failures::Refused, 0)                                                                 \
+    X(CoCreateInstance, failures::Refused, 0x80040154)                                                       \
+    X(Release, failures::Never, 0)                                                                           \
     /* WMI */                                                                                                \
+    X(ConnectServer, failures::Refused, 0x80041003)                                                          \
+    X(CoSetProxyBlanket, failures::Refused, 0x80070005)                                                      \
+    X(ExecQuery, failures::Refused, 0x80041003)                                                              \
+    X(Next, failures::Refused | failures::Nothing, 0x80041010)                                               \
+    X(Get, failures::Refused | failures::Nothing, 0x80041002)                                                \
+    X(GetObject, failures::Refused, 0x80041002)                                                              \
+    X(GetMethod, failures::Refused | failures::Nothing, 0x80041002)                                          \
+    X(SpawnInstance, failures::Refused, 0x80041006)                                                          \
+    X(Put, failures::Refused, 0x80041005)                                                                    \
+    X(ExecMethod, failures::Refused | failures::Nothing, 0x80041024)                                         \
     /* system */                                                                                             \
+    X(RtlGetVersion, failures::Refused, 127)                                                                 \
+    X(LoadLibraryW, failures::Refused, 126)                                                                  \
+    X(FreeLibrary, failures::Never, 0)                                                                       \
+    X(WldpQueryWindowsLockdownMode, failures::Refused, 0x80070005)                                           \
+    X(GetUserGeoID, failures::Refused, 87)                                                                   \
+    X(GetGeoInfoW, failures::Refused, 87)                                                                    \
+    X(Time64, failures::Never, 0)                                                                            \
+    X(LocalTime64, failures::Refused, 22)                                                                    \
     /* audio endpoints */                                                                                    \
+    X(GetDefaultAudioEndpoint, failures::Refused, 0x80070490)                                                \
+    X(Activate, failures::Refused, 0x88890004)                                                               \
+    X(GetMasterVolumeLevelScalar, failures::Refused, 0x88890004)                                             \
+    X(GetMute, failures::Refused, 0x88890004)                                                                \
     /* network adapters */                                                                                   \
     X(GetAdaptersInfo, failures::Refused, 31)                                                                \
     /* WLAN */                                                                                               \

@@ -159,6 +159,9 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.network = ReadNetwork(reader.Object("network"));
         profile.wifi = ReadWifi(reader.Object("wifi"));
         profile.bluetooth = ReadBluetooth(reader.Object("bluetooth"));
+        profile.wmi = ReadWmi(reader.Object("wmi"));
+        profile.system = ReadSystem(reader.Object("system"));
+        profile.audio = ReadAudio(reader.Object("audio"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;

@@ -4,6 +4,8 @@
 #include "platform/simulated/bluetooth_profile.h"
 #include "platform/simulated/network_profile.h"
 #include "platform/simulated/wifi_profile.h"
+#include "platform/simulated/system_profile.h"
+#include "platform/simulated/wmi_profile.h"
 
 #include <cstdint>
 #include <map>
@@ -73,6 +75,9 @@ struct Profile {
     NetworkProfile network;
     WifiProfile wifi;
     BluetoothProfile bluetooth;
+    WmiProfile wmi;
+    SystemProfile system;
+    AudioProfile audio;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 
