@@ -22,6 +22,10 @@
 
 #include <stdint.h>
 
+#ifdef __cplusplus
+#include <string>
+#endif
+
 /* Windows takes its names from the .def file; elsewhere a name has to be visible before it can be exported.
  */
 #if defined(__GNUC__) && !defined(_WIN32)
@@ -43,6 +47,15 @@ typedef char16_t VeskChar16;
 
 #ifdef __cplusplus
 extern "C" {
+#endif
+
+/* Two exports hand out a string object of C++ under a plain name, on purpose. */
+#if defined(__clang__)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#elif defined(_MSC_VER)
+#pragma warning(push)
+#pragma warning(disable : 4190)
 #endif
 
 /* An EC command or a radio read failed. */
@@ -382,9 +395,106 @@ VESK_API uint32_t wmiadd(uint32_t value);
 
 /* ---- Network adapters ---------------------------------------------------------------------------------- */
 
+/*
+ * The names of the machine's wireless adapters in WMI, each with a ";" behind it: "Card A;Card B;". Adapters that
+ * WMI has no row or no name for are left out; without any the text is empty.
+ * `out`: the names and one character for each, 1024 characters for the whole do.
+ * Failure: without a list of adapters, which is also what a machine without any gives, `out` is left as it was.
+ * So is it when the list grows while it is being asked for. A WMI read that fails leaves its adapter out.
+ * `initCom`: as above. Session: not needed. Blocks: one WMI query for each wireless adapter.
+ */
+VESK_API void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom);
+
+/*
+ * The live traffic of the card that RF_WiFiCardName names, in bytes per second: received, ";", sent: "1200;34".
+ * The performance counter is found by the length of the card's name alone, of which the first 150 characters
+ * count: interfaces with names of the same length contribute too, and the last reading that is not 0 wins.
+ * "0;0" when no counter has a name of that length. The first call of the process reads the Wi-Fi record.
+ * `out`: 64 characters.
+ * Failure: the empty text. `initCom`: as above. Session: not needed. Blocks: one WMI query.
+ */
+VESK_API void WMIGetWiFiBytesPersec(VeskChar16* out, uint8_t initCom);
+
 /* ---- Wi-Fi --------------------------------------------------------------------------------------------- */
 
+/*
+ * These seven are fields of one record, which the first of them that is called reads from the system. From the
+ * first read that goes through the record stands to the end of the process: a connection that changes later is
+ * not seen. After a failed read the next call tries again.
+ * Failure: 0x7FFFFFFF and "error_string", which the fields also keep if a later read finds nothing for them.
+ * A read that goes through but finds nothing for a field leaves -1000 and "init_string": without an interface
+ * all of them, without a connection all but the first two, and the signal and the rate of a connection whose
+ * access point is not among those in reach. With several interfaces, "connected" and the card's name are those
+ * of the last one, the others those of the last connected one.
+ * Threads: they may be called from several threads, also for the first read: the others wait for it, and all
+ * get fields of one complete record.
+ * Session: not needed. Blocks: a read takes as long as the WLAN API takes; a kept record answers at once.
+ */
+
+/* 1 connected, 0 not. */
+VESK_API int32_t RF_WiFiIsConnected(void);
+
+/*
+ * The interface's description. `out`: 257 characters with the terminator are enough.
+ */
+VESK_API void RF_WiFiCardName(VeskChar16* out);
+
+/* The signal of the access point, in dBm: a negative number. */
+VESK_API int32_t RF_WiFiRssi(void);
+
+/* The channel's number. -1000 also where the card does not tell it. */
+VESK_API int32_t RF_WiFiChannel(void);
+
+/*
+ * The first three octets of the access point's address, its vendor prefix: "02:1A:2B".
+ * `out`: 13 bytes with the terminator.
+ */
+VESK_API void RF_AP_MAC(char* out);
+
+/*
+ * The highest rate in Mbit/s that the access point offers by the tables of 802.11n and 802.11ac, worked out of
+ * its beacon; the link's own rate may be lower. 0 without an element of either standard, and for channels of
+ * 160 and 80+80 MHz. Elements that are cut short or too short are passed over.
+ */
+VESK_API int32_t RF_WiFiMaxRate(void);
+
+#ifdef __cplusplus
+/*
+ * The radio standard of the connection: "FHSS", "DHSS", "IR baseband", "OFDM", "HRDSSS", "ERP", "802.11n",
+ * "802.11ac", "802.11ad", "802.11ax", or "Other".
+ * The text comes as a string object of C++, so that C does not see this one. Host and library must have been
+ * built with the same C++ runtime and the same setting of its string class.
+ */
+VESK_API std::string RF_PhyMode(void);
+#endif
+
 /* ---- Bluetooth ----------------------------------------------------------------------------------------- */
+
+/*
+ * These three are fields of one record, which is read and kept as the Wi-Fi record is, with the same rule for
+ * threads. Only connected devices count.
+ * Failure: 0x7FFFFFFF and "error_string"; the next call tries again.
+ * Without a radio all three are -1000 and "init_string". With a radio but no connected device the first is 0
+ * and the others stay at -1000 and "init_string": a count of 0 is never seen. With several radios, the first
+ * is that of the last radio, the others those of the last radio that has devices.
+ * Session: not needed. Blocks: a read takes as long as the Bluetooth API takes; no inquiry is sent.
+ */
+
+/* 1 a device is connected, 0 none. */
+VESK_API int32_t RF_BTIsUsed(void);
+
+/* How many devices are connected. */
+VESK_API int32_t RF_BTConnectedNum(void);
+
+#ifdef __cplusplus
+/*
+ * The kind of each connected device by its major class, each with a ";" behind it, in the order of the search:
+ * "Computer;", "Phone;", "LAN/NetWortk Access point;", "Audio/Video;", "Peripheral;", "Imaging;", "Wearable;",
+ * "Toy;", "Health;", "Uncategorized;", or "Others;".
+ * A string object of C++: the rule of RF_PhyMode holds.
+ */
+VESK_API std::string RF_BTConnectedType(void);
+#endif
 
 /* ---- System -------------------------------------------------------------------------------------------- */
 
@@ -452,6 +562,12 @@ VESK_API void AppList_MemUsage(VeskChar16* out);
  * Blocks: one WMI query, then as long as the audio service takes.
  */
 VESK_API void AppList_HardwareConfig(VeskChar16* out);
+
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#elif defined(_MSC_VER)
+#pragma warning(pop)
+#endif
 
 #ifdef __cplusplus
 } /* extern "C" */

@@ -4,6 +4,8 @@
 #include "platform/owned.h"
 #include "platform/types.h"
 
+#include <span>
+
 namespace platform {
 
 namespace apartment {
@@ -37,6 +39,9 @@ constexpr bool Failed(HResult status) {
 HResult CoInitializeEx(std::uint32_t apartmentKind);
 
 void CoUninitialize();
+
+/// The identifier as text in braces, 39 characters with its terminator. 0 when the room is not enough.
+int StringFromGUID2(const Guid& guid, std::span<char16_t> text);
 
 /// An apartment that was entered and has to be left.
 enum class Apartment : bool { None, Entered };

@@ -94,6 +94,7 @@ void CloseHandle(Handle handle) {
         opened->second->Close();
         machine.openDevices.erase(opened);
     }
+    machine.radios.bluetoothRadios.erase(number);
 }
 
 } // namespace platform

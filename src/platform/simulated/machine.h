@@ -9,6 +9,7 @@
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
 #include "platform/simulated/profile.h"
+#include "platform/simulated/radios.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
 #include "platform/simulated/system_power.h"
@@ -59,6 +60,7 @@ public:
 
     /// By handle, with the number of interfaces in the set.
     std::map<std::uintptr_t, std::size_t> deviceInfoSets;
+    Radios radios;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
     std::vector<LoggedEvent> eventLog;

@@ -59,6 +59,7 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     /* COM apartments */                                                                                     \
     X(CoInitializeEx, failures::Refused, 0x80010106)                                                         \
     X(CoUninitialize, failures::Never, 0)                                                                    \
+    X(StringFromGUID2, failures::Refused, 0)                                                                 \
     X(CoCreateInstance, failures::Refused, 0x80040154)                                                       \
     X(Release, failures::Never, 0)                                                                           \
     /* WMI */                                                                                                \
@@ -87,8 +88,21 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     X(GetMasterVolumeLevelScalar, failures::Refused, 0x88890004)                                             \
     X(GetMute, failures::Refused, 0x88890004)                                                                \
     /* network adapters */                                                                                   \
+    X(GetAdaptersInfo, failures::Refused, 31)                                                                \
     /* WLAN */                                                                                               \
+    X(WlanOpenHandle, failures::Refused, 1062)                                                               \
+    X(WlanCloseHandle, failures::Never, 0)                                                                   \
+    X(WlanEnumInterfaces, failures::Refused | failures::Nothing, 5)                                          \
+    X(WlanQueryInterface, failures::Refused | failures::Nothing, 5023)                                       \
+    X(WlanGetNetworkBssList, failures::Refused | failures::Nothing, 5)                                       \
     /* Bluetooth */                                                                                          \
+    X(BluetoothFindFirstRadio, failures::Refused, 5)                                                         \
+    X(BluetoothFindNextRadio, failures::Refused, 1167)                                                       \
+    X(BluetoothFindRadioClose, failures::Never, 0)                                                           \
+    X(BluetoothGetRadioInfo, failures::Refused, 1167)                                                        \
+    X(BluetoothFindFirstDevice, failures::Refused, 1167)                                                     \
+    X(BluetoothFindNextDevice, failures::Refused, 1167)                                                      \
+    X(BluetoothFindDeviceClose, failures::Never, 0)                                                          \
     /* packages */                                                                                           \
     /* windows and processes */
 

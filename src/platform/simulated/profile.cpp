@@ -132,6 +132,9 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.batteries = ReadBatteries(reader);
         profile.systemPower = ReadSystemPower(reader.Object("system_power"));
         profile.registry = ReadRegistry(reader.Object("registry"));
+        profile.network = ReadNetwork(reader.Object("network"));
+        profile.wifi = ReadWifi(reader.Object("wifi"));
+        profile.bluetooth = ReadBluetooth(reader.Object("bluetooth"));
         profile.wmi = ReadWmi(reader.Object("wmi"));
         profile.system = ReadSystem(reader.Object("system"));
         profile.audio = ReadAudio(reader.Object("audio"));

@@ -4,6 +4,9 @@
 #include "platform/simulated/battery_profile.h"
 #include "platform/simulated/ec_profile.h"
 #include "platform/simulated/system_power_profile.h"
+#include "platform/simulated/bluetooth_profile.h"
+#include "platform/simulated/network_profile.h"
+#include "platform/simulated/wifi_profile.h"
 #include "platform/simulated/system_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
@@ -59,6 +62,9 @@ struct Profile {
     std::vector<BatteryProfile> batteries;
     SystemPowerProfile systemPower;
     RegistryProfile registry;
+    NetworkProfile network;
+    WifiProfile wifi;
+    BluetoothProfile bluetooth;
     WmiProfile wmi;
     SystemProfile system;
     AudioProfile audio;

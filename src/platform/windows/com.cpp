@@ -1,6 +1,6 @@
 #include "platform/com.h"
 
-#include <windows.h>
+#include "platform/windows/wide.h"
 
 #include <objbase.h>
 
@@ -14,6 +14,12 @@ HResult CoInitializeEx(std::uint32_t apartmentKind) {
 
 void CoUninitialize() {
     ::CoUninitialize();
+}
+
+int StringFromGUID2(const Guid& guid, std::span<char16_t> text) {
+    static_assert(sizeof(Guid) == sizeof(GUID));
+    return ::StringFromGUID2(reinterpret_cast<const GUID&>(guid), Wide(text.data()),
+                             static_cast<int>(text.size()));
 }
 
 HResult CoCreateInstance(const Guid& classId, std::uint32_t classContext, const Guid& interfaceId,
