@@ -108,7 +108,61 @@ VESK_API uint32_t EC_ReadEcChipName(void);
 
 /* ---- Firmware: event log and sensors ------------------------------------------------------------------- */
 
+/*
+ * The firmware's event store as one JSON text:
+ *
+ *   {"version":"0x12","register_count":"0x02","register":["0x05","0xabc"],"event":["0x5a 0xa5 ..."]}
+ *
+ * Numbers are "0x" and at least two lower-case hexadecimal digits. An event is one record of the firmware's log,
+ * byte by byte; where its kind (byte 7) is 0x20, the bytes from the tenth on are decoded from BCD, up to the first
+ * digit that is none. A record that claims more than the 256 bytes that the firmware gives ends with the 256th.
+ * Register 255 reads as the register count: the firmware knows both by the same number.
+ *
+ * The log is walked by the firmware, which goes on where the call before left it. It is read until it ends or its
+ * next record would bring the characters of all values above 31500; that record is lost to this document.
+ *
+ * out: at most 61 + V + 3 x (registers + events) characters and a terminator, where V, the characters of all
+ *   values, is at most the greater of 31500 and 20 + 10 x registers. With up to 3000 registers that is below
+ *   43,000. There is no limit on registers but what can be asked for: a count above 16,777,216 is shown, and its
+ *   list left as if the count could not be read.
+ * Failure: never as a whole. What cannot be read is an empty text, an unread count gives [""] and an unread log [].
+ * Session: not needed. Blocks: one opening of the device and one request for each number and each event.
+ */
+VESK_API void GetEEPROM_Data(VeskChar16* out);
+
+/*
+ * The firmware's P-sensor status as {"p_sensor":"0x05"}, in the same number form.
+ * out: at most 25 characters and a terminator.
+ * Failure: {"p_sensor":""}. A reply below four bytes counts as the status 0.
+ * Session: not needed. Blocks: one opening of the device and one request.
+ */
+VESK_API void GetSENSOR_WMI_Data(VeskChar16* out);
+
 /* ---- Firmware: variables ------------------------------------------------------------------------------- */
+
+/*
+ * Three fields of two firmware variables, as raw bytes: exactly as many as named here, with no terminator and no
+ * interpretation. Each call first asks for the privilege SeSystemEnvironmentPrivilege, which the process has to
+ * hold. A setter reads the whole variable, replaces its field and writes the variable back at the size it was
+ * read with; it cannot create one. A variable that is larger than 256 bytes, or that ends before the field does,
+ * fails the read, the latter with ERROR_INVALID_DATA (13). After a failure a getter's bytes are as they were.
+ * Session: not needed. Blocks: one or two calls of the firmware. Two setters at once may lose one change.
+ */
+
+/* 16 bytes of "CNFG". Failure: the system's error code. */
+VESK_API uint32_t GPNV_Get_RandomUUID(uint8_t* out);
+
+/* 19 bytes of "CNFG". The result is 0 also after a failed read, which only the debug line tells. */
+VESK_API uint32_t GPNV_Get_ActivatedTime(uint8_t* out);
+
+/* 23 bytes of "MFG0". Failure: the system's error code. */
+VESK_API uint32_t GPNV_Get_ManufacturedTime(uint8_t* out);
+
+/* The setters give 0, or the system's error code when the write failed. After a failed read nothing is written and
+ * the result is 0 all the same. */
+VESK_API uint32_t GPNV_Set_RandomUUID(const uint8_t* bytes);
+VESK_API uint32_t GPNV_Set_ActivatedTime(const uint8_t* bytes);
+VESK_API uint32_t GPNV_Set_ManufacturedTime(const uint8_t* bytes);
 
 /* ---- Firmware: Battery Health and Quiet Fan ------------------------------------------------------------ */
 

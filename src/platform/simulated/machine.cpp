@@ -39,7 +39,10 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       registry(store, profile.registry),
       controller(profile.ec),
       driver(profile.driver, profile.processor, controller),
-      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {}
+      acpi(profile.acpi),
+      firmwareStore(store, profile.firmwareVariables),
+      files(storePath, store.IsNew(), profile.files),
+      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {}
 
 Machine& Current() {
     const std::lock_guard lock(MachineMutex());

@@ -1,9 +1,12 @@
 // The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
 #pragma once
 
+#include "platform/simulated/acpi_firmware.h"
 #include "platform/simulated/clock.h"
 #include "platform/simulated/devices.h"
 #include "platform/simulated/embedded_controller.h"
+#include "platform/simulated/file_system.h"
+#include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
 #include "platform/simulated/profile.h"
@@ -41,6 +44,9 @@ public:
     RegistryHive registry;
     EmbeddedController controller;
     IoDriver driver;
+    AcpiFirmware acpi;
+    FirmwareStore firmwareStore;
+    FileSystem files;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;

@@ -156,6 +156,9 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.driver = ReadDriver(reader.Object("driver"));
         profile.processor = ReadProcessor(reader.Object("processor"));
         profile.registry = ReadRegistry(reader.Object("registry"));
+        profile.acpi = ReadAcpi(reader.Object("acpi"));
+        profile.firmwareVariables = ReadFirmwareVariables(reader.Object("firmware_variables"));
+        profile.files = ReadFiles(reader.Object("files"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;

@@ -1,6 +1,10 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
+#include "platform/simulated/acpi_profile.h"
+#include "platform/simulated/files_profile.h"
+#include "platform/simulated/firmware_variables_profile.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -66,6 +70,9 @@ struct Profile {
     DriverProfile driver;
     ProcessorProfile processor;
     RegistryProfile registry;
+    AcpiProfile acpi;
+    FirmwareVariablesProfile firmwareVariables;
+    FilesProfile files;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 
