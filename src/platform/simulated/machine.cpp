@@ -2,6 +2,8 @@
 
 #include "platform/device_io.h"
 #include "platform/simulated/wide_text.h"
+#include "platform/simulated/wmi_objects.h"
+#include "platform/wmi.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -42,7 +44,12 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       acpi(profile.acpi),
       firmwareStore(store, profile.firmwareVariables),
       files(storePath, store.IsNew(), profile.files),
-      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {}
+      wmi(profile.wmi),
+      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {
+    com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
+                      return std::make_shared<WbemLocatorObject>();
+                  }});
+}
 
 Machine& Current() {
     const std::lock_guard lock(MachineMutex());

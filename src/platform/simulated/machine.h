@@ -3,6 +3,7 @@
 
 #include "platform/simulated/acpi_firmware.h"
 #include "platform/simulated/clock.h"
+#include "platform/simulated/com_objects.h"
 #include "platform/simulated/devices.h"
 #include "platform/simulated/embedded_controller.h"
 #include "platform/simulated/file_system.h"
@@ -13,6 +14,7 @@
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
 #include "platform/simulated/trace_sink.h"
+#include "platform/simulated/wmi_repository.h"
 
 #include <functional>
 #include <map>
@@ -47,6 +49,8 @@ public:
     AcpiFirmware acpi;
     FirmwareStore firmwareStore;
     FileSystem files;
+    WmiRepository wmi;
+    ComObjects com;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;

@@ -65,7 +65,19 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     /* COM apartments */                                                                                     \
     X(CoInitializeEx, failures::Refused, 0x80010106)                                                         \
     X(CoUninitialize, failures::Never, 0)                                                                    \
+    X(CoCreateInstance, failures::Refused, 0x80040154)                                                       \
+    X(Release, failures::Never, 0)                                                                           \
     /* WMI */                                                                                                \
+    X(ConnectServer, failures::Refused, 0x80041003)                                                          \
+    X(CoSetProxyBlanket, failures::Refused, 0x80070005)                                                      \
+    X(ExecQuery, failures::Refused, 0x80041003)                                                              \
+    X(Next, failures::Refused | failures::Nothing, 0x80041010)                                               \
+    X(Get, failures::Refused | failures::Nothing, 0x80041002)                                                \
+    X(GetObject, failures::Refused, 0x80041002)                                                              \
+    X(GetMethod, failures::Refused | failures::Nothing, 0x80041002)                                          \
+    X(SpawnInstance, failures::Refused, 0x80041006)                                                          \
+    X(Put, failures::Refused, 0x80041005)                                                                    \
+    X(ExecMethod, failures::Refused | failures::Nothing, 0x80041024)                                         \
     /* system */                                                                                             \
     /* audio endpoints */                                                                                    \
     /* network adapters */                                                                                   \

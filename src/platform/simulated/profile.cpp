@@ -159,6 +159,7 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.acpi = ReadAcpi(reader.Object("acpi"));
         profile.firmwareVariables = ReadFirmwareVariables(reader.Object("firmware_variables"));
         profile.files = ReadFiles(reader.Object("files"));
+        profile.wmi = ReadWmi(reader.Object("wmi"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;

@@ -4,6 +4,7 @@
 #include "platform/simulated/acpi_profile.h"
 #include "platform/simulated/files_profile.h"
 #include "platform/simulated/firmware_variables_profile.h"
+#include "platform/simulated/wmi_profile.h"
 
 #include <cstdint>
 #include <map>
@@ -73,6 +74,7 @@ struct Profile {
     AcpiProfile acpi;
     FirmwareVariablesProfile firmwareVariables;
     FilesProfile files;
+    WmiProfile wmi;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 

@@ -4,6 +4,8 @@
 
 #include <objbase.h>
 
+#include <bit>
+
 namespace platform {
 
 HResult CoInitializeEx(std::uint32_t apartmentKind) {
@@ -12,6 +14,21 @@ HResult CoInitializeEx(std::uint32_t apartmentKind) {
 
 void CoUninitialize() {
     ::CoUninitialize();
+}
+
+HResult CoCreateInstance(const Guid& classId, std::uint32_t classContext, const Guid& interfaceId,
+                         Unknown& made) {
+    void* object = nullptr;
+    const HResult status = ::CoCreateInstance(std::bit_cast<CLSID>(classId), nullptr, classContext,
+                                              std::bit_cast<IID>(interfaceId), &object);
+    if (SUCCEEDED(status)) {
+        made = Unknown{reinterpret_cast<std::uintptr_t>(object)};
+    }
+    return status;
+}
+
+void Release(Unknown held) {
+    reinterpret_cast<IUnknown*>(held)->Release();
 }
 
 } // namespace platform
