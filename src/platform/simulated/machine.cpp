@@ -43,12 +43,14 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       driver(profile.driver, profile.processor, controller),
       acpi(profile.acpi),
       firmwareStore(store, profile.firmwareVariables),
+      firmwareFeatures(profile.firmwareFeatures, firmwareStore),
       files(storePath, store.IsNew(), profile.files),
       wmi(profile.wmi),
       devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {
     com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
                       return std::make_shared<WbemLocatorObject>();
                   }});
+    wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", firmwareFeatures);
 }
 
 Machine& Current() {

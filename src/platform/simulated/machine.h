@@ -7,6 +7,7 @@
 #include "platform/simulated/devices.h"
 #include "platform/simulated/embedded_controller.h"
 #include "platform/simulated/file_system.h"
+#include "platform/simulated/firmware_features.h"
 #include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
@@ -48,6 +49,7 @@ public:
     IoDriver driver;
     AcpiFirmware acpi;
     FirmwareStore firmwareStore;
+    FirmwareFeatures firmwareFeatures;
     FileSystem files;
     WmiRepository wmi;
     ComObjects com;

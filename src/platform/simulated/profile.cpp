@@ -158,6 +158,7 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.registry = ReadRegistry(reader.Object("registry"));
         profile.acpi = ReadAcpi(reader.Object("acpi"));
         profile.firmwareVariables = ReadFirmwareVariables(reader.Object("firmware_variables"));
+        profile.firmwareFeatures = ReadFirmwareFeatures(reader.Object("firmware_features"));
         profile.files = ReadFiles(reader.Object("files"));
         profile.wmi = ReadWmi(reader.Object("wmi"));
         reader.Finish();

@@ -3,6 +3,7 @@
 
 #include "platform/simulated/acpi_profile.h"
 #include "platform/simulated/files_profile.h"
+#include "platform/simulated/firmware_features_profile.h"
 #include "platform/simulated/firmware_variables_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
@@ -73,6 +74,7 @@ struct Profile {
     RegistryProfile registry;
     AcpiProfile acpi;
     FirmwareVariablesProfile firmwareVariables;
+    FirmwareFeaturesProfile firmwareFeatures;
     FilesProfile files;
     WmiProfile wmi;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
