@@ -1,6 +1,8 @@
 #include "platform/simulated/machine.h"
 
+#include "platform/audio.h"
 #include "platform/device_io.h"
+#include "platform/simulated/audio_objects.h"
 #include "platform/simulated/wide_text.h"
 #include "platform/simulated/wmi_objects.h"
 #include "platform/wmi.h"
@@ -51,6 +53,9 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
                       return std::make_shared<WbemLocatorObject>();
                   }});
     wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", firmwareFeatures);
+    com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
+                      return std::make_shared<DeviceEnumeratorObject>();
+                  }});
 }
 
 Machine& Current() {

@@ -161,6 +161,8 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.firmwareFeatures = ReadFirmwareFeatures(reader.Object("firmware_features"));
         profile.files = ReadFiles(reader.Object("files"));
         profile.wmi = ReadWmi(reader.Object("wmi"));
+        profile.system = ReadSystem(reader.Object("system"));
+        profile.audio = ReadAudio(reader.Object("audio"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;

@@ -5,6 +5,7 @@
 #include "platform/simulated/files_profile.h"
 #include "platform/simulated/firmware_features_profile.h"
 #include "platform/simulated/firmware_variables_profile.h"
+#include "platform/simulated/system_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
 #include <cstdint>
@@ -77,6 +78,8 @@ struct Profile {
     FirmwareFeaturesProfile firmwareFeatures;
     FilesProfile files;
     WmiProfile wmi;
+    SystemProfile system;
+    AudioProfile audio;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 
