@@ -267,9 +267,125 @@ VESK_API uint32_t Power_Read_ACDCMode(void);
 
 /* ---- Firmware: event log and sensors ------------------------------------------------------------------- */
 
+/*
+ * The firmware's event store as one JSON text:
+ *
+ *   {"version":"0x12","register_count":"0x02","register":["0x05","0xabc"],"event":["0x5a 0xa5 ..."]}
+ *
+ * Numbers are "0x" and at least two lower-case hexadecimal digits. An event is one record of the firmware's
+ * log, byte by byte; where its kind (byte 7) is 0x20, the bytes from the tenth on are decoded from BCD, up to
+ * the first digit that is none. A record that claims more than the 256 bytes that the firmware gives ends
+ * with the 256th. Register 255 reads as the register count: the firmware knows both by the same number.
+ *
+ * The log is walked by the firmware, which goes on where the call before left it. It is read until it ends or
+ * its next record would bring the characters of all values above 31500; that record is lost to this document.
+ *
+ * out: at most 61 + V + 3 x (registers + events) characters and a terminator, where V, the characters of all
+ *   values, is at most the greater of 31500 and 20 + 10 x registers. With up to 3000 registers that is below
+ *   43,000. There is no limit on registers but what can be asked for: a count above 16,777,216 is shown, and
+ *   its list left as if the count could not be read.
+ * Failure: never as a whole. What cannot be read is an empty text, an unread count gives [""] and an unread
+ * log [].
+ * Session: not needed. Blocks: one opening of the device and one request for each number and each event.
+ */
+VESK_API void GetEEPROM_Data(VeskChar16* out);
+
+/*
+ * The firmware's P-sensor status as {"p_sensor":"0x05"}, in the same number form.
+ * out: at most 25 characters and a terminator.
+ * Failure: {"p_sensor":""}. A reply below four bytes counts as the status 0.
+ * Session: not needed. Blocks: one opening of the device and one request.
+ */
+VESK_API void GetSENSOR_WMI_Data(VeskChar16* out);
+
 /* ---- Firmware: variables ------------------------------------------------------------------------------- */
 
+/*
+ * Three fields of two firmware variables, as raw bytes: exactly as many as named here, with no terminator and
+ * no interpretation. Each call first asks for the privilege SeSystemEnvironmentPrivilege, which the process
+ * has to hold. A setter reads the whole variable, replaces its field and writes the variable back at the size
+ * it was read with; it cannot create one. A variable that is larger than 256 bytes, or that ends before the
+ * field does, fails the read, the latter with ERROR_INVALID_DATA (13). After a failure a getter's bytes are
+ * as they were.
+ * Session: not needed. Blocks: one or two calls of the firmware. Two setters at once may lose one change.
+ */
+
+/* 16 bytes of "CNFG". Failure: the system's error code. */
+VESK_API uint32_t GPNV_Get_RandomUUID(uint8_t* out);
+
+/* 19 bytes of "CNFG". The result is 0 also after a failed read, which only the debug line tells. */
+VESK_API uint32_t GPNV_Get_ActivatedTime(uint8_t* out);
+
+/* 23 bytes of "MFG0". Failure: the system's error code. */
+VESK_API uint32_t GPNV_Get_ManufacturedTime(uint8_t* out);
+
+/* The setters give 0, or the system's error code when the write failed. After a failed read nothing is written
+ * and the result is 0 all the same. */
+VESK_API uint32_t GPNV_Set_RandomUUID(const uint8_t* bytes);
+VESK_API uint32_t GPNV_Set_ActivatedTime(const uint8_t* bytes);
+VESK_API uint32_t GPNV_Set_ManufacturedTime(const uint8_t* bytes);
+
 /* ---- Firmware: Battery Health and Quiet Fan ------------------------------------------------------------ */
+
+/*
+ * Two features of the firmware, switched through its WMI class, and the directory in which their last
+ * settings are remembered.
+ *
+ * initCom: not 0, the call enters the multithreaded apartment for itself and leaves it; 0, the calling thread
+ *   has entered one. Where the thread is in another kind of apartment already, a value other than 0 makes the
+ *   call fail.
+ * Session: not needed. Blocks: as long as WMI takes, for one query and up to three more.
+ */
+
+/* 1 the firmware has Battery Health; 0 it has not, or does not answer. */
+VESK_API int32_t WMICheckBatteryHealthSupport(uint8_t initCom);
+
+/* 0 the firmware has Quiet Fan and it is off; 1 it is on; -1 there is none, or no answer. */
+VESK_API int32_t WMICheckQuietFanSupport(uint8_t initCom);
+
+/*
+ * What was set last, as the settings file in the app path holds it; the firmware is not asked.
+ *
+ * A settings file is read like a formatted number from a text stream: white space is passed over, then comes
+ * one sign and digits up to the first other character. An absent, empty or blank file gives the default, a
+ * file that begins with anything else 0, and a number beyond 32 bits the nearest number that fits.
+ */
+
+/* The number set last. Default: 100. No range is tested. */
+VESK_API int32_t WMIGetBatteryHealth(uint8_t initCom);
+
+/* 1, 2 or 3 as set last. Default, and for every other number: 0. */
+VESK_API int32_t WMIGetQuietFan(uint8_t initCom);
+
+/*
+ * Give a setting to the firmware and remember it. Result: 1 the firmware took it; 0 not, and nothing is
+ * remembered. The result is 1 also where it could not be remembered: with no app path for this user, or no
+ * right to write.
+ *
+ * A settings file is replaced in one step: the number is written to a file beside it (its name with ".new"
+ * behind it), brought to the disk and moved over it. Whenever a crash or a full disk ends this, the file
+ * holds the number before or the new one whole; a file "....new" that is left over is used up by the next
+ * setting. Only where the move is refused, as while another process keeps the file open without sharing its
+ * deletion, or where no file may be made beside it, is the new text written over the old one in place, by one
+ * write: a reader that shares the file then sees one or the other, but a crash at that moment may leave a
+ * part of the new number.
+ */
+
+/* Any number; 0 without asking further where the firmware has no Battery Health. */
+VESK_API int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom);
+
+/* The firmware is told 0 for 0 and 1 for any other value; the value itself is remembered. */
+VESK_API int32_t WMISetQuietFan(uint8_t value, uint8_t initCom);
+
+/*
+ * Sets the app path of the present user: the directory of the settings files, without a trailing backslash.
+ * It is kept in the registry, under HKEY_LOCAL_MACHINE SOFTWARE\Vesk\Vesk Kelvane\VeskTessaly, in a value
+ * named as WMI names the user; where WMI names none, in the key's unnamed value. The path is kept as it is:
+ * it is not tested, and no directory is made. One of more than 255 characters is kept but cannot be read
+ * back.
+ * Result: 1 kept; 0 not. Writing there needs an administrator's rights.
+ */
+VESK_API int32_t WMISetAppPath(const VeskChar16* path, uint8_t initCom);
 
 /* ---- Disks --------------------------------------------------------------------------------------------- */
 

@@ -45,14 +45,19 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       driver(profile.driver, profile.processor, controller),
       batteries(profile.batteries.begin(), profile.batteries.end()),
       processorTimes(profile.systemPower),
+      acpi(profile.acpi),
+      firmwareStore(store, profile.firmwareVariables),
+      firmwareFeatures(profile.firmwareFeatures, firmwareStore),
+      files(storePath, store.IsNew(), profile.files),
       wmi(profile.wmi),
-      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {
+      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {
     for (std::size_t index = 0; index < batteries.size(); ++index) {
         devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
     }
     com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
                       return std::make_shared<WbemLocatorObject>();
                   }});
+    wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", firmwareFeatures);
     com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
                       return std::make_shared<DeviceEnumeratorObject>();
                   }});

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "platform/simulated/battery_device.h"
+#include "platform/simulated/acpi_firmware.h"
 #include "platform/simulated/clock.h"
 #include "platform/simulated/com_objects.h"
 #include "platform/simulated/devices.h"
 #include "platform/simulated/embedded_controller.h"
+#include "platform/simulated/file_system.h"
+#include "platform/simulated/firmware_features.h"
+#include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
 #include "platform/simulated/profile.h"
@@ -48,6 +52,10 @@ public:
     IoDriver driver;
     std::vector<BatteryDevice> batteries;
     ProcessorTimes processorTimes;
+    AcpiFirmware acpi;
+    FirmwareStore firmwareStore;
+    FirmwareFeatures firmwareFeatures;
+    FileSystem files;
     WmiRepository wmi;
     ComObjects com;
 

@@ -55,7 +55,19 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     X(GetSystemTimes, failures::Refused, 5)                                                                  \
     X(GetSystemPowerStatus, failures::Refused, 31)                                                           \
     /* firmware variables */                                                                                 \
+    X(OpenProcessToken, failures::Refused, 5)                                                                \
+    X(LookupPrivilegeValueW, failures::Refused, 1313)                                                        \
+    X(AdjustTokenPrivileges, failures::Refused, 5)                                                           \
+    X(GetFirmwareEnvironmentVariableW, failures::Refused | failures::Short, 1)                               \
+    X(SetFirmwareEnvironmentVariableW, failures::Refused, 1)                                                 \
     /* files */                                                                                              \
+    X(GetFileAttributesW, failures::Refused, 5)                                                              \
+    X(ReadFile, failures::Refused | failures::Short | failures::Nothing, 30)                                 \
+    X(WriteFile, failures::Refused | failures::Short, 112)                                                   \
+    X(SetEndOfFile, failures::Refused, 112)                                                                  \
+    X(FlushFileBuffers, failures::Refused, 29)                                                               \
+    X(MoveFileExW, failures::Refused, 5)                                                                     \
+    X(DeleteFileW, failures::Refused, 5)                                                                     \
     /* COM apartments */                                                                                     \
     X(CoInitializeEx, failures::Refused, 0x80010106)                                                         \
     X(CoUninitialize, failures::Never, 0)                                                                    \

@@ -135,6 +135,10 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.network = ReadNetwork(reader.Object("network"));
         profile.wifi = ReadWifi(reader.Object("wifi"));
         profile.bluetooth = ReadBluetooth(reader.Object("bluetooth"));
+        profile.acpi = ReadAcpi(reader.Object("acpi"));
+        profile.firmwareVariables = ReadFirmwareVariables(reader.Object("firmware_variables"));
+        profile.firmwareFeatures = ReadFirmwareFeatures(reader.Object("firmware_features"));
+        profile.files = ReadFiles(reader.Object("files"));
         profile.wmi = ReadWmi(reader.Object("wmi"));
         profile.system = ReadSystem(reader.Object("system"));
         profile.audio = ReadAudio(reader.Object("audio"));

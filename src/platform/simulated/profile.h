@@ -7,6 +7,10 @@
 #include "platform/simulated/bluetooth_profile.h"
 #include "platform/simulated/network_profile.h"
 #include "platform/simulated/wifi_profile.h"
+#include "platform/simulated/acpi_profile.h"
+#include "platform/simulated/files_profile.h"
+#include "platform/simulated/firmware_features_profile.h"
+#include "platform/simulated/firmware_variables_profile.h"
 #include "platform/simulated/system_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
@@ -65,6 +69,10 @@ struct Profile {
     NetworkProfile network;
     WifiProfile wifi;
     BluetoothProfile bluetooth;
+    AcpiProfile acpi;
+    FirmwareVariablesProfile firmwareVariables;
+    FirmwareFeaturesProfile firmwareFeatures;
+    FilesProfile files;
     WmiProfile wmi;
     SystemProfile system;
     AudioProfile audio;
