@@ -3,6 +3,7 @@
 #include "platform/device_io.h"
 #include "platform/simulated/wide_text.h"
 #include "platform/simulated/wmi_objects.h"
+#include "platform/simulated/xml_documents.h"
 #include "platform/wmi.h"
 
 #include <cstdio>
@@ -42,10 +43,13 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       controller(profile.ec),
       driver(profile.driver, profile.processor, controller),
       wmi(profile.wmi),
+      packages(profile.packages),
+      windows(profile.windows),
       devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {
     com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
                       return std::make_shared<WbemLocatorObject>();
                   }});
+    com.Register(XmlDocumentClass());
 }
 
 Machine& Current() {

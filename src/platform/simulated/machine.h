@@ -7,10 +7,12 @@
 #include "platform/simulated/embedded_controller.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
+#include "platform/simulated/package_store.h"
 #include "platform/simulated/profile.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
 #include "platform/simulated/trace_sink.h"
+#include "platform/simulated/window_stack.h"
 #include "platform/simulated/wmi_repository.h"
 
 #include <functional>
@@ -26,6 +28,7 @@ namespace machine {
 struct OpenKey {
     std::int64_t number;
     std::uint32_t access;
+    RegistryHive::Listing subkeys{};
 };
 
 class Machine {
@@ -45,6 +48,8 @@ public:
     IoDriver driver;
     WmiRepository wmi;
     ComObjects com;
+    PackageStore packages;
+    WindowStack windows;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;
@@ -52,6 +57,8 @@ public:
     std::map<std::uintptr_t, Device*> openDevices;
 
     std::map<std::uintptr_t, OpenKey> openKeys;
+
+    std::map<std::uintptr_t, const ProcessProfile*> openProcesses;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
     std::vector<LoggedEvent> eventLog;

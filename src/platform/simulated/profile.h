@@ -1,6 +1,9 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
+#include "platform/simulated/desktop_profile.h"
+#include "platform/simulated/device_nodes_profile.h"
+#include "platform/simulated/packages_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
 #include <cstdint>
@@ -68,9 +71,16 @@ struct Profile {
     DriverProfile driver;
     ProcessorProfile processor;
     RegistryProfile registry;
+    PackagesProfile packages;
+    std::vector<DeviceNodeProfile> deviceNodes;
+    std::vector<ProcessProfile> processes;
+    std::vector<WindowProfile> windows;
     WmiProfile wmi;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
+
+/// A text as the registry keeps it: UTF-16 with a terminator.
+std::vector<std::byte> TextData(std::u16string text);
 
 /// Reads a profile's text. `source` names it in errors. Throws ProfileError.
 Profile ParseProfile(std::string_view text, const std::string& source);
