@@ -29,7 +29,7 @@ PackageStore::PackageStore(const PackagesProfile& profile) : m_supported(profile
         }
         m_families[Folded(FamilyOf(package.fullName))].push_back(&package);
         m_packages[Folded(package.fullName)] = &package;
-        if (package.manifest) {
+        if (package.manifest && !package.folder.empty()) {
             m_manifests[Folded(package.folder + u"\\AppxManifest.xml")] = &package;
         }
     }
