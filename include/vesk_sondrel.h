@@ -114,7 +114,125 @@ VESK_API uint32_t EC_ReadEcChipName(void);
 
 /* ---- Disks --------------------------------------------------------------------------------------------- */
 
+/*
+ * The temperature of every disk in whole degrees Celsius, decimal, joined by ";": "38;41". It is the first
+ * raw byte of SMART attribute 194, as the storage stack publishes it; a disk with two such attributes adds
+ * two numbers, one without adds none.
+ * `out`: at most 1200 characters with the zero. Ten disks are kept; further ones are dropped. A disk
+ * without a name or without its block of bytes is passed over.
+ * Failure: the empty text at first. What was read stays in the process: after a failure, or while fewer disks
+ * answer than before, the former numbers stay in the list.
+ * `initCom`: see Inventory. Session: not needed. Blocks: one WMI query.
+ */
+VESK_API void WMIGetHDDTemp(VeskChar16* out, uint8_t initCom);
+
 /* ---- Inventory ----------------------------------------------------------------------------------------- */
+
+/*
+ * Each of these asks WMI one question, over a connection of its own; nothing is kept. They block as long as
+ * WMI takes, without a limit. Session: not needed.
+ *
+ * `initCom`  Not 0: the call enters the multithreaded COM apartment and leaves it again. A thread that is
+ *            in a single-threaded apartment already fails with that. 0: the thread has entered an
+ *            apartment, of either kind, and the call leaves it alone.
+ * `out`      Takes the whole text and its zero. A text grows with what the machine has: the values of all
+ *            rows stand in it, in WMI's order, joined by ";". A row without a value gives an empty one.
+ *            4096 characters do for any machine known; WMI itself sets no limit.
+ * Failure    The empty text, and -1 for a number. The cause stands in the debug log, and in the event log but
+ *            for WMIGetExternMonitorNum. A question that finds no row, a class that WMI does not have
+ *            included, is no failure: it gives the empty text too, or -1, and the count 0, but no line in any log.
+ */
+
+/* Text: the fifth OEM string of the firmware, which holds the maker's 90 number. */
+VESK_API void WMIGet90Number(VeskChar16* out, uint8_t initCom);
+
+/* Text: the maker of the base board. */
+VESK_API void WMIGetBiosManufacture(VeskChar16* out, uint8_t initCom);
+
+/* Text: the firmware's release date as year, month, day without separators, "20211231": 8 characters. */
+VESK_API void WMIGetBiosReleaseDate(VeskChar16* out, uint8_t initCom);
+
+/* Text: the firmware's version. */
+VESK_API void WMIGetBiosVersion(VeskChar16* out, uint8_t initCom);
+
+/* Text: the UUID of the machine as the firmware gives it. */
+VESK_API void WMIGetBoardUUID(VeskChar16* out, uint8_t initCom);
+
+/* Text: the name of each processor. */
+VESK_API void WMIGetCPUInfo(VeskChar16* out, uint8_t initCom);
+
+/* Number: the load in per cent, 0 to 100, of the last processor that tells one; -1 when none does. */
+VESK_API int32_t WMIGetCPUUsg(uint8_t initCom);
+
+/* Text: the product family of the machine. */
+VESK_API void WMIGetComputerFamilyName(VeskChar16* out, uint8_t initCom);
+
+/* Number: how many displays are connected that are not built in; -1 at failure. */
+VESK_API int32_t WMIGetExternMonitorNum(uint8_t initCom);
+
+/* Text: the name of each display adapter. */
+VESK_API void WMIGetGPUInfo(VeskChar16* out, uint8_t initCom);
+
+/* Text: the name of each fixed disk. */
+VESK_API void WMIGetHDDCaption(VeskChar16* out, uint8_t initCom);
+
+/*
+ * Text: three values for each physical disk, one disk after another: model, size in bytes, kind (0 unknown, 3
+ * turning, 4 solid state). A kind that is not told is an empty value.
+ */
+VESK_API void WMIGetHDDInfo(VeskChar16* out, uint8_t initCom);
+
+/* Text: the model of each turning disk. */
+VESK_API void WMIGetHDDModel(VeskChar16* out, uint8_t initCom);
+
+/* Text: the size of each fixed disk in bytes. */
+VESK_API void WMIGetHDDSize(VeskChar16* out, uint8_t initCom);
+
+/* Text: the name of each monitor, up to 13 characters. */
+VESK_API void WMIGetLCDModel(VeskChar16* out, uint8_t initCom);
+
+/* Text: the hardware address of each physical network adapter, "02:1A:..." */
+VESK_API void WMIGetMacAddress(VeskChar16* out, uint8_t initCom);
+
+/* Text: the maker of each memory module. */
+VESK_API void WMIGetMemManufacture(VeskChar16* out, uint8_t initCom);
+
+/* Text: the part number of each memory module. */
+VESK_API void WMIGetMemModel(VeskChar16* out, uint8_t initCom);
+
+/* Text: the capacity of each memory module in bytes. */
+VESK_API void WMIGetMemSize(VeskChar16* out, uint8_t initCom);
+
+/* Text: the product name of the base board. */
+VESK_API void WMIGetModelName(VeskChar16* out, uint8_t initCom);
+
+/* Number: the brightness in per cent of the last display that tells one; -1 when none does. */
+VESK_API int32_t WMIGetMonitorBrightness(uint8_t initCom);
+
+/* Text: the country code of the operating system, a telephone prefix: "49". */
+VESK_API void WMIGetOSCountryCode(VeskChar16* out, uint8_t initCom);
+
+/*
+ * Text: caption, processor width and version of the operating system: "Windows 10 Pro 64-bit 10.0.19041". Two
+ * queries, one after the other. When both fail or give nothing the text is empty: a bare version would say
+ * nothing. When one fails its place stays empty, its blank stands.
+ */
+VESK_API void WMIGetOSInfo(VeskChar16* out, uint8_t initCom);
+
+/* Text: the product name of the machine. */
+VESK_API void WMIGetProductName(VeskChar16* out, uint8_t initCom);
+
+/* Text: the serial number of the machine. */
+VESK_API void WMIGetSN(VeskChar16* out, uint8_t initCom);
+
+/* Text: the model of each solid state disk. */
+VESK_API void WMIGetSSDModel(VeskChar16* out, uint8_t initCom);
+
+/* Text: "Desktop", "Notebook", "All in One" or "unknown", which is also what a failure gives. */
+VESK_API void WMIGetSystemChassisTypes(VeskChar16* out, uint8_t initCom);
+
+/* `value` + 1, in 32 bits: 4294967295 gives 0. Asks nothing of anybody. */
+VESK_API uint32_t wmiadd(uint32_t value);
 
 /* ---- Network adapters ---------------------------------------------------------------------------------- */
 
@@ -123,6 +241,35 @@ VESK_API uint32_t EC_ReadEcChipName(void);
 /* ---- Bluetooth ----------------------------------------------------------------------------------------- */
 
 /* ---- System -------------------------------------------------------------------------------------------- */
+
+/*
+ * 1 when the system runs in S mode, else 0. Failure: 0; the debug log tells which.
+ * Session: not needed. Blocks: loading a system library.
+ */
+VESK_API int32_t System_Check_S_Mode(void);
+
+/*
+ * The user's country as two letters and a zero, "DE". A nation that has no such code gives what the system
+ * has for it, no more than 10 characters.
+ * Failure: the empty text, also when the user has set no nation. Session: not needed.
+ */
+VESK_API void System_GetCountryCode_ISO2(VeskChar16* out);
+
+/*
+ * The local date and time as narrow text, "2024-05-17 10:30:00": always 20 bytes, the zero included.
+ * Failure: 20 zero bytes. Session: not needed.
+ */
+VESK_API void System_Read_LocalTime(char* out);
+
+/*
+ * The master volume of the default sound device in per cent, 0 to 100, cut to a whole number, muted or not.
+ * Failure: -1, also without a sound device.
+ * `initCom` not 0: the call enters the single-threaded COM apartment and leaves it again. On a thread that
+ * is in the multithreaded one already pass 0: the entry would fail there without a word, and the call would
+ * leave the caller's apartment.
+ * Session: not needed. Blocks: as long as the audio service takes.
+ */
+VESK_API int32_t System_Read_VolumeLevel(uint8_t initCom);
 
 /*
  * The tablet mode byte of the EC, 0 to 255. Its meaning is the firmware's.
@@ -227,6 +374,30 @@ VESK_API void GetUWPVersion(VeskChar16* out);
  * Failure: `[]`. Session: not needed. Blocks: one second for each window listed whose process can be opened.
  */
 VESK_API void AppList_OpenWindows(VeskChar16* out);
+
+/*
+ * The five busiest and the ten largest processes, as JSON text:
+ * [{"process_name":"browser#2","cpu_usage":"4.3", "mem_usage":"212744"}], without blanks. A name is that of
+ * the performance counter's instance; nothing in it is escaped. cpu_usage is a tenth of the counter's per
+ * cent, which counts all processors together, with one digit behind the point. mem_usage is the working set
+ * in kilobytes, 2097151 for every process of 2 GiB or more. The list ends before the first process that has
+ * none of what it is ordered by; the order of equals is open.
+ * `out`: 40 characters and the length of the name for each process do, 4096 for the whole.
+ * Failure: the empty text, which is not "[]": that says that no process weighs anything.
+ * Both enter the multithreaded COM apartment for themselves and fail in a single-threaded one. Session: not
+ * needed.
+ * Blocks: one WMI query.
+ */
+VESK_API void AppList_CpuUsage(VeskChar16* out);
+VESK_API void AppList_MemUsage(VeskChar16* out);
+
+/*
+ * Brightness and volume in per cent, as JSON text: {"brightness":"70","volume":"35"}, at most 64
+ * characters. The volume is "0" while muted. A value that cannot be read is the empty text; the document
+ * stands all the same. Enters the multithreaded COM apartment for itself, twice. Session: not needed.
+ * Blocks: one WMI query, then as long as the audio service takes.
+ */
+VESK_API void AppList_HardwareConfig(VeskChar16* out);
 
 #ifdef __cplusplus
 } /* extern "C" */

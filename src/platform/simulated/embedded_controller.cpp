@@ -20,7 +20,7 @@ constexpr std::uint32_t StatusBadData = 0x82;
 
 } // namespace
 
-EmbeddedController::EmbeddedController(const EcProfile& profile) : m_profile(profile) {}
+EmbeddedController::EmbeddedController(EcProfile profile) : m_profile(std::move(profile)) {}
 
 std::uint32_t EmbeddedController::FaultOf(std::uint8_t command) {
     const std::uint32_t use = ++m_uses[command];

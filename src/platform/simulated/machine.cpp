@@ -1,6 +1,8 @@
 #include "platform/simulated/machine.h"
 
+#include "platform/audio.h"
 #include "platform/device_io.h"
+#include "platform/simulated/audio_objects.h"
 #include "platform/simulated/wide_text.h"
 #include "platform/simulated/wmi_objects.h"
 #include "platform/simulated/xml_documents.h"
@@ -50,6 +52,9 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
                       return std::make_shared<WbemLocatorObject>();
                   }});
     com.Register(XmlDocumentClass());
+    com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
+                      return std::make_shared<DeviceEnumeratorObject>();
+                  }});
 }
 
 Machine& Current() {

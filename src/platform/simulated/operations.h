@@ -70,7 +70,19 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     X(Put, failures::Refused, 0x80041005)                                                                    \
     X(ExecMethod, failures::Refused | failures::Nothing, 0x80041024)                                         \
     /* system */                                                                                             \
+    X(RtlGetVersion, failures::Refused, 127)                                                                 \
+    X(LoadLibraryW, failures::Refused, 126)                                                                  \
+    X(FreeLibrary, failures::Never, 0)                                                                       \
+    X(WldpQueryWindowsLockdownMode, failures::Refused, 0x80070005)                                           \
+    X(GetUserGeoID, failures::Refused, 87)                                                                   \
+    X(GetGeoInfoW, failures::Refused, 87)                                                                    \
+    X(Time64, failures::Never, 0)                                                                            \
+    X(LocalTime64, failures::Refused, 22)                                                                    \
     /* audio endpoints */                                                                                    \
+    X(GetDefaultAudioEndpoint, failures::Refused, 0x80070490)                                                \
+    X(Activate, failures::Refused, 0x88890004)                                                               \
+    X(GetMasterVolumeLevelScalar, failures::Refused, 0x88890004)                                             \
+    X(GetMute, failures::Refused, 0x88890004)                                                                \
     /* network adapters */                                                                                   \
     /* WLAN */                                                                                               \
     /* Bluetooth */                                                                                          \

@@ -159,6 +159,8 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.deviceNodes = ReadDeviceNodes(reader.Objects("pnp_devices"), profile.registry);
         profile.processes = ReadProcesses(reader.Objects("processes"));
         profile.windows = ReadWindows(reader.Objects("windows"));
+        profile.system = ReadSystem(reader.Object("system"));
+        profile.audio = ReadAudio(reader.Object("audio"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;

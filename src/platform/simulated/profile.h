@@ -4,6 +4,7 @@
 #include "platform/simulated/desktop_profile.h"
 #include "platform/simulated/device_nodes_profile.h"
 #include "platform/simulated/packages_profile.h"
+#include "platform/simulated/system_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
 #include <cstdint>
@@ -76,6 +77,8 @@ struct Profile {
     std::vector<ProcessProfile> processes;
     std::vector<WindowProfile> windows;
     WmiProfile wmi;
+    SystemProfile system;
+    AudioProfile audio;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 
