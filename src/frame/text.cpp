@@ -201,7 +201,7 @@ std::int32_t WideToInt32(std::u16string_view text) {
     if (place != text.end() && (*place == u'-' || *place == u'+')) {
         ++place;
     }
-    constexpr std::int64_t Limit = std::int64_t{std::numeric_limits<std::int32_t>::max()};
+    constexpr std::int64_t Limit = std::numeric_limits<std::int32_t>::max();
     std::int64_t magnitude = 0;
     for (; place != text.end() && *place >= u'0' && *place <= u'9'; ++place) {
         magnitude = std::min(magnitude * 10 + (*place - u'0'), Limit + 1);

@@ -17,7 +17,11 @@ constexpr std::uint8_t RegisterChipName = 0x12; // and the three behind it
 
 } // namespace
 
+<<<<<<< HEAD
 EmbeddedController::EmbeddedController(const EcProfile& profile) : m_profile(profile), m_firmware(profile) {}
+=======
+EmbeddedController::EmbeddedController(EcProfile profile) : m_profile(std::move(profile)) {}
+>>>>>>> stand
 
 const EcFault* EmbeddedController::FaultOf(std::uint8_t command) {
     const std::uint32_t use = ++m_uses[command];

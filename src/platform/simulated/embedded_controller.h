@@ -12,7 +12,7 @@ namespace machine {
 
 class EmbeddedController {
 public:
-    explicit EmbeddedController(const EcProfile& profile);
+    explicit EmbeddedController(EcProfile profile);
 
     /// Carries out one command. A command that this firmware does not have is answered with a status.
     EcAnswer CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);

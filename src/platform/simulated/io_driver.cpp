@@ -56,9 +56,8 @@ CpuIdLeaf VendorLeaf(const std::string& vendor) {
 
 } // namespace
 
-IoDriver::IoDriver(const DriverProfile& driver, const ProcessorProfile& processor,
-                   EmbeddedController& controller)
-    : m_driver(driver), m_processor(processor), m_controller(controller) {
+IoDriver::IoDriver(const DriverProfile& driver, ProcessorProfile processor, EmbeddedController& controller)
+    : m_driver(driver), m_processor(std::move(processor)), m_controller(controller) {
     m_processor.leaves.try_emplace(0, VendorLeaf(m_processor.vendor));
 }
 

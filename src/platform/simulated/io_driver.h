@@ -9,7 +9,7 @@ namespace machine {
 
 class IoDriver final : public Device {
 public:
-    IoDriver(const DriverProfile& driver, const ProcessorProfile& processor, EmbeddedController& controller);
+    IoDriver(const DriverProfile& driver, ProcessorProfile processor, EmbeddedController& controller);
 
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
     void Close() override;

@@ -66,7 +66,7 @@ std::string ProfileReader::Text(std::string_view name) {
 }
 
 std::string ProfileReader::Text(std::string_view name, std::string_view fallback) {
-    return Has(name) ? Text(name) : std::string(fallback);
+    return Find(name) != nullptr ? Text(name) : std::string(fallback);
 }
 
 std::string ProfileReader::FixedText(std::string_view name, std::size_t length) {
@@ -88,7 +88,7 @@ std::uint64_t ProfileReader::Number(std::string_view name, std::uint64_t low, st
 
 std::uint64_t ProfileReader::Number(std::string_view name, std::uint64_t low, std::uint64_t high,
                                     std::uint64_t fallback) {
-    return Has(name) ? Number(name, low, high) : fallback;
+    return Find(name) != nullptr ? Number(name, low, high) : fallback;
 }
 
 double ProfileReader::Real(std::string_view name, double low, double high, double fallback) {

@@ -112,7 +112,7 @@ std::u16string RegistryHive::PathOf(std::int64_t key) {
             break;
         }
         key = m_describe.Number(0);
-        path = path.empty() ? m_describe.Text(1) : m_describe.Text(1) + u'\\' + path;
+        path.insert(0, path.empty() ? m_describe.Text(1) : m_describe.Text(1) + u'\\');
         m_describe.Reset();
     }
     return path;

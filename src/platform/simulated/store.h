@@ -53,7 +53,7 @@ public:
     /// ":memory:" keeps nothing.
     explicit Store(const std::string& path);
 
-    Statement Prepare(std::string_view sql) const { return {m_database.get(), sql}; }
+    [[nodiscard]] Statement Prepare(std::string_view sql) const { return {m_database.get(), sql}; }
 
     void Execute(const char* sql) const;
 

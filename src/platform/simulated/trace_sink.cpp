@@ -118,7 +118,6 @@ std::vector<TraceEvent> TraceSink::Take() {
 namespace platform {
 
 using machine::Call;
-using machine::Current;
 using machine::Operation;
 
 SystemError EventRegister(const Guid& provider, TraceEnableCallback callback, void* context,

@@ -29,6 +29,9 @@ public:
     void Write(std::uint64_t registration, const platform::EventDescriptor& descriptor,
                const std::array<platform::EventData, 3>& data);
 
+    /// Forgets every provider, as the end of its process does.
+    void Forget() { m_registrations.clear(); }
+
     /// A consumer enables every provider at a level; 0 asks for every level.
     void Attach(std::uint8_t level);
     void Detach();

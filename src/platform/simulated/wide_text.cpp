@@ -14,7 +14,7 @@ namespace {
 template <class To, class From>
 std::basic_string<To> Convert(const char* to, const char* from, std::basic_string_view<From> text,
                               To replacement) {
-    const iconv_t converter = iconv_open(to, from);
+    iconv_t converter = iconv_open(to, from);
     if (converter == reinterpret_cast<iconv_t>(-1)) {
         throw std::runtime_error("the C library cannot convert between UTF-8 and UTF-16");
     }

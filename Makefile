@@ -1,0 +1,63 @@
+# The jobs of this project. Each installs what it needs first (scripts/bootstrap.sh) and builds through the CMake
+# presets into build/<preset>/.
+
+MACHINE ?= default
+ARGS ?=
+
+.PHONY: help run run-windows test test-native test-asan test-windows bench format lint clean bootstrap
+
+help:
+	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
+	@echo "make run-windows   the same report by the real DLL under Wine"
+	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
+	@echo "make bench         benchmarks"
+	@echo "make format        format every source"
+	@echo "make lint          check format and run the static checks"
+	@echo "make bootstrap     install everything that any of these needs"
+	@echo "make clean         remove build/"
+
+bootstrap:
+	@scripts/bootstrap.sh native windows lint
+
+run:
+	@scripts/bootstrap.sh native
+	@scripts/build.sh native
+	@build/native/bin/sondrel --machine "$(MACHINE)" $(ARGS) report
+
+run-windows:
+	@scripts/bootstrap.sh windows
+	@scripts/build.sh windows
+	@tests/windows/run_report.sh build/windows $(ARGS)
+
+test: test-native test-asan test-windows
+
+test-native:
+	@scripts/bootstrap.sh native
+	@scripts/build.sh native
+	@ctest --preset native
+
+test-asan:
+	@scripts/bootstrap.sh native
+	@scripts/build.sh asan
+	@ctest --preset asan
+
+test-windows:
+	@scripts/bootstrap.sh windows
+	@scripts/build.sh windows
+	@tests/windows/run_under_wine.sh build/windows ctest --preset windows
+
+bench:
+	@scripts/bootstrap.sh native
+	@scripts/build.sh native
+	@build/native/bin/sondrel_bench $(ARGS)
+
+format:
+	@scripts/bootstrap.sh lint
+	@scripts/sources.sh | xargs clang-format -i
+
+lint:
+	@scripts/bootstrap.sh native lint
+	@scripts/lint.sh
+
+clean:
+	rm -rf build

@@ -1,0 +1,65 @@
+#!/bin/sh
+# Installs the Debian packages that a job needs and this machine lacks.
+#
+#   scripts/bootstrap.sh native|windows|lint...
+#
+# As root through apt-get; otherwise with sudo where that works without a question; otherwise it prints the line
+# to type and stops with status 1. With nothing missing it does nothing and prints nothing.
+set -eu
+
+packages_of() {
+    case $1 in
+    native)
+        echo "g++ make cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev" \
+            "libgtest-dev libgmock-dev libbenchmark-dev"
+        ;;
+    windows)
+        echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
+            "g++-mingw-w64-x86-64-posix googletest wine wine64"
+        ;;
+    lint)
+        echo "clang clang-format clang-tidy cppcheck shellcheck"
+        ;;
+    *)
+        echo "bootstrap: unknown job '$1'; expected native, windows or lint" >&2
+        exit 2
+        ;;
+    esac
+}
+
+is_installed() {
+    status=$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null || true)
+    [ "$status" = installed ]
+}
+
+missing=
+for job in "$@"; do
+    for package in $(packages_of "$job"); do
+        case " $missing " in *" $package "*) continue ;; esac
+        is_installed "$package" || missing="$missing $package"
+    done
+done
+[ -n "$missing" ] || exit 0
+
+command -v apt-get >/dev/null || {
+    echo "bootstrap: no apt-get here; what is needed, by Debian's names:$missing" >&2
+    exit 1
+}
+
+as_root=
+if [ "$(id -u)" -ne 0 ]; then
+    if command -v sudo >/dev/null && sudo -n true 2>/dev/null; then
+        as_root="sudo -n"
+    else
+        echo "bootstrap: packages are missing; install them with" >&2
+        echo "  sudo apt-get install --no-install-recommends$missing" >&2
+        exit 1
+    fi
+fi
+
+echo "bootstrap: installing$missing"
+# shellcheck disable=SC2086 # word splitting is meant in both
+{
+    $as_root apt-get update -qq
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+}

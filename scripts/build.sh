@@ -1,0 +1,26 @@
+#!/bin/sh
+# Configures and builds one preset. Quiet while all goes well; everything is shown when it does not.
+set -eu
+
+preset=$1
+log=build/$preset.log
+mkdir -p build
+
+say_if_terminal() {
+    if [ -t 1 ]; then
+        echo "$1"
+    fi
+}
+
+quietly() {
+    "$@" >>"$log" 2>&1 || {
+        status=$?
+        cat "$log" >&2
+        exit "$status"
+    }
+}
+
+: >"$log"
+say_if_terminal "building $preset ..."
+quietly cmake --preset "$preset"
+quietly cmake --build --preset "$preset"

@@ -1,0 +1,80 @@
+/*
+ * What the parts of the stand-in driver share.
+ *
+ * The driver is written for Wine, which hands requests to a driver one after the other: there is no lock.
+ */
+#ifndef STAND_IN_DRIVER_H
+#define STAND_IN_DRIVER_H
+
+#include <ddk/wdm.h>
+
+#include "stand_in_protocol.h"
+
+/* One of the driver's devices. */
+typedef struct Device {
+    WCHAR name[STAND_IN_NAME_ROOM];
+    uint32_t state;
+    uint32_t openings;
+    BOOLEAN retired; /* without a name by now; deleted when nobody has it open any more */
+} Device;
+
+/* A control request in the driver's own terms. */
+typedef struct Request {
+    PIRP packet;
+    Device* device;
+    uint32_t code;
+    uint8_t* buffer; /* holds the input and takes the output */
+    uint32_t inputSize;
+    uint32_t outputRoom;
+} Request;
+
+typedef struct Answer {
+    NTSTATUS status;
+    uint32_t returned; /* bytes of output */
+} Answer;
+
+BOOLEAN SameName(const WCHAR* left, const WCHAR* right);
+
+static inline uint32_t Smaller(uint32_t left, uint32_t right) {
+    return left < right ? left : right;
+}
+
+/* ---- stand_in_driver.c --------------------------------------------------------------------------------- */
+
+Request RequestOf(PIRP packet);
+
+/* Writes a request to the log, while its buffer still holds the input. */
+void LogRequest(const Request* request, NTSTATUS status);
+
+NTSTATUS Complete(PIRP packet, Answer answer);
+
+/* ---- stand_in_rules.c: answers that were given beforehand ---------------------------------------------- */
+
+NTSTATUS AddRule(const StandInRule* what);
+
+/* Forgets the rules of one device, or all where there is no name. */
+void ClearRules(const WCHAR* device);
+
+/* The newest rule that matches, or null. */
+const StandInRule* FindRule(const Request* request);
+
+/* Logs the request and does what the rule says; the rule may be gone afterwards. */
+Answer ApplyRule(const StandInRule* rule, const Request* request);
+
+/* ---- stand_in_served.c: answers that the owner gives while the request waits ---------------------------- */
+
+NTSTATUS StartServing(void);
+BOOLEAN IsServing(void);
+
+/* Keeps a request until the owner replies to it. */
+NTSTATUS AwaitReply(const Request* request);
+
+/* The oldest request that waits and was not taken yet. */
+Answer TakeWaiting(StandInWaiting* waiting, uint32_t room);
+
+NTSTATUS Reply(const StandInReply* reply, uint32_t size);
+
+/* Ends all requests that wait. */
+void StopServing(void);
+
+#endif /* STAND_IN_DRIVER_H */

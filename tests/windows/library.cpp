@@ -1,0 +1,38 @@
+#include "library.h"
+
+#include <stdexcept>
+
+namespace test {
+
+std::wstring ProgramDirectory() {
+    std::wstring path(MAX_PATH, L'\0');
+    DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    while (length == path.size()) {
+        path.resize(path.size() * 2);
+        length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    }
+    path.resize(length);
+    return path.substr(0, path.find_last_of(L'\\') + 1);
+}
+
+Library::Library() : m_module(::LoadLibraryW((ProgramDirectory() + L"VeskSondrel64.dll").c_str())) {
+    if (m_module == nullptr) {
+        throw std::runtime_error("VeskSondrel64.dll does not load: error " +
+                                 std::to_string(::GetLastError()));
+    }
+}
+
+Library::~Library() {
+    ::FreeLibrary(m_module);
+}
+
+void* Library::Address(const char* name) const {
+    // By way of void*, since no cast between function types tells the compiler that this is meant.
+    void* const address = reinterpret_cast<void*>(::GetProcAddress(m_module, name));
+    if (address == nullptr) {
+        throw std::runtime_error(std::string("VeskSondrel64.dll does not export ") + name);
+    }
+    return address;
+}
+
+} // namespace test

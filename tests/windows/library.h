@@ -1,0 +1,44 @@
+// VeskSondrel64.dll as a host has it: loaded at run time, its exports found by their names.
+#pragma once
+
+#include "vesk_sondrel.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace test {
+
+/// The test program's own directory, with a trailing backslash: everything that is built lies there.
+std::wstring ProgramDirectory();
+
+/// The DLL, loaded afresh: every process-wide variable of it has its value at load.
+///
+///     test::Library library;
+///     EXPECT_EQ(VESK_CALL(library, InitializeSondrel)(), 1);
+class Library {
+public:
+    /// Throws std::runtime_error when the DLL does not load.
+    Library();
+    ~Library();
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+
+    [[nodiscard]] HMODULE Module() const { return m_module; }
+
+    /// The export of that name, typed as the header declares it. Throws std::runtime_error when there is none.
+    template <class Function>
+    [[nodiscard]] Function* Export(const char* name) const {
+        return reinterpret_cast<Function*>(Address(name));
+    }
+
+private:
+    void* Address(const char* name) const;
+
+    HMODULE m_module;
+};
+
+} // namespace test
+
+/// An export by its name, of the type that include/vesk_sondrel.h gives it.
+#define VESK_CALL(library, name) ((library).Export<decltype(::name)>(#name))

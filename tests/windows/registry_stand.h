@@ -1,0 +1,52 @@
+// A registry key at a test's disposal.
+#pragma once
+
+#include "driver_stand.h"
+
+#include <windows.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace test {
+
+/// Where the library keeps the EC identity and the app paths, below HKEY_LOCAL_MACHINE.
+inline constexpr const wchar_t* ProductKey = L"SOFTWARE\\Vesk\\Vesk Kelvane\\VeskTessaly";
+
+struct RegistryValue {
+    DWORD type = REG_NONE;
+    Bytes data;
+
+    friend bool operator==(const RegistryValue&, const RegistryValue&) = default;
+};
+
+RegistryValue DwordValue(std::uint32_t number);
+RegistryValue TextValue(const std::wstring& text, DWORD type = REG_SZ);
+
+/// Takes one key away, with all that stands below it, and gives it back as it was when destroyed. In between it
+/// belongs to the test, which finds it missing at first. What fails throws std::runtime_error.
+class RegistryStand {
+public:
+    explicit RegistryStand(std::wstring key = ProductKey, HKEY root = HKEY_LOCAL_MACHINE);
+    ~RegistryStand();
+    RegistryStand(const RegistryStand&) = delete;
+    RegistryStand& operator=(const RegistryStand&) = delete;
+
+    /// Sets a value of the key, or of a subkey of it; the key is made where it is missing.
+    void Set(const std::wstring& name, const RegistryValue& value, const std::wstring& subKey = {});
+    [[nodiscard]] std::optional<RegistryValue> Get(const std::wstring& name,
+                                                   const std::wstring& subKey = {}) const;
+    void Delete(const std::wstring& name);
+    void DeleteKey();
+    [[nodiscard]] bool KeyExists() const;
+
+private:
+    [[nodiscard]] std::wstring PathOf(const std::wstring& subKey) const;
+
+    HKEY m_root;
+    std::wstring m_key;
+    std::wstring m_savedKey; // empty: there was no key
+};
+
+} // namespace test
