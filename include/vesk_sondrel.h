@@ -102,9 +102,155 @@ VESK_API uint32_t EC_ReadEcChipName(void);
 
 /* ---- Battery ------------------------------------------------------------------------------------------- */
 
+/*
+ * From the operating system's battery device. Each call asks the first battery device, in the device's own
+ * units; further batteries are not looked at.
+ * Not there: a value that the device does not give is 0: no battery, a device that refuses, and for the
+ * present capacity and voltage a device that is no battery of the system itself.
+ * Session: not needed. Blocks: opening the device and up to three requests.
+ */
+
+/* The capacity that the battery was designed for. */
+VESK_API uint32_t Battery_Read_DesignedCapacity(void);
+
+/* The capacity that the battery holds when it is full. */
+VESK_API uint32_t Battery_Read_FullChargedCapcity(void);
+
+/* The present capacity. */
+VESK_API uint32_t Battery_Read_Capacity(void);
+
+/* The present voltage, whatever the name says. */
+VESK_API uint32_t Battery_Read_DesignVoltage(void);
+
+/* Full-charged by designed capacity: a fraction, no percentage. 0 where the designed capacity is 0. */
+VESK_API float Battery_Read_ASOC(void);
+
+/*
+ * The present by the full-charged capacity in percent, rounded to a multiple of ten: 84 gives 80, 85 gives 90.
+ * 0 where the full-charged capacity is 0. Nothing holds it at 100: a device that tells nonsense gives nonsense,
+ * up to 4294967290, the largest multiple of ten in 32 bits, where the quotient is beyond them.
+ */
+VESK_API uint32_t Battery_Read_CapacityPercentage(void);
+
+/*
+ * Charging cycles. Codes CF, GL, PC and WL read them from the EC: 0x7FFFFFFF when a command fails, and a session
+ * is needed. Codes AB, AR and KL take them from the battery device, as above. Any other machine: 0.
+ */
+VESK_API uint32_t Battery_Read_CycleCount(void);
+
+/*
+ * From the EC, in the EC's own units, chosen by the machine's register map on every call.
+ * Failure: 0x7FFFFFFF when a command fails. Not there: 0, for a machine without a map, which includes one whose
+ * EC cannot be identified. Session: needed. Blocks: the identity, then one or two EC commands.
+ */
+
+/* The lid byte, 0 to 255. Its meaning is the firmware's. */
+VESK_API uint32_t Battery_Get_LidStatus(void);
+
+/* The voltage that the charger is asked for, 0 to 65535. */
+VESK_API uint32_t Battery_Read_ChargingVoltage(void);
+
+/* The voltage of the whole pack, 0 to 65535. */
+VESK_API uint32_t Battery_Read_PackageVoltage(void);
+
+/* The temperature of the pack, 0 to 65535. */
+VESK_API uint32_t Battery_Read_Temperature(void);
+
+/* The current, -32768 to 32767, negative while discharging. Failure: -1, which a current can be too. */
+VESK_API int32_t Battery_Read_Current(void);
+
+/*
+ * The voltages of the four cells as "%u;%u;%u;%u", cell 0 first.
+ * `out`: at most 44 bytes with the terminator; null does nothing.
+ * Failure: 2147483647 in the place of a cell whose command failed. Not there: 0 in each place.
+ * Session: needed. Blocks: up to seven EC commands a cell; on maps whose battery bus tells when it is busy 10 ms
+ * a cell, and 20 ms more while it is.
+ */
+VESK_API void Battery_Read_CellVoltage(char* out);
+
+/*
+ * The date of manufacture as "%4d-%02d-%02d", year first: "2017-10-28". The fields are not tested: month 0 or 15
+ * is written as it is.
+ * `out`: exactly 11 bytes; null does nothing. Failure and not there: "1980-01-01".
+ * Session: needed. Blocks: as one cell above.
+ */
+VESK_API void Battery_Read_ManufactureDate(char* out);
+
+/*
+ * The battery maker's name: ten bytes as the EC gives them and a terminator. A name that ends earlier is
+ * terminated there, and the bytes behind that are the EC's too.
+ * `out`: exactly 11 bytes; null does nothing. Failure and not there, or a name that begins with a zero:
+ * "0x7FFFFFFF".
+ * Session: needed. Blocks: up to ten EC commands.
+ */
+VESK_API void Battery_Read_ManufactureName(char* out);
+
 /* ---- Temperatures and fans ----------------------------------------------------------------------------- */
 
+/*
+ * Degrees Celsius, from the EC, chosen by the machine's register map on every call.
+ * Failure: 0x7FFFFFFF when a command fails. Not there: 0, for a machine without a map, which includes one whose
+ * EC cannot be identified, and for a sensor that is not ready.
+ * Session: needed. Blocks: the identity, then up to four EC commands.
+ */
+
+/* These give the EC's byte, 0 to 255. */
+VESK_API uint32_t Thermal_Read_Cpu_Temperature(void);
+VESK_API uint32_t Thermal_Read_BoardTS0L_Temperature(void);
+VESK_API uint32_t Thermal_Read_BoardTS0R_Temperature(void);
+VESK_API uint32_t Thermal_Read_GpuTS1L_Temperature(void);
+VESK_API uint32_t Thermal_Read_GpuTS1R_Temperature(void);
+
+/*
+ * These come from the sensor block. Codes CF, GL, PC and WL give the EC's byte; codes AB, AR and KL give a
+ * sensor's count, which a thermistor curve turns into degrees: 53 to 110 for the first four, 35 to 100 for the
+ * last two. A temperature beyond its curve comes out as the curve's end.
+ */
+VESK_API uint32_t Thermal_Read_BatteryConnector_Temperature(void);
+VESK_API uint32_t Thermal_Read_ACFET_Temperature(void);
+VESK_API uint32_t Thermal_Read_ChargerChoke_Temperature(void);
+VESK_API uint32_t Thermal_Read_GpuVrm_Temperature(void);
+VESK_API uint32_t Thermal_Read_UpCpu_Temperature(void);
+VESK_API uint32_t Thermal_Read_GpuVram_Temperature(void);
+
+/*
+ * The speeds of fans 0 to 3 in revolutions per minute as "%d;%d;%d;%d", fan 0 first.
+ * `out`: at most 44 bytes with the terminator; null does nothing.
+ * Failure: 2147483647 in the place of a fan whose command failed. Not there: 0, which is also the speed of a fan
+ * that stands still.
+ * Session: needed. Blocks: up to 23 EC commands a fan, and 10 ms for each fan with a tachometer: 20 ms on codes
+ * AB and AR and on KL with chip id 1, 30 ms on KL with chip id 0, none on the others.
+ */
+VESK_API void Thermal_Read_Fan(char* out);
+
 /* ---- Processor and power ------------------------------------------------------------------------------- */
+
+/*
+ * The busy fraction of all processors together over one second, 0.0 to 1.0.
+ * Failure: 0.0 when a sample fails. Counters that stand still give 1.0. Counters that run backwards, which only a
+ * broken system has, can give a number outside the range, but always a finite one.
+ * Session: not needed. Blocks: 1 s, and cannot be cut short.
+ */
+VESK_API double CPU_ReadCPUUsage(void);
+
+/*
+ * The four registers of CPUID for a leaf, as the driver gives them. None of the pointers may be null.
+ * Failure: four zeros when the driver refuses; without a session the four stay unwritten.
+ * Session: needed. Blocks: one driver request.
+ */
+VESK_API void CPU_ReadCpuId(uint32_t leaf, uint32_t* eax, uint32_t* ebx, uint32_t* ecx, uint32_t* edx);
+
+/*
+ * The power the processor package takes, and its two limits, in the driver's own units.
+ * Not there: 0 on processors that are not "GenuineIntel". Failure: 0, also when the driver refuses a limit.
+ * Session: needed. Blocks: two driver requests; the limits also the identity.
+ */
+VESK_API uint32_t Thermal_Read_CpuPackagePower(void);
+VESK_API uint32_t Thermal_Read_CpuDptf_PowerLimit1(void);
+VESK_API uint32_t Thermal_Read_CpuDptf_PowerLimit2(void);
+
+/* What the machine runs on: 0 battery, 1 AC, 255 not known. Session: not needed. */
+VESK_API uint32_t Power_Read_ACDCMode(void);
 
 /* ---- Firmware: event log and sensors ------------------------------------------------------------------- */
 

@@ -4,7 +4,7 @@
 #include "frame/host_buffer.h"
 #include "frame/text.h"
 #include "platform/processes.h"
-#include "platform/system_times.h"
+#include "platform/system_power.h"
 #include "platform/time.h"
 
 #include <optional>
@@ -61,11 +61,9 @@ struct ProcessorTimes {
 
 /// A reading that fails leaves the times as they were, so that they seem not to have moved.
 void ReadTimes(platform::Handle process, ProcessorTimes& times) {
-    std::uint64_t idle = 0;
-    std::uint64_t kernel = 0;
-    std::uint64_t user = 0;
-    if (platform::GetSystemTimes(idle, kernel, user)) {
-        times.system = kernel + user; // the kernel time holds the idle time
+    platform::SystemTimes all;
+    if (platform::GetSystemTimes(all)) {
+        times.system = all.kernel + all.user; // the kernel time holds the idle time
     }
     platform::ProcessTimes own{};
     if (platform::GetProcessTimes(process, own)) {

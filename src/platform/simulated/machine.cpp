@@ -47,6 +47,8 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       wmi(profile.wmi),
       packages(profile.packages),
       windows(profile.windows),
+      batteries(profile.batteries.begin(), profile.batteries.end()),
+      processorTimes(profile.systemPower),
       devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {
     com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
                       return std::make_shared<WbemLocatorObject>();
@@ -55,6 +57,9 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
     com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
                       return std::make_shared<DeviceEnumeratorObject>();
                   }});
+    for (std::size_t index = 0; index < batteries.size(); ++index) {
+        devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
+    }
 }
 
 Machine& Current() {

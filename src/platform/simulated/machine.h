@@ -1,6 +1,7 @@
 // The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
 #pragma once
 
+#include "platform/simulated/battery_device.h"
 #include "platform/simulated/clock.h"
 #include "platform/simulated/com_objects.h"
 #include "platform/simulated/devices.h"
@@ -11,6 +12,7 @@
 #include "platform/simulated/profile.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
+#include "platform/simulated/system_power.h"
 #include "platform/simulated/trace_sink.h"
 #include "platform/simulated/window_stack.h"
 #include "platform/simulated/wmi_repository.h"
@@ -50,6 +52,8 @@ public:
     ComObjects com;
     PackageStore packages;
     WindowStack windows;
+    std::vector<BatteryDevice> batteries;
+    ProcessorTimes processorTimes;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;
@@ -59,6 +63,8 @@ public:
     std::map<std::uintptr_t, OpenKey> openKeys;
 
     std::map<std::uintptr_t, const ProcessProfile*> openProcesses;
+    /// By handle, with the number of interfaces in the set.
+    std::map<std::uintptr_t, std::size_t> deviceInfoSets;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
     std::vector<LoggedEvent> eventLog;

@@ -49,8 +49,13 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     X(ReportEventW, failures::Refused, 5)                                                                    \
     X(DeregisterEventSource, failures::Never, 0)                                                             \
     /* battery device */                                                                                     \
+    X(SetupDiGetClassDevsW, failures::Refused, 8)                                                            \
+    X(SetupDiEnumDeviceInterfaces, failures::Refused, 259)                                                   \
+    X(SetupDiGetDeviceInterfaceDetailW, failures::Refused, 31)                                               \
+    X(SetupDiDestroyDeviceInfoList, failures::Never, 0)                                                      \
     /* processor and power */                                                                                \
-    X(GetSystemTimes, failures::Refused, 31)                                                                 \
+    X(GetSystemTimes, failures::Refused, 5)                                                                  \
+    X(GetSystemPowerStatus, failures::Refused, 31)                                                           \
     /* firmware variables */                                                                                 \
     /* files */                                                                                              \
     /* COM apartments */                                                                                     \

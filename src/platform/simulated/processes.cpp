@@ -2,7 +2,6 @@
 
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
-#include "platform/simulated/system_times.h"
 
 #include <algorithm>
 
@@ -68,11 +67,11 @@ std::uint32_t K32GetModuleFileNameExW(Handle process, char16_t* path, std::uint3
 
 bool GetProcessTimes(Handle process, ProcessTimes& times) {
     return Ask(Operation::GetProcessTimes, process, [&times](const ProcessProfile& found) {
-        // A quarter of what a process takes is the kernel's.
-        const machine::SystemTimes all = machine::SystemTimesNow();
-        const auto own =
-            static_cast<std::uint64_t>(static_cast<double>(all.kernel + all.user) * found.cpuPercent / 100);
-        times = {1, 0, own / 4, own - own / 4};
+        constexpr double UnitsPerMicrosecond = 10;
+        const double all = static_cast<double>(Current().clock.Now().count()) * UnitsPerMicrosecond *
+                           Current().profile.systemPower.processors;
+        const auto own = static_cast<std::uint64_t>(all * found.cpuPercent / 100);
+        times = {1, 0, own / 4, own - own / 4}; // a quarter of it is the kernel's
         return true;
     });
 }

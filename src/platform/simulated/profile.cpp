@@ -12,32 +12,6 @@
 namespace machine {
 namespace {
 
-std::string FixedText(ProfileReader& reader, std::string_view name, std::size_t length) {
-    std::string text = reader.Text(name);
-    if (text.size() != length) {
-        reader.Fail(name, std::to_string(length) + " letters");
-    }
-    return text;
-}
-
-EcProfile ReadEc(ProfileReader reader) {
-    EcProfile ec;
-    ec.revision = FixedText(reader, "revision", 2);
-    ec.chipId = reader.Number<std::uint8_t>("chip_id", 0);
-    ec.chipName = FixedText(reader, "chip_name", 4);
-    ec.tabletMode = reader.Number<std::uint8_t>("tablet_mode", 0);
-    for (auto& fault : reader.Objects("faults")) {
-        EcFault row;
-        row.command = static_cast<std::uint8_t>(fault.Number("command", 0, 0xFF));
-        row.use = fault.Number<std::uint32_t>("use", 0);
-        row.status = static_cast<std::uint32_t>(fault.Number("status", 1, 0xFFFFFFFF));
-        fault.Finish();
-        ec.faults.push_back(row);
-    }
-    reader.Finish();
-    return ec;
-}
-
 DriverProfile ReadDriver(ProfileReader reader) {
     DriverProfile driver;
     driver.present = reader.Flag("present", true);
@@ -50,7 +24,7 @@ DriverProfile ReadDriver(ProfileReader reader) {
 
 ProcessorProfile ReadProcessor(ProfileReader reader) {
     ProcessorProfile processor;
-    processor.vendor = reader.Has("vendor") ? FixedText(reader, "vendor", 12) : std::string(12, '\0');
+    processor.vendor = reader.Has("vendor") ? reader.FixedText("vendor", 12) : std::string(12, '\0');
     for (auto& leaf : reader.Objects("cpuid")) {
         const auto number = static_cast<std::uint32_t>(leaf.Number("leaf", 0, 0xFFFFFFFF));
         processor.leaves[number] = {
@@ -152,6 +126,8 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.ec = ReadEc(reader.Object("ec"));
         profile.driver = ReadDriver(reader.Object("driver"));
         profile.processor = ReadProcessor(reader.Object("processor"));
+        profile.batteries = ReadBatteries(reader);
+        profile.systemPower = ReadSystemPower(reader.Object("system_power"));
         profile.registry = ReadRegistry(reader.Object("registry"));
         profile.wmi = ReadWmi(reader.Object("wmi"));
         ReadApplications(reader.Object("applications"), profile.registry);

@@ -1,9 +1,12 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
+#include "platform/simulated/battery_profile.h"
 #include "platform/simulated/desktop_profile.h"
 #include "platform/simulated/device_nodes_profile.h"
+#include "platform/simulated/ec_profile.h"
 #include "platform/simulated/packages_profile.h"
+#include "platform/simulated/system_power_profile.h"
 #include "platform/simulated/system_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
@@ -14,21 +17,6 @@
 #include <vector>
 
 namespace machine {
-
-/// A command that the EC fails to carry out.
-struct EcFault {
-    std::uint8_t command = 0;
-    std::uint32_t use = 0; // the n-th use of the command, counted from 1; 0: every use
-    std::uint32_t status = 0;
-};
-
-struct EcProfile {
-    std::string revision; // two letters
-    std::uint8_t chipId = 0;
-    std::string chipName; // four letters
-    std::uint8_t tabletMode = 0;
-    std::vector<EcFault> faults;
-};
 
 /// Who else has the I/O driver open, and how.
 enum class DriverHolder : std::uint8_t { Nobody, Sharing, Alone };
@@ -71,6 +59,8 @@ struct Profile {
     EcProfile ec;
     DriverProfile driver;
     ProcessorProfile processor;
+    std::vector<BatteryProfile> batteries;
+    SystemPowerProfile systemPower;
     RegistryProfile registry;
     PackagesProfile packages;
     std::vector<DeviceNodeProfile> deviceNodes;
