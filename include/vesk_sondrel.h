@@ -651,9 +651,101 @@ VESK_API uint32_t System_Read_TabletMode(void);
 
 /* ---- Installed applications ---------------------------------------------------------------------------- */
 
+/*
+ * Classic applications that the uninstall keys know of, in the native and in the 32-bit view:
+ *
+ *   [{"machine":[{"name":"Editor","version":"2.1"},{"name":"Player","version":""}]},{"user":[]}]
+ *
+ * One object per hive, records in the registry's own order, nothing sorted and nothing merged. Left out are
+ * applications without a "DisplayName", with one of 1024 characters or more, and with a "SystemComponent"
+ * that reads as a number other than 0. A "DisplayVersion" that is missing or too long gives the empty
+ * version. Value types are not looked at: the bytes are taken as wide text up to the first zero character, or
+ * up to what came. Double quotes are dropped; nothing else is escaped.
+ * `out`: the whole document and its terminator, in characters: about 33 and the two texts for each
+ * application. There is no upper limit; a megabyte serves every machine of this kind.
+ * Failure: a hive that cannot be read has no records, and a subkey that cannot be opened ends its hive's
+ * list. Session: not needed. Blocks: as long as the registry takes, about five reads per application.
+ */
+VESK_API void GetApplist_x64(VeskChar16* out);
+VESK_API void GetApplist_x86(VeskChar16* out);
+
+/*
+ * Packaged applications of the machine with the names that a user sees:
+ *
+ *   [{"application":"Vendor.App_1.2.3.0_x64__abcdefghijklm","display_name":"Sketch Pad"}]
+ *
+ * One record per entry of the package store, in the registry's own order. The display name is the text of the
+ * first <DisplayName> in the package's manifest, resolved where it refers to the package's resources and as it
+ * stands where that fails. Nothing is cleaned or escaped. Of a family with several packages the first counts.
+ * `out`: the whole document and its terminator; a record takes at most 36 characters, the package's full name
+ * and a display name of 259 characters.
+ * Failure: `[]` when the store cannot be read; an empty display name for a package that is gone, whose
+ * manifest cannot be read or has no display name, and for all packages on a Windows without packages and on a
+ * thread that sits in a multithreaded COM apartment: this export enters a single-threaded one for each package.
+ * Session: not needed. Blocks: one manifest and up to three resource look-ups per package.
+ */
+VESK_API void GetApplist_UWP(VeskChar16* out);
+
+/*
+ * The machine's applications as plain lists, each entry followed by ";", the last one too: "Editor;Player;".
+ * Entries are not cleaned, so that a ";" in a name reads as two entries.
+ *
+ *   App_Get_UWPApp           short names of the package store's entries, one per entry: versions of one package
+ *                            give the same name several times
+ *   App_Get_Win32App         "DisplayName" of the native uninstall keys
+ *   App_Get_Win32WOW6432App  "DisplayName" of the 32-bit uninstall keys
+ *
+ * Other than in the documents above, the current user's hive is not read, a "SystemComponent" of type
+ * REG_DWORD leaves the application out whatever its value, and "DisplayName" has to be a REG_SZ of at most 255
+ * characters. What cannot be read is passed over.
+ * `out`: the whole text and its terminator; an entry takes at most 256 characters.
+ * Failure: the empty text. Session: not needed. Blocks: as long as the registry takes.
+ */
+VESK_API void App_Get_UWPApp(VeskChar16* out);
+VESK_API void App_Get_Win32App(VeskChar16* out);
+VESK_API void App_Get_Win32WOW6432App(VeskChar16* out);
+
 /* ---- Versions of the maker's software ------------------------------------------------------------------ */
 
+/*
+ * The version of the driver package of the device "Vesk Kelvane", such as "1.4.0.7". Among several such devices
+ * the last in the platform's list counts.
+ * `out`: at most 512 characters. Failure: the empty text. Session: not needed. Blocks: one look at each device
+ * that is present.
+ */
+VESK_API void GetInfVersion(VeskChar16* out);
+
+/*
+ * The version of the assistant package, family F3A1C07E.VESKBrisenda_r4wkp8tz2yhnc, such as "2.3.41.0". Among
+ * several the first that the platform names counts.
+ * `out`: at most 128 characters. Failure: `out` is not written at all, so clear it before the call; the same
+ * for a package name that has no version in it. Session: not needed. Blocks: two look-ups.
+ */
+VESK_API void GetUWPVersion(VeskChar16* out);
+
 /* ---- Usage --------------------------------------------------------------------------------------------- */
+
+/*
+ * The uppermost windows of applications, at most five, uppermost first:
+ *
+ *   [{"process_name":"editor.exe","process_title":"","cpu_usage":"0.1","mem_usage":"14020","z_order":"1",
+ *     "is_focused":"1"}]                                                          (without the line break)
+ *
+ * A window counts when it is enabled, visible, titled, no tool window, not owned by another one or behind an
+ * active popup of its own, has a title bar that is not invisible, and its process can be named.
+ *   process_name   base name of the executable; of a packaged application the one behind its frame
+ *   process_title  always empty
+ *   cpu_usage      per cent of all processors over one second, one digit behind the point; -1.0 when the
+ *                  system's times did not move
+ *   mem_usage      working set in kilobytes; wraps to negative numbers from 2 GiB on
+ *   z_order        position among the windows that count, starting at 1 with every call
+ *   is_focused     "1" for the first of them, "0" for the others
+ * A process that cannot be opened shows 0.0 and 0; one that does not tell its memory is left out, with its
+ * position.
+ * `out`: at most 5 records of 135 characters and a process name of at most 259 each.
+ * Failure: `[]`. Session: not needed. Blocks: one second for each window listed whose process can be opened.
+ */
+VESK_API void AppList_OpenWindows(VeskChar16* out);
 
 /*
  * The five busiest and the ten largest processes, as JSON text:

@@ -110,6 +110,7 @@ void CloseHandle(Handle handle) {
     machine::Machine& machine = Current();
     const auto number = static_cast<std::uintptr_t>(handle);
     machine.gate.Closed(number);
+    machine.openProcesses.erase(number);
     if (const auto opened = machine.openDevices.find(number); opened != machine.openDevices.end()) {
         opened->second->Close();
         machine.openDevices.erase(opened);

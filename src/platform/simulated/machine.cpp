@@ -5,6 +5,7 @@
 #include "platform/simulated/audio_objects.h"
 #include "platform/simulated/wide_text.h"
 #include "platform/simulated/wmi_objects.h"
+#include "platform/simulated/xml_documents.h"
 #include "platform/wmi.h"
 
 #include <cstdio>
@@ -50,6 +51,8 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       firmwareFeatures(profile.firmwareFeatures, firmwareStore),
       files(storePath, store.IsNew(), profile.files),
       wmi(profile.wmi),
+      packages(profile.packages),
+      windows(profile.windows),
       devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {
     for (std::size_t index = 0; index < batteries.size(); ++index) {
         devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
@@ -58,6 +61,7 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
                       return std::make_shared<WbemLocatorObject>();
                   }});
     wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", firmwareFeatures);
+    com.Register(XmlDocumentClass());
     com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
                       return std::make_shared<DeviceEnumeratorObject>();
                   }});

@@ -12,12 +12,14 @@
 #include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
+#include "platform/simulated/package_store.h"
 #include "platform/simulated/profile.h"
 #include "platform/simulated/radios.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
 #include "platform/simulated/system_power.h"
 #include "platform/simulated/trace_sink.h"
+#include "platform/simulated/window_stack.h"
 #include "platform/simulated/wmi_repository.h"
 
 #include <functional>
@@ -33,6 +35,7 @@ namespace machine {
 struct OpenKey {
     std::int64_t number;
     std::uint32_t access;
+    RegistryHive::Listing subkeys{};
 };
 
 class Machine {
@@ -58,6 +61,8 @@ public:
     FileSystem files;
     WmiRepository wmi;
     ComObjects com;
+    PackageStore packages;
+    WindowStack windows;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;
@@ -66,6 +71,7 @@ public:
 
     std::map<std::uintptr_t, OpenKey> openKeys;
 
+    std::map<std::uintptr_t, const ProcessProfile*> openProcesses;
     /// By handle, with the number of interfaces in the set.
     std::map<std::uintptr_t, std::size_t> deviceInfoSets;
     Radios radios;

@@ -38,6 +38,8 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     X(RegCreateKeyExW, failures::Refused, 5)                                                                 \
     X(RegQueryValueExW, failures::Refused, 5)                                                                \
     X(RegSetValueExW, failures::Refused, 5)                                                                  \
+    X(RegEnumKeyExW, failures::Refused, 5)                                                                   \
+    X(RegQueryInfoKeyW, failures::Refused, 5)                                                                \
     X(RegCloseKey, failures::Never, 0)                                                                       \
     /* diagnostics */                                                                                        \
     X(EventRegister, failures::Refused, 8)                                                                   \
@@ -116,7 +118,38 @@ inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothi
     X(BluetoothFindNextDevice, failures::Refused, 1167)                                                      \
     X(BluetoothFindDeviceClose, failures::Never, 0)                                                          \
     /* packages */                                                                                           \
-    /* windows and processes */
+    X(GetPackagesByPackageFamily, failures::Refused | failures::Nothing, 31)                                 \
+    X(GetPackagePathByFullName, failures::Refused, 1168)                                                     \
+    X(SHLoadIndirectString, failures::Refused | failures::Nothing, 0x80004005)                               \
+    X(put_async, failures::Refused, 0x80004005)                                                              \
+    X(put_validateOnParse, failures::Refused, 0x80004005)                                                    \
+    X(put_resolveExternals, failures::Refused, 0x80004005)                                                   \
+    X(put_preserveWhiteSpace, failures::Refused, 0x80004005)                                                 \
+    X(load, failures::Refused | failures::Nothing, 0x80004005)                                               \
+    X(get_xml, failures::Refused | failures::Nothing, 0x80004005)                                            \
+    X(CM_Get_Device_ID_List_SizeW, failures::Refused | failures::Nothing, 19)                                \
+    X(CM_Get_Device_ID_ListW, failures::Refused, 19)                                                         \
+    X(CM_Locate_DevNodeW, failures::Refused, 13)                                                             \
+    X(CM_Get_DevNode_Registry_PropertyW, failures::Refused, 37)                                              \
+    /* windows and processes */                                                                              \
+    X(EnumWindows, failures::Refused, 5)                                                                     \
+    X(GetWindowTextLengthW, failures::Refused, 1400)                                                         \
+    X(IsWindowEnabled, failures::Refused, 1400)                                                              \
+    X(IsWindow, failures::Refused, 1400)                                                                     \
+    X(IsWindowVisible, failures::Refused, 1400)                                                              \
+    X(GetAncestor, failures::Refused, 1400)                                                                  \
+    X(GetLastActivePopup, failures::Refused, 1400)                                                           \
+    X(GetTitleBarInfo, failures::Refused, 1400)                                                              \
+    X(GetWindowLongW, failures::Refused, 1400)                                                               \
+    X(IsIconic, failures::Refused, 1400)                                                                     \
+    X(GetClassNameW, failures::Refused, 1400)                                                                \
+    X(FindWindowExW, failures::Refused, 1400)                                                                \
+    X(GetWindowTextW, failures::Refused, 1400)                                                               \
+    X(GetWindowThreadProcessId, failures::Refused, 1400)                                                     \
+    X(OpenProcess, failures::Refused, 5)                                                                     \
+    X(K32GetModuleFileNameExW, failures::Refused, 31)                                                        \
+    X(GetProcessTimes, failures::Refused, 5)                                                                 \
+    X(K32GetProcessMemoryInfo, failures::Refused, 5)
 
 enum class Operation : std::uint16_t {
 #define VESK_MACHINE_ENUMERATOR(name, failures, code) name,

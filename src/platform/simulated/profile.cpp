@@ -1,6 +1,7 @@
 #include "platform/simulated/profile.h"
 
 #include "platform/registry.h"
+#include "platform/simulated/applications_profile.h"
 #include "platform/simulated/built_in_machines.h"
 #include "platform/simulated/profile_reader.h"
 #include "platform/simulated/wide_text.h"
@@ -38,16 +39,6 @@ ProcessorProfile ReadProcessor(ProfileReader reader) {
     return processor;
 }
 
-std::vector<std::byte> WideBytes(const std::u16string& text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
-
-std::vector<std::byte> WideBytesWithTerminator(std::u16string text) {
-    text.push_back(u'\0');
-    return WideBytes(text);
-}
-
 /// A value's data in the form that its type has in a profile: a text, a number, a list of texts or bytes.
 std::vector<std::byte> ReadRegistryData(ProfileReader& reader, std::uint32_t type) {
     if (reader.Raw("data").is_object()) {
@@ -68,12 +59,12 @@ std::vector<std::byte> ReadRegistryData(ProfileReader& reader, std::uint32_t typ
         for (const std::string& text : reader.Texts("data")) {
             all += WideFromUtf8(text) + u'\0';
         }
-        return WideBytesWithTerminator(all);
+        return TextData(all);
     }
     case platform::value_type::Binary:
         return reader.Bytes("data");
     default:
-        return WideBytesWithTerminator(WideFromUtf8(reader.Text("data")));
+        return TextData(WideFromUtf8(reader.Text("data")));
     }
 }
 
@@ -119,6 +110,12 @@ std::uint64_t DigestOf(std::string_view text) {
 
 } // namespace
 
+std::vector<std::byte> TextData(std::u16string text) {
+    text.push_back(u'\0');
+    const auto bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
+}
+
 Profile ParseProfile(std::string_view text, const std::string& source) {
     try {
         const auto document = nlohmann::json::parse(text);
@@ -140,6 +137,11 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.firmwareFeatures = ReadFirmwareFeatures(reader.Object("firmware_features"));
         profile.files = ReadFiles(reader.Object("files"));
         profile.wmi = ReadWmi(reader.Object("wmi"));
+        ReadApplications(reader.Object("applications"), profile.registry);
+        profile.packages = ReadPackages(reader.Object("packages"), profile.registry);
+        profile.deviceNodes = ReadDeviceNodes(reader.Objects("pnp_devices"), profile.registry);
+        profile.processes = ReadProcesses(reader.Objects("processes"));
+        profile.windows = ReadWindows(reader.Objects("windows"));
         profile.system = ReadSystem(reader.Object("system"));
         profile.audio = ReadAudio(reader.Object("audio"));
         reader.Finish();

@@ -11,6 +11,9 @@
 #include "platform/simulated/files_profile.h"
 #include "platform/simulated/firmware_features_profile.h"
 #include "platform/simulated/firmware_variables_profile.h"
+#include "platform/simulated/desktop_profile.h"
+#include "platform/simulated/device_nodes_profile.h"
+#include "platform/simulated/packages_profile.h"
 #include "platform/simulated/system_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
@@ -73,11 +76,18 @@ struct Profile {
     FirmwareVariablesProfile firmwareVariables;
     FirmwareFeaturesProfile firmwareFeatures;
     FilesProfile files;
+    PackagesProfile packages;
+    std::vector<DeviceNodeProfile> deviceNodes;
+    std::vector<ProcessProfile> processes;
+    std::vector<WindowProfile> windows;
     WmiProfile wmi;
     SystemProfile system;
     AudioProfile audio;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
+
+/// A text as the registry keeps it: UTF-16 with a terminator.
+std::vector<std::byte> TextData(std::u16string text);
 
 /// Reads a profile's text. `source` names it in errors. Throws ProfileError.
 Profile ParseProfile(std::string_view text, const std::string& source);

@@ -22,6 +22,9 @@ public:
         text.copy(reinterpret_cast<char16_t*>(m_text), text.size());
     }
 
+    /// Takes over a text that an operation has handed out, or a null one.
+    static Bstr Adopt(BSTR text) { return Bstr(Adopted{text}); }
+
     Bstr(const Bstr&) = delete;
     Bstr& operator=(const Bstr&) = delete;
 
@@ -32,6 +35,12 @@ public:
     BSTR Detach() { return std::exchange(m_text, nullptr); }
 
 private:
+    struct Adopted {
+        BSTR text;
+    };
+
+    explicit Bstr(Adopted adopted) : m_text(adopted.text) {}
+
     BSTR m_text;
 };
 
