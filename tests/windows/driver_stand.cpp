@@ -124,19 +124,30 @@ void PrintTo(const DriverRequest& request, std::ostream* out) {
 }
 
 DriverStand::DriverStand() {
+    constexpr ULONGLONG Patience = 10'000; // milliseconds
     StartDriver();
+    // A closing reaches the driver a moment after CloseHandle, so that the last owner may still be leaving.
+    const ULONGLONG end = ::GetTickCount64() + Patience;
+    while (!OpenControl()) {
+        if (::GetTickCount64() > end) {
+            throw std::runtime_error("stand-in driver: it is in use by another process");
+        }
+        ::Sleep(5);
+    }
+}
+
+bool DriverStand::OpenControl() {
     m_control =
         ::CreateFileW(ControlPath, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     if (m_control == INVALID_HANDLE_VALUE) {
         Fail("CreateFileW");
     }
-    try {
-        ForgetLog();
-    } catch (...) {
-        // Error 32: the driver answers to another process, or to another DriverStand of this one.
-        ::CloseHandle(m_control);
-        throw;
+    DWORD written = 0;
+    if (::DeviceIoControl(m_control, STAND_IN_CLEAR_LOG, nullptr, 0, nullptr, 0, &written, nullptr)) {
+        return true;
     }
+    ::CloseHandle(m_control); // it answers to another owner
+    return false;
 }
 
 DriverStand::~DriverStand() {

@@ -109,6 +109,7 @@ public:
     void Reply(const WaitingRequest& request, std::uint32_t status, const Bytes& output);
 
 private:
+    bool OpenControl();
     Bytes Control(std::uint32_t code, const void* input, std::size_t size, std::size_t room = 0) const;
 
     HANDLE m_control = INVALID_HANDLE_VALUE;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <ranges>
 #include <stdexcept>
 #include <string_view>
 
@@ -89,8 +90,8 @@ HMODULE WINAPI RedirectedLoadLibraryW(const wchar_t* path) {
 ImportPatch::ImportPatch(HMODULE module) : m_module(module) {}
 
 ImportPatch::~ImportPatch() {
-    for (auto slot = m_slots.rbegin(); slot != m_slots.rend(); ++slot) {
-        Write(slot->place, slot->original);
+    for (const Slot& slot : std::views::reverse(m_slots)) {
+        Write(slot.place, slot.original);
     }
     Redirected = {};
 }
