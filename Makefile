@@ -8,7 +8,7 @@ ARGS ?=
 
 help:
 	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
-	@echo "make run-windows   the same report by the real DLL under Wine"
+	@echo "make run-windows   the same report by the real DLL under Wine (MACHINE=...)"
 	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
 	@echo "make bench         benchmarks"
 	@echo "make format        format every source"
@@ -27,7 +27,7 @@ run:
 run-windows:
 	@scripts/bootstrap.sh windows
 	@scripts/build.sh windows
-	@tests/windows/run_report.sh build/windows $(ARGS)
+	@tests/windows/run_report.sh build/windows "$(MACHINE)"
 
 test: test-native test-asan test-windows
 

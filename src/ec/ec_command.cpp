@@ -16,7 +16,12 @@ namespace {
 constexpr std::uint32_t TooMuchDataResult = 0x37;
 
 std::string CommandLine(std::uint8_t command, std::span<const std::uint8_t> data, std::uint8_t readFlag) {
-    std::string line = "[RwEcCmd] cmd: 0x" + HexText(command) + " DataList:";
+    constexpr std::size_t UsualLength = 64; // one allocation for all but the longest
+    std::string line;
+    line.reserve(UsualLength);
+    line += "[RwEcCmd] cmd: 0x";
+    line += HexText(command);
+    line += " DataList:";
     for (const std::uint8_t byte : data) {
         line += " 0x";
         line += HexText(byte);

@@ -4,6 +4,7 @@
 #include "vesk_sondrel.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace sondrel {
@@ -18,6 +19,15 @@ inline void CopyToHost(std::u16string_view text, VeskChar16* out) {
 /// The same for narrow text.
 inline void CopyToHost(std::string_view text, char* out) {
     *std::copy(text.begin(), text.end(), out) = '\0';
+}
+
+/// A host's text up to its terminator; a null pointer counts as the empty text.
+inline std::u16string TextFromHost(const VeskChar16* text) {
+    std::u16string copy;
+    for (; text != nullptr && *text != VeskChar16{}; ++text) {
+        copy.push_back(static_cast<char16_t>(*text));
+    }
+    return copy;
 }
 
 } // namespace sondrel

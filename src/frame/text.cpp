@@ -210,8 +210,13 @@ std::int32_t WideToInt32(std::u16string_view text) {
 }
 
 bool EqualIgnoringCase(std::u16string_view left, std::u16string_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char16_t a, char16_t b) { return LowerAscii(a) == LowerAscii(b); });
+    return std::ranges::equal(left, right, {}, LowerAscii, LowerAscii);
+}
+
+std::size_t FindIgnoringCase(std::u16string_view text, std::u16string_view word) {
+    const auto found = std::ranges::search(text, word, {}, LowerAscii, LowerAscii);
+    return found.empty() && !word.empty() ? std::u16string_view::npos
+                                          : static_cast<std::size_t>(found.begin() - text.begin());
 }
 
 int FormatCounted(char* buffer, std::size_t size, const char* format, ...) {

@@ -40,6 +40,9 @@ std::int32_t WideToInt32(std::u16string_view text);
 /// Equality without regard to the case of the letters A to Z, as _wcsicmp compares in the "C" locale.
 bool EqualIgnoringCase(std::u16string_view left, std::u16string_view right);
 
+/// Where `word` first stands in `text`, compared the same way; npos where it does not.
+std::size_t FindIgnoringCase(std::u16string_view text, std::u16string_view word);
+
 /// Formats like standard snprintf: at most `size` - 1 characters and a terminator. The result is the length
 /// of the whole text, or -1 on an error. `buffer` may be null when `size` is 0.
 int FormatCounted(char* buffer, std::size_t size, const char* format, ...);

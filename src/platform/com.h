@@ -1,7 +1,10 @@
-// COM apartments.
+// COM: apartments, making objects, giving them back.
 #pragma once
 
+#include "platform/owned.h"
 #include "platform/types.h"
+
+#include <span>
 
 namespace platform {
 
@@ -10,14 +13,22 @@ inline constexpr std::uint32_t Multithreaded = 0;  // COINIT_MULTITHREADED
 inline constexpr std::uint32_t SingleThreaded = 2; // COINIT_APARTMENTTHREADED
 } // namespace apartment
 
+namespace class_context {
+inline constexpr std::uint32_t InprocServer = 1; // CLSCTX_INPROC_SERVER
+} // namespace class_context
+
 namespace hresult {
 inline constexpr HResult Ok = 0;
 inline constexpr HResult False = 1; // entered already
 inline constexpr HResult NotImplemented = static_cast<HResult>(0x80004001);
 inline constexpr HResult NoInterface = static_cast<HResult>(0x80004002);
+inline constexpr HResult Pointer = static_cast<HResult>(0x80004003);
 inline constexpr HResult Fail = static_cast<HResult>(0x80004005);
 inline constexpr HResult OutOfMemory = static_cast<HResult>(0x8007000E);
-inline constexpr HResult ChangedMode = static_cast<HResult>(0x80010106); // the thread is in another kind
+inline constexpr HResult InvalidArgument = static_cast<HResult>(0x80070057);
+inline constexpr HResult ClassNotRegistered = static_cast<HResult>(0x80040154);
+inline constexpr HResult NotInitialised = static_cast<HResult>(0x800401F0); // the thread is in no apartment
+inline constexpr HResult ChangedMode = static_cast<HResult>(0x80010106);    // the thread is in another kind
 } // namespace hresult
 
 constexpr bool Failed(HResult status) {
@@ -28,5 +39,44 @@ constexpr bool Failed(HResult status) {
 HResult CoInitializeEx(std::uint32_t apartmentKind);
 
 void CoUninitialize();
+
+/// The identifier as text in braces, 39 characters with its terminator. 0 when the room is not enough.
+int StringFromGUID2(const Guid& guid, std::span<char16_t> text);
+
+/// An apartment that was entered and has to be left.
+enum class Apartment : bool { None, Entered };
+
+inline void LeaveApartment(Apartment) {
+    CoUninitialize();
+}
+
+using OwnedApartment = Owned<Apartment, LeaveApartment, Apartment::None>;
+
+/// An interface pointer. Each family names its own kinds (`WbemLocator`, ...), all of this shape.
+enum class Unknown : std::uintptr_t { None = 0 };
+
+/// CoCreateInstance with no outer object. `made` is written on success only.
+HResult CoCreateInstance(const Guid& classId, std::uint32_t classContext, const Guid& interfaceId,
+                         Unknown& made);
+
+template <class Interface>
+HResult CoCreateInstance(const Guid& classId, std::uint32_t classContext, const Guid& interfaceId,
+                         Interface& made) {
+    Unknown unknown = Unknown::None;
+    const HResult status = CoCreateInstance(classId, classContext, interfaceId, unknown);
+    made = Interface{static_cast<std::uintptr_t>(unknown)};
+    return status;
+}
+
+/// IUnknown::Release.
+void Release(Unknown held);
+
+template <class Interface>
+void ReleaseInterface(Interface held) {
+    Release(Unknown{static_cast<std::uintptr_t>(held)});
+}
+
+template <class Interface>
+using OwnedInterface = Owned<Interface, ReleaseInterface<Interface>, Interface::None>;
 
 } // namespace platform

@@ -38,6 +38,14 @@ SystemError RegQueryValueExW(Key key, const char16_t* name, std::uint32_t& type,
 SystemError RegSetValueExW(Key key, const char16_t* name, std::uint32_t type,
                            std::span<const std::byte> data);
 
+/// RegEnumKeyExW with no class and no time. `length` goes in as the room at `name` in characters, its
+/// terminator counted, and comes back as the name's length without it. A name that does not fit gives
+/// `error::MoreData`, an index behind the last subkey `error::NoMoreItems`.
+SystemError RegEnumKeyExW(Key key, std::uint32_t index, char16_t* name, std::uint32_t& length);
+
+/// RegQueryInfoKeyW, asked for the number of subkeys only. On failure `subKeys` stays as it was.
+SystemError RegQueryInfoKeyW(Key key, std::uint32_t& subKeys);
+
 void RegCloseKey(Key key);
 
 using OwnedKey = Owned<Key, RegCloseKey, Key::None>;

@@ -31,10 +31,28 @@ std::string HexadecimalBytes(std::span<const std::byte> bytes) {
     return text;
 }
 
+Handle OpenFile(const char16_t* path, const machine::FileSystem::Opening& opening) {
+    machine::Machine& machine = Current();
+    int descriptor = -1;
+    SystemError problem = error::GenFailure;
+    try {
+        problem = machine.files.Open(path, opening, descriptor);
+    } catch (const machine::StoreError&) {
+        descriptor = -1;
+    }
+    machine::SetLastError(problem);
+    if (problem != error::Success) {
+        return Handle::Invalid;
+    }
+    const std::uintptr_t number = machine.gate.Opened("file " + machine::Utf8FromWide(path));
+    machine.files.Keep(number, path, opening, descriptor);
+    return Handle{number};
+}
+
 } // namespace
 
-Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t shareMode, std::uint32_t,
-                   std::uint32_t) {
+Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t shareMode,
+                   std::uint32_t creationDisposition, std::uint32_t) {
     Call call(Operation::CreateFileW);
     call.Note([&] {
         return machine::Utf8FromWide(path) + " access " + Hexadecimal(access) + " share " +
@@ -47,6 +65,8 @@ Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t sha
         problem = call.RefusalCode();
     } else if (found != machine.devices.end()) {
         problem = found->second->Open(access, shareMode);
+    } else if (!std::u16string_view(path).starts_with(u"\\\\")) {
+        return call.Answered(OpenFile(path, {access, shareMode, creationDisposition}));
     }
     machine::SetLastError(problem);
     if (problem != error::Success) {
@@ -90,10 +110,13 @@ void CloseHandle(Handle handle) {
     machine::Machine& machine = Current();
     const auto number = static_cast<std::uintptr_t>(handle);
     machine.gate.Closed(number);
+    machine.openProcesses.erase(number);
     if (const auto opened = machine.openDevices.find(number); opened != machine.openDevices.end()) {
         opened->second->Close();
         machine.openDevices.erase(opened);
     }
+    machine.radios.bluetoothRadios.erase(number);
+    machine.files.Close(number);
 }
 
 } // namespace platform

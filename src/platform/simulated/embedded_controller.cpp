@@ -1,5 +1,7 @@
 #include "platform/simulated/embedded_controller.h"
 
+#include <utility>
+
 namespace machine {
 namespace {
 
@@ -15,21 +17,19 @@ constexpr std::uint8_t RegisterRevisionSecond = 0x04;
 constexpr std::uint8_t RegisterChipId = 0x10;
 constexpr std::uint8_t RegisterChipName = 0x12; // and the three behind it
 
-constexpr std::uint32_t StatusBadCommand = 0x81;
-constexpr std::uint32_t StatusBadData = 0x82;
-
 } // namespace
 
-EmbeddedController::EmbeddedController(EcProfile profile) : m_profile(std::move(profile)) {}
+EmbeddedController::EmbeddedController(EcProfile profile)
+    : m_profile(std::move(profile)), m_firmware(m_profile) {}
 
-std::uint32_t EmbeddedController::FaultOf(std::uint8_t command) {
+const EcFault* EmbeddedController::FaultOf(std::uint8_t command) {
     const std::uint32_t use = ++m_uses[command];
     for (const EcFault& fault : m_profile.faults) {
         if (fault.command == command && (fault.use == 0 || fault.use == use)) {
-            return fault.status;
+            return &fault;
         }
     }
-    return 0;
+    return nullptr;
 }
 
 std::uint8_t EmbeddedController::IdentityRegister(std::uint8_t number) const {
@@ -50,22 +50,22 @@ std::uint8_t EmbeddedController::IdentityRegister(std::uint8_t number) const {
 }
 
 EcAnswer EmbeddedController::CarryOut(std::uint8_t command, std::span<const std::uint8_t> data) {
-    if (const std::uint32_t status = FaultOf(command); status != 0) {
-        return {status};
+    if (const EcFault* const fault = FaultOf(command); fault != nullptr) {
+        return {fault->status, fault->byte};
     }
     switch (command) {
     case CommandIdentityRead:
         if (data.size() != 1) {
-            return {StatusBadData};
+            return {ec_status::BadData};
         }
         return {0, IdentityRegister(data[0])};
     case CommandModeQuery:
         if (data.size() != 2 || data[0] != ModeTablet || data[1] != 0) {
-            return {StatusBadData};
+            return {ec_status::BadData};
         }
         return {0, m_profile.tabletMode};
     default:
-        return {StatusBadCommand};
+        return m_firmware.CarryOut(command, data);
     }
 }
 

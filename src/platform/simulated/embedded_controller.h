@@ -1,18 +1,14 @@
-// The embedded controller's firmware, seen from its command port.
+// The embedded controller, seen from its command port.
 #pragma once
 
-#include "platform/simulated/profile.h"
+#include "platform/simulated/ec_firmware.h"
+#include "platform/simulated/ec_profile.h"
 
 #include <array>
 #include <cstdint>
 #include <span>
 
 namespace machine {
-
-struct EcAnswer {
-    std::uint32_t status = 0;
-    std::uint8_t byte = 0;
-};
 
 class EmbeddedController {
 public:
@@ -23,9 +19,10 @@ public:
 
 private:
     [[nodiscard]] std::uint8_t IdentityRegister(std::uint8_t number) const;
-    std::uint32_t FaultOf(std::uint8_t command);
+    const EcFault* FaultOf(std::uint8_t command);
 
     EcProfile m_profile;
+    EcFirmware m_firmware;
     std::array<std::uint32_t, 256> m_uses{};
 };
 

@@ -1,7 +1,12 @@
 #include "platform/simulated/machine.h"
 
+#include "platform/audio.h"
 #include "platform/device_io.h"
+#include "platform/simulated/audio_objects.h"
 #include "platform/simulated/wide_text.h"
+#include "platform/simulated/wmi_objects.h"
+#include "platform/simulated/xml_documents.h"
+#include "platform/wmi.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -39,7 +44,28 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       registry(store, profile.registry),
       controller(profile.ec),
       driver(profile.driver, profile.processor, controller),
-      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}} {}
+      batteries(profile.batteries.begin(), profile.batteries.end()),
+      processorTimes(profile.systemPower),
+      acpi(profile.acpi),
+      firmwareStore(store, profile.firmwareVariables),
+      firmwareFeatures(profile.firmwareFeatures, firmwareStore),
+      files(storePath, store.IsNew(), profile.files),
+      wmi(profile.wmi),
+      packages(profile.packages),
+      windows(profile.windows),
+      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {
+    for (std::size_t index = 0; index < batteries.size(); ++index) {
+        devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
+    }
+    com.Register({platform::ClsidWbemLocator, platform::IidWbemLocator, [] {
+                      return std::make_shared<WbemLocatorObject>();
+                  }});
+    wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", firmwareFeatures);
+    com.Register(XmlDocumentClass());
+    com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
+                      return std::make_shared<DeviceEnumeratorObject>();
+                  }});
+}
 
 Machine& Current() {
     const std::lock_guard lock(MachineMutex());

@@ -1,15 +1,26 @@
 // The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
 #pragma once
 
+#include "platform/simulated/battery_device.h"
+#include "platform/simulated/acpi_firmware.h"
 #include "platform/simulated/clock.h"
+#include "platform/simulated/com_objects.h"
 #include "platform/simulated/devices.h"
 #include "platform/simulated/embedded_controller.h"
+#include "platform/simulated/file_system.h"
+#include "platform/simulated/firmware_features.h"
+#include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
+#include "platform/simulated/package_store.h"
 #include "platform/simulated/profile.h"
+#include "platform/simulated/radios.h"
 #include "platform/simulated/registry_hive.h"
 #include "platform/simulated/store.h"
+#include "platform/simulated/system_power.h"
 #include "platform/simulated/trace_sink.h"
+#include "platform/simulated/window_stack.h"
+#include "platform/simulated/wmi_repository.h"
 
 #include <functional>
 #include <map>
@@ -24,6 +35,7 @@ namespace machine {
 struct OpenKey {
     std::int64_t number;
     std::uint32_t access;
+    RegistryHive::Listing subkeys{};
 };
 
 class Machine {
@@ -41,6 +53,16 @@ public:
     RegistryHive registry;
     EmbeddedController controller;
     IoDriver driver;
+    std::vector<BatteryDevice> batteries;
+    ProcessorTimes processorTimes;
+    AcpiFirmware acpi;
+    FirmwareStore firmwareStore;
+    FirmwareFeatures firmwareFeatures;
+    FileSystem files;
+    WmiRepository wmi;
+    ComObjects com;
+    PackageStore packages;
+    WindowStack windows;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;
@@ -48,6 +70,11 @@ public:
     std::map<std::uintptr_t, Device*> openDevices;
 
     std::map<std::uintptr_t, OpenKey> openKeys;
+
+    std::map<std::uintptr_t, const ProcessProfile*> openProcesses;
+    /// By handle, with the number of interfaces in the set.
+    std::map<std::uintptr_t, std::size_t> deviceInfoSets;
+    Radios radios;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
     std::vector<LoggedEvent> eventLog;

@@ -1,6 +1,7 @@
 #include "platform/simulated/profile.h"
 
 #include "platform/registry.h"
+#include "platform/simulated/applications_profile.h"
 #include "platform/simulated/built_in_machines.h"
 #include "platform/simulated/profile_reader.h"
 #include "platform/simulated/wide_text.h"
@@ -10,32 +11,6 @@
 
 namespace machine {
 namespace {
-
-std::string FixedText(ProfileReader& reader, std::string_view name, std::size_t length) {
-    std::string text = reader.Text(name);
-    if (text.size() != length) {
-        reader.Fail(name, std::to_string(length) + " letters");
-    }
-    return text;
-}
-
-EcProfile ReadEc(ProfileReader reader) {
-    EcProfile ec;
-    ec.revision = FixedText(reader, "revision", 2);
-    ec.chipId = reader.Number<std::uint8_t>("chip_id", 0);
-    ec.chipName = FixedText(reader, "chip_name", 4);
-    ec.tabletMode = reader.Number<std::uint8_t>("tablet_mode", 0);
-    for (auto& fault : reader.Objects("faults")) {
-        EcFault row;
-        row.command = static_cast<std::uint8_t>(fault.Number("command", 0, 0xFF));
-        row.use = fault.Number<std::uint32_t>("use", 0);
-        row.status = static_cast<std::uint32_t>(fault.Number("status", 1, 0xFFFFFFFF));
-        fault.Finish();
-        ec.faults.push_back(row);
-    }
-    reader.Finish();
-    return ec;
-}
 
 DriverProfile ReadDriver(ProfileReader reader) {
     DriverProfile driver;
@@ -49,7 +24,7 @@ DriverProfile ReadDriver(ProfileReader reader) {
 
 ProcessorProfile ReadProcessor(ProfileReader reader) {
     ProcessorProfile processor;
-    processor.vendor = reader.Has("vendor") ? FixedText(reader, "vendor", 12) : std::string(12, '\0');
+    processor.vendor = reader.Has("vendor") ? reader.FixedText("vendor", 12) : std::string(12, '\0');
     for (auto& leaf : reader.Objects("cpuid")) {
         const auto number = static_cast<std::uint32_t>(leaf.Number("leaf", 0, 0xFFFFFFFF));
         processor.leaves[number] = {
@@ -62,16 +37,6 @@ ProcessorProfile ReadProcessor(ProfileReader reader) {
     processor.powerLimit2 = reader.Number<std::uint32_t>("power_limit_2", 0);
     reader.Finish();
     return processor;
-}
-
-std::vector<std::byte> WideBytes(const std::u16string& text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
-
-std::vector<std::byte> WideBytesWithTerminator(std::u16string text) {
-    text.push_back(u'\0');
-    return WideBytes(text);
 }
 
 /// A value's data in the form that its type has in a profile: a text, a number, a list of texts or bytes.
@@ -94,12 +59,12 @@ std::vector<std::byte> ReadRegistryData(ProfileReader& reader, std::uint32_t typ
         for (const std::string& text : reader.Texts("data")) {
             all += WideFromUtf8(text) + u'\0';
         }
-        return WideBytesWithTerminator(all);
+        return TextData(all);
     }
     case platform::value_type::Binary:
         return reader.Bytes("data");
     default:
-        return WideBytesWithTerminator(WideFromUtf8(reader.Text("data")));
+        return TextData(WideFromUtf8(reader.Text("data")));
     }
 }
 
@@ -145,6 +110,12 @@ std::uint64_t DigestOf(std::string_view text) {
 
 } // namespace
 
+std::vector<std::byte> TextData(std::u16string text) {
+    text.push_back(u'\0');
+    const auto bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
+}
+
 Profile ParseProfile(std::string_view text, const std::string& source) {
     try {
         const auto document = nlohmann::json::parse(text);
@@ -155,7 +126,24 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.ec = ReadEc(reader.Object("ec"));
         profile.driver = ReadDriver(reader.Object("driver"));
         profile.processor = ReadProcessor(reader.Object("processor"));
+        profile.batteries = ReadBatteries(reader);
+        profile.systemPower = ReadSystemPower(reader.Object("system_power"));
         profile.registry = ReadRegistry(reader.Object("registry"));
+        profile.network = ReadNetwork(reader.Object("network"));
+        profile.wifi = ReadWifi(reader.Object("wifi"));
+        profile.bluetooth = ReadBluetooth(reader.Object("bluetooth"));
+        profile.acpi = ReadAcpi(reader.Object("acpi"));
+        profile.firmwareVariables = ReadFirmwareVariables(reader.Object("firmware_variables"));
+        profile.firmwareFeatures = ReadFirmwareFeatures(reader.Object("firmware_features"));
+        profile.files = ReadFiles(reader.Object("files"));
+        profile.wmi = ReadWmi(reader.Object("wmi"));
+        ReadApplications(reader.Object("applications"), profile.registry);
+        profile.packages = ReadPackages(reader.Object("packages"), profile.registry);
+        profile.deviceNodes = ReadDeviceNodes(reader.Objects("pnp_devices"), profile.registry);
+        profile.processes = ReadProcesses(reader.Objects("processes"));
+        profile.windows = ReadWindows(reader.Objects("windows"));
+        profile.system = ReadSystem(reader.Object("system"));
+        profile.audio = ReadAudio(reader.Object("audio"));
         reader.Finish();
         profile.digest = DigestOf(text);
         return profile;

@@ -1,6 +1,22 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
+#include "platform/simulated/battery_profile.h"
+#include "platform/simulated/ec_profile.h"
+#include "platform/simulated/system_power_profile.h"
+#include "platform/simulated/bluetooth_profile.h"
+#include "platform/simulated/network_profile.h"
+#include "platform/simulated/wifi_profile.h"
+#include "platform/simulated/acpi_profile.h"
+#include "platform/simulated/files_profile.h"
+#include "platform/simulated/firmware_features_profile.h"
+#include "platform/simulated/firmware_variables_profile.h"
+#include "platform/simulated/desktop_profile.h"
+#include "platform/simulated/device_nodes_profile.h"
+#include "platform/simulated/packages_profile.h"
+#include "platform/simulated/system_profile.h"
+#include "platform/simulated/wmi_profile.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -8,21 +24,6 @@
 #include <vector>
 
 namespace machine {
-
-/// A command that the EC fails to carry out.
-struct EcFault {
-    std::uint8_t command = 0;
-    std::uint32_t use = 0; // the n-th use of the command, counted from 1; 0: every use
-    std::uint32_t status = 0;
-};
-
-struct EcProfile {
-    std::string revision; // two letters
-    std::uint8_t chipId = 0;
-    std::string chipName; // four letters
-    std::uint8_t tabletMode = 0;
-    std::vector<EcFault> faults;
-};
 
 /// Who else has the I/O driver open, and how.
 enum class DriverHolder : std::uint8_t { Nobody, Sharing, Alone };
@@ -65,9 +66,28 @@ struct Profile {
     EcProfile ec;
     DriverProfile driver;
     ProcessorProfile processor;
+    std::vector<BatteryProfile> batteries;
+    SystemPowerProfile systemPower;
     RegistryProfile registry;
+    NetworkProfile network;
+    WifiProfile wifi;
+    BluetoothProfile bluetooth;
+    AcpiProfile acpi;
+    FirmwareVariablesProfile firmwareVariables;
+    FirmwareFeaturesProfile firmwareFeatures;
+    FilesProfile files;
+    PackagesProfile packages;
+    std::vector<DeviceNodeProfile> deviceNodes;
+    std::vector<ProcessProfile> processes;
+    std::vector<WindowProfile> windows;
+    WmiProfile wmi;
+    SystemProfile system;
+    AudioProfile audio;
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
+
+/// A text as the registry keeps it: UTF-16 with a terminator.
+std::vector<std::byte> TextData(std::u16string text);
 
 /// Reads a profile's text. `source` names it in errors. Throws ProfileError.
 Profile ParseProfile(std::string_view text, const std::string& source);

@@ -69,6 +69,14 @@ std::string ProfileReader::Text(std::string_view name, std::string_view fallback
     return Find(name) != nullptr ? Text(name) : std::string(fallback);
 }
 
+std::string ProfileReader::FixedText(std::string_view name, std::size_t length) {
+    std::string text = Text(name);
+    if (text.size() != length) {
+        Fail(name, std::to_string(length) + " letters");
+    }
+    return text;
+}
+
 std::uint64_t ProfileReader::Number(std::string_view name, std::uint64_t low, std::uint64_t high) {
     const auto* value = Find(name);
     const auto number = value == nullptr ? std::nullopt : WholeNumber(*value);
@@ -181,6 +189,21 @@ std::vector<std::uint64_t> ProfileReader::Numbers(std::string_view name, std::ui
             Fail(name, "a list, each element " + Range(low, high));
         }
         numbers.push_back(*number);
+    }
+    return numbers;
+}
+
+std::vector<double> ProfileReader::Reals(std::string_view name, double low, double high) {
+    const auto* value = Find(name);
+    if (value == nullptr) {
+        return {};
+    }
+    std::vector<double> numbers;
+    for (const auto& element : value->is_array() ? *value : nlohmann::json::array({nullptr})) {
+        if (!element.is_number() || element.get<double>() < low || element.get<double>() > high) {
+            Fail(name, "a list of numbers from " + std::to_string(low) + " to " + std::to_string(high));
+        }
+        numbers.push_back(element.get<double>());
     }
     return numbers;
 }

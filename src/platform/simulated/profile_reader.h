@@ -30,6 +30,8 @@ public:
 
     std::string Text(std::string_view name);
     std::string Text(std::string_view name, std::string_view fallback);
+    /// A text of exactly so many letters.
+    std::string FixedText(std::string_view name, std::size_t length);
 
     /// A whole number, as JSON number or as text of hexadecimal digits behind "0x".
     std::uint64_t Number(std::string_view name, std::uint64_t low, std::uint64_t high);
@@ -59,6 +61,8 @@ public:
     std::vector<std::string> Texts(std::string_view name);
     /// A list of whole numbers, empty where the profile has none.
     std::vector<std::uint64_t> Numbers(std::string_view name, std::uint64_t low, std::uint64_t high);
+    /// A list of numbers, empty where the profile has none.
+    std::vector<double> Reals(std::string_view name, double low, double high);
     /// The names of this object, in the order of their letters, for objects whose names are the profile's
     /// own.
     std::vector<std::string> Names();

@@ -128,6 +128,44 @@ SystemError Set(Key key, const char16_t* name, std::uint32_t type, std::span<con
     return error::Success;
 }
 
+/// The subkeys of an open key as they stand now; null when the key is none that is open. The hives themselves
+/// are always open and are not enumerated.
+const std::vector<std::u16string>* SubkeysOf(Key key) {
+    auto& open = Current().openKeys;
+    const auto found = open.find(static_cast<std::uintptr_t>(key));
+    if (found == open.end()) {
+        return nullptr;
+    }
+    Current().registry.Refresh(found->second.number, found->second.subkeys);
+    return &found->second.subkeys.names;
+}
+
+SystemError Enumerate(Key key, std::uint32_t index, char16_t* name, std::uint32_t& length) {
+    const auto* names = SubkeysOf(key);
+    if (names == nullptr) {
+        return error::InvalidHandle;
+    }
+    if (index >= names->size()) {
+        return error::NoMoreItems;
+    }
+    const std::u16string& found = (*names)[index];
+    if (found.size() >= length) {
+        return error::MoreData;
+    }
+    *std::ranges::copy(found, name).out = u'\0';
+    length = static_cast<std::uint32_t>(found.size());
+    return error::Success;
+}
+
+SystemError Describe(Key key, std::uint32_t& subKeys) {
+    const auto* names = SubkeysOf(key);
+    if (names == nullptr) {
+        return error::InvalidHandle;
+    }
+    subKeys = static_cast<std::uint32_t>(names->size());
+    return error::Success;
+}
+
 std::string AccessNote(const char16_t* subKey, std::uint32_t access) {
     return Utf8FromWide(subKey) + " access " + std::to_string(access);
 }
@@ -160,6 +198,17 @@ SystemError RegSetValueExW(Key key, const char16_t* name, std::uint32_t type,
         Operation::RegSetValueExW,
         [&] { return Utf8FromWide(name) + ' ' + std::to_string(data.size()) + " bytes"; },
         [&] { return Set(key, name, type, data); });
+}
+
+SystemError RegEnumKeyExW(Key key, std::uint32_t index, char16_t* name, std::uint32_t& length) {
+    return Perform(
+        Operation::RegEnumKeyExW, [&] { return std::to_string(index); },
+        [&] { return Enumerate(key, index, name, length); });
+}
+
+SystemError RegQueryInfoKeyW(Key key, std::uint32_t& subKeys) {
+    return Perform(
+        Operation::RegQueryInfoKeyW, [] { return "subkeys"; }, [&] { return Describe(key, subKeys); });
 }
 
 void RegCloseKey(Key key) {

@@ -35,7 +35,8 @@ RegistryHive::RegistryHive(const Store& store, const RegistryProfile& profile)
       m_getValue(store.Prepare("SELECT name, type, data FROM registry_value WHERE key = ? AND folded = ?")),
       m_setValue(store.Prepare("INSERT INTO registry_value VALUES (?, ?, ?, ?, ?) ON CONFLICT DO UPDATE "
                                "SET type = excluded.type, data = excluded.data")),
-      m_children(store.Prepare("SELECT name FROM registry_key WHERE parent = ? ORDER BY folded")) {
+      m_children(store.Prepare("SELECT name FROM registry_key WHERE parent = ? ORDER BY folded")),
+      m_foreignChanges(store.Prepare("PRAGMA data_version")) {
     for (const std::u16string& path : profile.readOnly) {
         m_readOnly.push_back(Folded(path));
     }
@@ -85,6 +86,7 @@ std::int64_t RegistryHive::Create(std::int64_t root, std::u16string_view path) {
             key = *child;
             continue;
         }
+        ++m_changes;
         m_addChild.Bind(1, key).Bind(2, name).Bind(3, Folded(name));
         m_addChild.Step();
         key = m_addChild.Number(0);
@@ -138,6 +140,7 @@ void RegistryHive::Remove(std::int64_t key) {
     constexpr const char* Below =
         "WITH RECURSIVE below (id) AS (VALUES (?1) UNION ALL SELECT registry_key.id "
         "FROM registry_key JOIN below ON parent = below.id) ";
+    ++m_changes;
     Store::Transaction whole(m_store);
     m_store.Prepare(std::string(Below) + "DELETE FROM registry_value WHERE key IN (SELECT id FROM below)")
         .Bind(1, key)
@@ -155,6 +158,21 @@ std::vector<std::u16string> RegistryHive::SubkeyNames(std::int64_t key) {
         names.push_back(m_children.Text(0));
     }
     return names;
+}
+
+std::uint64_t RegistryHive::KeyState() {
+    m_foreignChanges.Step();
+    const auto foreign = static_cast<std::uint64_t>(m_foreignChanges.Number(0));
+    m_foreignChanges.Reset();
+    return foreign << 32 | (m_changes & 0xFFFFFFFF);
+}
+
+void RegistryHive::Refresh(std::int64_t key, Listing& listing) {
+    const std::uint64_t state = KeyState();
+    if (listing.state != state) {
+        listing.names = SubkeyNames(key);
+        listing.state = state;
+    }
 }
 
 } // namespace machine

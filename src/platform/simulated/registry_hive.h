@@ -47,12 +47,27 @@ public:
 
     std::vector<std::u16string> SubkeyNames(std::int64_t key);
 
+    /// A key's subkeys as they stood at one moment. An enumeration by index keeps one, so that its cost is in
+    /// proportion to the number of subkeys.
+    struct Listing {
+        std::vector<std::u16string> names;
+        std::optional<std::uint64_t> state; // none: never taken
+    };
+
+    /// Takes the listing anew if the keys have changed since it was taken, by this process or another: an
+    /// enumeration by index sees what goes and comes meanwhile.
+    void Refresh(std::int64_t key, Listing& listing);
+
 private:
     void Seed(const RegistryProfile& profile);
     std::optional<std::int64_t> Child(std::int64_t parent, std::u16string_view name);
     std::int64_t KeyAt(std::u16string_view pathWithHive);
 
+    /// A number that differs whenever the keys may differ.
+    std::uint64_t KeyState();
+
     const Store& m_store;
+    std::uint64_t m_changes = 0;
     std::vector<std::u16string> m_readOnly;
     Statement m_findChild;
     Statement m_addChild;
@@ -60,6 +75,7 @@ private:
     Statement m_getValue;
     Statement m_setValue;
     Statement m_children;
+    Statement m_foreignChanges;
 };
 
 } // namespace machine

@@ -1,8 +1,10 @@
 #include "platform/com.h"
 
-#include <windows.h>
+#include "platform/windows/wide.h"
 
 #include <objbase.h>
+
+#include <bit>
 
 namespace platform {
 
@@ -12,6 +14,27 @@ HResult CoInitializeEx(std::uint32_t apartmentKind) {
 
 void CoUninitialize() {
     ::CoUninitialize();
+}
+
+int StringFromGUID2(const Guid& guid, std::span<char16_t> text) {
+    static_assert(sizeof(Guid) == sizeof(GUID));
+    return ::StringFromGUID2(reinterpret_cast<const GUID&>(guid), Wide(text.data()),
+                             static_cast<int>(text.size()));
+}
+
+HResult CoCreateInstance(const Guid& classId, std::uint32_t classContext, const Guid& interfaceId,
+                         Unknown& made) {
+    void* object = nullptr;
+    const HResult status = ::CoCreateInstance(std::bit_cast<CLSID>(classId), nullptr, classContext,
+                                              std::bit_cast<IID>(interfaceId), &object);
+    if (SUCCEEDED(status)) {
+        made = Unknown{reinterpret_cast<std::uintptr_t>(object)};
+    }
+    return status;
+}
+
+void Release(Unknown held) {
+    reinterpret_cast<IUnknown*>(held)->Release();
 }
 
 } // namespace platform

@@ -49,6 +49,22 @@ SystemError RegSetValueExW(Key key, const char16_t* name, std::uint32_t type,
                                                      static_cast<DWORD>(data.size())));
 }
 
+SystemError RegEnumKeyExW(Key key, std::uint32_t index, char16_t* name, std::uint32_t& length) {
+    DWORD nameLength = length;
+    const LSTATUS status =
+        ::RegEnumKeyExW(Native(key), index, Wide(name), &nameLength, nullptr, nullptr, nullptr, nullptr);
+    length = nameLength;
+    return static_cast<SystemError>(status);
+}
+
+SystemError RegQueryInfoKeyW(Key key, std::uint32_t& subKeys) {
+    DWORD count = subKeys;
+    const LSTATUS status = ::RegQueryInfoKeyW(Native(key), nullptr, nullptr, nullptr, &count, nullptr,
+                                              nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+    subKeys = count;
+    return static_cast<SystemError>(status);
+}
+
 void RegCloseKey(Key key) {
     ::RegCloseKey(Native(key));
 }

@@ -39,6 +39,11 @@ ServedMachine::ServedMachine(const machine::Profile& profile)
     for (const auto& [name, device] : m_devices) {
         m_stand.AddDevice(name);
     }
+    if (!profile.batteries.empty()) {
+        m_battery.emplace(profile.batteries.front());
+        m_batteryStand.emplace(m_stand);
+        m_devices[test::BatteryStand::Device] = &*m_battery;
+    }
     m_stand.Serve();
 }
 

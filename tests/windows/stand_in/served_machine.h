@@ -1,13 +1,16 @@
 // The devices of a simulated machine, behind the device names of a real Windows.
 #pragma once
 
+#include "battery_stand.h"
 #include "driver_stand.h"
 
+#include "platform/simulated/battery_device.h"
 #include "platform/simulated/embedded_controller.h"
 #include "platform/simulated/io_driver.h"
 #include "platform/simulated/profile.h"
 
 #include <map>
+#include <optional>
 #include <string>
 
 namespace stand_in {
@@ -27,6 +30,9 @@ private:
     test::DriverStand m_stand;
     machine::EmbeddedController m_controller;
     machine::IoDriver m_driver;
+    // The machine's first battery: the library looks at no other.
+    std::optional<machine::BatteryDevice> m_battery;
+    std::optional<test::BatteryStand> m_batteryStand;
     std::map<std::wstring, machine::Device*> m_devices;
 };
 

@@ -1,0 +1,14 @@
+// Plain name lists of the machine's applications, entries ended by ";".
+#pragma once
+
+#include "platform/registry.h"
+
+#include <string>
+#include <vector>
+
+namespace sondrel {
+
+/// Appends the names of an open key's subkeys. A subkey whose name cannot be had is passed over.
+void EnumSubkeyNames(platform::Key key, std::vector<std::u16string>& names);
+
+} // namespace sondrel

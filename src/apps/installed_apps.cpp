@@ -1,0 +1,125 @@
+#include "apps/installed_apps.h"
+
+#include "apps/registry_texts.h"
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "frame/text.h"
+
+#include <algorithm>
+#include <span>
+
+namespace sondrel {
+namespace {
+
+constexpr const char16_t* NativeUninstallKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+constexpr const char16_t* Wow64UninstallKey =
+    u"SOFTWARE\\WOW6432Node\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+
+/// All that the two walkers differ in.
+struct HiveWalker {
+    platform::Key hive;
+    std::u16string_view head;
+};
+
+constexpr HiveWalker MachineWalker{platform::Key::LocalMachine, u"{\"machine\":["};
+constexpr HiveWalker UserWalker{platform::Key::CurrentUser, u"{\"user\":["};
+
+platform::OwnedKey OpenForReading(platform::Key root, const char16_t* path) {
+    platform::OwnedKey key;
+    platform::RegOpenKeyExW(root, path, platform::access::KeyRead, key.Receive());
+    return key;
+}
+
+/// The path of an application's key. One that is longer than the room for it is cut, and names no key then.
+std::u16string ApplicationPath(std::u16string_view keyPath, std::u16string_view subkey) {
+    constexpr std::size_t PathRoom = 1024;
+    std::u16string path(keyPath);
+    path += u'\\';
+    path += subkey;
+    path.resize(std::min(path.size(), PathRoom - 1));
+    return path;
+}
+
+/// Whether "SystemComponent" can be read as a number and is not 0. The type is not looked at: a text of one
+/// character fits the number as well, and counts as the number that its bytes make.
+bool IsSystemComponent(platform::Key application) {
+    std::uint32_t number = 0;
+    std::uint32_t type = 0;
+    std::uint32_t size = sizeof number;
+    return platform::RegQueryValueExW(application, u"SystemComponent", type,
+                                      std::as_writable_bytes(std::span(&number, 1)).data(),
+                                      size) == platform::error::Success &&
+           number != 0;
+}
+
+/// The record of one application, empty where it has no name or belongs to the system.
+std::u16string ApplicationRecord(platform::Key application) {
+    std::optional<std::u16string> name = ValueText(application, u"DisplayName");
+    if (!name || IsSystemComponent(application)) {
+        return {};
+    }
+    std::u16string record = u"{\"name\":\"" + CleanJsonText(std::move(*name)) + u"\",\"version\":\"";
+    if (std::optional<std::u16string> version = ValueText(application, u"DisplayVersion")) {
+        record += CleanJsonText(std::move(*version));
+    }
+    return record + u"\"}";
+}
+
+std::u16string WalkHive(const HiveWalker& walker, const char16_t* keyPath) {
+    std::u16string document(walker.head);
+    if (const platform::OwnedKey uninstall = OpenForReading(walker.hive, keyPath)) {
+        for (std::uint32_t index = 0; const auto subkey = SubkeyName(uninstall.Get(), index); ++index) {
+            const platform::OwnedKey application =
+                OpenForReading(walker.hive, ApplicationPath(keyPath, *subkey).c_str());
+            if (!application) {
+                break; // ends the walk, whatever subkeys are left
+            }
+            const std::u16string record = ApplicationRecord(application.Get());
+            if (!record.empty() && document.size() > walker.head.size()) {
+                document += u',';
+            }
+            document += record;
+        }
+    }
+    document += u"]}";
+    return document;
+}
+
+std::u16string ApplicationList(const char16_t* keyPath) {
+    std::u16string list = u'[' + GetApplist_Machine(keyPath);
+    list += u',';
+    list += GetApplist_User(keyPath);
+    list += u']';
+    return list;
+}
+
+} // namespace
+
+std::u16string CleanJsonText(std::u16string text) {
+    std::string narrow = WideToUtf8(std::move(text));
+    std::erase(narrow, '"');
+    return Utf8ToWide(std::move(narrow));
+}
+
+std::u16string GetApplist_Machine(const char16_t* keyPath) {
+    return WalkHive(MachineWalker, keyPath);
+}
+
+std::u16string GetApplist_User(const char16_t* keyPath) {
+    return WalkHive(UserWalker, keyPath);
+}
+
+} // namespace sondrel
+
+using namespace sondrel;
+
+void GetApplist_x64(VeskChar16* out) {
+    TraceLine("GetApplist_x64 Start");
+    CopyToHost(ApplicationList(NativeUninstallKey), out);
+    TraceLine("GetApplist_x64 End");
+}
+
+void GetApplist_x86(VeskChar16* out) {
+    TraceLine("GetApplist_x86 Start");
+    CopyToHost(ApplicationList(Wow64UninstallKey), out);
+}

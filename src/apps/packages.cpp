@@ -1,0 +1,167 @@
+#include "apps/packages.h"
+
+#include "apps/registry_texts.h"
+#include "apps/resource_names.h"
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "frame/text.h"
+#include "platform/packages.h"
+#include "platform/xml_document.h"
+
+#include <exception>
+#include <vector>
+
+namespace sondrel {
+namespace {
+
+constexpr const char16_t* PackageStoreKey =
+    u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Appx\\AppxAllUserStore\\Applications";
+
+/// The first package of a family by the platform's own order; nothing for a family without packages. Only the
+/// number that comes back decides: a name that the platform fails to give is the empty name, which has no
+/// folder.
+std::optional<std::u16string> FirstPackageOf(const std::u16string& family) {
+    std::uint32_t count = PackageTextRoom;
+    std::uint32_t length = PackageTextRoom;
+    std::vector<const char16_t*> names(count, nullptr);
+    std::u16string characters(length, u'\0');
+    if (platform::GetPackagesByPackageFamily(family.c_str(), count, names.data(), length,
+                                             characters.data()) == platform::error::InsufficientBuffer) {
+        // A family of more than that: the call has told the room it needs.
+        names.assign(count, nullptr);
+        characters.assign(length, u'\0');
+        platform::GetPackagesByPackageFamily(family.c_str(), count, names.data(), length, characters.data());
+    }
+    if (count == 0 || names.empty()) {
+        return std::nullopt;
+    }
+    const std::u16string_view first(names.front() != nullptr ? names.front() : u"");
+    return std::u16string(first.substr(0, PackageTextRoom - 1));
+}
+
+/// Empty for a package without a folder, and for a folder whose path does not fit.
+std::u16string FolderOf(const std::u16string& fullName) {
+    PackageText folder{};
+    std::uint32_t length = folder.size();
+    platform::GetPackagePathByFullName(fullName.c_str(), length, folder.data());
+    folder.back() = u'\0';
+    return folder.data();
+}
+
+void Configure(platform::XmlDocument parser) {
+    platform::put_async(parser, platform::VariantFalse);
+    platform::put_validateOnParse(parser, platform::VariantFalse);
+    platform::put_resolveExternals(parser, platform::VariantFalse);
+    platform::put_preserveWhiteSpace(parser, platform::VariantTrue);
+}
+
+bool LoadManifest(platform::XmlDocument parser, const std::u16string& path) {
+    platform::VariantBool loaded = platform::VariantFalse;
+    if (platform::Failed(platform::load(parser, path.c_str(), loaded))) {
+        return false;
+    }
+    if (loaded != platform::VariantTrue) {
+        TraceLine("Unable to load AppxManifest.xml");
+        return false;
+    }
+    TraceLine("AppxManifest.xml was successfully loaded");
+    return true;
+}
+
+/// The resource's text, or the manifest's own where there is none: at most 259 characters of either.
+std::u16string DisplayNameFor(const std::u16string& package, std::u16string_view manifestText) {
+    PackageText resolved{};
+    if (LoadResourceDisplayName(package, manifestText, resolved)) {
+        return resolved.data();
+    }
+    return std::u16string(manifestText.substr(0, PackageTextRoom - 1));
+}
+
+/// The display name of an installed package, empty for every failure. The parser is given back before the
+/// apartment is left, whatever happens.
+std::u16string DisplayNameFromManifest(const std::u16string& package, const std::u16string& folder) {
+    platform::OwnedApartment apartment;
+    if (platform::Failed(platform::CoInitializeEx(platform::apartment::SingleThreaded))) {
+        return {};
+    }
+    apartment.Reset(platform::Apartment::Entered);
+    const std::u16string manifestPath = folder + u"\\AppxManifest.xml";
+    platform::OwnedXmlDocument parser;
+    if (platform::Failed(platform::CoCreateInstance(platform::ClsidDomDocument60,
+                                                    platform::class_context::InprocServer,
+                                                    platform::IidXmlDomDocument, parser.Receive()))) {
+        return {};
+    }
+    Configure(parser.Get());
+    if (!LoadManifest(parser.Get(), manifestPath)) {
+        return {};
+    }
+    std::u16string xml;
+    platform::get_xml(parser.Get(), xml);
+    return DisplayNameFor(package, ManifestDisplayText(xml));
+}
+
+} // namespace
+
+std::u16string FamilyNameOf(std::u16string_view fullName) {
+    std::u16string family(ShortNameOf(fullName));
+    if (const std::size_t tail = fullName.rfind(u'_'); tail != std::u16string_view::npos) {
+        family += fullName.substr(tail);
+    }
+    return family;
+}
+
+std::u16string_view ManifestDisplayText(std::u16string_view xml) {
+    constexpr std::u16string_view Element = u"<DisplayName>";
+    if (const std::size_t properties = FindIgnoringCase(xml, u"Properties");
+        properties != std::u16string_view::npos) {
+        xml.remove_prefix(properties);
+    }
+    const std::size_t element = xml.find(Element);
+    if (element == std::u16string_view::npos) {
+        return {};
+    }
+    xml.remove_prefix(element + Element.size());
+    return xml.substr(0, xml.find(u'<'));
+}
+
+std::u16string GetUWPDisplayName(const std::u16string& fullName) {
+    std::u16string displayName;
+    if (const auto package = FirstPackageOf(FamilyNameOf(fullName))) {
+        const std::u16string folder = FolderOf(*package);
+        // Running out of memory over one manifest costs that package its display name and nothing else.
+        try {
+            displayName = DisplayNameFromManifest(*package, folder);
+            TraceLine("GetUWPDisplayName End");
+        } catch (const std::exception&) {
+            TraceLine("====================  Exception in Appxmanifest !! ===========================");
+        }
+    }
+    return u"{\"application\":\"" + fullName + u"\",\"display_name\":\"" + displayName + u"\"}";
+}
+
+std::u16string GetApplist_AllUserStore() {
+    std::u16string document(u"[");
+    platform::OwnedKey store;
+    if (platform::RegOpenKeyExW(platform::Key::LocalMachine, PackageStoreKey, platform::access::KeyRead,
+                                store.Receive()) == platform::error::Success) {
+        for (std::uint32_t index = 0; const auto fullName = SubkeyName(store.Get(), index); ++index) {
+            if (index != 0) {
+                document += u',';
+            }
+            document += GetUWPDisplayName(*fullName);
+        }
+    }
+    document += u']';
+    return document;
+}
+
+} // namespace sondrel
+
+using namespace sondrel;
+
+void GetApplist_UWP(VeskChar16* out) {
+    TraceLine("GetApplist_UWP Start");
+    CopyToHost(GetApplist_AllUserStore(), out);
+    TraceLine("GetApplist_UWP End");
+}

@@ -1,0 +1,122 @@
+#include "apps/versions.h"
+
+#include "apps/registry_texts.h"
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "frame/text.h"
+#include "platform/device_nodes.h"
+#include "platform/packages.h"
+
+#include <array>
+#include <span>
+#include <vector>
+
+namespace sondrel {
+namespace {
+
+constexpr std::u16string_view DriverDevice = u"Vesk Kelvane";
+// The fixed control set, which is where the installer writes.
+constexpr const char16_t* ClassKey = u"SYSTEM\\ControlSet001\\Control\\Class\\";
+constexpr const char16_t* AssistantFamily = u"F3A1C07E.VESKBrisenda_r4wkp8tz2yhnc";
+
+/// The ids of all present devices as the platform lists them: each with its terminator, an empty one last.
+std::u16string DeviceIdList() {
+    std::uint32_t length = 0;
+    platform::CM_Get_Device_ID_List_SizeW(length, platform::FilterPresent);
+    std::u16string list(length, u'\0');
+    if (length != 0) {
+        platform::CM_Get_Device_ID_ListW(list.data(), length, platform::FilterPresent);
+    }
+    return list;
+}
+
+std::optional<std::u16string> DeviceText(platform::DeviceNode node, std::uint32_t property) {
+    constexpr std::size_t PropertyBytes = 8192;
+    // One character more than the platform is told of ends a text that fills the room.
+    std::array<char16_t, PropertyBytes / sizeof(char16_t) + 1> text{};
+    std::uint32_t size = PropertyBytes;
+    if (platform::CM_Get_DevNode_Registry_PropertyW(node, property,
+                                                    std::as_writable_bytes(std::span(text)).data(),
+                                                    size) != platform::config_return::Success) {
+        return std::nullopt;
+    }
+    return text.data();
+}
+
+std::u16string DriverVersionAt(const std::u16string& driverKey) {
+    constexpr std::uint32_t VersionRoom = 1024 / sizeof(char16_t);
+    platform::OwnedKey key;
+    if (platform::RegOpenKeyExW(platform::Key::LocalMachine, (ClassKey + driverKey).c_str(),
+                                platform::access::KeyRead, key.Receive()) != platform::error::Success) {
+        return {};
+    }
+    return ValueText(key.Get(), u"DriverVersion", VersionRoom).value_or(u"");
+}
+
+/// The first package of a family by the platform's own order; nothing when there is none.
+std::optional<std::u16string> FirstPackageOf(const char16_t* family) {
+    std::uint32_t count = 0;
+    std::uint32_t length = 0;
+    if (platform::GetPackagesByPackageFamily(family, count, nullptr, length, nullptr) !=
+        platform::error::InsufficientBuffer) {
+        return std::nullopt;
+    }
+    std::vector<const char16_t*> names(count, nullptr);
+    std::u16string characters(length, u'\0');
+    if (platform::GetPackagesByPackageFamily(family, count, names.data(), length, characters.data()) !=
+            platform::error::Success ||
+        names.empty() || names.front() == nullptr) {
+        return std::nullopt;
+    }
+    return names.front();
+}
+
+} // namespace
+
+std::u16string GetDeviceDriverKey() {
+    const std::u16string list = DeviceIdList();
+    std::u16string driverKey;
+    const char16_t* const end = list.c_str() + list.size();
+    for (const char16_t* id = list.c_str(); id < end && *id != u'\0';
+         id += std::u16string_view(id).size() + 1) {
+        platform::DeviceNode node{};
+        if (platform::CM_Locate_DevNodeW(node, id, platform::LocatePhantom) !=
+                platform::config_return::Success ||
+            DeviceText(node, platform::DeviceDescription) != DriverDevice) {
+            continue;
+        }
+        if (auto driver = DeviceText(node, platform::DeviceDriverKey)) {
+            driverKey = std::move(*driver);
+        }
+    }
+    return driverKey;
+}
+
+std::optional<std::u16string_view> VersionOfFullName(std::u16string_view fullName) {
+    const std::size_t nameEnd = fullName.find(u'_');
+    if (nameEnd == std::u16string_view::npos || nameEnd + 1 == fullName.size()) {
+        return std::nullopt;
+    }
+    fullName.remove_prefix(nameEnd + 1);
+    return fullName.substr(0, fullName.find(u'_'));
+}
+
+} // namespace sondrel
+
+using namespace sondrel;
+
+void GetInfVersion(VeskChar16* out) {
+    const std::u16string version = DriverVersionAt(GetDeviceDriverKey());
+    TraceLine("strValueOfDriverVersion = " + WideToUtf8(version));
+    CopyToHost(version, out);
+}
+
+void GetUWPVersion(VeskChar16* out) {
+    const std::optional<std::u16string> fullName = FirstPackageOf(AssistantFamily);
+    if (!fullName) {
+        return;
+    }
+    if (const auto version = VersionOfFullName(*fullName)) {
+        CopyToHost(*version, out);
+    }
+}

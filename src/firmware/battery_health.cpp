@@ -1,0 +1,39 @@
+// Battery Health: the level up to which the firmware charges the battery.
+#include "firmware/app_path.h"
+#include "firmware/firmware_feature.h"
+#include "firmware/settings_file.h"
+#include "frame/diagnostics.h"
+#include "frame/text.h"
+#include "vesk_sondrel.h"
+
+#include <string>
+
+using namespace sondrel;
+
+int32_t WMICheckBatteryHealthSupport(uint8_t initCom) {
+    const std::string tag = "[WMICheckBatteryHealthSupport]";
+    const bool supported = EqualIgnoringCase(FeatureStatus(BatteryHealth, tag, initCom), FeatureSupported);
+    TraceLine(tag + (supported ? " Support Battery Health" : " Not Support Battery Health"));
+    return supported ? 1 : 0;
+}
+
+int32_t WMIGetBatteryHealth(uint8_t initCom) {
+    constexpr std::int32_t Default = 100;
+    const std::string tag = "[WMIGetBatteryHealth]";
+    const std::u16string path = SettingPath(BatteryHealth, tag, initCom);
+    if (!WMICheckAppExist(initCom)) {
+        return Default;
+    }
+    const std::int32_t level = ReadSetting(path, Default);
+    TraceLine(tag + " BatteryHealth is " + std::to_string(level));
+    return level;
+}
+
+int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {
+    if (WMICheckBatteryHealthSupport(initCom) == 0) {
+        return 0;
+    }
+    const std::string number = std::to_string(value);
+    const std::u16string controlStatus(number.begin(), number.end());
+    return SetFeature(BatteryHealth, "[WMISetBatteryHealth]", controlStatus, value, initCom) ? 1 : 0;
+}

@@ -1,0 +1,42 @@
+#include "firmware/firmware_feature.h"
+
+#include "firmware/app_path.h"
+#include "firmware/firmware_method.h"
+#include "firmware/settings_file.h"
+#include "frame/diagnostics.h"
+#include "frame/text.h"
+
+#include <utility>
+
+namespace sondrel {
+
+std::u16string FeatureStatus(const FirmwareFeature& feature, const std::string& tag, std::uint8_t initCom) {
+    std::u16string answer = wmiMethod(u"DSTS", {{u"Device_ID", feature.deviceId}}, u"device_status", initCom);
+    TraceLine(tag + " output is " + WideToUtf8Bounded(answer));
+    return answer;
+}
+
+bool SetFeature(const FirmwareFeature& feature, const std::string& tag, std::u16string controlStatus,
+                std::int32_t number, std::uint8_t initCom) {
+    const std::u16string answer =
+        wmiMethod(u"DEVS", {{u"Device_ID", feature.deviceId}, {u"Control_status", std::move(controlStatus)}},
+                  u"result", initCom);
+    TraceLine(tag + " output is " + WideToUtf8Bounded(answer));
+    if (!EqualIgnoringCase(answer, u"1")) {
+        return false;
+    }
+    if (WMICheckAppExist(initCom)) {
+        const std::u16string path = SettingPath(feature, tag, initCom);
+        WriteSetting(path, number);
+        TraceLine(tag + " set " + std::to_string(number) + " to " + WideToUtf8Bounded(path));
+    }
+    return true;
+}
+
+std::u16string SettingPath(const FirmwareFeature& feature, const std::string& tag, std::uint8_t initCom) {
+    std::u16string path = WMIGetAppPath(initCom) + feature.fileName;
+    TraceLine(tag + " fname is " + WideToUtf8Bounded(path));
+    return path;
+}
+
+} // namespace sondrel

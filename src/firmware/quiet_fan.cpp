@@ -1,0 +1,55 @@
+// Quiet Fan: on or off for the firmware, one of several levels for the host.
+#include "firmware/app_path.h"
+#include "firmware/firmware_feature.h"
+#include "firmware/settings_file.h"
+#include "frame/diagnostics.h"
+#include "frame/text.h"
+#include "vesk_sondrel.h"
+
+#include <string>
+
+namespace sondrel {
+namespace {
+
+constexpr std::int32_t Off = 0;
+constexpr std::int32_t HighestLevel = 3;
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+int32_t WMICheckQuietFanSupport(uint8_t initCom) {
+    const std::string tag = "[WMICheckQuietFanSupport]";
+    const std::u16string answer = FeatureStatus(QuietFan, tag, initCom);
+    if (EqualIgnoringCase(answer, FeatureSupported)) {
+        TraceLine(tag + " Quiet Fan Off");
+        return 0;
+    }
+    if (EqualIgnoringCase(answer, FeatureSupportedAndOn)) {
+        TraceLine(tag + " Quiet Fan On");
+        return 1;
+    }
+    TraceLine(tag + " Not Support Quiet Fan");
+    return -1;
+}
+
+int32_t WMIGetQuietFan(uint8_t initCom) {
+    const std::string tag = "[WMIGetQuietFan]";
+    const std::u16string path = SettingPath(QuietFan, tag, initCom);
+    std::int32_t level = Off;
+    if (WMICheckAppExist(initCom)) {
+        level = ReadSetting(path, Off);
+        TraceLine(tag + " Quiet Fan is " + std::to_string(level));
+    }
+    if (level < 1 || level > HighestLevel) {
+        TraceLine(tag + " Quiet Fan Off");
+        return Off;
+    }
+    TraceLine(tag + " Quiet Fan On");
+    return level;
+}
+
+int32_t WMISetQuietFan(uint8_t value, uint8_t initCom) {
+    return SetFeature(QuietFan, "[WMISetQuietFan]", value == 0 ? u"0" : u"1", value, initCom) ? 1 : 0;
+}

@@ -1,0 +1,59 @@
+// The windows on the desktop.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace platform {
+
+enum class Window : std::uintptr_t { None = 0 };
+
+/// The windows that EnumWindows names, uppermost first. EnumWindows takes its list before it names the first of
+/// them and leaves out those that are closed meanwhile; a window of this list that has been closed fails
+/// IsWindow, so nothing is lost by having the list at once.
+std::vector<Window> EnumWindows();
+
+std::uint32_t GetWindowTextLengthW(Window window);
+bool IsWindowEnabled(Window window);
+bool IsWindow(Window window);
+bool IsWindowVisible(Window window);
+bool IsIconic(Window window);
+
+inline constexpr std::uint32_t RootOwner = 3; // GA_ROOTOWNER
+
+Window GetAncestor(Window window, std::uint32_t which);
+Window GetLastActivePopup(Window window);
+
+/// TITLEBARINFO
+struct TitleBarInfo {
+    std::uint32_t size; // of this record
+    std::array<std::int32_t, 4> place;
+    std::array<std::uint32_t, 6> states; // of the bar itself, then of its elements
+};
+
+static_assert(sizeof(TitleBarInfo) == 44);
+
+inline constexpr std::uint32_t StateInvisible = 0x8000; // STATE_SYSTEM_INVISIBLE
+
+bool GetTitleBarInfo(Window window, TitleBarInfo& info);
+
+inline constexpr std::int32_t ExtendedStyle = -20; // GWL_EXSTYLE
+inline constexpr std::uint32_t ToolWindow = 0x80;  // WS_EX_TOOLWINDOW
+
+std::uint32_t GetWindowLongW(Window window, std::int32_t index);
+
+/// The two texts: their length, 0 when there is none. `size` in characters, the terminator counted; a longer
+/// text is cut.
+std::uint32_t GetClassNameW(Window window, char16_t* name, std::uint32_t size);
+std::uint32_t GetWindowTextW(Window window, char16_t* text, std::uint32_t size);
+
+/// FindWindowExW of a class, whatever the title: the children of `parent`, or the top-level windows for none,
+/// from the first on or behind `after`.
+Window FindWindowExW(Window parent, Window after, const char16_t* className);
+
+/// GetWindowThreadProcessId, asked for the process: 0 for a window that is gone.
+std::uint32_t GetWindowThreadProcessId(Window window);
+
+} // namespace platform

@@ -1,0 +1,20 @@
+#include "platform/simulated/ec_firmware.h"
+
+namespace machine {
+
+EcFirmware::EcFirmware(const EcProfile& profile) : m_banks(profile), m_tachometer(profile), m_bus(profile) {}
+
+EcAnswer EcFirmware::CarryOut(std::uint8_t command, std::span<const std::uint8_t> data) {
+    if (const auto answer = m_tachometer.CarryOut(command, data)) {
+        return *answer;
+    }
+    if (const auto answer = m_bus.CarryOut(command, data)) {
+        return *answer;
+    }
+    if (const auto byte = m_banks.Find(command, data)) {
+        return {0, *byte};
+    }
+    return {ReadsBank(command) ? ec_status::BadData : ec_status::BadCommand};
+}
+
+} // namespace machine

@@ -1,0 +1,23 @@
+// The EC's firmware behind its identity: register banks, tachometer and battery bus of its generation.
+#pragma once
+
+#include "platform/simulated/ec_answer.h"
+#include "platform/simulated/ec_battery_bus.h"
+#include "platform/simulated/ec_register_banks.h"
+#include "platform/simulated/ec_tachometer.h"
+
+namespace machine {
+
+class EcFirmware {
+public:
+    explicit EcFirmware(const EcProfile& profile);
+
+    EcAnswer CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
+
+private:
+    EcRegisterBanks m_banks;
+    EcTachometer m_tachometer;
+    EcBatteryBus m_bus;
+};
+
+} // namespace machine

@@ -1,0 +1,61 @@
+#include "platform/simulated/system_power.h"
+
+#include "platform/simulated/gate.h"
+#include "platform/simulated/machine.h"
+#include "platform/system_power.h"
+
+namespace machine {
+
+SystemTimesSample ProcessorTimes::Now(const Clock& clock) {
+    constexpr double UnitsPerMicrosecond = 10;
+    if (!m_profile.samples.empty()) {
+        const SystemTimesSample sample = m_profile.samples[m_nextSample];
+        m_nextSample += m_nextSample + 1 < m_profile.samples.size() ? 1 : 0;
+        return sample;
+    }
+    const double time = static_cast<double>(clock.Now().count()) * UnitsPerMicrosecond * m_profile.processors;
+    const double busy = time * m_profile.load;
+    const double busyInKernel = busy * m_profile.kernelShare;
+    SystemTimesSample sample;
+    sample.idle = static_cast<std::uint64_t>(time - busy);
+    sample.kernel = sample.idle + static_cast<std::uint64_t>(busyInKernel);
+    sample.user = static_cast<std::uint64_t>(busy - busyInKernel);
+    return sample;
+}
+
+} // namespace machine
+
+namespace platform {
+
+using machine::Call;
+using machine::Current;
+using machine::Operation;
+
+bool GetSystemTimes(SystemTimes& times) {
+    Call call(Operation::GetSystemTimes);
+    if (call.Refused()) {
+        machine::SetLastError(call.RefusalCode());
+        return call.Answered(false);
+    }
+    const machine::SystemTimesSample sample = Current().processorTimes.Now(Current().clock);
+    times = {sample.idle, sample.kernel, sample.user};
+    call.Note([&] {
+        return "idle " + std::to_string(sample.idle) + " kernel " + std::to_string(sample.kernel) + " user " +
+               std::to_string(sample.user);
+    });
+    return call.Answered(true);
+}
+
+bool GetSystemPowerStatus(SystemPowerStatus& status) {
+    constexpr std::uint32_t UnknownTime = 0xFFFFFFFF;
+    Call call(Operation::GetSystemPowerStatus);
+    if (call.Refused()) {
+        machine::SetLastError(call.RefusalCode());
+        return call.Answered(false);
+    }
+    status = {Current().profile.systemPower.acLine, 255, 255, UnknownTime, UnknownTime};
+    call.Note([&] { return "line " + std::to_string(status.acLineStatus); });
+    return call.Answered(true);
+}
+
+} // namespace platform

@@ -1,0 +1,22 @@
+// The counters behind GetSystemTimes.
+#pragma once
+
+#include "platform/simulated/clock.h"
+#include "platform/simulated/system_power_profile.h"
+
+#include <cstddef>
+
+namespace machine {
+
+class ProcessorTimes {
+public:
+    explicit ProcessorTimes(const SystemPowerProfile& profile) : m_profile(profile) {}
+
+    SystemTimesSample Now(const Clock& clock);
+
+private:
+    SystemPowerProfile m_profile;
+    std::size_t m_nextSample = 0;
+};
+
+} // namespace machine

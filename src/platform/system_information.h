@@ -1,0 +1,71 @@
+// What the operating system says of itself: version, lockdown mode, the user's nation, the time.
+#pragma once
+
+#include "platform/owned.h"
+#include "platform/types.h"
+
+#include <span>
+
+namespace platform {
+
+/// The fields of RTL_OSVERSIONINFOEXW that are used.
+struct OsVersion {
+    std::uint32_t infoSize = 0; // goes in
+    std::uint32_t major = 0;
+    std::uint32_t minor = 0;
+    std::uint32_t build = 0;
+};
+
+inline constexpr std::uint32_t OsVersionInfoExSize = 284; // sizeof(RTL_OSVERSIONINFOEXW)
+
+/// RtlGetVersion of "ntdll", looked up at each call. False where there is no such routine; its own status is
+/// not given.
+bool RtlGetVersion(OsVersion& version);
+
+enum class Module : std::uintptr_t { None = 0 };
+
+/// LoadLibraryW of a library in the system directory, and nowhere else. `Module::None` with the last error set
+/// when it is not there.
+Module LoadLibraryW(const char16_t* name);
+
+void FreeLibrary(Module module);
+
+using OwnedModule = Owned<Module, FreeLibrary, Module::None>;
+
+/// WldpQueryWindowsLockdownMode, looked up in "wldp.dll". A library without the routine answers
+/// `lockdown::NoRoutine`.
+HResult WldpQueryWindowsLockdownMode(Module wldp, std::uint32_t& mode);
+
+namespace lockdown {
+inline constexpr HResult NoRoutine = static_cast<HResult>(0x8007007F); // ERROR_PROC_NOT_FOUND
+} // namespace lockdown
+
+namespace geo {
+inline constexpr std::uint32_t ClassNation = 16; // GEOCLASS_NATION
+inline constexpr std::uint32_t Iso2 = 4;         // GEO_ISO2
+inline constexpr std::int32_t NotAvailable = -1; // GEOID_NOT_AVAILABLE
+} // namespace geo
+
+std::int32_t GetUserGeoID(std::uint32_t geoClass);
+
+/// The characters written, terminator included; with `data` empty those that are needed. 0 when it failed.
+std::int32_t GetGeoInfoW(std::int32_t geoId, std::uint32_t geoType, std::span<char16_t> data,
+                         std::uint16_t language);
+
+/// A point in time by the calendar.
+struct CalendarTime {
+    std::int32_t year;  // 2024
+    std::int32_t month; // 1 to 12
+    std::int32_t day;   // 1 to 31
+    std::int32_t hour;
+    std::int32_t minute;
+    std::int32_t second; // 60 in a leap second
+};
+
+/// _time64: seconds since the start of 1970, in UTC.
+std::int64_t Time64();
+
+/// _localtime64_s. False when the time cannot be told by the local calendar.
+bool LocalTime64(std::int64_t time, CalendarTime& local);
+
+} // namespace platform

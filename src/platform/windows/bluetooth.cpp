@@ -1,0 +1,118 @@
+#include "platform/bluetooth.h"
+
+#include "platform/windows/system_library.h"
+
+#include <bluetoothapis.h>
+
+namespace platform {
+namespace {
+
+// bthprops.cpl has these on every Windows that has them at all; bluetoothapis.dll came later. Where it is
+// missing, the look-up leaves its error as the last one.
+template <class Routine>
+Routine BluetoothRoutine(const char* name) {
+    return SystemRoutine<Routine>(L"bthprops.cpl", name);
+}
+
+HANDLE Native(Handle handle) {
+    return reinterpret_cast<HANDLE>(handle);
+}
+
+HBLUETOOTH_RADIO_FIND Native(BluetoothRadioFind search) {
+    return reinterpret_cast<HBLUETOOTH_RADIO_FIND>(search);
+}
+
+HBLUETOOTH_DEVICE_FIND Native(BluetoothDeviceFind search) {
+    return reinterpret_cast<HBLUETOOTH_DEVICE_FIND>(search);
+}
+
+BLUETOOTH_DEVICE_INFO EmptyDevice() {
+    static_assert(sizeof(BLUETOOTH_DEVICE_INFO) == 560);
+    return {.dwSize = sizeof(BLUETOOTH_DEVICE_INFO)};
+}
+
+} // namespace
+
+BluetoothRadioFind BluetoothFindFirstRadio(Handle& radio) {
+    const auto findFirst = BluetoothRoutine<decltype(&::BluetoothFindFirstRadio)>("BluetoothFindFirstRadio");
+    if (findFirst == nullptr) {
+        return BluetoothRadioFind::None;
+    }
+    static_assert(sizeof(BLUETOOTH_FIND_RADIO_PARAMS) == 4);
+    BLUETOOTH_FIND_RADIO_PARAMS parameters{.dwSize = sizeof(BLUETOOTH_FIND_RADIO_PARAMS)};
+    HANDLE found = nullptr;
+    const HBLUETOOTH_RADIO_FIND search = findFirst(&parameters, &found);
+    if (search != nullptr) {
+        radio = Handle{reinterpret_cast<std::uintptr_t>(found)};
+    }
+    return BluetoothRadioFind{reinterpret_cast<std::uintptr_t>(search)};
+}
+
+bool BluetoothFindNextRadio(BluetoothRadioFind search, Handle& radio) {
+    const auto findNext = BluetoothRoutine<decltype(&::BluetoothFindNextRadio)>("BluetoothFindNextRadio");
+    HANDLE found = nullptr;
+    if (findNext == nullptr || findNext(Native(search), &found) == FALSE) {
+        return false;
+    }
+    radio = Handle{reinterpret_cast<std::uintptr_t>(found)};
+    return true;
+}
+
+void BluetoothFindRadioClose(BluetoothRadioFind search) {
+    if (const auto close =
+            BluetoothRoutine<decltype(&::BluetoothFindRadioClose)>("BluetoothFindRadioClose")) {
+        close(Native(search));
+    }
+}
+
+SystemError BluetoothGetRadioInfo(Handle radio) {
+    const auto getInfo = BluetoothRoutine<decltype(&::BluetoothGetRadioInfo)>("BluetoothGetRadioInfo");
+    if (getInfo == nullptr) {
+        return ::GetLastError();
+    }
+    static_assert(sizeof(BLUETOOTH_RADIO_INFO) == 520);
+    BLUETOOTH_RADIO_INFO info{.dwSize = sizeof(BLUETOOTH_RADIO_INFO)};
+    return getInfo(Native(radio), &info);
+}
+
+BluetoothDeviceFind BluetoothFindFirstDevice(const BluetoothDeviceSearch& parameters,
+                                             BluetoothDevice& device) {
+    const auto findFirst =
+        BluetoothRoutine<decltype(&::BluetoothFindFirstDevice)>("BluetoothFindFirstDevice");
+    if (findFirst == nullptr) {
+        return BluetoothDeviceFind::None;
+    }
+    static_assert(sizeof(BLUETOOTH_DEVICE_SEARCH_PARAMS) == 40);
+    const BLUETOOTH_DEVICE_SEARCH_PARAMS native{.dwSize = sizeof native,
+                                                .fReturnAuthenticated = parameters.returnAuthenticated,
+                                                .fReturnRemembered = parameters.returnRemembered,
+                                                .fReturnUnknown = parameters.returnUnknown,
+                                                .fReturnConnected = parameters.returnConnected,
+                                                .fIssueInquiry = parameters.issueInquiry,
+                                                .cTimeoutMultiplier = parameters.timeoutMultiplier,
+                                                .hRadio = Native(parameters.radio)};
+    BLUETOOTH_DEVICE_INFO found = EmptyDevice();
+    const HBLUETOOTH_DEVICE_FIND search =
+        findFirst(const_cast<BLUETOOTH_DEVICE_SEARCH_PARAMS*>(&native), &found);
+    device.classOfDevice = found.ulClassofDevice;
+    return BluetoothDeviceFind{reinterpret_cast<std::uintptr_t>(search)};
+}
+
+bool BluetoothFindNextDevice(BluetoothDeviceFind search, BluetoothDevice& device) {
+    const auto findNext = BluetoothRoutine<decltype(&::BluetoothFindNextDevice)>("BluetoothFindNextDevice");
+    BLUETOOTH_DEVICE_INFO found = EmptyDevice();
+    if (findNext == nullptr || findNext(Native(search), &found) == FALSE) {
+        return false;
+    }
+    device.classOfDevice = found.ulClassofDevice;
+    return true;
+}
+
+void BluetoothFindDeviceClose(BluetoothDeviceFind search) {
+    if (const auto close =
+            BluetoothRoutine<decltype(&::BluetoothFindDeviceClose)>("BluetoothFindDeviceClose")) {
+        close(Native(search));
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,15 @@
+// The platform's split 64-bit times.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+namespace platform {
+
+/// A FILETIME in units of 100 ns.
+inline std::uint64_t Ticks(const FILETIME& time) {
+    return std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
+}
+
+} // namespace platform

@@ -1,0 +1,81 @@
+#include "platform/system_information.h"
+
+#include "platform/windows/system_library.h"
+#include "platform/windows/wide.h"
+
+#include <time.h>
+
+namespace platform {
+namespace {
+
+template <class Routine>
+Routine RoutineOf(HMODULE module, const char* name) {
+    return module == nullptr
+               ? nullptr
+               : reinterpret_cast<Routine>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
+}
+
+} // namespace
+
+bool RtlGetVersion(OsVersion& version) {
+    using Routine = LONG(WINAPI*)(RTL_OSVERSIONINFOEXW*);
+    const auto routine = RoutineOf<Routine>(::GetModuleHandleA("ntdll"), "RtlGetVersion");
+    if (routine == nullptr) {
+        return false;
+    }
+    static_assert(sizeof(RTL_OSVERSIONINFOEXW) == OsVersionInfoExSize);
+    RTL_OSVERSIONINFOEXW info{};
+    info.dwOSVersionInfoSize = version.infoSize;
+    routine(&info);
+    version.major = info.dwMajorVersion;
+    version.minor = info.dwMinorVersion;
+    version.build = info.dwBuildNumber;
+    return true;
+}
+
+Module LoadLibraryW(const char16_t* name) {
+    return Module{reinterpret_cast<std::uintptr_t>(LoadSystemLibrary(Wide(name)))};
+}
+
+void FreeLibrary(Module module) {
+    ::FreeLibrary(reinterpret_cast<HMODULE>(module));
+}
+
+HResult WldpQueryWindowsLockdownMode(Module wldp, std::uint32_t& mode) {
+    using Routine = HRESULT(WINAPI*)(DWORD*);
+    const auto routine = RoutineOf<Routine>(reinterpret_cast<HMODULE>(wldp), "WldpQueryWindowsLockdownMode");
+    if (routine == nullptr) {
+        return lockdown::NoRoutine;
+    }
+    DWORD found = mode;
+    const HRESULT status = routine(&found);
+    mode = found;
+    return status;
+}
+
+std::int32_t GetUserGeoID(std::uint32_t geoClass) {
+    return ::GetUserGeoID(geoClass);
+}
+
+std::int32_t GetGeoInfoW(std::int32_t geoId, std::uint32_t geoType, std::span<char16_t> data,
+                         std::uint16_t language) {
+    return ::GetGeoInfoW(geoId, geoType, data.empty() ? nullptr : Wide(data.data()),
+                         static_cast<int>(data.size()), language);
+}
+
+std::int64_t Time64() {
+    return ::_time64(nullptr);
+}
+
+bool LocalTime64(std::int64_t time, CalendarTime& local) {
+    const __time64_t seconds = time;
+    tm fields{};
+    if (::_localtime64_s(&fields, &seconds) != 0) {
+        return false;
+    }
+    local = {fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday,
+             fields.tm_hour,        fields.tm_min,     fields.tm_sec};
+    return true;
+}
+
+} // namespace platform

@@ -1,0 +1,30 @@
+// What a VARIANT holds, as a plain value.
+#pragma once
+
+#include "platform/wmi.h"
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+namespace platform {
+
+/// A VARIANT that starts empty and is cleared at the end.
+class OwnedVariant {
+public:
+    OwnedVariant() { ::VariantInit(&m_variant); }
+
+    OwnedVariant(const OwnedVariant&) = delete;
+    OwnedVariant& operator=(const OwnedVariant&) = delete;
+
+    ~OwnedVariant() { ::VariantClear(&m_variant); }
+
+    [[nodiscard]] VARIANT& Raw() { return m_variant; }
+
+private:
+    VARIANT m_variant;
+};
+
+WmiValue ValueOf(const VARIANT& variant);
+
+} // namespace platform

@@ -1,0 +1,79 @@
+// Wi-Fi: the interfaces, the present connection, the access points in reach.
+//
+// The WLAN API hands out blocks of memory with lists, lengths and offsets in them. Here they arrive as plain
+// values: whatever points outside its block, or is missing, has been left out, and the block has been given
+// back. A Windows without the API's library answers with the error of the look-up.
+#pragma once
+
+#include "platform/owned.h"
+#include "platform/types.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+enum class WlanClient : std::uintptr_t { None = 0 };
+
+namespace wlan {
+inline constexpr std::uint32_t ClientVersion = 2;          // Windows Vista and later
+inline constexpr std::uint32_t StateConnected = 1;         // wlan_interface_state_connected
+inline constexpr std::uint32_t CurrentConnection = 7;      // wlan_intf_opcode_current_connection
+inline constexpr std::uint32_t ChannelNumber = 8;          // wlan_intf_opcode_channel_number
+inline constexpr std::uint32_t InfrastructureNetworks = 1; // dot11_BSS_type_infrastructure
+} // namespace wlan
+
+using MacAddress = std::array<std::uint8_t, 6>;
+
+/// DOT11_SSID. The bytes behind `length` are whatever lay there.
+struct WlanSsid {
+    std::uint32_t length = 0;
+    std::array<std::uint8_t, 32> bytes{};
+};
+
+struct WlanInterface {
+    Guid guid{};
+    std::u16string description; // up to 256 characters
+    std::uint32_t state = 0;
+};
+
+struct WlanConnection {
+    WlanSsid ssid;
+    MacAddress bssid{};
+    std::uint32_t phyType = 0;
+};
+
+struct WlanBssEntry {
+    WlanSsid ssid;
+    MacAddress bssid{};
+    std::int32_t rssi = 0;
+    /// Empty where the entry's offset and size lead outside the list.
+    std::vector<std::byte> informationElements;
+};
+
+SystemError WlanOpenHandle(std::uint32_t clientVersion, WlanClient& client);
+
+void WlanCloseHandle(WlanClient client);
+
+/// A null list with good status is an empty one.
+SystemError WlanEnumInterfaces(WlanClient client, std::vector<WlanInterface>& interfaces);
+
+/// WlanQueryInterface for `wlan::CurrentConnection`. Good status without data, or with less than a connection
+/// takes, leaves `connection` empty.
+SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std::uint32_t opcode,
+                               std::optional<WlanConnection>& connection);
+
+/// WlanQueryInterface for `wlan::ChannelNumber` and other 32-bit numbers.
+SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std::uint32_t opcode,
+                               std::optional<std::uint32_t>& number);
+
+/// WlanGetNetworkBssList for every SSID. A null list with good status is an empty one; entries that the list's
+/// size has no room for are left out.
+SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, std::uint32_t bssType,
+                                  bool securityEnabled, std::vector<WlanBssEntry>& entries);
+
+using OwnedWlanClient = Owned<WlanClient, WlanCloseHandle, WlanClient::None>;
+
+} // namespace platform

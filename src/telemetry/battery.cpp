@@ -1,0 +1,127 @@
+// The battery exports. Nothing is kept between them: each call asks its source from the start.
+#include "ec/ec_maps.h"
+#include "frame/host_buffer.h"
+#include "frame/text.h"
+#include "telemetry/battery_device.h"
+#include "vesk_sondrel.h"
+
+#include <algorithm>
+#include <array>
+
+namespace sondrel {
+namespace {
+
+/// The date and the name fill exactly this many bytes.
+constexpr std::size_t ShortTextSize = 11;
+
+struct Date {
+    std::uint32_t year;
+    std::uint32_t month;
+    std::uint32_t day;
+};
+
+/// The word as the Smart Battery Data Specification packs it. No field is tested.
+constexpr Date DateOf(std::uint32_t word) {
+    if (word == 0 || word == EcReadFailed) {
+        return {1980, 1, 1};
+    }
+    return {1980 + (word >> 9 & 0x7F), word >> 5 & 0x0F, word & 0x1F};
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+uint32_t Battery_Read_DesignedCapacity(void) {
+    return ReadBatteryDevice().designedCapacity;
+}
+
+uint32_t Battery_Read_FullChargedCapcity(void) {
+    return ReadBatteryDevice().fullChargedCapacity;
+}
+
+uint32_t Battery_Read_Capacity(void) {
+    return ReadBatteryDevice().capacity;
+}
+
+uint32_t Battery_Read_DesignVoltage(void) {
+    return ReadBatteryDevice().voltage;
+}
+
+float Battery_Read_ASOC(void) {
+    return ReadBatteryDevice().healthRatio;
+}
+
+uint32_t Battery_Read_CapacityPercentage(void) {
+    const BatteryRecord battery = ReadBatteryDevice();
+    return RoundedPercentage(battery.capacity, battery.fullChargedCapacity);
+}
+
+uint32_t Battery_Read_CycleCount(void) {
+    const EcMap* const map = FirstEcMapOf(EC_ReadEcFwRev());
+    if (map == nullptr) {
+        return 0;
+    }
+    return map->cycleCount ? ReadEcWord(*map->cycleCount) : ReadBatteryDevice().cycleCount;
+}
+
+uint32_t Battery_Get_LidStatus(void) {
+    return ReadEc(&EcMap::lidState);
+}
+
+uint32_t Battery_Read_ChargingVoltage(void) {
+    return ReadEc(&EcMap::chargingVoltage);
+}
+
+uint32_t Battery_Read_PackageVoltage(void) {
+    return ReadEc(&EcMap::packageVoltage);
+}
+
+uint32_t Battery_Read_Temperature(void) {
+    return ReadEc(&EcMap::batteryTemperature);
+}
+
+int32_t Battery_Read_Current(void) {
+    // A failed reading keeps its low half like any other, and comes out as -1.
+    return static_cast<std::int16_t>(ReadEc(&EcMap::current));
+}
+
+void Battery_Read_CellVoltage(char* out) {
+    if (out == nullptr) {
+        return;
+    }
+    std::array<std::uint32_t, EcCellCount> cells{};
+    for (std::size_t cell = 0; cell < cells.size(); ++cell) {
+        cells[cell] = ReadEcCellVoltage(cell);
+    }
+    const auto format = [&cells](char* buffer, std::size_t size) {
+        return FormatCounted(buffer, size, "%u;%u;%u;%u", cells[0], cells[1], cells[2], cells[3]);
+    };
+    const int length = format(nullptr, 0);
+    format(out, static_cast<std::size_t>(length) + 1);
+}
+
+void Battery_Read_ManufactureDate(char* out) {
+    if (out == nullptr) {
+        return;
+    }
+    const Date date = DateOf(ReadEcManufactureDate());
+    FormatCounted(out, ShortTextSize, "%4u-%02u-%02u", date.year, date.month, date.day);
+}
+
+void Battery_Read_ManufactureName(char* out) {
+    if (out == nullptr) {
+        return;
+    }
+    std::array<char, ShortTextSize> name{};
+    if (!ReadEcManufacturerName(std::span(name).first<EcNameLength>())) {
+        name.fill('\0');
+    }
+    // A name that begins with a zero counts as none. The bytes behind an earlier end go out with the others.
+    if (name.front() == '\0') {
+        CopyToHost("0x7FFFFFFF", out);
+    } else {
+        std::ranges::copy(name, out);
+    }
+}

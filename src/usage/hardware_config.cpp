@@ -1,0 +1,38 @@
+// Two settings of the machine: brightness and volume.
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "system/system_readings.h"
+#include "vesk_sondrel.h"
+#include "wmi/wmi_query.h"
+#include "wmi/wmi_values.h"
+
+#include <string>
+
+namespace sondrel {
+namespace {
+
+/// The brightness of the last display that tells one, in decimal. Empty when none does or a step failed.
+std::u16string ReadWMIBrightness(std::u16string nameSpace, std::u16string query, std::uint8_t initCom) {
+    std::u16string brightness;
+    WalkWmiQuery(WmiReader::Brightness, nameSpace, query, initCom, [&](platform::WbemObject row) {
+        const platform::WmiValue value = ReadWmiProperty(row, u"CurrentBrightness");
+        if (NumberOf(value)) {
+            brightness = NumberTextOf(value);
+        }
+    });
+    return brightness;
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+void AppList_HardwareConfig(VeskChar16* out) {
+    TraceLine("AppList_HardwareConfig start");
+    const std::u16string brightness =
+        ReadWMIBrightness(u"ROOT\\WMI", u"select * from WmiMonitorBrightness", 1);
+    const std::u16string volume = getvolume();
+    CopyToHost(u"{\"brightness\":\"" + brightness + u"\",\"volume\":\"" + volume + u"\"}", out);
+    TraceLine("AppList_HardwareConfig end");
+}

@@ -1,0 +1,22 @@
+#include "usage/open_window_record.h"
+
+#include <array>
+#include <charconv>
+
+namespace sondrel {
+
+std::u16string CpuUsageText(float cpuUsage) {
+    // Sign, the 39 digits of the largest float, point and digit.
+    std::array<char, 42> text;
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), cpuUsage, std::chars_format::fixed, 1).ptr;
+    return {text.data(), end};
+}
+
+std::u16string MemUsageText(std::int32_t memUsage) {
+    std::array<char, 11> text;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), memUsage).ptr;
+    return {text.data(), end};
+}
+
+} // namespace sondrel

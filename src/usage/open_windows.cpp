@@ -1,0 +1,177 @@
+#include "usage/open_windows.h"
+
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "frame/text.h"
+#include "platform/processes.h"
+#include "platform/system_power.h"
+#include "platform/time.h"
+
+#include <optional>
+#include <string_view>
+
+namespace sondrel {
+namespace {
+
+using platform::Window;
+
+constexpr std::int32_t MostListed = 5;
+constexpr std::uint32_t SampleMilliseconds = 1000;
+constexpr std::u16string_view FrameHost = u"ApplicationFrameHost.exe";
+
+/// Whether a window is the one that its root owner is shown by: the root owner itself, as long as no popup of
+/// its has taken over.
+bool StandsForItsOwner(Window window) {
+    // Popups that name each other in a circle would be followed for good.
+    constexpr unsigned LongestChain = 1000;
+    Window walk = platform::GetAncestor(window, platform::RootOwner);
+    if (walk == Window::None) {
+        return false;
+    }
+    for (unsigned step = 0; step < LongestChain; ++step) {
+        const Window previous = walk;
+        walk = platform::GetLastActivePopup(previous);
+        if (walk == previous || platform::IsWindowVisible(walk)) {
+            return previous == window;
+        }
+    }
+    return false;
+}
+
+bool HasVisibleTitleBar(Window window) {
+    platform::TitleBarInfo info{};
+    info.size = sizeof info;
+    platform::GetTitleBarInfo(window, info);
+    return (info.states[0] & platform::StateInvisible) == 0;
+}
+
+/// The tests that need nothing but the window, in their order.
+bool IsApplicationWindow(Window window) {
+    const std::uint32_t titleLength = platform::GetWindowTextLengthW(window);
+    return platform::IsWindowEnabled(window) && platform::IsWindow(window) &&
+           platform::IsWindowVisible(window) && StandsForItsOwner(window) && HasVisibleTitleBar(window) &&
+           (platform::GetWindowLongW(window, platform::ExtendedStyle) & platform::ToolWindow) == 0 &&
+           titleLength != 0;
+}
+
+struct ProcessorTimes {
+    std::uint64_t system = 0;
+    std::uint64_t process = 0;
+};
+
+/// A reading that fails leaves the times as they were, so that they seem not to have moved.
+void ReadTimes(platform::Handle process, ProcessorTimes& times) {
+    platform::SystemTimes all;
+    if (platform::GetSystemTimes(all)) {
+        times.system = all.kernel + all.user; // the kernel time holds the idle time
+    }
+    platform::ProcessTimes own{};
+    if (platform::GetProcessTimes(process, own)) {
+        times.process = own.kernel + own.user;
+    }
+}
+
+/// The share of all processors that a process takes over one second, in per cent; nothing when the process
+/// cannot be opened, in which case nothing is waited for.
+std::optional<float> SampleCpuUsage(std::uint32_t processId) {
+    const platform::OwnedProcess process(platform::OpenProcess(platform::access::ProcessAll, processId));
+    if (!process) {
+        return std::nullopt;
+    }
+    ProcessorTimes before;
+    ReadTimes(process.Get(), before);
+    platform::Sleep(SampleMilliseconds);
+    ProcessorTimes after = before;
+    ReadTimes(process.Get(), after);
+    const std::uint64_t system = after.system - before.system;
+    if (system == 0) {
+        return -1.0F;
+    }
+    const std::uint64_t own = after.process - before.process;
+    return static_cast<float>(static_cast<double>(own) * 100.0 / static_cast<double>(system));
+}
+
+/// Sets the working set in kilobytes. False when the process is open but does not tell it, which drops the
+/// record; a process that cannot be opened keeps its record and the number in it.
+bool ReadMemUsage(std::uint32_t processId, std::int32_t& memUsage) {
+    const platform::OwnedProcess process(platform::OpenProcess(platform::access::ProcessAll, processId));
+    if (!process) {
+        return true;
+    }
+    platform::ProcessMemoryCounters counters{};
+    counters.size = sizeof counters;
+    if (!platform::K32GetProcessMemoryInfo(process.Get(), counters, sizeof counters)) {
+        return false;
+    }
+    // The low 32 bits, signed: 2 GiB and above wrap.
+    memUsage = static_cast<std::int32_t>(static_cast<std::uint32_t>(counters.workingSetSize)) / 1024;
+    return true;
+}
+
+void AppendRecord(std::u16string& document, const OpenWindowRecord& record) {
+    document += u"{\"process_name\":\"";
+    document += record.processName;
+    document += u"\",\"process_title\":\"";
+    document += record.processTitle;
+    document += u"\",\"cpu_usage\":\"";
+    document += CpuUsageText(record.cpuUsage);
+    document += u"\",\"mem_usage\":\"";
+    document += MemUsageText(record.memUsage);
+    document += u"\",\"z_order\":\"";
+    document += record.zOrder;
+    document += u"\",\"is_focused\":\"";
+    document += record.isFocused;
+    document += u"\"}";
+}
+
+} // namespace
+
+void EnumOpenWindowProc(Window window, OpenWindowWalk& walk) {
+    if (!IsApplicationWindow(window)) {
+        return;
+    }
+    const std::uint32_t processId = platform::GetWindowThreadProcessId(window);
+    OpenWindowRecord record;
+    if (!GetWindowProcessName(window, record.processName) ||
+        (record.processName == FrameHost &&
+         platform::FindWindowExW(window, Window::None, CoreWindowClass) == Window::None)) {
+        return;
+    }
+    const std::int32_t position = ++walk.WindowZOrderCounter;
+    record.zOrder = DecimalText(static_cast<std::uint32_t>(position));
+    record.isFocused = position == 1 ? u"1" : u"0";
+    if (position > MostListed) {
+        return;
+    }
+    record.cpuUsage = SampleCpuUsage(processId).value_or(record.cpuUsage);
+    if (ReadMemUsage(processId, record.memUsage)) {
+        walk.records.push_back(std::move(record));
+    }
+}
+
+void ReadOpenWindows(std::u16string& out) {
+    OpenWindowWalk walk;
+    for (const Window window : platform::EnumWindows()) {
+        EnumOpenWindowProc(window, walk);
+    }
+    out.assign(1, u'[');
+    for (const OpenWindowRecord& record : walk.records) {
+        if (&record != walk.records.data()) {
+            out += u',';
+        }
+        AppendRecord(out, record);
+    }
+    out += u']';
+}
+
+} // namespace sondrel
+
+using namespace sondrel;
+
+void AppList_OpenWindows(VeskChar16* out) {
+    TraceLine("AppList_OpenWindows start");
+    std::u16string document;
+    ReadOpenWindows(document);
+    CopyToHost(document, out);
+    TraceLine("AppList_OpenWindows end");
+}

@@ -1,0 +1,110 @@
+// The busiest and the largest processes, from the formatted performance counters.
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "frame/text.h"
+#include "usage/decimal_number.h"
+#include "usage/open_window_record.h"
+#include "vesk_sondrel.h"
+#include "wmi/wmi_query.h"
+#include "wmi/wmi_values.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sondrel {
+namespace {
+
+using Record = OpenWindowRecord;
+
+constexpr const char16_t* Query = u"SELECT * FROM Win32_PerfFormattedData_PerfProc_Process";
+
+/// What tells the two lists apart.
+struct UsageList {
+    WmiReader reader;
+    std::size_t limit;
+    bool (*weighs)(const Record& record);                    // more than nothing: belongs on the list
+    bool (*before)(const Record& left, const Record& right); // weighs more
+};
+
+constexpr UsageList CpuList{WmiReader::CpuUsage, 5, [](const Record& record) { return record.cpuUsage > 0; },
+                            [](const Record& left, const Record& right) {
+                                return left.cpuUsage > right.cpuUsage;
+                            }};
+
+constexpr UsageList MemList{WmiReader::MemUsage, 10, [](const Record& record) { return record.memUsage > 0; },
+                            [](const Record& left, const Record& right) {
+                                return left.memUsage > right.memUsage;
+                            }};
+
+/// The counter counts all processors together; the divisor is fixed, however many there are.
+float CpuUsageOf(const std::u16string& percentProcessorTime) {
+    const auto percent = static_cast<float>(WideToDouble(percentProcessorTime));
+    return static_cast<float>(static_cast<double>(percent) / 10.0);
+}
+
+/// Nothing for the idle process and for the sum of all, whose process id is 0.
+std::optional<Record> ReadRecord(platform::WbemObject row) {
+    Record record;
+    record.processName = TextUpToZeroOf(ReadWmiProperty(row, u"Name"));
+    const std::int32_t processId = NumberOf(ReadWmiProperty(row, u"IDProcess")).value_or(0);
+    record.cpuUsage = CpuUsageOf(TextUpToZeroOf(ReadWmiProperty(row, u"PercentProcessorTime")));
+    record.memUsage = WideToInt32(TextUpToZeroOf(ReadWmiProperty(row, u"WorkingSet"))) / 1024;
+    return processId != 0 ? std::optional(std::move(record)) : std::nullopt;
+}
+
+std::u16string RecordText(const Record& record) {
+    return u"{\"process_name\":\"" + record.processName + u"\",\"cpu_usage\":\"" +
+           CpuUsageText(record.cpuUsage) + u"\",\"mem_usage\":\"" + MemUsageText(record.memUsage) + u"\"}";
+}
+
+/// Only as many records as can be listed are put in order.
+std::u16string Document(std::vector<Record> records, const UsageList& list) {
+    const auto end = records.begin() + static_cast<std::ptrdiff_t>(std::min(list.limit, records.size()));
+    std::partial_sort(records.begin(), end, records.end(), list.before);
+    std::u16string document = u"[";
+    for (auto record = records.begin(); record != end && list.weighs(*record); ++record) {
+        if (record != records.begin()) {
+            document += u',';
+        }
+        document += RecordText(*record);
+    }
+    return document + u']';
+}
+
+std::u16string ReadUsage(const UsageList& list, const std::u16string& nameSpace, const std::u16string& query,
+                         std::uint8_t initCom) {
+    std::vector<Record> records;
+    const bool read = WalkWmiQuery(list.reader, nameSpace, query, initCom, [&](platform::WbemObject row) {
+        if (auto record = ReadRecord(row)) {
+            records.push_back(std::move(*record));
+        }
+    });
+    return read ? Document(std::move(records), list) : std::u16string();
+}
+
+std::u16string ReadWMICpuUsage(std::u16string nameSpace, std::u16string query, std::uint8_t initCom) {
+    return ReadUsage(CpuList, nameSpace, query, initCom);
+}
+
+std::u16string ReadWMIMemUsage(std::u16string nameSpace, std::u16string query, std::uint8_t initCom) {
+    return ReadUsage(MemList, nameSpace, query, initCom);
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+void AppList_CpuUsage(VeskChar16* out) {
+    TraceLine("AppList_CpuUsage start");
+    CopyToHost(ReadWMICpuUsage(u"ROOT\\CIMV2", Query, 1), out);
+    TraceLine("AppList_CpuUsage end");
+}
+
+void AppList_MemUsage(VeskChar16* out) {
+    TraceLine("AppList_MemUsage start");
+    CopyToHost(ReadWMIMemUsage(u"ROOT\\CIMV2", Query, 1), out);
+    TraceLine("AppList_MemUsage end");
+}

@@ -1,0 +1,86 @@
+#include "platform/processes.h"
+#include "usage/open_windows.h"
+
+#include <array>
+#include <string_view>
+
+namespace sondrel {
+namespace {
+
+using platform::Window;
+
+constexpr std::u16string_view FrameClass = u"ApplicationFrameWindow";
+
+/// Room for class names, titles and module paths, the terminator counted.
+constexpr std::size_t TextRoom = 260;
+
+template <class Query>
+std::u16string TextOf(Query query) {
+    std::array<char16_t, TextRoom> text{};
+    query(text.data(), TextRoom);
+    text.back() = u'\0';
+    return text.data();
+}
+
+std::u16string ClassOf(Window window) {
+    return TextOf(
+        [window](char16_t* name, std::uint32_t size) { platform::GetClassNameW(window, name, size); });
+}
+
+std::u16string TitleOf(Window window) {
+    return TextOf(
+        [window](char16_t* text, std::uint32_t size) { platform::GetWindowTextW(window, text, size); });
+}
+
+/// The path of the executable behind a window; empty when it cannot be had.
+std::u16string PathBehind(Window window) {
+    const std::uint32_t processId = platform::GetWindowThreadProcessId(window);
+    const platform::OwnedProcess process(
+        platform::OpenProcess(platform::access::ProcessQueryInformation, processId));
+    if (!process) {
+        return {};
+    }
+    return TextOf([&process](char16_t* path, std::uint32_t size) {
+        platform::K32GetModuleFileNameExW(process.Get(), path, size);
+    });
+}
+
+/// The path behind a minimised frame. Its core window is not its child meanwhile but stands among the top-level
+/// windows; it is known by its title, which is part of the frame's. A frame that is not minimised has no core
+/// window of its own there, so a match by title would be somebody else's.
+std::u16string PathBehindMinimisedFrame(Window frame) {
+    const std::u16string frameTitle = TitleOf(frame);
+    for (Window core = platform::FindWindowExW(Window::None, Window::None, CoreWindowClass);
+         core != Window::None; core = platform::FindWindowExW(Window::None, core, CoreWindowClass)) {
+        if (frameTitle.find(TitleOf(core)) == std::u16string::npos) {
+            continue;
+        }
+        if (!platform::IsIconic(frame)) {
+            return {};
+        }
+        if (std::u16string path = PathBehind(core); !path.empty()) {
+            return path;
+        }
+    }
+    return {};
+}
+
+std::u16string PathBehindFrame(Window frame) {
+    const Window core = platform::FindWindowExW(frame, Window::None, CoreWindowClass);
+    return core != Window::None ? PathBehind(core) : PathBehindMinimisedFrame(frame);
+}
+
+} // namespace
+
+bool GetWindowProcessName(Window window, std::u16string& name) {
+    const std::u16string className = ClassOf(window);
+    if (className.empty()) {
+        return false;
+    }
+    const std::u16string path = className == FrameClass ? PathBehindFrame(window) : PathBehind(window);
+    // npos + 1 is 0: a path without a backslash is its own base name.
+    name.append(path, path.rfind(u'\\') + 1);
+    return !path.empty();
+}
+
+} // namespace sondrel

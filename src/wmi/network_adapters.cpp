@@ -1,0 +1,76 @@
+// The two exports that tie Wi-Fi adapters to the network classes of WMI.
+#include "platform/network_adapters.h"
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "frame/text.h"
+#include "radio/wifi_snapshot.h"
+#include "vesk_sondrel.h"
+#include "wmi/wmi_readers.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sondrel {
+namespace {
+
+constexpr std::uint32_t OneAdapter = 704; // bytes of one record
+constexpr std::size_t CardNameRoom = 150; // characters of the card's name that count
+
+/// The system's adapters, or nothing when they cannot be had. The list may grow between the two questions; then
+/// it counts as one that cannot be had.
+std::optional<std::vector<platform::NetworkAdapter>> ReadAdapters() {
+    std::vector<platform::NetworkAdapter> adapters;
+    std::uint32_t size = OneAdapter;
+    auto status = platform::GetAdaptersInfo(size, adapters);
+    if (status == platform::error::BufferOverflow) {
+        status = platform::GetAdaptersInfo(size, adapters);
+    }
+    if (status != platform::error::Success) {
+        return std::nullopt;
+    }
+    return adapters;
+}
+
+/// The adapter's name in WMI, which knows it by its index; empty where it has no row.
+std::u16string WmiNameOf(const platform::NetworkAdapter& adapter, std::uint8_t initCom) {
+    return ReadWMIPropStr(u"ROOT\\CIMV2",
+                          u"select * from win32_NetworkAdapter where physicalAdapter='true'"
+                          u" and InterfaceIndex = " +
+                              DecimalText(adapter.index),
+                          u"Name", initCom);
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
+    const auto adapters = ReadAdapters();
+    if (!adapters) {
+        return;
+    }
+    std::u16string names;
+    for (const platform::NetworkAdapter& adapter : *adapters) {
+        if (adapter.type != platform::AdapterTypeWireless) {
+            continue;
+        }
+        if (const std::u16string name = WmiNameOf(adapter, initCom); !name.empty()) {
+            names += name + u';';
+        }
+    }
+    CopyToHost(names, out);
+}
+
+void WMIGetWiFiBytesPersec(VeskChar16* out, uint8_t initCom) {
+    TraceLine("WMIGetWiFiBytesPersec Start");
+    const std::size_t nameLength = std::min(WiFiCardName().size(), CardNameRoom);
+    CopyToHost(ReadWMIPropStr2(u"ROOT\\CIMV2",
+                               u"SELECT * FROM Win32_PerfFormattedData_Tcpip_Networkinterface",
+                               std::array<std::u16string, 2>{u"BytesReceivedPersec", u"BytesSentPersec"},
+                               initCom, nameLength),
+               out);
+    TraceLine("WMIGetWiFiBytesPersec End");
+}

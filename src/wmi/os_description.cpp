@@ -1,0 +1,48 @@
+// The operating system in one line: caption, processor width, version.
+#include "frame/diagnostics.h"
+#include "frame/host_buffer.h"
+#include "platform/system_information.h"
+#include "vesk_sondrel.h"
+#include "wmi/wmi_readers.h"
+
+#include <string>
+
+namespace sondrel {
+namespace {
+
+std::u16string ReadOsProperty(const char16_t* property, std::uint8_t initCom) {
+    return ReadWMIPropStr(u"ROOT\\CIMV2", u"select * from Win32_OperatingSystem", property, initCom);
+}
+
+/// "10.0.19041"; all three numbers are 0 where the system does not tell them.
+std::u16string OsVersionText() {
+    platform::OsVersion version{.infoSize = platform::OsVersionInfoExSize};
+    platform::RtlGetVersion(version);
+    std::string text = std::to_string(static_cast<std::int32_t>(version.major));
+    for (const std::uint32_t number : {version.minor, version.build}) {
+        text += '.';
+        text += std::to_string(static_cast<std::int32_t>(number));
+    }
+    return {text.begin(), text.end()};
+}
+
+std::u16string DescribeOs(std::uint8_t initCom) {
+    const std::u16string caption = ReadOsProperty(u"Caption", initCom);
+    const std::u16string architecture = ReadOsProperty(u"OSArchitecture", initCom);
+    // A bare version says nothing about which system it is.
+    if (caption.empty() && architecture.empty()) {
+        return {};
+    }
+    return caption + u' ' + architecture + u' ' + OsVersionText();
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+void WMIGetOSInfo(VeskChar16* out, uint8_t initCom) {
+    TraceLine("WMIGetOSInfo Start");
+    CopyToHost(DescribeOs(initCom), out);
+    TraceLine("WMIGetOSInfo End");
+}

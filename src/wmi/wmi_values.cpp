@@ -1,0 +1,66 @@
+#include "wmi/wmi_values.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <utility>
+
+namespace sondrel {
+
+using platform::WmiValue;
+
+WmiValue ReadWmiProperty(platform::WbemObject row, const char16_t* name) {
+    WmiValue value;
+    if (platform::Failed(platform::Get(row, name, value))) {
+        return {};
+    }
+    return value;
+}
+
+std::optional<std::int32_t> NumberOf(const WmiValue& value) {
+    const auto* number = std::get_if<std::int32_t>(&value);
+    return number != nullptr ? std::optional(*number) : std::nullopt;
+}
+
+std::optional<std::int32_t> FirstNumberOf(const WmiValue& value) {
+    if (const auto* numbers = std::get_if<std::vector<std::int32_t>>(&value);
+        numbers != nullptr && !numbers->empty()) {
+        return numbers->front();
+    }
+    if (const auto* bytes = std::get_if<std::vector<std::byte>>(&value);
+        bytes != nullptr && !bytes->empty()) {
+        return std::to_integer<std::int32_t>(bytes->front());
+    }
+    return std::nullopt;
+}
+
+std::u16string NumberTextOf(const WmiValue& value) {
+    const auto number = NumberOf(value);
+    if (!number) {
+        return {};
+    }
+    std::array<char, 11> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), *number).ptr;
+    return {digits.data(), end};
+}
+
+std::u16string TextOf(WmiValue value) {
+    auto* text = std::get_if<std::u16string>(&value);
+    return text != nullptr ? std::move(*text) : std::u16string();
+}
+
+std::u16string TextUpToZeroOf(WmiValue value) {
+    std::u16string text;
+    if (const auto* codes = std::get_if<std::vector<std::int32_t>>(&value)) {
+        text.resize(codes->size());
+        std::ranges::transform(*codes, text.begin(), [](std::int32_t code) {
+            return static_cast<char16_t>(static_cast<std::uint32_t>(code));
+        });
+    } else {
+        text = TextOf(std::move(value));
+    }
+    text.resize(std::min(text.find(u'\0'), text.size()));
+    return text;
+}
+
+} // namespace sondrel

@@ -1,0 +1,80 @@
+// The registry operations on a real registry.
+#include "registry_stand.h"
+
+#include "frame/registry_store.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using platform::Key;
+using test::TextValue;
+
+constexpr std::u16string_view Sentinel = u"ERROR_READREG";
+const std::u16string StoreKey = u"SOFTWARE\\Vesk Test\\Store";
+
+class RegistryStoreTest : public ::testing::Test {
+protected:
+    static std::u16string ReadDword(std::u16string name) {
+        return sondrel::ReadRegDword(Key::LocalMachine, StoreKey, std::move(name));
+    }
+
+    static std::u16string ReadString(std::u16string name) {
+        return sondrel::ReadRegString(Key::LocalMachine, StoreKey, std::move(name));
+    }
+
+    void Set(const wchar_t* name, DWORD type, std::wstring_view text) {
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+        m_registry.Set(name, {type, test::Bytes(bytes, bytes + text.size() * sizeof(wchar_t))});
+    }
+
+    test::RegistryStand m_registry{L"SOFTWARE\\Vesk Test\\Store"};
+};
+
+TEST_F(RegistryStoreTest, NumbersAreUnsignedAndOfOneType) {
+    m_registry.Set(L"zero", test::DwordValue(0));
+    m_registry.Set(L"most", test::DwordValue(4294967295u));
+    m_registry.Set(L"digits", TextValue(L"12"));
+    m_registry.Set(L"short", {REG_DWORD, test::FromHex("0501")});
+    m_registry.Set(L"long", {REG_DWORD, test::FromHex("0501000000000000")});
+    EXPECT_EQ(ReadDword(u"zero"), u"0");
+    EXPECT_EQ(ReadDword(u"MOST"), u"4294967295");
+    EXPECT_EQ(ReadDword(u"digits"), Sentinel);
+    EXPECT_EQ(ReadDword(u"short"), u"261");
+    EXPECT_EQ(ReadDword(u"long"), Sentinel);
+    EXPECT_EQ(ReadDword(u"absent"), Sentinel);
+    EXPECT_EQ(sondrel::ReadRegDword(Key::LocalMachine, u"SOFTWARE\\Vesk Test\\Nowhere", u"zero"), Sentinel);
+}
+
+TEST_F(RegistryStoreTest, TextsStayWithinTheirBuffer) {
+    const std::wstring longest(255, L'x');
+    m_registry.Set(L"plain", TextValue(L"C:\\App"));
+    m_registry.Set(L"expand", TextValue(L"C:\\App", REG_EXPAND_SZ));
+    m_registry.Set(L"many", TextValue(L"C:\\App", REG_MULTI_SZ));
+    m_registry.Set(L"longest", TextValue(longest));
+    m_registry.Set(L"too long", TextValue(longest + L'x'));
+    Set(L"zero inside", REG_SZ, std::wstring_view(L"ab\0cd", 5));
+    Set(L"no terminator", REG_SZ, L"abc");
+    Set(L"full without terminator", REG_SZ, longest + L'x');
+    Set(L"empty", REG_SZ, L"");
+    EXPECT_EQ(ReadString(u"plain"), u"C:\\App");
+    EXPECT_EQ(ReadString(u"expand"), Sentinel);
+    EXPECT_EQ(ReadString(u"many"), Sentinel);
+    EXPECT_EQ(ReadString(u"longest"), std::u16string(255, u'x'));
+    EXPECT_EQ(ReadString(u"too long"), Sentinel);
+    EXPECT_EQ(ReadString(u"zero inside"), u"ab");
+    EXPECT_EQ(ReadString(u"no terminator"), u"abc");
+    EXPECT_EQ(ReadString(u"full without terminator"), Sentinel);
+    EXPECT_EQ(ReadString(u"empty"), u"");
+}
+
+TEST_F(RegistryStoreTest, WritingMakesTheWholePath) {
+    EXPECT_TRUE(sondrel::WriteRegDword(Key::LocalMachine, StoreKey + u"\\A\\B", u"number", 0xFFFFFFFF));
+    EXPECT_TRUE(sondrel::WriteRegString(Key::LocalMachine, StoreKey + u"\\A\\B", u"text", u"caf\u00E9"));
+    EXPECT_EQ(m_registry.Get(L"number", L"A\\B"), test::DwordValue(0xFFFFFFFF));
+    EXPECT_EQ(m_registry.Get(L"text", L"A\\B"), TextValue(L"caf\u00E9"));
+    EXPECT_TRUE(sondrel::WriteRegString(Key::LocalMachine, StoreKey + u"\\A\\B", u"number", u"now a text"));
+    EXPECT_EQ(m_registry.Get(L"number", L"A\\B"), TextValue(L"now a text"));
+}
+
+} // namespace
