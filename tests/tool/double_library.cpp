@@ -87,7 +87,7 @@ DOUBLE_API void Battery_Read_ManufactureName(char* out) {
 }
 
 DOUBLE_API void Battery_Read_ManufactureDate(char* out) {
-    std::memcpy(out, "2017-10-28x", 11);
+    std::ranges::copy(std::string_view("2017-10-28x"), out);
 }
 
 DOUBLE_API void RF_AP_MAC(char* out) {
@@ -165,7 +165,7 @@ DOUBLE_API std::uint32_t GPNV_Get_ManufacturedTime(std::uint8_t*) {
 }
 
 DOUBLE_API std::uint32_t GPNV_Get_ActivatedTime(std::uint8_t* out) {
-    std::memcpy(out, "2026-01-02 03:04:05", 19);
+    std::ranges::copy(std::string_view("2026-01-02 03:04:05"), out);
     return 0;
 }
 

@@ -51,7 +51,7 @@ Outcome ToolTest::Program(const std::string& program, const std::vector<std::str
         line += " " + Quoted(argument);
     }
     line += " </dev/null >" + Quoted(Path("out")) + " 2>" + Quoted(Path("err"));
-    const int status = std::system(line.c_str()); // NOLINT(concurrency-mt-unsafe): one thread
+    const int status = std::system(line.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(Path("out")), ContentOf(Path("err"))};
 }
 

@@ -18,12 +18,13 @@ struct Outcome {
 
 /// A directory of its own for each test, in which the simulated machine keeps its state too.
 class ToolTest : public ::testing::Test {
-protected:
+public:
     ToolTest();
     ToolTest(const ToolTest&) = delete;
     ToolTest& operator=(const ToolTest&) = delete;
     ~ToolTest() override;
 
+protected:
     /// Runs the tool against the native library.
     [[nodiscard]] Outcome Tool(const std::vector<std::string>& arguments) const;
     /// Runs the tool against the double. `settings` go into its environment.

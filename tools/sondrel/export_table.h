@@ -75,14 +75,14 @@ enum class InReport : std::uint8_t {
 };
 
 struct Traits {
-    std::string_view unit = "";
+    std::string_view unit;
     /// Narrow text: the buffer's size in bytes. Raw bytes: how many.
     std::size_t size = 0;
     bool session = false;
     Display display = Display::Plain;
     InReport report = InReport::Called;
     /// The argument with which a report calls it.
-    std::string_view sample = "";
+    std::string_view sample;
 };
 
 struct Export {

@@ -13,8 +13,8 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path FullPathOf(std::string_view file) {
-    const fs::path path = file.empty() ? host_system::OwnDirectory() / host_system::LibraryFileName()
-                                       : fs::absolute(PathOf(file));
+    fs::path path = file.empty() ? host_system::OwnDirectory() / host_system::LibraryFileName()
+                                 : fs::absolute(PathOf(file));
     std::error_code problem;
     if (!fs::exists(path, problem)) {
         throw Trouble("there is no library " + Utf8Of(path) +

@@ -140,7 +140,8 @@ Answer CallProcessorLeaf(Address address, const Export& row, const CallInputs& i
     constexpr Word Fill = 0xA5C3A5C3; // no processor answers all four words so
     const auto leaf = NumberOf<Word>(inputs.argument, row);
     std::array<Word, 4> words{Fill, Fill, Fill, Fill};
-    As<void(Word, Word*, Word*, Word*, Word*)>(address)(leaf, &words[0], &words[1], &words[2], &words[3]);
+    auto& [eax, ebx, ecx, edx] = words;
+    As<void(Word, Word*, Word*, Word*, Word*)>(address)(leaf, &eax, &ebx, &ecx, &edx);
     if (std::ranges::count(words, Fill) == 4) {
         return {.bare = std::string(BufferUntouched), .untouched = true};
     }
