@@ -32,9 +32,14 @@ std::uint32_t StatusOf(platform::SystemError error) {
 } // namespace
 
 ServedMachine::ServedMachine(const machine::Profile& profile)
-    : m_controller(profile.ec), m_driver(profile.driver, profile.processor, m_controller) {
+    : m_controller(profile.ec),
+      m_driver(profile.driver, profile.processor, m_controller),
+      m_acpi(profile.acpi) {
     if (profile.driver.present) {
         m_devices[test::device::IoDriver] = &m_driver;
+    }
+    if (profile.acpi.present) {
+        m_devices[test::device::Acpi] = &m_acpi;
     }
     for (const auto& [name, device] : m_devices) {
         m_stand.AddDevice(name);

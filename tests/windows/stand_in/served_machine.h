@@ -4,6 +4,7 @@
 #include "battery_stand.h"
 #include "driver_stand.h"
 
+#include "platform/simulated/acpi_firmware.h"
 #include "platform/simulated/battery_device.h"
 #include "platform/simulated/embedded_controller.h"
 #include "platform/simulated/io_driver.h"
@@ -30,6 +31,7 @@ private:
     test::DriverStand m_stand;
     machine::EmbeddedController m_controller;
     machine::IoDriver m_driver;
+    machine::AcpiFirmware m_acpi;
     // The machine's first battery: the library looks at no other.
     std::optional<machine::BatteryDevice> m_battery;
     std::optional<test::BatteryStand> m_batteryStand;
