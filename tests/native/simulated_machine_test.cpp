@@ -31,9 +31,10 @@ TEST(Profile, AMistakeIsToldWithFilePlaceAndExpectation) {
     };
     EXPECT_EQ(MistakeIn(withEc(R"(, "chip_id": 256}})")),
               "x.json: /ec/chip_id: expected a whole number from 0 to 255, or the same as \"0x...\"");
-    EXPECT_EQ(MistakeIn(withEc(R"(, "chip_di": 1}})")),
-              "x.json: /ec/chip_di: unknown name; expected one of chip_id, chip_name, faults, revision, "
-              "tablet_mode");
+    EXPECT_EQ(
+        MistakeIn(withEc(R"(, "chip_di": 1}})")),
+        "x.json: /ec/chip_di: unknown name; expected one of battery, chip_id, chip_name, fans, faults, lid, "
+        "revision, sensors, tablet_mode, temperatures");
     EXPECT_EQ(
         MistakeIn(withEc(R"(}, "registry": {"values": [{"key": "HKXX\\A", "name": "n", "data": ""}]}})")),
         "x.json: /registry/values/0/key: expected a key that begins with \"HKLM\\\" or \"HKCU\\\"");

@@ -3,6 +3,8 @@
 
 #include "telemetry/thermistor_curves.h"
 
+#include <set>
+
 namespace {
 
 using test::GuardedText;
@@ -157,6 +159,58 @@ TEST_F(TelemetryTest, SensorsBeyondTheirCurvesStayAtTheEnds) {
     StartFamily("WL", 0, R"("sensors": {"ac_fet": {"degrees": 20}, "gpu_vram": {"degrees": 200}})");
     EXPECT_EQ(Thermal_Read_ACFET_Temperature(), 20u);
     EXPECT_EQ(Thermal_Read_GpuVram_Temperature(), 200u);
+}
+
+class BuiltInMachineTest : public test::EcTest {
+protected:
+    static void StartBuiltIn(const std::string& name) {
+        ShutdownSondrel();
+        machine::Start(machine::LoadProfile(name), ":memory:");
+        EXPECT_EQ(InitializeSondrel(), 1);
+    }
+};
+
+TEST_F(BuiltInMachineTest, AnswersByItsProfileWhereItHasAMap) {
+    const std::set<std::string> withoutMap{"ab-chip-1", "kl-chip-2", "unknown-code", "no-identity"};
+    std::size_t mapped = 0;
+    for (const std::string& name : machine::BuiltInMachines()) {
+        SCOPED_TRACE(name);
+        StartBuiltIn(name);
+        const machine::Profile& profile = TheMachine().profile;
+        const bool map = !withoutMap.contains(name);
+        mapped += map ? 1 : 0;
+        EXPECT_EQ(Thermal_Read_Cpu_Temperature(), map ? profile.ec.temperatures.cpu : 0u);
+        EXPECT_EQ(Thermal_Read_GpuTS1R_Temperature(), map ? profile.ec.temperatures.gpuRight : 0u);
+        EXPECT_EQ(Battery_Read_PackageVoltage(),
+                  map ? static_cast<std::uint32_t>(profile.ec.battery.packageVolts * 1000 + 0.5) : 0u);
+        EXPECT_EQ(GuardedText<ShortTextSize>(Battery_Read_ManufactureName).Text(),
+                  map ? profile.ec.battery.manufacturer : "0x7FFFFFFF");
+        EXPECT_EQ(Battery_Read_DesignedCapacity(),
+                  profile.batteries.empty() ? 0u : profile.batteries.front().designedCapacity);
+        EXPECT_EQ(Power_Read_ACDCMode(), profile.systemPower.acLine);
+        EXPECT_NEAR(CPU_ReadCPUUsage(), profile.systemPower.load, 1e-6);
+    }
+    EXPECT_GE(mapped, 10u);
+}
+
+TEST_F(BuiltInMachineTest, TheAwkwardOnesAreAwkward) {
+    StartBuiltIn("awkward-battery");
+    EXPECT_EQ(GuardedText<ListSize>(Battery_Read_CellVoltage).Text(), "0;0;0;0");
+    EXPECT_EQ(GuardedText<ShortTextSize>(Battery_Read_ManufactureDate).Text(), "1980-01-01");
+    EXPECT_EQ(GuardedText<ListSize>(Thermal_Read_Fan).Text(), "0;32;0;0");
+    EXPECT_EQ(Battery_Read_Current(), -32768);
+    EXPECT_EQ(Battery_Read_ASOC(), 0.0F);
+    EXPECT_EQ(Battery_Read_DesignVoltage(), 0u);
+    EXPECT_EQ(Thermal_Read_CpuPackagePower(), 0u);
+    StartBuiltIn("awkward-sensors");
+    EXPECT_EQ(Thermal_Read_Cpu_Temperature(), 255u);
+    EXPECT_EQ(Thermal_Read_BatteryConnector_Temperature(), 0u);
+    EXPECT_EQ(Thermal_Read_GpuVram_Temperature(), 0u);
+    EXPECT_EQ(Thermal_Read_GpuVrm_Temperature(), 110u);
+    EXPECT_EQ(Thermal_Read_UpCpu_Temperature(), 35u);
+    EXPECT_EQ(GuardedText<ListSize>(Thermal_Read_Fan).Text(), "0;2800;32;0");
+    EXPECT_EQ(GuardedText<ShortTextSize>(Battery_Read_ManufactureDate).Text(), "2026-15-00");
+    EXPECT_EQ(Battery_Read_CapacityPercentage(), 0u);
 }
 
 /// The degrees of every count, from 0 on.

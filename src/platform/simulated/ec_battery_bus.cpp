@@ -13,7 +13,7 @@ constexpr std::uint16_t NoAcknowledge = 0xFFFF;
 
 } // namespace
 
-EcBatteryBus::EcBatteryBus(const EcProfile& profile) : m_engine(Engine::None), m_battery(profile.battery) {
+EcBatteryBus::EcBatteryBus(const EcProfile& profile) : m_battery(profile.battery) {
     switch (GenerationOf(profile)) {
     case Generation::Legacy:
     case Generation::Windowed:

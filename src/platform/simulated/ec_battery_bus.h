@@ -26,7 +26,7 @@ private:
 
     enum class Engine : std::uint8_t { None, First, Second };
 
-    Engine m_engine;
+    Engine m_engine = Engine::None;
     EcBattery m_battery;
     std::array<std::uint8_t, 256> m_setUp{};
     bool m_running = false;

@@ -5,12 +5,13 @@
 #include "platform/simulated/system_power_profile.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace machine {
 
 class ProcessorTimes {
 public:
-    explicit ProcessorTimes(const SystemPowerProfile& profile) : m_profile(profile) {}
+    explicit ProcessorTimes(SystemPowerProfile profile) : m_profile(std::move(profile)) {}
 
     SystemTimesSample Now(const Clock& clock);
 
