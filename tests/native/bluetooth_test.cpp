@@ -147,8 +147,9 @@ TEST_F(BluetoothTest, EveryCallThatFailsIsHandledAndLeavesNothingOpen) {
 }
 
 TEST_F(BluetoothTest, ThreadsThatComeAtOnceShareOneRead) {
-    std::vector<std::thread> threads;
     std::vector<std::string> answers(8);
+    std::vector<std::thread> threads;
+    threads.reserve(answers.size());
     for (std::string& answer : answers) {
         threads.emplace_back([&answer] { answer = Fields(); });
     }

@@ -237,8 +237,9 @@ TEST_F(WifiTest, CopiesADescriptionOfFullLengthWhole) {
 }
 
 TEST_F(WifiTest, ThreadsThatComeAtOnceShareOneRead) {
-    std::vector<std::thread> threads;
     std::vector<std::string> answers(8);
+    std::vector<std::thread> threads;
+    threads.reserve(answers.size());
     for (std::string& answer : answers) {
         threads.emplace_back([&answer] { answer = Fields(); });
     }
