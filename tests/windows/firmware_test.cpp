@@ -99,7 +99,7 @@ TEST_F(EepromTest, AnEndlessLogEndsByTheLimit) {
     record[6] = 0xFF;
     Answer(Control + "e5000000", record);
     const std::wstring document = Document();
-    EXPECT_EQ(std::ranges::count(document, L'"'), 12 + 2 * 24);
+    EXPECT_EQ(std::ranges::count(document, L'"'), 14 + 2 * 24);
     EXPECT_EQ(m_stand.Requests(Acpi).size(), 2u + 25);
 }
 
