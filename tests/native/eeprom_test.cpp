@@ -161,6 +161,21 @@ TEST_F(EepromTest, AnEndlessLogEndsByItsCharacters) {
     EXPECT_EQ(CountOf(Document(), "0x5a 0xa5"), 714u);
 }
 
+TEST_F(EepromTest, TheBuiltInMachinesOfAwkwardFirmwareAnswer) {
+    machine::Start(machine::LoadProfile("bare-firmware"), ":memory:");
+    EXPECT_EQ(Document(), R"({"version":"","register_count":"","register":[""],"event":[]})");
+    EXPECT_EQ(Sensor(), R"({"p_sensor":""})");
+    machine::Start(machine::LoadProfile("wild-event-store"), ":memory:");
+    const std::string document = Document();
+    // The fourth request is refused, the fifth answered with three bytes.
+    EXPECT_THAT(document, StartsWith(R"({"version":"0x30000","register_count":"0x1f4",)"
+                                     R"("register":["0xffffffff","","0x00","0x00",)"));
+    EXPECT_THAT(document, HasSubstr("0x20 0x00 0x13 0x09 0x00 0x00 0x00")) << "a BCD payload that is none";
+    EXPECT_THAT(document, HasSubstr("0xc8 0x10 0x00 0xca 0xfe 0xff 0xff")) << "a cut record";
+    EXPECT_THAT(document, EndsWith("]}"));
+    EXPECT_LT(document.size(), 43'000u);
+}
+
 TEST_F(EepromTest, RegistersAreNotHeldBackAndTheirNumberIsTakenAtItsWord) {
     StartMachine(R"({"acpi": {"register_count": 9000, "log_end": "never ends"}})");
     const std::string document = Document();
