@@ -37,12 +37,13 @@ std::int64_t ReadDate(ProfileReader& reader, std::string_view name, std::string_
 
 SystemProfile ReadSystem(ProfileReader reader) {
     SystemProfile system;
+    ProfileReader version = reader.Object("version");
+    const OsVersionProfile numbers{version.Number<std::uint32_t>("major", 10),
+                                   version.Number<std::uint32_t>("minor", 0),
+                                   version.Number<std::uint32_t>("build", 19045)};
+    version.Finish();
     if (reader.Flag("has_version", true)) {
-        ProfileReader version = reader.Object("version");
-        system.version = OsVersionProfile{version.Number<std::uint32_t>("major", 10),
-                                          version.Number<std::uint32_t>("minor", 0),
-                                          version.Number<std::uint32_t>("build", 19045)};
-        version.Finish();
+        system.version = numbers;
     }
     system.hasWldp = reader.Flag("has_wldp", true);
     system.hasLockdownQuery = reader.Flag("has_lockdown_query", true);
