@@ -19,7 +19,8 @@ protected:
         nlohmann::json patch = nlohmann::json::parse(R"({
             "applications": {"machine": null, "machine_32": null, "user": null, "user_32": null},
             "packages": {"all": []}, "pnp_devices": [], "processes": [], "windows": []})");
-        for (const auto& [name, value] : nlohmann::json::parse(changes).items()) {
+        const nlohmann::json wanted = nlohmann::json::parse(changes);
+        for (const auto& [name, value] : wanted.items()) {
             if (value.is_object() && patch.contains(name)) {
                 patch[name].update(value);
             } else {
