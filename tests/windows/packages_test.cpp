@@ -9,6 +9,7 @@
 #include <cfgmgr32.h>
 #include <objbase.h>
 
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
