@@ -1,14 +1,12 @@
+#include "application_test.h"
 #include "apps/app_records.h"
 #include "apps/versions.h"
-#include "machine_fixture.h"
-#include "wide_answer.h"
 
 namespace {
 
-using test::WideAnswer;
 using ::testing::ElementsAre;
 
-class AppRecordsTest : public test::MachineTest {};
+class AppRecordsTest : public test::ApplicationTest {};
 
 TEST_F(AppRecordsTest, ListsNamesOfTheMachineOnly) {
     StartMachine(R"({"applications": {
@@ -69,7 +67,7 @@ TEST_F(AppRecordsTest, PassesOverWhatCannotBeReadAndGoesOn) {
     TheMachine().gate.Restart();
 }
 
-class VersionsTest : public test::MachineTest {};
+class VersionsTest : public test::ApplicationTest {};
 
 constexpr const char* Devices = R"({"pnp_devices": [
     {"id": "ACPI\\VESK0001\\0", "description": "vesk kelvane", "driver_key": "{c}\\0000", "driver_version": "0"},

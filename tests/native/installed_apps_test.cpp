@@ -1,10 +1,8 @@
+#include "application_test.h"
 #include "apps/installed_apps.h"
-#include "machine_fixture.h"
-#include "wide_answer.h"
 
 namespace {
 
-using test::WideAnswer;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -14,7 +12,7 @@ using ::testing::StartsWith;
 constexpr const char* Nothing = R"([{"machine":[]},{"user":[]}])";
 constexpr const char16_t* UninstallKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
 
-class InstalledAppsTest : public test::MachineTest {
+class InstalledAppsTest : public test::ApplicationTest {
 protected:
     /// Puts a value below the machine's uninstall key.
     static void Put(const std::u16string& subkey, const char16_t* name, std::uint32_t type,

@@ -1,14 +1,12 @@
 #include "usage/open_windows.h"
 
-#include "machine_fixture.h"
-#include "wide_answer.h"
+#include "application_test.h"
 
 #include <nlohmann/json.hpp>
 
 namespace {
 
 using nlohmann::json;
-using test::WideAnswer;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -19,7 +17,7 @@ json Window(const char* name, json changes = json::object()) {
     return window;
 }
 
-class OpenWindowsTest : public test::MachineTest {
+class OpenWindowsTest : public test::ApplicationTest {
 protected:
     /// A machine with processes 100 (editor.exe) to 103, and windows, uppermost first.
     void StartWith(const std::vector<json>& windows, std::vector<json> processes = {}) {

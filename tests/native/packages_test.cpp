@@ -1,21 +1,19 @@
+#include "application_test.h"
 #include "apps/packages.h"
 #include "apps/resource_names.h"
-#include "machine_fixture.h"
 #include "platform/com.h"
-#include "wide_answer.h"
 
 #include <nlohmann/json.hpp>
 
 namespace {
 
-using test::WideAnswer;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 constexpr const char* FullName = "Vendor.App_1.2.3.0_x64__abcdefghijklm";
 
-class PackagesTest : public test::MachineTest {
+class PackagesTest : public test::ApplicationTest {
 protected:
     /// A machine with one package, the members of `package` beside its name.
     void StartWith(nlohmann::json package) {
