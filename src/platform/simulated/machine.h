@@ -1,8 +1,8 @@
 // The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
 #pragma once
 
-#include "platform/simulated/battery_device.h"
 #include "platform/simulated/acpi_firmware.h"
+#include "platform/simulated/battery_device.h"
 #include "platform/simulated/clock.h"
 #include "platform/simulated/com_objects.h"
 #include "platform/simulated/devices.h"

@@ -1,20 +1,20 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
-#include "platform/simulated/battery_profile.h"
-#include "platform/simulated/ec_profile.h"
-#include "platform/simulated/system_power_profile.h"
-#include "platform/simulated/bluetooth_profile.h"
-#include "platform/simulated/network_profile.h"
-#include "platform/simulated/wifi_profile.h"
 #include "platform/simulated/acpi_profile.h"
+#include "platform/simulated/battery_profile.h"
+#include "platform/simulated/bluetooth_profile.h"
+#include "platform/simulated/desktop_profile.h"
+#include "platform/simulated/device_nodes_profile.h"
+#include "platform/simulated/ec_profile.h"
 #include "platform/simulated/files_profile.h"
 #include "platform/simulated/firmware_features_profile.h"
 #include "platform/simulated/firmware_variables_profile.h"
-#include "platform/simulated/desktop_profile.h"
-#include "platform/simulated/device_nodes_profile.h"
+#include "platform/simulated/network_profile.h"
 #include "platform/simulated/packages_profile.h"
+#include "platform/simulated/system_power_profile.h"
 #include "platform/simulated/system_profile.h"
+#include "platform/simulated/wifi_profile.h"
 #include "platform/simulated/wmi_profile.h"
 
 #include <cstdint>
