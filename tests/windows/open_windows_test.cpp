@@ -21,8 +21,14 @@ void WINAPI CountWait(DWORD milliseconds) {
     Waits.push_back(milliseconds);
 }
 
+// This Windows reads a process's path out of its memory, which takes a right that the real one does not ask for.
+HANDLE WINAPI OpenWithMemory(DWORD access, BOOL inherit, DWORD process) {
+    return ::OpenProcess(access == PROCESS_QUERY_INFORMATION ? access | PROCESS_VM_READ : access, inherit,
+                         process);
+}
+
 HANDLE WINAPI RefuseFullAccess(DWORD access, BOOL inherit, DWORD process) {
-    return access == PROCESS_ALL_ACCESS ? nullptr : ::OpenProcess(access, inherit, process);
+    return access == PROCESS_ALL_ACCESS ? nullptr : OpenWithMemory(access, inherit, process);
 }
 
 /// A window of the test's own, closed at the end.
@@ -60,6 +66,7 @@ protected:
     OpenWindowsTest() {
         Waits.clear();
         m_patch.Replace("Sleep", &CountWait);
+        m_patch.Replace("OpenProcess", &OpenWithMemory);
     }
 
     std::wstring Answer() {
@@ -102,7 +109,7 @@ TEST_F(OpenWindowsTest, PassesOverWhatIsNoApplicationsWindow) {
     const RealWindow bare(L"VeskTest", L"No title bar", WS_POPUP | WS_VISIBLE);
     EXPECT_EQ(Answer(), L"[]");
     const RealWindow owner(L"VeskTest", L"Owner");
-    const RealWindow owned(L"VeskTest", L"Owned", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, owner.Get());
+    const RealWindow owned(L"VeskTest", L"Owned", WS_POPUP | WS_CAPTION | WS_VISIBLE, 0, owner.Get());
     const RealWindow minimised(L"VeskTest", L"Minimised", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
     EXPECT_EQ(Listed(), 2u);
 }
