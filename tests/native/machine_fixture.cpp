@@ -33,7 +33,12 @@ MachineTest::MachineTest() {
     sondrel::SessionRefCount = 0;
     StartMachine();
     machine::Traces().Attach(5);
+    // The process's first line registers the provider. Done here, so that the calls of a test are the same
+    // whether it runs alone or behind others.
+    sondrel::TraceWide(nullptr);
     machine::Traces().Take();
+    ForgetCalls();
+    TheMachine().gate.Restart();
 }
 
 void MachineTest::TearDown() {

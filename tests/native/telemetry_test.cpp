@@ -184,7 +184,8 @@ TEST_F(BuiltInMachineTest, AnswersByItsProfileWhereItHasAMap) {
         EXPECT_EQ(Battery_Read_PackageVoltage(),
                   map ? static_cast<std::uint32_t>(profile.ec.battery.packageVolts * 1000 + 0.5) : 0u);
         EXPECT_EQ(GuardedText<ShortTextSize>(Battery_Read_ManufactureName).Text(),
-                  map ? profile.ec.battery.manufacturer : "0x7FFFFFFF");
+                  map && !profile.ec.battery.manufacturer.empty() ? profile.ec.battery.manufacturer
+                                                                  : "0x7FFFFFFF");
         EXPECT_EQ(Battery_Read_DesignedCapacity(),
                   profile.batteries.empty() ? 0u : profile.batteries.front().designedCapacity);
         EXPECT_EQ(Power_Read_ACDCMode(), profile.systemPower.acLine);

@@ -29,14 +29,20 @@ struct Outcome {
     std::string err;
 };
 
-/// A file that a process that is started writes its output to.
+/// A file that a process that is started writes its output to. Each has a name of its own: a service that the
+/// process wakes inherits the handle, and keeps the file open for as long as it runs.
 class OutputFile {
 public:
     explicit OutputFile(const wchar_t* name)
-        : m_path(fs::temp_directory_path() / (name + std::to_wstring(::GetCurrentProcessId()))) {
+        : m_path(fs::temp_directory_path() /
+                 (name + std::to_wstring(::GetCurrentProcessId()) + L'-' + std::to_wstring(++Count))) {
         SECURITY_ATTRIBUTES inherited{.nLength = sizeof inherited, .bInheritHandle = TRUE};
         m_handle = ::CreateFileW(m_path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS,
                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (m_handle == INVALID_HANDLE_VALUE) {
+            throw std::runtime_error("the output file cannot be made: error " +
+                                     std::to_string(::GetLastError()));
+        }
     }
 
     OutputFile(const OutputFile&) = delete;
@@ -58,6 +64,8 @@ public:
     }
 
 private:
+    static inline unsigned Count = 0;
+
     fs::path m_path;
     HANDLE m_handle;
 };
