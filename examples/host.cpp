@@ -46,7 +46,7 @@ int main() {
     const auto open = Find<decltype(InitializeSondrel)>(library, "InitializeSondrel");
     const auto close = Find<decltype(ShutdownSondrel)>(library, "ShutdownSondrel");
     const auto readTabletMode = Find<decltype(System_Read_TabletMode)>(library, "System_Read_TabletMode");
-    const auto getSerialNumber = Find<void(VeskChar16*, uint8_t)>(library, "WMIGetSN");
+    const auto getSerialNumber = Find<decltype(WMIGetSN)>(library, "WMIGetSN");
 
     // What the embedded controller and the processor tell needs a session.
     const bool session = open != nullptr && close != nullptr && open() == 1;

@@ -9,13 +9,24 @@
  *
  *   Session    Exports that talk to the embedded controller or the processor need a driver session:
  *              InitializeSondrel first, ShutdownSondrel last. All others work without one. Each export's
- * comment says so. Sentinels  0x7FFFFFFF (VESK_READ_FAILED)  an EC command or a radio read failed 0 the
- * machine's family has no such reading -1 and the empty text          a WMI read failed Threads    Exports
- * run on the caller's thread. The library starts no thread and holds no lock: calls that share state (the
- * session above all) must not overlap. Blocking   An EC command takes as long as the driver takes, well below
- * a millisecond as a rule. Where an export waits on purpose, its comment gives the time. Errors     Nothing
- * is raised across an export in ordinary operation. Running out of memory while a text is built is the one
- * exception.
+ *              comment says so.
+ *   Sentinels  0x7FFFFFFF (VESK_READ_FAILED)  an EC command or a radio read failed
+ *              0                              the machine's family has no such EC reading
+ *              -1 and the empty text          a WMI read failed
+ *              -1000 and "init_string"        a radio field that no read has set
+ *              "error_string"                 a failed radio read, as text
+ *   Buffers    A text goes into a buffer of the host's, whole and with its terminator. There is no size
+ *              argument: the host gives enough room, and each export's comment says how much that is, in
+ *              characters for wide text (VeskChar16, UTF-16) and in bytes for narrow text (char, UTF-8).
+ *   initCom    Byte argument of the exports that use COM. Not 0: the call enters a COM apartment for itself
+ *              and leaves it again. 0: the calling thread has entered one already.
+ *   Threads    Exports run on the caller's thread, and the library starts none. Calls that share state (the
+ *              session, the disk table) must not overlap. The first Wi-Fi and the first Bluetooth read are
+ *              guarded: threads that come at once get one complete snapshot.
+ *   Blocking   An EC command takes as long as the driver takes, well below a millisecond as a rule; a WMI
+ *              reading as long as WMI takes. Where an export waits on purpose, its comment gives the time.
+ *   Errors     Nothing is raised across an export in ordinary operation. Running out of memory while a text
+ *              is built is the one exception.
  */
 #ifndef VESK_SONDREL_H
 #define VESK_SONDREL_H
@@ -26,8 +37,7 @@
 #include <string>
 #endif
 
-/* Windows takes its names from the .def file; elsewhere a name has to be visible before it can be exported.
- */
+/* Windows takes its names from the .def file; elsewhere a name has to be visible before it can be exported. */
 #if defined(__GNUC__) && !defined(_WIN32)
 #define VESK_API __attribute__((visibility("default")))
 #else

@@ -214,9 +214,10 @@ bool EqualIgnoringCase(std::u16string_view left, std::u16string_view right) {
 }
 
 std::size_t FindIgnoringCase(std::u16string_view text, std::u16string_view word) {
-    const auto found = std::ranges::search(text, word, {}, LowerAscii, LowerAscii);
-    return found.empty() && !word.empty() ? std::u16string_view::npos
-                                          : static_cast<std::size_t>(found.begin() - text.begin());
+    const auto found = std::search(text.begin(), text.end(), word.begin(), word.end(),
+                                   [](char16_t a, char16_t b) { return LowerAscii(a) == LowerAscii(b); });
+    return found == text.end() && !word.empty() ? std::u16string_view::npos
+                                                : static_cast<std::size_t>(found - text.begin());
 }
 
 int FormatCounted(char* buffer, std::size_t size, const char* format, ...) {

@@ -4,13 +4,15 @@
 #include "platform/simulated/acpi_profile.h"
 #include "platform/simulated/devices.h"
 
+#include <utility>
+
 namespace machine {
 
 /// The firmware walks its event log itself: a request for the next record gets the one behind the last that was
 /// given, whoever asked for that.
 class AcpiFirmware final : public Device {
 public:
-    explicit AcpiFirmware(const AcpiProfile& profile) : m_profile(profile) {}
+    explicit AcpiFirmware(AcpiProfile profile) : m_profile(std::move(profile)) {}
 
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
 

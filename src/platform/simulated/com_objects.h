@@ -44,7 +44,7 @@ public:
 
     /// The object behind a pointer; null when the pointer is none, or one to something else.
     template <class Object, class Interface>
-    Object* Find(Interface pointer) const {
+    [[nodiscard]] Object* Find(Interface pointer) const {
         const auto found = m_pointers.find(static_cast<std::uintptr_t>(pointer));
         return found == m_pointers.end() ? nullptr : dynamic_cast<Object*>(found->second.get());
     }

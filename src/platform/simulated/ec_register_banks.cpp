@@ -239,7 +239,7 @@ void EcRegisterBanks::LayOutSensors(const EcProfile& profile) {
     } else if (generation == Generation::Banked) {
         Put(0xCE, 0x00, Flag(sensors.ready));
         Put(0xCE, 0x01, devices);
-        for (std::uint8_t channel = 0; channel < sensors.channels.size(); ++channel) {
+        for (unsigned channel = 0; channel < sensors.channels.size(); ++channel) {
             Put(0xCE, 0x10u + channel, sensors.channels[channel].degrees);
             Put(0xCE, 0x28u + channel, Flag(sensors.channels[channel].valid));
         }

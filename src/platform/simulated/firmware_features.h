@@ -5,12 +5,14 @@
 #include "platform/simulated/firmware_store.h"
 #include "platform/simulated/wmi_repository.h"
 
+#include <utility>
+
 namespace machine {
 
 class FirmwareFeatures final : public WmiMethods {
 public:
-    FirmwareFeatures(const FirmwareFeaturesProfile& profile, FirmwareStore& store)
-        : m_profile(profile), m_store(store) {}
+    FirmwareFeatures(FirmwareFeaturesProfile profile, FirmwareStore& store)
+        : m_profile(std::move(profile)), m_store(store) {}
 
     [[nodiscard]] std::optional<std::vector<std::u16string>>
     Inputs(std::u16string_view method) const override;
