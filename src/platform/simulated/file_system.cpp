@@ -95,8 +95,8 @@ bool GetAlong(std::uint32_t access, std::uint32_t shareMode, const FileSystem::O
 
 } // namespace
 
-FileSystem::FileSystem(std::string storePath, bool storeIsNew, const FilesProfile& profile)
-    : m_storePath(std::move(storePath)), m_storeIsNew(storeIsNew), m_profile(profile) {}
+FileSystem::FileSystem(std::string storePath, bool storeIsNew, FilesProfile profile)
+    : m_storePath(std::move(storePath)), m_storeIsNew(storeIsNew), m_profile(std::move(profile)) {}
 
 FileSystem::~FileSystem() {
     for (const auto& [number, file] : m_open) {

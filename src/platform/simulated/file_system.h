@@ -22,7 +22,7 @@ namespace machine {
 
 class FileSystem {
 public:
-    FileSystem(std::string storePath, bool storeIsNew, const FilesProfile& profile);
+    FileSystem(std::string storePath, bool storeIsNew, FilesProfile profile);
     FileSystem(const FileSystem&) = delete;
     FileSystem& operator=(const FileSystem&) = delete;
     ~FileSystem();

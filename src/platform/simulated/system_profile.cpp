@@ -29,8 +29,9 @@ std::int64_t ReadDate(ProfileReader& reader, std::string_view name, std::string_
         reader.Fail(name, ExpectedDate);
     }
     const auto days = std::chrono::sys_days(date).time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::seconds>(days).count() + hour * 3600 + minute * 60 +
-           second;
+    const std::chrono::seconds time =
+        days + std::chrono::hours{hour} + std::chrono::minutes{minute} + std::chrono::seconds{second};
+    return time.count();
 }
 
 } // namespace
