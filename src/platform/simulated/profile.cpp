@@ -6,6 +6,8 @@
 #include "platform/simulated/profile_reader.h"
 #include "platform/simulated/wide_text.h"
 
+#include <nlohmann/json.hpp>
+
 #include <fstream>
 #include <iterator>
 

@@ -1,5 +1,7 @@
 #include "platform/simulated/profile_reader.h"
 
+#include <nlohmann/json.hpp>
+
 #include <charconv>
 #include <optional>
 

@@ -1,8 +1,9 @@
 // Reads a machine profile with errors that say where the mistake stands and what was expected there.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <memory>
