@@ -44,8 +44,8 @@ void BatteryStand::Answer(const BatteryAnswers& answers) {
                      .output = Words({answers.capabilities, Rechargeable, Chemistry, answers.designedCapacity,
                                       answers.fullChargedCapacity, 0, 0, 0, answers.cycleCount})});
     m_driver.Answer(m_device, {.code = battery_request::QueryStatus,
-                             .prefix = Words({answers.tag}),
-                             .output = Words({PowerOnLine, answers.capacity, answers.voltage, 0})});
+                               .prefix = Words({answers.tag}),
+                               .output = Words({PowerOnLine, answers.capacity, answers.voltage, 0})});
 }
 
 void BatteryStand::SetPresent(bool present) {

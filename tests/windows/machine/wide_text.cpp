@@ -17,9 +17,9 @@ std::u16string WideFromUtf8(std::string_view text) {
 std::string Utf8FromWide(std::u16string_view text) {
     const auto* const wide = reinterpret_cast<const wchar_t*>(text.data());
     const auto size = static_cast<int>(text.size());
-    std::string narrow(static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, wide, size, nullptr, 0,
-                                                                      nullptr, nullptr)),
-                       '\0');
+    std::string narrow(
+        static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, wide, size, nullptr, 0, nullptr, nullptr)),
+        '\0');
     ::WideCharToMultiByte(CP_UTF8, 0, wide, size, narrow.data(), static_cast<int>(narrow.size()), nullptr,
                           nullptr);
     return narrow;

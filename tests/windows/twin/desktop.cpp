@@ -90,7 +90,8 @@ FILETIME NativeTime(std::uint64_t ticks) {
     return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
 }
 
-WINBOOL WINAPI Times(HANDLE process, LPFILETIME creation, LPFILETIME exit, LPFILETIME kernel, LPFILETIME user) {
+WINBOOL WINAPI Times(HANDLE process, LPFILETIME creation, LPFILETIME exit, LPFILETIME kernel,
+                     LPFILETIME user) {
     platform::ProcessTimes times{};
     if (!WithLastError(platform::GetProcessTimes(Unmarked(process), times))) {
         return FALSE;

@@ -1,11 +1,11 @@
-// The report of the real DLL on a Windows that is a simulated machine throughout:
+// What the real DLL tells on a Windows that is a simulated machine throughout:
 //
-//     twin default > default.json
+//     twin default > windows.json
 //
 // The machine's devices are served by the stand-in driver, its registry and files lie with Wine, WMI and sound are
 // COM objects of this program, and what Wine has no machine behind is replaced in the DLL (shims.h).
-#include "commands.h"
 #include "library.h"
+#include "scenario.h"
 #include "scripted_wmi.h"
 #include "served_machine.h"
 #include "shims.h"
@@ -71,9 +71,7 @@ void Report(const std::string& machineName) {
     twin::PutUpPackages(patch);
     twin::PutUpFirmware(patch);
     twin::PutUpSystem(patch);
-    tool::Options options;
-    options.json = true;
-    tool::Report(options);
+    twin::Tell(tool::Host(tool::Options()));
 }
 
 } // namespace

@@ -12,7 +12,8 @@ static_assert(sizeof(UINT32) == sizeof(std::uint32_t));
 
 LONG WINAPI PackagesByFamily(PCWSTR family, UINT32* count, PWSTR* fullNames, UINT32* length, PWSTR buffer) {
     return static_cast<LONG>(platform::GetPackagesByPackageFamily(
-        Plain(family), *count, const_cast<const char16_t**>(reinterpret_cast<char16_t**>(fullNames)), *length, Plain(buffer)));
+        Plain(family), *count, const_cast<const char16_t**>(reinterpret_cast<char16_t**>(fullNames)), *length,
+        Plain(buffer)));
 }
 
 LONG WINAPI PathByFullName(PCWSTR fullName, UINT32* length, PWSTR path) {

@@ -61,8 +61,8 @@ DWORD WINAPI EnumInterfaces(HANDLE client, PVOID, PWLAN_INTERFACE_INFO_LIST* lis
         status != ERROR_SUCCESS) {
         return status;
     }
-    *list = static_cast<WLAN_INTERFACE_INFO_LIST*>(NewBlock(offsetof(WLAN_INTERFACE_INFO_LIST, InterfaceInfo) +
-                                                            interfaces.size() * sizeof(WLAN_INTERFACE_INFO)));
+    *list = static_cast<WLAN_INTERFACE_INFO_LIST*>(NewBlock(
+        offsetof(WLAN_INTERFACE_INFO_LIST, InterfaceInfo) + interfaces.size() * sizeof(WLAN_INTERFACE_INFO)));
     (*list)->dwNumberOfItems = static_cast<DWORD>(interfaces.size());
     WLAN_INTERFACE_INFO* native = (*list)->InterfaceInfo;
     for (const platform::WlanInterface& each : interfaces) {
@@ -193,7 +193,8 @@ HBLUETOOTH_RADIO_FIND WINAPI FindFirstRadio(const BLUETOOTH_FIND_RADIO_PARAMS* p
 
 WINBOOL WINAPI FindNextRadio(HBLUETOOTH_RADIO_FIND search, HANDLE* radio) {
     platform::Handle found{};
-    const bool done = WithLastError(platform::BluetoothFindNextRadio(SearchOf<platform::BluetoothRadioFind>(search), found));
+    const bool done = WithLastError(
+        platform::BluetoothFindNextRadio(SearchOf<platform::BluetoothRadioFind>(search), found));
     *radio = done ? Marked(found) : nullptr;
     return Truth(done);
 }
@@ -239,7 +240,8 @@ WINBOOL WINAPI FindNextDevice(HBLUETOOTH_DEVICE_FIND search, BLUETOOTH_DEVICE_IN
         return FALSE;
     }
     platform::BluetoothDevice device;
-    const bool found = WithLastError(platform::BluetoothFindNextDevice(SearchOf<platform::BluetoothDeviceFind>(search), device));
+    const bool found = WithLastError(
+        platform::BluetoothFindNextDevice(SearchOf<platform::BluetoothDeviceFind>(search), device));
     if (found) {
         Fill(*info, device);
     }

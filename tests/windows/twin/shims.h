@@ -15,8 +15,9 @@ namespace twin {
 void PutUpRadios(test::ImportPatch& patch);   // WLAN, Bluetooth, adapters
 void PutUpDesktop(test::ImportPatch& patch);  // windows, processes
 void PutUpPackages(test::ImportPatch& patch); // packages, device nodes
-void PutUpFirmware(test::ImportPatch& patch); // variables and the privilege for them, who may open the devices
-void PutUpSystem(test::ImportPatch& patch);   // version, lockdown mode, nation, time, power, sound
+void PutUpFirmware(
+    test::ImportPatch& patch);              // variables and the privilege for them, who may open the devices
+void PutUpSystem(test::ImportPatch& patch); // version, lockdown mode, nation, time, power, sound
 
 /// Handles of the machine's are none that Wine gives.
 inline constexpr std::uintptr_t HandleMark = 0x5EED'0000;

@@ -45,7 +45,8 @@ LONG WINAPI Nation(DWORD geoClass) {
 
 int WINAPI GeoText(LONG nation, DWORD type, LPWSTR data, int size, WORD language) {
     return WithLastError(platform::GetGeoInfoW(
-        nation, type, std::span(Plain(data), data == nullptr ? 0 : static_cast<std::size_t>(size)), language));
+        nation, type, std::span(Plain(data), data == nullptr ? 0 : static_cast<std::size_t>(size)),
+        language));
 }
 
 __time64_t Time(__time64_t*) {

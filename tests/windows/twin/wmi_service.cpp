@@ -126,8 +126,8 @@ public:
         if (instance == nullptr) {
             return wbem::NotFound;
         }
-        const auto names = instance->methods == nullptr ? std::nullopt
-                                                        : instance->methods->Inputs(Plain(call.method));
+        const auto names =
+            instance->methods == nullptr ? std::nullopt : instance->methods->Inputs(Plain(call.method));
         if (!names) {
             return wbem::InvalidMethod;
         }
