@@ -1,12 +1,12 @@
 #!/bin/sh
 # Every machine told by both libraries, export by export: the native one here, the real DLL under Wine. Runs within
-# run_under_wine.sh; a machine or more by name instead of all of them, to look at a difference.
+# run_under_wine.sh; some profiles in place of all of them, to look at a difference.
 #
-#   tests/windows/run_under_wine.sh build/windows tests/windows/twin/run_twins.sh build/windows build/native [NAME...]
+#   tests/windows/run_under_wine.sh build/windows tests/windows/twin/run_twins.sh build/windows build/native [PROFILE...]
 set -eu
 
 if [ $# -lt 2 ]; then
-    echo "usage: run_twins.sh WINDOWS_BUILD_DIRECTORY NATIVE_BUILD_DIRECTORY [MACHINE...]" >&2
+    echo "usage: run_twins.sh WINDOWS_BUILD_DIRECTORY NATIVE_BUILD_DIRECTORY [PROFILE...]" >&2
     exit 64
 fi
 root=$(cd "$(dirname "$0")/../../.." && pwd)
@@ -24,14 +24,11 @@ done
 
 rm -rf "$reports"
 mkdir -p "$reports"
-if [ $# -eq 0 ]; then
-    for file in "$root"/machines/*.json; do
-        name=${file##*/}
-        set -- "$@" "${name%.json}"
-    done
-fi
-for machine in "$@"; do
-    "$native/twin" "$machine" >"$reports/$machine.native.json"
-    wine "$windows/twin.exe" "$machine" >"$reports/$machine.windows.json" </dev/null
+[ $# -gt 0 ] || set -- "$root"/machines/*.json "$root"/tests/twin/machines/*.json
+for profile in "$@"; do
+    machine=${profile##*/}
+    machine=${machine%.json}
+    "$native/twin" "$profile" >"$reports/$machine.native.json"
+    wine "$windows/twin.exe" "$profile" >"$reports/$machine.windows.json" </dev/null
 done
 "$native/compare_twins" "$reports" "$root/tests/twin/excused.txt"
