@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <fstream>
 #include <set>
 #include <stdexcept>
@@ -32,6 +33,15 @@ std::set<std::string> MachinesOf(const fs::path& directory) {
         }
     }
     return machines;
+}
+
+/// What stands around a place of a text that may be very long.
+std::string Around(const std::string& text, std::ptrdiff_t place) {
+    constexpr std::size_t Before = 100;
+    constexpr std::size_t Whole = 400;
+    const auto at = static_cast<std::size_t>(place);
+    const std::size_t begin = text.size() <= Whole || at < Before ? 0 : at - Before;
+    return (begin == 0 ? "" : "...") + text.substr(begin, Whole) + (begin + Whole < text.size() ? "..." : "");
 }
 
 class Comparer {
@@ -92,7 +102,12 @@ private:
             m_used.insert(name);
             return;
         }
-        Fail(where + ": " + name + "\n    native:  " + native.dump() + "\n    windows: " + windows.dump());
+        const std::string nativeText = native.dump();
+        const std::string windowsText = windows.dump();
+        const auto parting = std::ranges::mismatch(nativeText, windowsText).in1 - nativeText.begin();
+        Fail(where + ": " + name + " differs from character " + std::to_string(parting) + " on" +
+             "\n    native:  " + Around(nativeText, parting) +
+             "\n    windows: " + Around(windowsText, parting));
     }
 
     const Excuses& m_excuses;
