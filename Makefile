@@ -41,8 +41,10 @@ test-asan:
 	@scripts/build.sh asan
 	@ctest --preset asan
 
+# The real DLL is compared with the native library, which has to be there too.
 test-windows:
-	@scripts/bootstrap.sh windows
+	@scripts/bootstrap.sh native windows
+	@scripts/build.sh native
 	@scripts/build.sh windows
 	@tests/windows/run_under_wine.sh build/windows ctest --preset windows
 

@@ -5,6 +5,7 @@
 #include "registry_stand.h"
 
 #include <cstdint>
+#include <string>
 
 namespace test {
 
@@ -32,7 +33,10 @@ public:
     /// The battery device's name, for rules and for the log.
     static constexpr const wchar_t* Device = L"ROOT#VESKBAT#0000#{72631e54-78a4-11d0-bcf7-00aa00b7b32a}";
 
-    explicit BatteryStand(DriverStand& driver);
+    /// The same of the n-th battery, from 0: Windows lists them in this order.
+    static std::wstring DeviceOf(unsigned place);
+
+    explicit BatteryStand(DriverStand& driver, unsigned place = 0);
 
     void Answer(const BatteryAnswers& answers);
 
@@ -42,6 +46,7 @@ public:
 
 private:
     DriverStand& m_driver;
+    std::wstring m_device;
     RegistryStand m_instance;
     RegistryStand m_interface;
 };

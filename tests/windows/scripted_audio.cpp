@@ -193,6 +193,10 @@ ScriptedAudio::~ScriptedAudio() {
     ::CoUninitialize();
 }
 
+HRESULT ScriptedAudio::MakeEnumerator(REFIID id, void** object) {
+    return TheFactory.CreateInstance(nullptr, id, object);
+}
+
 AudioScript& ScriptedAudio::Script() {
     return TheScript;
 }

@@ -34,6 +34,9 @@ public:
 
     [[nodiscard]] static AudioScript& Script();
 
+    /// A device enumerator, for who cannot wait in its caller's apartment.
+    static HRESULT MakeEnumerator(REFIID id, void** object);
+
 private:
     DWORD m_registration = 0;
 };

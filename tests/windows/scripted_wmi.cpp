@@ -131,10 +131,11 @@ public:
 /// A row, a class, or the arguments of a method: each has properties, a class has methods too.
 class ObjectStandIn final : public UnusedObjectMethods {
 public:
-    ObjectStandIn(Script script, ScriptedRow properties, std::wstring className = {})
+    ObjectStandIn(Script script, ScriptedRow properties, std::wstring className = {}, std::wstring space = {})
         : UnusedObjectMethods(std::move(script), L"IWbemClassObject"),
           m_properties(std::move(properties)),
-          m_className(std::move(className)) {}
+          m_className(std::move(className)),
+          m_space(std::move(space)) {}
 
     [[nodiscard]] const ScriptedRow& Properties() const { return m_properties; }
 
@@ -168,13 +169,12 @@ public:
         if (FAILED(TheScript().getMethod)) {
             return TheScript().getMethod;
         }
-        const auto& methods = TheScript().methods[m_className];
-        const auto found = methods.find(name);
-        if (found == methods.end()) {
+        const auto found = InputsOf(name);
+        if (!found) {
             return NotFound;
         }
         ScriptedRow inputs;
-        for (const std::wstring& input : found->second) {
+        for (const std::wstring& input : *found) {
             inputs[input] = ScriptedValue();
         }
         if (in != nullptr) {
@@ -195,21 +195,31 @@ public:
     }
 
 private:
+    std::optional<std::vector<std::wstring>> InputsOf(const std::wstring& method) {
+        if (TheScript().service) {
+            return TheScript().service->MethodInputs(m_space, m_className, method);
+        }
+        const auto& methods = TheScript().methods[m_className];
+        const auto found = methods.find(method);
+        return found == methods.end() ? std::nullopt : std::optional(found->second);
+    }
+
     ScriptedRow m_properties;
     std::wstring m_className;
+    std::wstring m_space;
 };
 
 class RowsStandIn final : public Counted<IEnumWbemClassObject> {
 public:
-    RowsStandIn(Script script, std::vector<ScriptedRow> rows)
-        : Counted(std::move(script), L"IEnumWbemClassObject"), m_rows(std::move(rows)) {}
+    RowsStandIn(Script script, std::vector<ScriptedRow> rows, HRESULT status)
+        : Counted(std::move(script), L"IEnumWbemClassObject"), m_rows(std::move(rows)), m_status(status) {}
 
     HRESULT STDMETHODCALLTYPE Next(LONG timeout, ULONG count, IWbemClassObject** rows,
                                    ULONG* returned) override {
         Note(L"Next " + std::to_wstring(timeout) + L' ' + std::to_wstring(count));
         *returned = 0;
         if (m_next == m_rows.size()) {
-            return TheScript().nextAtEnd;
+            return FAILED(m_status) ? m_status : TheScript().nextAtEnd;
         }
         *rows = new ObjectStandIn(SharedScript(), m_rows[m_next++]);
         *returned = 1;
@@ -226,6 +236,7 @@ public:
 
 private:
     std::vector<ScriptedRow> m_rows;
+    HRESULT m_status;
     std::size_t m_next = 0;
 };
 
@@ -258,7 +269,8 @@ private:
 
 class ServicesStandIn final : public UnusedServiceMethods {
 public:
-    explicit ServicesStandIn(Script script) : UnusedServiceMethods(std::move(script), L"IWbemServices") {}
+    ServicesStandIn(Script script, std::wstring space)
+        : UnusedServiceMethods(std::move(script), L"IWbemServices"), m_space(std::move(space)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
         if (id == __uuidof(IClientSecurity)) {
@@ -278,9 +290,14 @@ public:
                                         IEnumWbemClassObject** rows) override {
         Note(std::wstring(L"ExecQuery ") + language + L' ' + std::to_wstring(flags) + L' ' + query);
         if (SUCCEEDED(TheScript().execQuery)) {
-            const auto found = TheScript().rows.find(query);
-            *rows = new RowsStandIn(
-                SharedScript(), found == TheScript().rows.end() ? std::vector<ScriptedRow>() : found->second);
+            std::vector<ScriptedRow> found;
+            HRESULT status = S_OK;
+            if (TheScript().service) {
+                status = TheScript().service->Query(m_space, query, found);
+            } else if (const auto planned = TheScript().rows.find(query); planned != TheScript().rows.end()) {
+                found = planned->second;
+            }
+            *rows = new RowsStandIn(SharedScript(), std::move(found), status);
         }
         return TheScript().execQuery;
     }
@@ -288,30 +305,40 @@ public:
     HRESULT STDMETHODCALLTYPE GetObject(const BSTR path, LONG, IWbemContext*, IWbemClassObject** object,
                                         IWbemCallResult**) override {
         Note(std::wstring(L"GetObject ") + path);
-        if (SUCCEEDED(TheScript().getObject)) {
-            *object = new ObjectStandIn(SharedScript(), {}, path);
+        const HRESULT status =
+            TheScript().service ? TheScript().service->FindClass(m_space, path) : TheScript().getObject;
+        if (SUCCEEDED(status)) {
+            *object = new ObjectStandIn(SharedScript(), {}, path, m_space);
         }
-        return TheScript().getObject;
+        return status;
     }
 
     HRESULT STDMETHODCALLTYPE ExecMethod(const BSTR path, const BSTR method, LONG, IWbemContext*,
                                          IWbemClassObject* in, IWbemClassObject** out,
                                          IWbemCallResult**) override {
         Note(std::wstring(L"ExecMethod ") + path + L' ' + method);
-        if (FAILED(TheScript().execMethod) || !TheScript().execute) {
-            return FAILED(TheScript().execMethod) ? TheScript().execMethod : InvalidMethod;
-        }
-        ScriptedRow outputs;
-        const HRESULT status = TheScript().execute(
-            {path, method, in != nullptr ? static_cast<ObjectStandIn*>(in)->Properties() : ScriptedRow()},
-            outputs);
-        if (SUCCEEDED(status) && out != nullptr) {
-            *out = new ObjectStandIn(SharedScript(), std::move(outputs));
+        const ScriptedCall call{
+            path, method, in != nullptr ? static_cast<ObjectStandIn*>(in)->Properties() : ScriptedRow()};
+        std::optional<ScriptedRow> outputs;
+        const HRESULT status = Execute(call, outputs);
+        if (SUCCEEDED(status) && out != nullptr && outputs) {
+            *out = new ObjectStandIn(SharedScript(), std::move(*outputs));
         }
         return status;
     }
 
 private:
+    HRESULT Execute(const ScriptedCall& call, std::optional<ScriptedRow>& outputs) {
+        if (TheScript().service) {
+            return TheScript().service->Execute(m_space, call, outputs);
+        }
+        if (FAILED(TheScript().execMethod) || !TheScript().execute) {
+            return FAILED(TheScript().execMethod) ? TheScript().execMethod : InvalidMethod;
+        }
+        return TheScript().execute(call, outputs.emplace());
+    }
+
+    std::wstring m_space;
     SecurityOfServices m_security{*this};
 };
 
@@ -346,10 +373,12 @@ public:
         const bool plain = user == nullptr && password == nullptr && locale == nullptr && flags == 0 &&
                            authority == nullptr && context == nullptr;
         Note(std::wstring(L"ConnectServer ") + resource + (plain ? L"" : L" with more than the resource"));
-        if (SUCCEEDED(TheScript().connectServer)) {
-            *services = new ServicesStandIn(SharedScript());
+        const HRESULT status =
+            TheScript().service ? TheScript().service->Connect(resource) : TheScript().connectServer;
+        if (SUCCEEDED(status)) {
+            *services = new ServicesStandIn(SharedScript(), resource);
         }
-        return TheScript().connectServer;
+        return status;
     }
 };
 

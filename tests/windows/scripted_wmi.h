@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,24 @@ struct ScriptedCall {
     std::wstring path;
     std::wstring method;
     ScriptedRow in;
+};
+
+/// A whole service behind the script: where a script has one, it answers in place of the script's tables.
+class WmiService {
+public:
+    virtual ~WmiService() = default;
+
+    virtual HRESULT Connect(const std::wstring& space) = 0;
+    /// A failure is what the first Next gives.
+    virtual HRESULT Query(const std::wstring& space, const std::wstring& query,
+                          std::vector<ScriptedRow>& rows) = 0;
+    virtual HRESULT FindClass(const std::wstring& space, const std::wstring& name) = 0;
+    /// Nothing where there is no such method.
+    virtual std::optional<std::vector<std::wstring>>
+    MethodInputs(const std::wstring& space, const std::wstring& className, const std::wstring& method) = 0;
+    /// A method may work and give no object.
+    virtual HRESULT Execute(const std::wstring& space, const ScriptedCall& call,
+                            std::optional<ScriptedRow>& out) = 0;
 };
 
 /// What the service does. Every step succeeds unless its status here says otherwise.
@@ -52,6 +71,8 @@ struct WmiScript {
         methods;
     /// Carries a method out: fills `out` in. A status other than success gives no output object.
     std::function<HRESULT(const ScriptedCall& call, ScriptedRow& out)> execute;
+
+    std::shared_ptr<WmiService> service;
 
     /// What was called, in order, with its arguments, and what was released:
     /// "ConnectServer ROOT\WMI", "SetBlanket 10 0 3 3 0", "ExecQuery WQL 48 select ...", "Release IWbemServices".

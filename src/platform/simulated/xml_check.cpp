@@ -1,6 +1,8 @@
 #include "platform/simulated/xml_check.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 #include <vector>
 
 namespace machine {
@@ -16,24 +18,94 @@ struct Markup {
 
 constexpr Markup Skipped[] = {{u"<!--", u"-->"}, {u"<![CDATA[", u"]]>"}, {u"<?", u"?>"}, {u"<!", u">"}};
 
+struct Entity {
+    std::u16string_view name;
+    char16_t character;
+};
+
+constexpr Entity Entities[] = {
+    {u"amp", u'&'}, {u"lt", u'<'}, {u"gt", u'>'}, {u"quot", u'"'}, {u"apos", u'\''}};
+
+/// The number of a character reference without its "#"; nothing for one that is none.
+std::optional<char32_t> NumberOf(std::u16string_view digits) {
+    const bool hexadecimal = digits.starts_with(u'x');
+    digits.remove_prefix(hexadecimal ? 1 : 0);
+    char32_t number = 0;
+    for (const char16_t digit : digits) {
+        const std::size_t value =
+            std::u16string_view(u"0123456789abcdef").find(digit | (digit > u'9' ? 0x20 : 0));
+        if (value >= (hexadecimal ? 16U : 10U)) {
+            return std::nullopt;
+        }
+        number =
+            std::min<char32_t>(number * (hexadecimal ? 16 : 10) + static_cast<char32_t>(value), 0x110000);
+    }
+    const bool isCharacter = !digits.empty() && number != 0 && number < 0x110000;
+    return isCharacter ? std::optional(number) : std::nullopt;
+}
+
+std::optional<char32_t> CharacterOf(std::u16string_view reference) {
+    if (reference.starts_with(u'#')) {
+        return NumberOf(reference.substr(1));
+    }
+    const auto* const found = std::ranges::find(Entities, reference, &Entity::name);
+    return found == std::end(Entities) ? std::nullopt : std::optional<char32_t>(found->character);
+}
+
+void AppendEscaped(std::u16string& out, char32_t character) {
+    if (character == U'&' || character == U'<' || character == U'>') {
+        out.append(character == U'&' ? u"&amp;" : character == U'<' ? u"&lt;" : u"&gt;");
+    } else if (character > 0xFFFF) {
+        out += static_cast<char16_t>(0xD7C0 + (character >> 10));
+        out += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+    } else {
+        out += static_cast<char16_t>(character);
+    }
+}
+
+/// The characters between two pieces of markup, written anew. False for a reference to nothing.
+bool AppendContent(std::u16string& out, std::u16string_view content) {
+    while (!content.empty()) {
+        const char16_t unit = content.front();
+        if (unit != u'&') {
+            AppendEscaped(out, unit);
+            content.remove_prefix(1);
+            continue;
+        }
+        const std::size_t end = content.find(u';');
+        const auto character =
+            end == std::u16string_view::npos ? std::nullopt : CharacterOf(content.substr(1, end - 1));
+        if (!character) {
+            return false;
+        }
+        AppendEscaped(out, *character);
+        content.remove_prefix(end + 1);
+    }
+    return true;
+}
+
 class XmlScan {
 public:
     explicit XmlScan(std::u16string_view text) : m_rest(text) {}
 
     bool Run() {
         while (!m_rest.empty()) {
-            const std::size_t markup = std::min(m_rest.find(u'<'), m_rest.size());
-            if (m_open.empty() &&
-                m_rest.substr(0, markup).find_first_not_of(WhiteSpace) != std::u16string_view::npos) {
+            const std::u16string_view content = m_rest.substr(0, m_rest.find(u'<'));
+            if ((m_open.empty() && content.find_first_not_of(WhiteSpace) != std::u16string_view::npos) ||
+                !AppendContent(m_serialised, content)) {
                 return false;
             }
-            m_rest.remove_prefix(markup);
+            m_rest.remove_prefix(content.size());
+            const std::u16string_view behindContent = m_rest;
             if (!m_rest.empty() && !SkipMarkup() && !TakeTag()) {
                 return false;
             }
+            m_serialised += behindContent.substr(0, behindContent.size() - m_rest.size());
         }
         return m_open.empty() && m_roots == 1;
     }
+
+    std::u16string TakeSerialised() { return std::move(m_serialised); }
 
 private:
     bool SkipMarkup() {
@@ -96,14 +168,16 @@ private:
     }
 
     std::u16string_view m_rest;
+    std::u16string m_serialised;
     std::vector<std::u16string_view> m_open;
     unsigned m_roots = 0;
 };
 
 } // namespace
 
-bool IsXmlDocument(std::u16string_view text) {
-    return XmlScan(text).Run();
+std::optional<std::u16string> SerialisedXml(std::u16string_view text) {
+    XmlScan scan(text);
+    return scan.Run() ? std::optional(scan.TakeSerialised()) : std::nullopt;
 }
 
 } // namespace machine

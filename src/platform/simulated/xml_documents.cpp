@@ -16,6 +16,7 @@ struct XmlDocumentObject : ComObject {
 
     bool async = true;
     const PackageProfile* loaded = nullptr;
+    std::u16string xml;
 };
 
 } // namespace
@@ -57,9 +58,9 @@ HResult Put(Operation operation, XmlDocument document, VariantBool value,
 }
 
 /// The file's text as the parser gives it back: without its byte order mark.
-std::u16string_view Serialised(std::u16string_view text) {
+std::optional<std::u16string> Serialised(std::u16string_view text) {
     text.remove_prefix(text.starts_with(u'\xFEFF') ? 1 : 0);
-    return text;
+    return machine::SerialisedXml(text);
 }
 
 } // namespace
@@ -90,8 +91,10 @@ HResult load(XmlDocument document, const char16_t* path, VariantBool& successful
     }
     const machine::PackageProfile* file = call.Emptied() ? nullptr : Current().packages.ManifestAt(path);
     // A document that loads in the background is not there yet when its text is asked for.
-    const bool isThere = file != nullptr && machine::IsXmlDocument(Serialised(*file->manifest));
+    const auto xml = file != nullptr ? Serialised(*file->manifest) : std::nullopt;
+    const bool isThere = xml.has_value();
     object->loaded = isThere && !object->async ? file : nullptr;
+    object->xml = xml.value_or(u"");
     successful = isThere ? VariantTrue : VariantFalse;
     return call.Answered(isThere ? hresult::Ok : hresult::False);
 }
@@ -109,7 +112,7 @@ HResult get_xml(XmlDocument document, std::u16string& xml) {
     if (object->loaded->exhaustsMemory) {
         throw std::bad_alloc();
     }
-    xml = Serialised(*object->loaded->manifest);
+    xml = object->xml;
     return call.Answered(hresult::Ok);
 }
 

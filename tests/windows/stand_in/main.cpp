@@ -42,7 +42,8 @@ HANDLE Start(std::wstring command) {
 
 int Run(const std::string& machineName, std::wstring command) {
     const test::RegistryStand registry;
-    stand_in::ServedMachine machine(machine::LoadProfile(machineName));
+    machine::Machine simulated(machine::LoadProfile(machineName), ":memory:");
+    stand_in::ServedMachine machine(simulated);
     if (command.empty()) {
         std::cout << "ready" << std::endl;
         machine.ServeWhile(::CreateEventW(nullptr, TRUE, FALSE, nullptr)); // never set

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 #include <span>
 
 namespace stand_in {
@@ -31,23 +32,19 @@ std::uint32_t StatusOf(platform::SystemError error) {
 
 } // namespace
 
-ServedMachine::ServedMachine(const machine::Profile& profile)
-    : m_controller(profile.ec),
-      m_driver(profile.driver, profile.processor, m_controller),
-      m_acpi(profile.acpi) {
-    if (profile.driver.present) {
-        m_devices[test::device::IoDriver] = &m_driver;
+ServedMachine::ServedMachine(machine::Machine& machine) {
+    if (machine.profile.driver.present) {
+        m_devices[test::device::IoDriver] = &machine.driver;
     }
-    if (profile.acpi.present) {
-        m_devices[test::device::Acpi] = &m_acpi;
+    if (machine.profile.acpi.present) {
+        m_devices[test::device::Acpi] = &machine.acpi;
     }
     for (const auto& [name, device] : m_devices) {
         m_stand.AddDevice(name);
     }
-    if (!profile.batteries.empty()) {
-        m_battery.emplace(profile.batteries.front());
-        m_batteryStand.emplace(m_stand);
-        m_devices[test::BatteryStand::Device] = &*m_battery;
+    for (unsigned place = 0; place < machine.batteries.size(); ++place) {
+        m_batteries.emplace_back(m_stand, place);
+        m_devices[test::BatteryStand::DeviceOf(place)] = &machine.batteries[place];
     }
     m_stand.Serve();
 }
@@ -60,6 +57,7 @@ void ServedMachine::ServeWhile(HANDLE process) {
 }
 
 void ServedMachine::AnswerWaiting() {
+    const std::lock_guard lock(machine::MachineMutex());
     while (const auto request = m_stand.Take()) {
         const machine::ControlAnswer answer =
             m_devices.at(request->device)

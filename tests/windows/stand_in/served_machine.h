@@ -4,14 +4,10 @@
 #include "battery_stand.h"
 #include "driver_stand.h"
 
-#include "platform/simulated/acpi_firmware.h"
-#include "platform/simulated/battery_device.h"
-#include "platform/simulated/embedded_controller.h"
-#include "platform/simulated/io_driver.h"
-#include "platform/simulated/profile.h"
+#include "platform/simulated/machine.h"
 
+#include <list>
 #include <map>
-#include <optional>
 #include <string>
 
 namespace stand_in {
@@ -20,21 +16,16 @@ namespace stand_in {
 /// machine's own models answer them.
 class ServedMachine {
 public:
-    explicit ServedMachine(const machine::Profile& profile);
+    explicit ServedMachine(machine::Machine& machine);
 
-    /// Answers until the process ends.
+    /// Answers until the process ends, or whatever else is waited for.
     void ServeWhile(HANDLE process);
 
 private:
     void AnswerWaiting();
 
     test::DriverStand m_stand;
-    machine::EmbeddedController m_controller;
-    machine::IoDriver m_driver;
-    machine::AcpiFirmware m_acpi;
-    // The machine's first battery: the library looks at no other.
-    std::optional<machine::BatteryDevice> m_battery;
-    std::optional<test::BatteryStand> m_batteryStand;
+    std::list<test::BatteryStand> m_batteries;
     std::map<std::wstring, machine::Device*> m_devices;
 };
 

@@ -1,0 +1,34 @@
+#!/bin/sh
+# Every machine told by both libraries, export by export: the native one here, the real DLL under Wine. Runs within
+# run_under_wine.sh; some profiles in place of all of them, to look at a difference.
+#
+#   tests/windows/run_under_wine.sh build/windows tests/windows/twin/run_twins.sh build/windows build/native [PROFILE...]
+set -eu
+
+if [ $# -lt 2 ]; then
+    echo "usage: run_twins.sh WINDOWS_BUILD_DIRECTORY NATIVE_BUILD_DIRECTORY [PROFILE...]" >&2
+    exit 64
+fi
+root=$(cd "$(dirname "$0")/../../.." && pwd)
+windows=$1/bin
+native=$2/bin
+reports=$1/twins
+shift 2
+
+for program in "$native/twin" "$native/compare_twins" "$windows/twin.exe"; do
+    if [ ! -f "$program" ]; then
+        echo "run_twins.sh: $program is missing: make test-windows builds both presets, native and windows" >&2
+        exit 66
+    fi
+done
+
+rm -rf "$reports"
+mkdir -p "$reports"
+[ $# -gt 0 ] || set -- "$root"/machines/*.json "$root"/tests/twin/machines/*.json
+for profile in "$@"; do
+    machine=${profile##*/}
+    machine=${machine%.json}
+    "$native/twin" "$profile" >"$reports/$machine.native.json"
+    wine "$windows/twin.exe" "$profile" >"$reports/$machine.windows.json" </dev/null
+done
+"$native/compare_twins" "$reports" "$root/tests/twin/excused.txt"
