@@ -25,8 +25,8 @@
  *              guarded: threads that come at once get one complete snapshot.
  *   Blocking   An EC command takes as long as the driver takes, well below a millisecond as a rule; a WMI
  *              reading as long as WMI takes. Where an export waits on purpose, its comment gives the time.
- *   Errors     Nothing is raised across an export in ordinary operation. Running out of memory while a text
- *              is built is the one exception.
+ *   Errors     Nothing is raised across an export. Running out of memory is a failure like any other: it
+ *              gives the export's failure value, or its document with nothing in it.
  */
 #ifndef VESK_SONDREL_H
 #define VESK_SONDREL_H

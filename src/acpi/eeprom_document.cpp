@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace sondrel {
 namespace {
@@ -41,7 +42,7 @@ public:
         return m_valueLength + event.size() <= ValueLimit;
     }
 
-    [[nodiscard]] const std::u16string& Text() const { return m_text; }
+    [[nodiscard]] std::u16string Take() { return std::move(m_text); }
 
 private:
     std::u16string m_text;
@@ -80,13 +81,7 @@ void AppendEvents(Document& document) {
     }
 }
 
-} // namespace
-} // namespace sondrel
-
-using namespace sondrel;
-
-void GetEEPROM_Data(VeskChar16* out) {
-    TraceLine("GetEEPROM_Data start");
+std::u16string EventStore() {
     Document document;
     document.Piece(uR"({"version":")");
     AppendNumber(document, Version);
@@ -97,6 +92,19 @@ void GetEEPROM_Data(VeskChar16* out) {
     document.Piece(uR"("],"event":[)");
     AppendEvents(document);
     document.Piece(u"]}");
-    CopyToHost(document.Text(), out);
+    return document.Take();
+}
+
+constexpr std::u16string_view NothingRead =
+    uR"({"version":"","register_count":"","register":[""],"event":[]})";
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+void GetEEPROM_Data(VeskChar16* out) {
+    TraceLine("GetEEPROM_Data start");
+    AnswerWith(out, EventStore, NothingRead);
     TraceLine("GetEEPROM_Data end");
 }

@@ -67,13 +67,13 @@ void EnumSubkeyNames(platform::Key key, std::vector<std::u16string>& names) {
 using namespace sondrel;
 
 void App_Get_UWPApp(VeskChar16* out) {
-    CopyToHost(PackageNames(), out);
+    AnswerWith(out, PackageNames);
 }
 
 void App_Get_Win32App(VeskChar16* out) {
-    CopyToHost(ApplicationNames(NativeUninstallKey), out);
+    AnswerWith(out, [] { return ApplicationNames(NativeUninstallKey); });
 }
 
 void App_Get_Win32WOW6432App(VeskChar16* out) {
-    CopyToHost(ApplicationNames(Wow64UninstallKey), out);
+    AnswerWith(out, [] { return ApplicationNames(Wow64UninstallKey); });
 }

@@ -15,6 +15,8 @@ constexpr const char16_t* NativeUninstallKey = u"SOFTWARE\\Microsoft\\Windows\\C
 constexpr const char16_t* Wow64UninstallKey =
     u"SOFTWARE\\WOW6432Node\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
 
+constexpr std::u16string_view NoApplications = u"[{\"machine\":[]},{\"user\":[]}]";
+
 /// All that the two walkers differ in.
 struct HiveWalker {
     platform::Key hive;
@@ -115,11 +117,13 @@ using namespace sondrel;
 
 void GetApplist_x64(VeskChar16* out) {
     TraceLine("GetApplist_x64 Start");
-    CopyToHost(ApplicationList(NativeUninstallKey), out);
+    AnswerWith(
+        out, [] { return ApplicationList(NativeUninstallKey); }, NoApplications);
     TraceLine("GetApplist_x64 End");
 }
 
 void GetApplist_x86(VeskChar16* out) {
     TraceLine("GetApplist_x86 Start");
-    CopyToHost(ApplicationList(Wow64UninstallKey), out);
+    AnswerWith(
+        out, [] { return ApplicationList(Wow64UninstallKey); }, NoApplications);
 }

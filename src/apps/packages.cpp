@@ -162,6 +162,6 @@ using namespace sondrel;
 
 void GetApplist_UWP(VeskChar16* out) {
     TraceLine("GetApplist_UWP Start");
-    CopyToHost(GetApplist_AllUserStore(), out);
+    AnswerWith(out, GetApplist_AllUserStore, u"[]");
     TraceLine("GetApplist_UWP End");
 }

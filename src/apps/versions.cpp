@@ -3,6 +3,7 @@
 #include "apps/registry_texts.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
+#include "frame/memory_guard.h"
 #include "frame/text.h"
 #include "platform/device_nodes.h"
 #include "platform/packages.h"
@@ -106,13 +107,16 @@ std::optional<std::u16string_view> VersionOfFullName(std::u16string_view fullNam
 using namespace sondrel;
 
 void GetInfVersion(VeskChar16* out) {
-    const std::u16string version = DriverVersionAt(GetDeviceDriverKey());
-    TraceLine("strValueOfDriverVersion = " + WideToUtf8(version));
-    CopyToHost(version, out);
+    AnswerWith(out, [] {
+        std::u16string version = DriverVersionAt(GetDeviceDriverKey());
+        TraceMade([&] { return "strValueOfDriverVersion = " + WideToUtf8(version); });
+        return version;
+    });
 }
 
 void GetUWPVersion(VeskChar16* out) {
-    const std::optional<std::u16string> fullName = FirstPackageOf(AssistantFamily);
+    const auto fullName =
+        OrWithoutMemory(std::optional<std::u16string>(), [] { return FirstPackageOf(AssistantFamily); });
     if (!fullName) {
         return;
     }

@@ -1,5 +1,6 @@
 // The three identity exports: which embedded controller the machine has, read once and kept in the registry.
 #include "ec/ec_command.h"
+#include "frame/memory_guard.h"
 #include "frame/registry_store.h"
 #include "frame/text.h"
 #include "vesk_sondrel.h"
@@ -25,7 +26,7 @@ constexpr Identity EcChipName{u"EcChipName", 4, {0x12, 0x13, 0x14, 0x15}};
 /// A value that stands in the registry wins over what the EC would say, and costs no EC command. Otherwise
 /// the EC is read and the number kept; a store that refuses the number only means that the next call reads
 /// again.
-std::uint32_t ReadIdentity(const Identity& identity) {
+std::uint32_t FindIdentity(const Identity& identity) {
     const std::u16string kept = ReadRegDword(platform::Key::LocalMachine, ProductKey, identity.valueName);
     if (!IsRegistrySentinel(kept)) {
         return static_cast<std::uint32_t>(WideToInt32(kept));
@@ -40,6 +41,10 @@ std::uint32_t ReadIdentity(const Identity& identity) {
     }
     WriteRegDword(platform::Key::LocalMachine, ProductKey, identity.valueName, number);
     return number;
+}
+
+std::uint32_t ReadIdentity(const Identity& identity) {
+    return OrWithoutMemory(EcReadFailed, [&] { return FindIdentity(identity); });
 }
 
 } // namespace

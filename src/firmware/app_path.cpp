@@ -2,6 +2,7 @@
 
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
+#include "frame/memory_guard.h"
 #include "frame/registry_store.h"
 #include "frame/text.h"
 #include "platform/files.h"
@@ -14,6 +15,17 @@ namespace {
 /// The user as WMI names him. The empty text, where WMI names nobody, stands for the key's unnamed value.
 std::u16string UserName(std::uint8_t initCom) {
     return ReadWMIPropStr(u"ROOT\\CIMV2", u"select * from win32_ComputerSystem", u"UserName", initCom);
+}
+
+bool StoreAppPath(const VeskChar16* path, std::uint8_t initCom) {
+    const std::u16string user = UserName(initCom);
+    const std::u16string text = TextFromHost(path);
+    const bool written = WriteRegString(platform::Key::LocalMachine, ProductKey, user, text);
+    TraceMade([&] {
+        return "[WMISetAppPath] WriteRegString " + WideToUtf8Bounded(text) + " to " +
+               WideToUtf8Bounded(user) + (written ? " Success" : " Fail");
+    });
+    return written;
 }
 
 } // namespace
@@ -44,10 +56,5 @@ bool WMICheckAppExist(std::uint8_t initCom) {
 using namespace sondrel;
 
 int32_t WMISetAppPath(const VeskChar16* path, uint8_t initCom) {
-    const std::u16string user = UserName(initCom);
-    const std::u16string text = TextFromHost(path);
-    const bool written = WriteRegString(platform::Key::LocalMachine, ProductKey, user, text);
-    TraceLine("[WMISetAppPath] WriteRegString " + WideToUtf8Bounded(text) + " to " + WideToUtf8Bounded(user) +
-              (written ? " Success" : " Fail"));
-    return written ? 1 : 0;
+    return OrWithoutMemory(false, [=] { return StoreAppPath(path, initCom); }) ? 1 : 0;
 }

@@ -3,22 +3,25 @@
 #include "firmware/firmware_feature.h"
 #include "firmware/settings_file.h"
 #include "frame/diagnostics.h"
+#include "frame/memory_guard.h"
 #include "frame/text.h"
 #include "vesk_sondrel.h"
 
 #include <string>
 
-using namespace sondrel;
+namespace sondrel {
+namespace {
 
-int32_t WMICheckBatteryHealthSupport(uint8_t initCom) {
+constexpr std::int32_t Default = 100;
+
+bool IsSupported(std::uint8_t initCom) {
     const std::string tag = "[WMICheckBatteryHealthSupport]";
     const bool supported = EqualIgnoringCase(FeatureStatus(BatteryHealth, tag, initCom), FeatureSupported);
     TraceLine(tag + (supported ? " Support Battery Health" : " Not Support Battery Health"));
-    return supported ? 1 : 0;
+    return supported;
 }
 
-int32_t WMIGetBatteryHealth(uint8_t initCom) {
-    constexpr std::int32_t Default = 100;
+std::int32_t KeptLevel(std::uint8_t initCom) {
     const std::string tag = "[WMIGetBatteryHealth]";
     const std::u16string path = SettingPath(BatteryHealth, tag, initCom);
     if (!WMICheckAppExist(initCom)) {
@@ -29,11 +32,28 @@ int32_t WMIGetBatteryHealth(uint8_t initCom) {
     return level;
 }
 
-int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {
-    if (WMICheckBatteryHealthSupport(initCom) == 0) {
-        return 0;
+bool SetLevel(std::int32_t level, std::uint8_t initCom) {
+    if (!IsSupported(initCom)) {
+        return false;
     }
-    const std::string number = std::to_string(value);
+    const std::string number = std::to_string(level);
     const std::u16string controlStatus(number.begin(), number.end());
-    return SetFeature(BatteryHealth, "[WMISetBatteryHealth]", controlStatus, value, initCom) ? 1 : 0;
+    return SetFeature(BatteryHealth, "[WMISetBatteryHealth]", controlStatus, level, initCom);
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+int32_t WMICheckBatteryHealthSupport(uint8_t initCom) {
+    return OrWithoutMemory(false, [=] { return IsSupported(initCom); }) ? 1 : 0;
+}
+
+int32_t WMIGetBatteryHealth(uint8_t initCom) {
+    return OrWithoutMemory(Default, [=] { return KeptLevel(initCom); });
+}
+
+int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {
+    return OrWithoutMemory(false, [=] { return SetLevel(value, initCom); }) ? 1 : 0;
 }

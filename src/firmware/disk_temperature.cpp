@@ -97,6 +97,8 @@ void ReadWMISmartData(std::u16string nameSpace, std::u16string query, std::uint8
 using namespace sondrel;
 
 void WMIGetHDDTemp(VeskChar16* out, uint8_t initCom) {
-    ReadWMISmartData(u"ROOT\\WMI", u"Select * from MSStorageDriver_FailurePredictData", initCom);
-    CopyToHost(TemperatureList(), out);
+    AnswerWith(out, [=] {
+        ReadWMISmartData(u"ROOT\\WMI", u"Select * from MSStorageDriver_FailurePredictData", initCom);
+        return TemperatureList();
+    });
 }

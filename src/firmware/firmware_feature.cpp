@@ -4,11 +4,27 @@
 #include "firmware/firmware_method.h"
 #include "firmware/settings_file.h"
 #include "frame/diagnostics.h"
+#include "frame/memory_guard.h"
 #include "frame/text.h"
 
 #include <utility>
 
 namespace sondrel {
+namespace {
+
+/// False where nothing could be remembered.
+bool Remember(const FirmwareFeature& feature, const std::string& tag, std::int32_t number,
+              std::uint8_t initCom) {
+    if (!WMICheckAppExist(initCom)) {
+        return false;
+    }
+    const std::u16string path = SettingPath(feature, tag, initCom);
+    WriteSetting(path, number);
+    TraceLine(tag + " set " + std::to_string(number) + " to " + WideToUtf8Bounded(path));
+    return true;
+}
+
+} // namespace
 
 std::u16string FeatureStatus(const FirmwareFeature& feature, const std::string& tag, std::uint8_t initCom) {
     std::u16string answer = wmiMethod(u"DSTS", {{u"Device_ID", feature.deviceId}}, u"device_status", initCom);
@@ -21,15 +37,12 @@ bool SetFeature(const FirmwareFeature& feature, const std::string& tag, std::u16
     const std::u16string answer =
         wmiMethod(u"DEVS", {{u"Device_ID", feature.deviceId}, {u"Control_status", std::move(controlStatus)}},
                   u"result", initCom);
-    TraceLine(tag + " output is " + WideToUtf8Bounded(answer));
+    TraceMade([&] { return tag + " output is " + WideToUtf8Bounded(answer); });
     if (!EqualIgnoringCase(answer, u"1")) {
         return false;
     }
-    if (WMICheckAppExist(initCom)) {
-        const std::u16string path = SettingPath(feature, tag, initCom);
-        WriteSetting(path, number);
-        TraceLine(tag + " set " + std::to_string(number) + " to " + WideToUtf8Bounded(path));
-    }
+    // The firmware has it now, whatever becomes of the settings file.
+    OrWithoutMemory(false, [&] { return Remember(feature, tag, number, initCom); });
     return true;
 }
 

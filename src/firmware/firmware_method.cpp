@@ -175,7 +175,7 @@ std::u16string MethodCall::Output(const char16_t* name) {
     // What is no number has 0 where a number would stand.
     const auto* found = std::get_if<std::int32_t>(&value);
     const std::string number = std::to_string(found != nullptr ? *found : 0);
-    TraceLine("[wmiMethod] varReturnValue is " + number);
+    TraceMade([&] { return "[wmiMethod] varReturnValue is " + number; });
     return {number.begin(), number.end()};
 }
 

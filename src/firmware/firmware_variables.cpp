@@ -67,7 +67,9 @@ platform::SystemError ReadVariable(const Field& field, Variable& variable) {
         return problem;
     }
     variable.size = 0;
-    TraceLine("Failed, GetFirmwareEnvironmentVariable(), GetLastError return " + std::to_string(problem));
+    TraceMade([problem] {
+        return "Failed, GetFirmwareEnvironmentVariable(), GetLastError return " + std::to_string(problem);
+    });
     return problem;
 }
 
@@ -96,7 +98,9 @@ platform::SystemError SetField(const Field& field, const std::uint8_t* bytes) {
         return platform::error::Success;
     }
     const platform::SystemError problem = platform::GetLastError();
-    TraceLine("Failed!! SetFirmwareEnvironmentVariable, GetLastError return " + std::to_string(problem));
+    TraceMade([problem] {
+        return "Failed!! SetFirmwareEnvironmentVariable, GetLastError return " + std::to_string(problem);
+    });
     return problem;
 }
 

@@ -3,6 +3,7 @@
 #include "firmware/firmware_feature.h"
 #include "firmware/settings_file.h"
 #include "frame/diagnostics.h"
+#include "frame/memory_guard.h"
 #include "frame/text.h"
 #include "vesk_sondrel.h"
 
@@ -11,15 +12,11 @@
 namespace sondrel {
 namespace {
 
+constexpr std::int32_t NotSupported = -1;
 constexpr std::int32_t Off = 0;
 constexpr std::int32_t HighestLevel = 3;
 
-} // namespace
-} // namespace sondrel
-
-using namespace sondrel;
-
-int32_t WMICheckQuietFanSupport(uint8_t initCom) {
+std::int32_t FirmwareState(std::uint8_t initCom) {
     const std::string tag = "[WMICheckQuietFanSupport]";
     const std::u16string answer = FeatureStatus(QuietFan, tag, initCom);
     if (EqualIgnoringCase(answer, FeatureSupported)) {
@@ -31,10 +28,10 @@ int32_t WMICheckQuietFanSupport(uint8_t initCom) {
         return 1;
     }
     TraceLine(tag + " Not Support Quiet Fan");
-    return -1;
+    return NotSupported;
 }
 
-int32_t WMIGetQuietFan(uint8_t initCom) {
+std::int32_t KeptLevel(std::uint8_t initCom) {
     const std::string tag = "[WMIGetQuietFan]";
     const std::u16string path = SettingPath(QuietFan, tag, initCom);
     std::int32_t level = Off;
@@ -50,6 +47,23 @@ int32_t WMIGetQuietFan(uint8_t initCom) {
     return level;
 }
 
+bool SetLevel(std::uint8_t level, std::uint8_t initCom) {
+    return SetFeature(QuietFan, "[WMISetQuietFan]", level == 0 ? u"0" : u"1", level, initCom);
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+int32_t WMICheckQuietFanSupport(uint8_t initCom) {
+    return OrWithoutMemory(NotSupported, [=] { return FirmwareState(initCom); });
+}
+
+int32_t WMIGetQuietFan(uint8_t initCom) {
+    return OrWithoutMemory(Off, [=] { return KeptLevel(initCom); });
+}
+
 int32_t WMISetQuietFan(uint8_t value, uint8_t initCom) {
-    return SetFeature(QuietFan, "[WMISetQuietFan]", value == 0 ? u"0" : u"1", value, initCom) ? 1 : 0;
+    return OrWithoutMemory(false, [=] { return SetLevel(value, initCom); }) ? 1 : 0;
 }

@@ -7,16 +7,26 @@
 
 #include <string>
 
-using namespace sondrel;
+namespace sondrel {
+namespace {
 
-void GetSENSOR_WMI_Data(VeskChar16* out) {
-    TraceLine("GetSENSOR_WMI_Data start");
+std::u16string PSensorDocument() {
     std::u16string document = u"{\"p_sensor\":\"";
     std::uint32_t status = 0;
     if (ACPI_ZRN_DSTS(acpi_id::PSensor, status)) {
         document += u"0x" + HexByteText(status);
     }
     document += u"\"}";
-    CopyToHost(document, out);
+    return document;
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+void GetSENSOR_WMI_Data(VeskChar16* out) {
+    TraceLine("GetSENSOR_WMI_Data start");
+    AnswerWith(out, PSensorDocument, u"{\"p_sensor\":\"\"}");
     TraceLine("GetSENSOR_WMI_Data end");
 }

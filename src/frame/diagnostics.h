@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <exception>
 #include <string>
 
 namespace sondrel {
@@ -28,8 +29,19 @@ struct TraceProviderState {
 extern TraceProviderState TraceProvider;
 
 /// Writes one debug line. The text is cut at its first zero character. The conversion to wide text takes
-/// place even with no consumer attached.
-void TraceLine(std::string text);
+/// place even with no consumer attached. Where there is no memory for it the line is missing.
+void TraceLine(std::string text) noexcept;
+void TraceLine(const char* text) noexcept;
+
+/// The same for a line whose making may run out of memory too, where an answer must not depend on it.
+template <class Make>
+void TraceMade(Make make) noexcept {
+    try {
+        TraceLine(make());
+    } catch (const std::exception&) {
+        return; // as silent as any other failure of a sink
+    }
+}
 
 /// Writes one debug line that is wide already. A null text gives an event with the empty string.
 void TraceWide(const char16_t* text);

@@ -4,6 +4,7 @@
 #include "vesk_sondrel.h"
 
 #include <algorithm>
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,16 @@ inline void CopyToHost(std::u16string_view text, VeskChar16* out) {
 /// The same for narrow text.
 inline void CopyToHost(std::string_view text, char* out) {
     *std::copy(text.begin(), text.end(), out) = '\0';
+}
+
+/// The same with the text that `make` gives, or with `failure` where there is no memory for it.
+template <class Make>
+void AnswerWith(VeskChar16* out, Make make, std::u16string_view failure = u"") noexcept {
+    try {
+        CopyToHost(make(), out);
+    } catch (const std::exception&) {
+        CopyToHost(failure, out);
+    }
 }
 
 /// A host's text up to its terminator; a null pointer counts as the empty text.

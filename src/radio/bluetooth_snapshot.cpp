@@ -103,7 +103,7 @@ bool SearchRadios(Opened& opened, Devices& devices, BluetoothRecord& snapshot) {
 
 template <class Field>
 Field BluetoothField(Field BluetoothRecord::*field, const char* exportName) {
-    return SnapshotField(BluetoothGuard, BluetoothSnapshot, RF_ReadBT_Info, field, exportName);
+    return SnapshotAnswer(BluetoothGuard, BluetoothSnapshot, RF_ReadBT_Info, field, exportName);
 }
 
 } // namespace

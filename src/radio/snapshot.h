@@ -2,10 +2,13 @@
 #pragma once
 
 #include "frame/diagnostics.h"
+#include "frame/memory_guard.h"
 
 #include <cstdint>
 #include <mutex>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 namespace sondrel {
 
@@ -25,10 +28,26 @@ Field SnapshotField(std::mutex& guard, Record& record, void (*read)(Record&), Fi
                     const char* exportName) {
     const std::lock_guard lock(guard);
     if (record.valid == 0) {
-        TraceLine(std::string("[RF] ") + exportName + " FLAG FALSE");
-        read(record);
+        TraceMade([=] { return std::string("[RF] ") + exportName + " FLAG FALSE"; });
+        Record next = record; // a read that runs out of memory halfway leaves the record whole
+        read(next);
+        record = std::move(next);
     }
     return record.*field;
+}
+
+/// The same for the exports: without memory it is a failed read.
+template <class Record, class Field>
+Field SnapshotAnswer(std::mutex& guard, Record& record, void (*read)(Record&), Field Record::*field,
+                     const char* exportName) {
+    const auto get = [&] {
+        return SnapshotField(guard, record, read, field, exportName);
+    };
+    if constexpr (std::is_integral_v<Field>) {
+        return OrWithoutMemory(RadioReadFailed, get);
+    } else {
+        return OrWithoutMemory(Field(RadioReadFailedText), get);
+    }
 }
 
 } // namespace sondrel

@@ -20,6 +20,8 @@ namespace {
 
 std::mutex WiFiGuard;
 
+constexpr std::u16string_view WiFiNameFailed = u"error_string";
+
 /// By PHY type, from 1.
 constexpr const char* PhyModes[] = {"FHSS", "DHSS",    "IR baseband", "OFDM",     "HRDSSS",
                                     "ERP",  "802.11n", "802.11ac",    "802.11ad", "802.11ax"};
@@ -110,7 +112,7 @@ bool ReadInterfaces(platform::OwnedWlanClient& client, WiFiRecord& snapshot) {
 
 WiFiRecord FailedRead() {
     return {.connected = RadioReadFailed,
-            .cardName = u"error_string",
+            .cardName = std::u16string(WiFiNameFailed),
             .rssi = RadioReadFailed,
             .channel = RadioReadFailed,
             .phyMode = RadioReadFailedText,
@@ -121,7 +123,7 @@ WiFiRecord FailedRead() {
 
 template <class Field>
 Field WiFiField(Field WiFiRecord::*field, const char* exportName) {
-    return SnapshotField(WiFiGuard, WiFiSnapshot, RF_ReadWifi_Info, field, exportName);
+    return SnapshotAnswer(WiFiGuard, WiFiSnapshot, RF_ReadWifi_Info, field, exportName);
 }
 
 } // namespace
@@ -138,7 +140,7 @@ void RF_ReadWifi_Info(WiFiRecord& snapshot) {
 }
 
 std::u16string WiFiCardName() {
-    return WiFiField(&WiFiRecord::cardName, "RF_WiFiCardName");
+    return SnapshotField(WiFiGuard, WiFiSnapshot, RF_ReadWifi_Info, &WiFiRecord::cardName, "RF_WiFiCardName");
 }
 
 } // namespace sondrel
@@ -150,7 +152,7 @@ int32_t RF_WiFiIsConnected(void) {
 }
 
 void RF_WiFiCardName(VeskChar16* out) {
-    CopyToHost(WiFiCardName(), out);
+    AnswerWith(out, sondrel::WiFiCardName, WiFiNameFailed);
 }
 
 int32_t RF_WiFiRssi(void) {

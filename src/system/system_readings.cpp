@@ -2,6 +2,7 @@
 
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
+#include "frame/memory_guard.h"
 #include "frame/text.h"
 #include "platform/audio.h"
 #include "platform/device_io.h"
@@ -176,13 +177,13 @@ std::u16string getvolume() {
 using namespace sondrel;
 
 int32_t System_Check_S_Mode(void) {
-    const int32_t result = ReadSMode() ? 1 : 0;
-    TraceLine("[System_Check_S_Mode] result = " + std::to_string(result));
+    const int32_t result = OrWithoutMemory(false, ReadSMode) ? 1 : 0;
+    TraceMade([=] { return "[System_Check_S_Mode] result = " + std::to_string(result); });
     return result;
 }
 
 void System_GetCountryCode_ISO2(VeskChar16* out) {
-    CopyToHost(ReadCountryCode(), out);
+    AnswerWith(out, ReadCountryCode);
 }
 
 void System_Read_LocalTime(char* out) {

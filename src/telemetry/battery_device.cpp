@@ -1,5 +1,6 @@
 #include "telemetry/battery_device.h"
 
+#include "frame/memory_guard.h"
 #include "platform/battery.h"
 #include "platform/device_interfaces.h"
 #include "platform/device_io.h"
@@ -77,9 +78,7 @@ void AskBattery(platform::Handle battery, BatteryRecord& record) {
     }
 }
 
-} // namespace
-
-BatteryRecord ReadBatteryDevice() {
+BatteryRecord AskFirstBattery() {
     using namespace platform;
     BatteryRecord record;
     // Released in the opposite order: the file, the detail block, the set.
@@ -98,6 +97,12 @@ BatteryRecord ReadBatteryDevice() {
         AskBattery(battery.Get(), record);
     }
     return record;
+}
+
+} // namespace
+
+BatteryRecord ReadBatteryDevice() {
+    return OrWithoutMemory(BatteryRecord{}, AskFirstBattery);
 }
 
 std::uint32_t RoundedPercentage(std::uint32_t capacity, std::uint32_t fullChargedCapacity) {

@@ -23,6 +23,13 @@ std::u16string ReadWMIBrightness(std::u16string nameSpace, std::u16string query,
     return brightness;
 }
 
+std::u16string SettingsDocument() {
+    const std::u16string brightness =
+        ReadWMIBrightness(u"ROOT\\WMI", u"select * from WmiMonitorBrightness", 1);
+    const std::u16string volume = getvolume();
+    return u"{\"brightness\":\"" + brightness + u"\",\"volume\":\"" + volume + u"\"}";
+}
+
 } // namespace
 } // namespace sondrel
 
@@ -30,9 +37,6 @@ using namespace sondrel;
 
 void AppList_HardwareConfig(VeskChar16* out) {
     TraceLine("AppList_HardwareConfig start");
-    const std::u16string brightness =
-        ReadWMIBrightness(u"ROOT\\WMI", u"select * from WmiMonitorBrightness", 1);
-    const std::u16string volume = getvolume();
-    CopyToHost(u"{\"brightness\":\"" + brightness + u"\",\"volume\":\"" + volume + u"\"}", out);
+    AnswerWith(out, SettingsDocument, u"{\"brightness\":\"\",\"volume\":\"\"}");
     TraceLine("AppList_HardwareConfig end");
 }

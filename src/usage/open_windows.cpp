@@ -170,8 +170,11 @@ using namespace sondrel;
 
 void AppList_OpenWindows(VeskChar16* out) {
     TraceLine("AppList_OpenWindows start");
-    std::u16string document;
-    ReadOpenWindows(document);
-    CopyToHost(document, out);
+    const auto read = [] {
+        std::u16string document;
+        ReadOpenWindows(document);
+        return document;
+    };
+    AnswerWith(out, read, u"[]");
     TraceLine("AppList_OpenWindows end");
 }

@@ -99,12 +99,12 @@ using namespace sondrel;
 
 void AppList_CpuUsage(VeskChar16* out) {
     TraceLine("AppList_CpuUsage start");
-    CopyToHost(ReadWMICpuUsage(u"ROOT\\CIMV2", Query, 1), out);
+    AnswerWith(out, [] { return ReadWMICpuUsage(u"ROOT\\CIMV2", Query, 1); });
     TraceLine("AppList_CpuUsage end");
 }
 
 void AppList_MemUsage(VeskChar16* out) {
     TraceLine("AppList_MemUsage start");
-    CopyToHost(ReadWMIMemUsage(u"ROOT\\CIMV2", Query, 1), out);
+    AnswerWith(out, [] { return ReadWMIMemUsage(u"ROOT\\CIMV2", Query, 1); });
     TraceLine("AppList_MemUsage end");
 }

@@ -2,6 +2,7 @@
 #include "platform/network_adapters.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
+#include "frame/memory_guard.h"
 #include "frame/text.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"
@@ -15,13 +16,15 @@
 namespace sondrel {
 namespace {
 
+using Adapters = std::vector<platform::NetworkAdapter>;
+
 constexpr std::uint32_t OneAdapter = 704; // bytes of one record
 constexpr std::size_t CardNameRoom = 150; // characters of the card's name that count
 
 /// The system's adapters, or nothing when they cannot be had. The list may grow between the two questions; then
 /// it counts as one that cannot be had.
-std::optional<std::vector<platform::NetworkAdapter>> ReadAdapters() {
-    std::vector<platform::NetworkAdapter> adapters;
+std::optional<Adapters> ReadAdapters() {
+    Adapters adapters;
     std::uint32_t size = OneAdapter;
     auto status = platform::GetAdaptersInfo(size, adapters);
     if (status == platform::error::BufferOverflow) {
@@ -42,18 +45,9 @@ std::u16string WmiNameOf(const platform::NetworkAdapter& adapter, std::uint8_t i
                           u"Name", initCom);
 }
 
-} // namespace
-} // namespace sondrel
-
-using namespace sondrel;
-
-void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
-    const auto adapters = ReadAdapters();
-    if (!adapters) {
-        return;
-    }
+std::u16string WirelessNames(const Adapters& adapters, std::uint8_t initCom) {
     std::u16string names;
-    for (const platform::NetworkAdapter& adapter : *adapters) {
+    for (const platform::NetworkAdapter& adapter : adapters) {
         if (adapter.type != platform::AdapterTypeWireless) {
             continue;
         }
@@ -61,16 +55,28 @@ void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
             names += name + u';';
         }
     }
-    CopyToHost(names, out);
+    return names;
+}
+
+} // namespace
+} // namespace sondrel
+
+using namespace sondrel;
+
+void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
+    const auto adapters = OrWithoutMemory(std::optional<Adapters>(), ReadAdapters);
+    if (adapters) {
+        AnswerWith(out, [&] { return WirelessNames(*adapters, initCom); });
+    }
 }
 
 void WMIGetWiFiBytesPersec(VeskChar16* out, uint8_t initCom) {
     TraceLine("WMIGetWiFiBytesPersec Start");
-    const std::size_t nameLength = std::min(WiFiCardName().size(), CardNameRoom);
-    CopyToHost(ReadWMIPropStr2(u"ROOT\\CIMV2",
-                               u"SELECT * FROM Win32_PerfFormattedData_Tcpip_Networkinterface",
-                               std::array<std::u16string, 2>{u"BytesReceivedPersec", u"BytesSentPersec"},
-                               initCom, nameLength),
-               out);
+    AnswerWith(out, [=] {
+        const std::size_t nameLength = std::min(WiFiCardName().size(), CardNameRoom);
+        return ReadWMIPropStr2(
+            u"ROOT\\CIMV2", u"SELECT * FROM Win32_PerfFormattedData_Tcpip_Networkinterface",
+            std::array<std::u16string, 2>{u"BytesReceivedPersec", u"BytesSentPersec"}, initCom, nameLength);
+    });
     TraceLine("WMIGetWiFiBytesPersec End");
 }

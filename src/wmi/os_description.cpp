@@ -43,6 +43,6 @@ using namespace sondrel;
 
 void WMIGetOSInfo(VeskChar16* out, uint8_t initCom) {
     TraceLine("WMIGetOSInfo Start");
-    CopyToHost(DescribeOs(initCom), out);
+    AnswerWith(out, [=] { return DescribeOs(initCom); });
     TraceLine("WMIGetOSInfo End");
 }

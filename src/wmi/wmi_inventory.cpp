@@ -1,6 +1,7 @@
 // The inventory: one export per question, one row per export.
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
+#include "frame/memory_guard.h"
 #include "vesk_sondrel.h"
 #include "wmi/wmi_readers.h"
 
@@ -37,7 +38,9 @@ std::u16string Disks(const Reading& reading, std::uint8_t initCom) {
 }
 
 std::u16string Chassis(const Reading& reading, std::uint8_t initCom) {
-    switch (ReadWMIProp(reading.nameSpace, reading.query, reading.properties[0], initCom, 1)) {
+    const std::int32_t type = OrWithoutMemory(
+        -1, [&] { return ReadWMIProp(reading.nameSpace, reading.query, reading.properties[0], initCom, 1); });
+    switch (type) {
     case 3:
         return u"Desktop";
     case 10:
@@ -106,7 +109,8 @@ using namespace sondrel;
 #define VESK_DEFINE_TEXT(name, make, closing, nameSpace, query, ...)                                         \
     void name(VeskChar16* out, uint8_t initCom) {                                                            \
         TraceLine(#name " Start");                                                                           \
-        CopyToHost(make({nameSpace, query, {__VA_ARGS__}}, initCom), out);                                   \
+        constexpr Reading Source{nameSpace, query, {__VA_ARGS__}};                                           \
+        AnswerWith(out, [=] { return make(Source, initCom); });                                              \
         TraceLine(#name " " closing);                                                                        \
     }
 VESK_WMI_TEXTS(VESK_DEFINE_TEXT)
@@ -115,7 +119,8 @@ VESK_WMI_TEXTS(VESK_DEFINE_TEXT)
     int32_t name(uint8_t initCom) {                                                                          \
         TraceLine(#name " Start");                                                                           \
         TraceLine(#name " End");                                                                             \
-        return make({nameSpace, query, {property}}, initCom);                                                \
+        constexpr Reading Source{nameSpace, query, {property}};                                              \
+        return OrWithoutMemory(-1, [=] { return make(Source, initCom); });                                   \
     }
 VESK_WMI_NUMBERS(VESK_DEFINE_NUMBER)
 

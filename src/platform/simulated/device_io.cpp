@@ -97,6 +97,8 @@ bool DeviceIoControl(Handle device, std::uint32_t code, std::span<const std::byt
         answer.bytes.clear();
     } else if (call.Shortened()) {
         answer.bytes.resize(answer.bytes.size() / 2);
+    } else if (call.SaysFailed() && !opened->second->SayFailed(code, answer)) {
+        machine.gate.Withdraw();
     }
     const std::size_t written = std::min(answer.bytes.size(), out.size());
     std::copy_n(answer.bytes.begin(), written, out.begin());

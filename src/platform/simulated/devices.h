@@ -25,6 +25,9 @@ public:
     virtual platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) = 0;
     virtual void Close() = 0;
     virtual ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) = 0;
+
+    /// Turns an answer into one that says that the request came to nothing. False where answers do not tell.
+    virtual bool SayFailed(std::uint32_t, ControlAnswer&) { return false; }
 };
 
 } // namespace machine

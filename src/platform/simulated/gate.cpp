@@ -5,6 +5,23 @@
 #include <cstdio>
 
 namespace machine {
+namespace {
+
+thread_local unsigned CallsUnderWay = 0;
+
+} // namespace
+
+bool InsideCall() {
+    return CallsUnderWay != 0;
+}
+
+Call::Inside::Inside() {
+    ++CallsUnderWay;
+}
+
+Call::Inside::~Inside() {
+    --CallsUnderWay;
+}
 
 void Gate::Restart(FaultPlan plan) {
     m_plan = plan;

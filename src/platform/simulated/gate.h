@@ -46,6 +46,9 @@ public:
     /// operation does not know is not injected.
     [[nodiscard]] Failure Enter(Operation operation);
 
+    /// A call that was to fail has nothing that can fail in this way.
+    void Withdraw() { --m_injected; }
+
     /// How many failures have been injected since the last restart.
     [[nodiscard]] std::uint64_t Injected() const { return m_injected; }
 
@@ -66,6 +69,9 @@ private:
     std::uintptr_t m_nextNumber = 0x1000;
 };
 
+/// Whether this thread is behind the boundary: what is allocated meanwhile is the machine's, not the library's.
+bool InsideCall();
+
 /// One boundary call, from its entry to its answer. Holds the machine for itself meanwhile.
 class Call {
 public:
@@ -80,6 +86,8 @@ public:
     [[nodiscard]] bool Shortened() const { return m_failure == Failure::ShortAnswer; }
 
     [[nodiscard]] bool Emptied() const { return m_failure == Failure::Nothing; }
+
+    [[nodiscard]] bool SaysFailed() const { return m_failure == Failure::Status; }
 
     /// The code that this operation is refused with.
     [[nodiscard]] std::uint32_t RefusalCode() const { return RowOf(m_operation).refusal; }
@@ -106,6 +114,15 @@ public:
 private:
     void AppendAnswer(const char* base, std::int64_t answer);
 
+    /// First to come and last to go.
+    struct Inside {
+        Inside();
+        Inside(const Inside&) = delete;
+        Inside& operator=(const Inside&) = delete;
+        ~Inside();
+    };
+
+    Inside m_inside;
     std::unique_lock<std::recursive_mutex> m_machine;
     Operation m_operation;
     Failure m_failure;

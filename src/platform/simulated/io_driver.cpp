@@ -20,6 +20,8 @@ constexpr std::uint32_t RequestPowerLimit1 = Request(0x74);
 constexpr std::uint32_t RequestPowerLimit2 = Request(0x78);
 constexpr std::uint32_t RequestPackagePower = Request(0x7C);
 
+constexpr std::size_t StatusAt = 12; // of an EC request
+
 constexpr std::uint32_t SharingViolation = 32;
 
 constexpr ControlAnswer Refusal(platform::SystemError error) {
@@ -101,6 +103,13 @@ ControlAnswer IoDriver::Control(std::uint32_t code, std::span<const std::byte> i
     }
 }
 
+bool IoDriver::SayFailed(std::uint32_t code, ControlAnswer& answer) {
+    if (code == RequestEc) {
+        answer.bytes[StatusAt] = std::byte{1};
+    }
+    return code == RequestEc;
+}
+
 ControlAnswer IoDriver::CpuId(std::span<const std::byte> in) const {
     if (in.size() != 21 || in[20] != std::byte{0x15}) {
         return Refusal(platform::error::InvalidParameter);
@@ -122,7 +131,6 @@ ControlAnswer IoDriver::EcExchange(std::span<const std::byte> in) {
     constexpr std::size_t DataAt = 2;
     constexpr std::size_t ReadFlagAt = 10;
     constexpr std::size_t ResultAt = 11;
-    constexpr std::size_t StatusAt = 12;
     if (in.size() != 16) {
         return Refusal(platform::error::InvalidParameter);
     }

@@ -14,6 +14,7 @@ public:
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
     void Close() override;
     ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) override;
+    bool SayFailed(std::uint32_t code, ControlAnswer& answer) override;
 
 private:
     ControlAnswer EcExchange(std::span<const std::byte> in);

@@ -16,6 +16,7 @@ enum class Failure : std::uint8_t {
     Refused = 1,     // the call fails with its error code
     ShortAnswer = 2, // success, with less than was asked for
     Nothing = 4,     // success, with nothing: a null list, a null object, zero bytes
+    Status = 8,      // success, with an answer whose own status says that the device failed
 };
 
 namespace failures {
@@ -23,13 +24,14 @@ inline constexpr std::uint8_t Never = 0;
 inline constexpr std::uint8_t Refused = static_cast<std::uint8_t>(Failure::Refused);
 inline constexpr std::uint8_t Short = static_cast<std::uint8_t>(Failure::ShortAnswer);
 inline constexpr std::uint8_t Nothing = static_cast<std::uint8_t>(Failure::Nothing);
+inline constexpr std::uint8_t Status = static_cast<std::uint8_t>(Failure::Status);
 } // namespace failures
 
 // X(operation, failures, code of a refusal)
 #define VESK_MACHINE_OPERATIONS(X)                                                                           \
     /* devices */                                                                                            \
     X(CreateFileW, failures::Refused, 5)                                                                     \
-    X(DeviceIoControl, failures::Refused | failures::Short | failures::Nothing, 31)                          \
+    X(DeviceIoControl, failures::Refused | failures::Short | failures::Nothing | failures::Status, 31)       \
     X(CloseHandle, failures::Never, 0)                                                                       \
     /* time */                                                                                               \
     X(Sleep, failures::Never, 0)                                                                             \
