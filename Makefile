@@ -3,13 +3,15 @@
 
 MACHINE ?= default
 ARGS ?=
+SECONDS ?= 30
 
-.PHONY: help run run-windows test test-native test-asan test-windows bench format lint clean bootstrap
+.PHONY: help run run-windows test test-native test-asan test-windows fuzz bench format lint clean bootstrap
 
 help:
 	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
 	@echo "make run-windows   the same report by the real DLL under Wine (MACHINE=...)"
 	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
+	@echo "make fuzz          every fuzz target, SECONDS=30 each"
 	@echo "make bench         benchmarks"
 	@echo "make format        format every source"
 	@echo "make lint          check format and run the static checks"
@@ -45,6 +47,11 @@ test-windows:
 	@scripts/bootstrap.sh windows
 	@scripts/build.sh windows
 	@tests/windows/run_under_wine.sh build/windows ctest --preset windows
+
+fuzz:
+	@scripts/bootstrap.sh fuzz
+	@scripts/build.sh fuzz
+	@scripts/fuzz.sh "$(SECONDS)"
 
 bench:
 	@scripts/bootstrap.sh native
