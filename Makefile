@@ -19,7 +19,7 @@ help:
 	@echo "make clean         remove build/"
 
 bootstrap:
-	@scripts/bootstrap.sh native windows lint
+	@scripts/bootstrap.sh native windows fuzz lint
 
 run:
 	@scripts/bootstrap.sh native
@@ -63,7 +63,7 @@ format:
 	@scripts/sources.sh | xargs clang-format -i
 
 lint:
-	@scripts/bootstrap.sh native lint
+	@scripts/bootstrap.sh native windows lint
 	@scripts/lint.sh
 
 clean:
