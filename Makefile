@@ -3,13 +3,15 @@
 
 MACHINE ?= default
 ARGS ?=
+SECONDS ?= 30
 
-.PHONY: help run run-windows test test-native test-asan test-windows bench format lint clean bootstrap
+.PHONY: help run run-windows test test-native test-asan test-windows fuzz bench format lint clean bootstrap
 
 help:
 	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
 	@echo "make run-windows   the same report by the real DLL under Wine (MACHINE=...)"
 	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
+	@echo "make fuzz          every fuzz target, SECONDS=30 each"
 	@echo "make bench         benchmarks"
 	@echo "make format        format every source"
 	@echo "make lint          check format and run the static checks"
@@ -17,7 +19,7 @@ help:
 	@echo "make clean         remove build/"
 
 bootstrap:
-	@scripts/bootstrap.sh native windows lint
+	@scripts/bootstrap.sh native windows fuzz lint
 
 run:
 	@scripts/bootstrap.sh native
@@ -48,6 +50,11 @@ test-windows:
 	@scripts/build.sh windows
 	@tests/windows/run_under_wine.sh build/windows ctest --preset windows
 
+fuzz:
+	@scripts/bootstrap.sh fuzz
+	@scripts/build.sh fuzz
+	@scripts/fuzz.sh "$(SECONDS)"
+
 bench:
 	@scripts/bootstrap.sh native
 	@scripts/build.sh native
@@ -58,7 +65,7 @@ format:
 	@scripts/sources.sh | xargs clang-format -i
 
 lint:
-	@scripts/bootstrap.sh native lint
+	@scripts/bootstrap.sh native windows lint
 	@scripts/lint.sh
 
 clean:

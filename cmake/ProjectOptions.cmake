@@ -21,3 +21,12 @@ if(VESK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+option(VESK_FUZZ "Build the fuzz targets, and nothing else (clang only)" OFF)
+if(VESK_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "VESK_FUZZ needs clang: -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++")
+  endif()
+  # The library and the machine tell the fuzzer which ways a run has taken. Compiled to be built fast first of all.
+  add_compile_options(-O1 -gline-tables-only -fsanitize=fuzzer-no-link)
+endif()

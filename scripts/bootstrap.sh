@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages that a job needs and this machine lacks.
 #
-#   scripts/bootstrap.sh native|windows|lint...
+#   scripts/bootstrap.sh native|windows|fuzz|lint...
 #
 # As root through apt-get; otherwise with sudo where that works without a question; otherwise it prints the line
 # to type and stops with status 1. With nothing missing it does nothing and prints nothing.
@@ -17,11 +17,14 @@ packages_of() {
         echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
             "g++-mingw-w64-x86-64-posix googletest wine wine64"
         ;;
+    fuzz)
+        echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev"
+        ;;
     lint)
         echo "clang clang-format clang-tidy cppcheck shellcheck"
         ;;
     *)
-        echo "bootstrap: unknown job '$1'; expected native, windows or lint" >&2
+        echo "bootstrap: unknown job '$1'; expected native, windows, fuzz or lint" >&2
         exit 2
         ;;
     esac

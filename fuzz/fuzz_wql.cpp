@@ -1,0 +1,51 @@
+// Queries of any text: one that is understood means the same when it is written out again, and no query makes
+// the service or the library stumble.
+#include "harness.h"
+
+#include "wmi/wmi_readers.h"
+
+namespace {
+
+std::u16string Literal(const machine::WqlCondition& condition) {
+    if (const auto* flag = std::get_if<bool>(&condition.literal)) {
+        return *flag ? u"true" : u"false";
+    }
+    if (const auto* number = std::get_if<std::int64_t>(&condition.literal)) {
+        return machine::WideFromUtf8(std::to_string(*number));
+    }
+    std::u16string quoted = u"'";
+    for (const char16_t unit : std::get<std::u16string>(condition.literal)) {
+        quoted += unit == u'\'' || unit == u'\\' ? u"\\" : u"";
+        quoted += unit;
+    }
+    return quoted + u"'";
+}
+
+std::u16string Written(const machine::WqlQuery& query) {
+    std::u16string text = u"SELECT ";
+    for (const std::u16string& name : query.selected) {
+        text += name + (&name == &query.selected.back() ? u"" : u", ");
+    }
+    text += (query.selected.empty() ? u"* FROM " : u" FROM ") + query.className;
+    for (const machine::WqlCondition& condition : query.conditions) {
+        text += &condition == &query.conditions.front() ? u" WHERE " : u" AND ";
+        text += condition.property + (condition.equal ? u" = " : u" <> ") + Literal(condition);
+    }
+    return text;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::u16string text =
+        machine::WideFromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
+    fuzz::TheMachine();
+    if (const auto query = machine::ParseWql(text)) {
+        const std::u16string written = Written(*query);
+        const auto again = machine::ParseWql(written);
+        fuzz::Demand(again && Written(*again) == written);
+    }
+    sondrel::ReadWMIPropStr(u"ROOT\\CIMV2", text, u"Name", 1);
+    fuzz::DemandNothingOpen();
+    return 0;
+}
