@@ -51,7 +51,7 @@ std::vector<std::string> ListedExports() {
     std::vector<std::string> names;
     for (std::string line; std::getline(file, line);) {
         const std::size_t first = line.find_first_not_of(' ');
-        if (first != std::string::npos && line[first] != ';' && line != "EXPORTS") {
+        if (first != 0 && first != std::string::npos && line[first] != ';') {
             names.push_back(line.substr(first));
         }
     }
