@@ -57,7 +57,7 @@ static void PrintWide(const VeskChar16* text) {
 
 static void ReadWithSession(void* library) {
     uint32_t (*const readTemperature)(void) =
-        (uint32_t (*)(void))Find(library, "Thermal_Read_Cpu_Temperature");
+        (uint32_t(*)(void))Find(library, "Thermal_Read_Cpu_Temperature");
     void (*const readFans)(char*) = (void (*)(char*))Find(library, "Thermal_Read_Fan");
 
     /* A number: the failure and "no such sensor" are values of their own. */
@@ -88,10 +88,11 @@ static void ReadWithSession(void* library) {
 
 static void ReadWithoutSession(void* library) {
     enum { EnterComForThisCall = 1 };
+
     static VeskChar16 text[4096];
     void (*const getSerialNumber)(VeskChar16*, uint8_t) =
         (void (*)(VeskChar16*, uint8_t))Find(library, "WMIGetSN");
-    int32_t (*const readSignal)(void) = (int32_t (*)(void))Find(library, "RF_WiFiRssi");
+    int32_t (*const readSignal)(void) = (int32_t(*)(void))Find(library, "RF_WiFiRssi");
 
     /* A text goes into a buffer of the host's, large enough for whatever comes. Empty: the read failed. */
     if (getSerialNumber != NULL) {
@@ -120,7 +121,7 @@ int main(void) {
         puts("the library could not be loaded");
         return 1;
     }
-    int32_t (*const open)(void) = (int32_t (*)(void))Find(library, "InitializeSondrel");
+    int32_t (*const open)(void) = (int32_t(*)(void))Find(library, "InitializeSondrel");
     const Routine close = Find(library, "ShutdownSondrel");
     if (open != NULL && close != NULL && open() == 1) {
         ReadWithSession(library);

@@ -9,6 +9,10 @@ scripts/sources.sh | xargs clang-format --dry-run --Werror
 echo "shellcheck"
 git ls-files --cached --others --exclude-standard -- '*.sh' .ci/run | xargs shellcheck
 
+echo "header and reference"
+tests/kit/check_header.sh clang clang++
+scripts/build_docs.sh
+
 echo "clang-tidy"
 scripts/build.sh native
 # The build writes what it compiles into compile_commands.json; generated sources are not ours to check.
