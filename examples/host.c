@@ -47,8 +47,9 @@ static void PrintWide(const VeskChar16* text) {
             putchar((int)code);
             continue;
         }
+        static const unsigned char lead[] = {0, 0xC0, 0xE0, 0xF0};
         int tail = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-        putchar((int)((0xF00 >> tail & 0xF0) | code >> 6 * tail));
+        putchar((int)(lead[tail] | code >> 6 * tail));
         while (tail-- > 0) {
             putchar((int)(0x80 | (code >> 6 * tail & 0x3F)));
         }
@@ -108,7 +109,7 @@ static void ReadWithoutSession(void* library) {
         if (signal == VESK_READ_FAILED) {
             puts("signal: the read failed");
         } else if (signal == VESK_RADIO_NOT_READ) {
-            puts("signal: no Wi-Fi connection");
+            puts("signal: no connection");
         } else {
             printf("signal: %d dBm\n", (int)signal);
         }
