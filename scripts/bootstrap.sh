@@ -11,17 +11,17 @@ packages_of() {
     case $1 in
     native)
         echo "g++ make cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev" \
-            "libgtest-dev libgmock-dev libbenchmark-dev"
+            "libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3"
         ;;
     windows)
         echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
-            "g++-mingw-w64-x86-64-posix googletest wine wine64"
+            "g++-mingw-w64-x86-64-posix googletest wine wine64 pkgconf"
         ;;
     fuzz)
         echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev"
         ;;
     lint)
-        echo "clang clang-format clang-tidy cppcheck shellcheck"
+        echo "clang clang-format clang-tidy cppcheck shellcheck doxygen"
         ;;
     *)
         echo "bootstrap: unknown job '$1'; expected native, windows, fuzz or lint" >&2

@@ -1,8 +1,10 @@
 #!/bin/sh
-# Configures and builds one preset. Quiet while all goes well; everything is shown when it does not.
+# Configures and builds one preset, all of it or the targets named. Quiet while all goes well; everything is shown when it
+# does not.
 set -eu
 
 preset=$1
+shift
 log=build/$preset.log
 mkdir -p build
 
@@ -23,4 +25,4 @@ quietly() {
 : >"$log"
 say_if_terminal "building $preset ..."
 quietly cmake --preset "$preset"
-quietly cmake --build --preset "$preset"
+quietly cmake --build --preset "$preset" ${1:+--target "$@"}

@@ -9,6 +9,10 @@ scripts/sources.sh | xargs clang-format --dry-run --Werror
 echo "shellcheck"
 git ls-files --cached --others --exclude-standard -- '*.sh' .ci/run | xargs shellcheck
 
+echo "header and reference"
+tests/kit/check_header.sh clang clang++
+scripts/build_docs.sh
+
 # It looks into no system header. What is passed over stands in .cppcheck-suppressions, each with its reason; a
 # suppression that nothing needs any more is a finding too.
 echo "cppcheck"

@@ -60,7 +60,8 @@ std::vector<std::string> Lines(const char* path, char comment) {
 /// The names of the .def file, in the order of an export directory.
 std::vector<std::string> ListedExports() {
     std::vector<std::string> names = Lines(EXPORT_LIST_FILE, ';');
-    std::erase(names, "EXPORTS");
+    std::erase_if(names,
+                  [](const std::string& line) { return line == "EXPORTS" || line.starts_with("LIBRARY "); });
     std::ranges::sort(names);
     return names;
 }

@@ -12,9 +12,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// The library beside the tool, or where an installed kit has it: in lib, with the tool in bin.
+fs::path OwnLibrary() {
+    const fs::path directory = host_system::OwnDirectory();
+    const fs::path beside = directory / host_system::LibraryFileName();
+    const fs::path installed = directory.parent_path() / "lib" / host_system::LibraryFileName();
+    std::error_code problem;
+    return !fs::exists(beside, problem) && fs::exists(installed, problem) ? installed : beside;
+}
+
 fs::path FullPathOf(std::string_view file) {
-    fs::path path = file.empty() ? host_system::OwnDirectory() / host_system::LibraryFileName()
-                                 : fs::absolute(PathOf(file));
+    fs::path path = file.empty() ? OwnLibrary() : fs::absolute(PathOf(file));
     std::error_code problem;
     if (!fs::exists(path, problem)) {
         throw Trouble("there is no library " + Utf8Of(path) +

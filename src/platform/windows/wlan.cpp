@@ -56,11 +56,11 @@ MacAddress Plain(const DOT11_MAC_ADDRESS& native) {
 
 WlanInterface Plain(const WLAN_INTERFACE_INFO& native) {
     const auto& name = native.strInterfaceDescription;
-    WlanInterface interface;
-    std::memcpy(&interface.guid, &native.InterfaceGuid, sizeof interface.guid);
-    interface.description.assign(std::begin(name), std::ranges::find(name, L'\0'));
-    interface.state = native.isState;
-    return interface;
+    WlanInterface found;
+    std::memcpy(&found.guid, &native.InterfaceGuid, sizeof found.guid);
+    found.description.assign(std::begin(name), std::ranges::find(name, L'\0'));
+    found.state = native.isState;
+    return found;
 }
 
 /// The entry's elements, or nothing where they do not lie inside the list.

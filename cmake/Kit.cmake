@@ -1,0 +1,62 @@
+# The development kit: what `cmake --install` puts under a prefix and `cmake --build --target kit` packs into one archive.
+# Nothing in it names the place it was built in or installed to, so that it can be unpacked anywhere.
+#
+#   bin/                                   the tool; on Windows also VeskSondrel64.dll
+#   lib/                                   the import library and VeskSondrel64.def, or the shared libraries
+#   lib/cmake/VeskSondrel64, lib/pkgconfig how CMake and pkg-config find it
+#   include/                               the header, which is the manual; natively also the simulated machine's
+#   share/vesk-sondrel/                    machine profiles and examples
+#   share/doc/vesk-sondrel/                pages for engineers, licences of what is linked in
+set(kit_data share/vesk-sondrel)
+set(kit_documents share/doc/vesk-sondrel)
+
+set_target_properties(sondrel PROPERTIES INSTALL_RPATH "")
+install(TARGETS VeskSondrel64 sondrel RUNTIME DESTINATION bin LIBRARY DESTINATION lib ARCHIVE DESTINATION lib)
+install(FILES include/vesk_sondrel.h DESTINATION include)
+if(WIN32)
+  install(FILES ${VESK_EXPORTS} DESTINATION lib)
+else()
+  install(TARGETS VeskMachine LIBRARY DESTINATION lib)
+  install(FILES include/vesk_sondrel_machine.h DESTINATION include)
+endif()
+
+install(DIRECTORY machines/ DESTINATION ${kit_data}/machines FILES_MATCHING PATTERN *.json)
+install(DIRECTORY examples/ DESTINATION ${kit_data}/examples PATTERN CMakeLists.txt EXCLUDE)
+install(FILES docs/host-engineer.md docs/firmware-engineer.md DESTINATION ${kit_documents})
+
+set(kit_licences README nlohmann-json CLI11)
+if(MINGW)
+  list(APPEND kit_licences gcc-runtime mingw-w64)
+endif()
+foreach(licence IN LISTS kit_licences)
+  install(FILES licences/${licence}.txt DESTINATION ${kit_documents}/licences)
+endforeach()
+
+include(CMakePackageConfigHelpers)
+set(package_directory ${CMAKE_BINARY_DIR}/package)
+configure_file(cmake/package/VeskSondrel64.pc.in ${package_directory}/VeskSondrel64.pc @ONLY)
+write_basic_package_version_file(${package_directory}/VeskSondrel64ConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES cmake/package/VeskSondrel64Config.cmake ${package_directory}/VeskSondrel64ConfigVersion.cmake
+  DESTINATION lib/cmake/VeskSondrel64)
+install(FILES ${package_directory}/VeskSondrel64.pc DESTINATION lib/pkgconfig)
+
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_SYSTEM_NAME windows-x86_64)
+else()
+  set(CPACK_GENERATOR TGZ)
+  set(CPACK_SYSTEM_NAME linux-${CMAKE_SYSTEM_PROCESSOR})
+  # The debug information is ten times the code. The DLL is packed as it was tested.
+  set(CPACK_STRIP_FILES ON)
+endif()
+set(CPACK_PACKAGE_FILE_NAME VeskSondrel64-${PROJECT_VERSION}-${CPACK_SYSTEM_NAME})
+include(CPack)
+
+add_custom_target(kit
+  COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake -B ${CMAKE_BINARY_DIR}
+  DEPENDS sondrel VeskSondrel64
+  USES_TERMINAL VERBATIM)

@@ -1,0 +1,29 @@
+#include <vesk_sondrel.h>
+
+#include <cstdio>
+#include <string>
+
+#ifdef ON_SIMULATED_MACHINE
+#include <vesk_sondrel_machine.h>
+
+/// A host's test chooses its machine.
+static bool StartMachine() {
+    char problem[256];
+    return VeskMachine_Start("gl", ":memory:", problem, sizeof problem) == 1 && InitializeSondrel() == 1 &&
+           EC_ReadEcFwRev() == 0x474C;
+}
+#else
+static bool StartMachine() {
+    return true;
+}
+#endif
+
+int main() {
+    if (!StartMachine()) {
+        std::puts("the machine is not the one that was asked for");
+        return 1;
+    }
+    const std::string mode = RF_PhyMode();
+    std::printf("radio standard %s\n", mode.empty() ? "missing" : "told");
+    return 0;
+}
