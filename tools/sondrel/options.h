@@ -20,7 +20,7 @@ struct Options {
     std::string name;
     std::vector<std::string> arguments;
     bool json = false;
-    /// `snapshot`, `diff`, `machine check`: the files that are named.
+    /// `snapshot`, `diff`, `machine`: the files that are named.
     std::vector<std::string> files;
     /// Where the output goes; empty for standard output.
     std::string output;
