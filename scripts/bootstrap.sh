@@ -10,15 +10,16 @@ set -eu
 packages_of() {
     case $1 in
     native)
-        echo "g++ make cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev" \
+        echo "g++ make cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev libvalijson-dev" \
             "libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3"
         ;;
     windows)
-        echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
+        echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev libvalijson-dev" \
             "g++-mingw-w64-x86-64-posix googletest wine wine64 pkgconf"
         ;;
     fuzz)
-        echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev"
+        echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev" \
+            "libvalijson-dev"
         ;;
     lint)
         echo "clang clang-format clang-tidy cppcheck shellcheck doxygen"

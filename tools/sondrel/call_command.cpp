@@ -22,10 +22,7 @@ class CallSession {
 public:
     CallSession(const Host& host, const Options& options, const Export& row) {
         if (options.session && row.traits.session) {
-            m_session.emplace(host.library);
-            if (!m_session->IsOpen()) {
-                TellRefusedSession();
-            }
+            OpenSession(m_session, host);
         }
     }
 

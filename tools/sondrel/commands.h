@@ -17,6 +17,9 @@ namespace tool {
 int ListExports(const Options& options);
 int CallExport(const Options& options);
 int Report(const Options& options);
+int TakeSnapshot(const Options& options);
+int CompareSnapshots(const Options& options);
+int PrintMetrics(const Options& options);
 
 /// Throws Trouble with the nearest name for one that is none of the library's.
 const Export& ExportNamed(std::string_view name);
@@ -31,8 +34,9 @@ struct Host {
     std::string machineName;
 };
 
-/// Says on standard error that there is no session. What can be read without one is read all the same.
-void TellRefusedSession();
+/// Opens the session and tells on standard error if it is refused: what can be read without one is read all the
+/// same.
+void OpenSession(std::optional<Session>& session, const Host& host);
 
 /// One export as a report finds it.
 struct Reading {
@@ -42,6 +46,10 @@ struct Reading {
 };
 
 using ReadingSink = std::function<void(const Reading&)>;
+
+/// Calls one export as a report does. InitializeSondrel is answered from the session.
+Reading ReadOne(const Host& host, const Options& options, const Export& row,
+                const std::optional<Session>& session);
 
 /// Calls what a report calls, one after the other, in the order of the table.
 void ReadAll(const Host& host, const Options& options, const ReadingSink& sink);

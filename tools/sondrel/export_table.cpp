@@ -67,13 +67,14 @@ constexpr Meaning AssistantPackage[] = {{BufferUntouched, Absent, "the assistant
 constexpr std::span<const Meaning> Always{};
 
 constexpr Traits Ec{.session = true};
-constexpr Traits Celsius{.unit = "°C", .session = true};
-constexpr Traits RawEc{.unit = "raw", .session = true};
+constexpr Traits Celsius{.unit = "°C", .session = true, .moves = true};
+constexpr Traits RawEc{.unit = "raw", .session = true, .moves = true};
 constexpr Traits RawPower{.unit = "raw", .session = true};
 constexpr Traits Fraction{.unit = "fraction", .display = Display::Fraction};
 constexpr Traits List{.display = Display::List};
 constexpr Traits Bytes{.unit = "bytes", .display = Display::List};
 constexpr Traits Document{.display = Display::Document};
+constexpr Traits MovingDocument{.display = Display::Document, .moves = true};
 constexpr Traits Setter{.report = InReport::Left};
 
 // One row, two lines: how it is called and judged, then what it tells.
@@ -87,7 +88,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"GetDriverVersion", Family::Session, &shape::Unsigned, DriverNumber,
      "Version word of the I/O driver", {.session = true, .display = Display::Hexadecimal}},
     {"GetRefCount", Family::Session, &shape::Unsigned, DriverNumber,
-     "The I/O driver's own reference count", Ec},
+     "The I/O driver's own reference count", {.session = true, .moves = true}},
     {"GetIoDllVersion", Family::Session, &shape::Unsigned, Always,
      "Version of the I/O interface", {.display = Display::Hexadecimal}},
 
@@ -105,15 +106,15 @@ constexpr auto Rows = std::to_array<Export>({
     {"Battery_Read_FullChargedCapcity", Family::Battery, &shape::Unsigned, BatteryDevice,
      "Capacity of the full battery as it is now", {.unit = "mWh"}},
     {"Battery_Read_Capacity", Family::Battery, &shape::Unsigned, BatteryDevice,
-     "Charge that is left", {.unit = "mWh"}},
+     "Charge that is left", {.unit = "mWh", .moves = true}},
     {"Battery_Read_DesignVoltage", Family::Battery, &shape::Unsigned, BatteryDevice,
-     "Present voltage, as the system's battery device tells it", {.unit = "mV"}},
+     "Present voltage, as the system's battery device tells it", {.unit = "mV", .moves = true}},
     {"Battery_Read_ASOC", Family::Battery, &shape::Float, BatteryDevice,
      "Full capacity as a fraction of the capacity it was made for", Fraction},
     {"Battery_Read_CapacityPercentage", Family::Battery, &shape::Unsigned, Always,
-     "Charge that is left, rounded to tens; 0 also without a battery", {.unit = "%"}},
+     "Charge that is left, rounded to tens; 0 also without a battery", {.unit = "%", .moves = true}},
     {"Battery_Read_CycleCount", Family::Battery, &shape::Unsigned, EcOnly,
-     "Charge cycles so far; 0 also on a machine that does not count", {.unit = "cycles", .session = true}},
+     "Charge cycles so far; 0 also on a machine that does not count", {.unit = "cycles", .session = true, .moves = true}},
     {"Battery_Get_LidStatus", Family::Battery, &shape::Unsigned, EcOnly,
      "Lid byte of the EC; 0 also on a machine without it", Ec},
     {"Battery_Read_ChargingVoltage", Family::Battery, &shape::Unsigned, EcReading,
@@ -126,7 +127,7 @@ constexpr auto Rows = std::to_array<Export>({
      "Current, negative on discharge; -1 also for a failure, 0 also without it", RawEc},
     {"Battery_Read_CellVoltage", Family::Battery, &shape::NarrowText, EcReading,
      "Voltages of cells 0 to 3, as the EC gives them",
-     {.unit = "raw", .size = 44, .session = true, .display = Display::List}},
+     {.unit = "raw", .size = 44, .session = true, .display = Display::List, .moves = true}},
     {"Battery_Read_ManufactureDate", Family::Battery, &shape::NarrowText, EcDate,
      "Date on which the battery was made", {.size = 11, .session = true}},
     {"Battery_Read_ManufactureName", Family::Battery, &shape::NarrowText, EcName,
@@ -157,17 +158,17 @@ constexpr auto Rows = std::to_array<Export>({
      "Memory of the graphics", Celsius},
     {"Thermal_Read_Fan", Family::Thermal, &shape::NarrowText, EcOnly,
      "Speeds of fans 0 to 3; 0 also for a fan the machine does not have",
-     {.unit = "rpm", .size = 44, .session = true, .display = Display::List}},
+     {.unit = "rpm", .size = 44, .session = true, .display = Display::List, .moves = true}},
 
     // processor and power
     {"Thermal_Read_CpuPackagePower", Family::Processor, &shape::Unsigned, PowerValue,
-     "Power of the processor package, as the driver gives it", RawPower},
+     "Power of the processor package, as the driver gives it", {.unit = "raw", .session = true, .moves = true}},
     {"Thermal_Read_CpuDptf_PowerLimit1", Family::Processor, &shape::Unsigned, PowerValue,
      "Power limit 1, as the driver gives it", RawPower},
     {"Thermal_Read_CpuDptf_PowerLimit2", Family::Processor, &shape::Unsigned, PowerValue,
      "Power limit 2, as the driver gives it", RawPower},
     {"CPU_ReadCPUUsage", Family::Processor, &shape::Double, Always,
-     "Busy fraction of the whole machine; measures for one second", Fraction},
+     "Busy fraction of the whole machine; measures for one second", {.unit = "fraction", .display = Display::Fraction, .moves = true}},
     {"CPU_ReadCpuId", Family::Processor, &shape::ProcessorLeaf, ProcessorWords,
      "CPUID leaf: EAX EBX ECX EDX", {.session = true, .sample = "0"}},
     {"Power_Read_ACDCMode", Family::Processor, &shape::Unsigned, PowerSource,
@@ -211,7 +212,7 @@ constexpr auto Rows = std::to_array<Export>({
 
     // disks
     {"WMIGetHDDTemp", Family::Disks, &shape::WideTextCom, DiskTemperature,
-     "Temperature of each disk that tells one", {.unit = "°C", .display = Display::List}},
+     "Temperature of each disk that tells one", {.unit = "°C", .display = Display::List, .moves = true}},
 
     // inventory
     {"WMIGet90Number", Family::Inventory, &shape::WideTextCom, WmiText,
@@ -227,7 +228,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"WMIGetCPUInfo", Family::Inventory, &shape::WideTextCom, WmiText,
      "Name of each processor", List},
     {"WMIGetCPUUsg", Family::Inventory, &shape::SignedCom, WmiNumber,
-     "Load of the last processor", {.unit = "%"}},
+     "Load of the last processor", {.unit = "%", .moves = true}},
     {"WMIGetComputerFamilyName", Family::Inventory, &shape::WideTextCom, WmiText,
      "Family of the machine", List},
     {"WMIGetExternMonitorNum", Family::Inventory, &shape::SignedCom, WmiNumber,
@@ -275,7 +276,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"WMIGetWiFiCardName", Family::Adapters, &shape::WideTextCom, WiFiCards,
      "Name of each Wi-Fi adapter", List},
     {"WMIGetWiFiBytesPersec", Family::Adapters, &shape::WideTextCom, WmiText,
-     "Traffic of the Wi-Fi adapter: received, sent", {.unit = "bytes/s", .display = Display::List}},
+     "Traffic of the Wi-Fi adapter: received, sent", {.unit = "bytes/s", .display = Display::List, .moves = true}},
 
     // Wi-Fi
     {"RF_WiFiIsConnected", Family::WiFi, &shape::Signed, WiFiState,
@@ -283,7 +284,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"RF_WiFiCardName", Family::WiFi, &shape::WideText, RadioText,
      "Name of the Wi-Fi adapter", {}},
     {"RF_WiFiRssi", Family::WiFi, &shape::Signed, RadioNumber,
-     "Signal of the access point", {.unit = "dBm"}},
+     "Signal of the access point", {.unit = "dBm", .moves = true}},
     {"RF_WiFiChannel", Family::WiFi, &shape::Signed, RadioNumber,
      "Channel", {}},
     {"RF_PhyMode", Family::WiFi, &shape::StringObject, RadioText,
@@ -309,7 +310,7 @@ constexpr auto Rows = std::to_array<Export>({
     {"System_GetCountryCode_ISO2", Family::System, &shape::WideText, Country,
      "The user's country, two letters", {}},
     {"System_Read_LocalTime", Family::System, &shape::NarrowText, Always,
-     "Local date and time", {.size = 20}},
+     "Local date and time", {.size = 20, .moves = true}},
     {"System_Read_VolumeLevel", Family::System, &shape::SignedCom, Volume,
      "Master volume, muted or not", {.unit = "%"}},
 
@@ -335,11 +336,11 @@ constexpr auto Rows = std::to_array<Export>({
 
     // usage
     {"AppList_OpenWindows", Family::Usage, &shape::WideText, Always,
-     "Up to five uppermost windows; measures for one second each", Document},
+     "Up to five uppermost windows; measures for one second each", MovingDocument},
     {"AppList_CpuUsage", Family::Usage, &shape::WideText, WmiText,
-     "The five busiest processes", Document},
+     "The five busiest processes", MovingDocument},
     {"AppList_MemUsage", Family::Usage, &shape::WideText, WmiText,
-     "The ten largest processes", Document},
+     "The ten largest processes", MovingDocument},
     {"AppList_HardwareConfig", Family::Usage, &shape::WideText, Always,
      "Brightness and volume", Document},
 });

@@ -83,6 +83,8 @@ struct Traits {
     InReport report = InReport::Called;
     /// The argument with which a report calls it.
     std::string_view sample;
+    /// It is another one at the next reading as a rule: a temperature, a counter, the time.
+    bool moves = false;
 };
 
 struct Export {

@@ -10,6 +10,9 @@
 namespace {
 
 int Run(const tool::Options& options) {
+    if (options.run != nullptr) {
+        return options.run(options);
+    }
     switch (options.command) {
     case tool::Command::List:
         return tool::ListExports(options);

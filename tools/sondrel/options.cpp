@@ -24,12 +24,16 @@ constexpr const char* Examples = R"(Examples:
   sondrel call CPU_ReadCpuId 0x80000002            one with an argument
   sondrel call WMISetBatteryHealth 80              set something
   sondrel call EC_ReadEcFwRev --trace              with the debug lines that it writes
+  sondrel snapshot before.json                     every answer, to be compared later
+  sondrel diff before.json after.json              what changed
+  sondrel metrics --output sondrel.prom            numbers for Prometheus
+  sondrel machine check my-notebook.json           the mistakes in a simulated machine's profile
 
 A call prints the bare result: numbers in decimal, texts in UTF-8, raw bytes in hexadecimal, CPUID as
 four hexadecimal words. What a failure value means is told on standard error.
 
-Exit status: 0 done; 1 the library wrote outside its buffer; 2 a wrong name, argument or option, or a
-library or machine that cannot be used.)";
+Exit status: 0 done; 1 the library wrote outside its buffer, the snapshots differ or the profile has
+mistakes; 2 a wrong name, argument or option, or a library, machine or file that cannot be used.)";
 
 std::uint8_t InitComOf(const std::string& text) {
     if (text != "0" && text != "1") {
@@ -83,6 +87,8 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     for (CLI::App* const command : {list, call, report}) {
         command->fallthrough();
     }
+    AddComparingCommands(app, options);
+    AddMachineCommands(app, options);
     app.require_subcommand(0, 1);
 
     try {
@@ -97,8 +103,8 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
                       : call->parsed()   ? Command::Call
                       : report->parsed() ? Command::Report
                                          : Command::None;
-    if (options.command == Command::None) {
-        throw Trouble("a command is needed: list, call or report (sondrel --help)");
+    if (options.command == Command::None && options.run == nullptr) {
+        throw Trouble("a command is needed, list, call or report for a start (sondrel --help)");
     }
     return options;
 }

@@ -6,6 +6,10 @@
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+}
+
 namespace tool {
 
 enum class Command : std::uint8_t { None, List, Call, Report };
@@ -16,6 +20,17 @@ struct Options {
     std::string name;
     std::vector<std::string> arguments;
     bool json = false;
+    /// `snapshot`, `diff`, `machine`: the files that are named.
+    std::vector<std::string> files;
+    /// Where the output goes; empty for standard output.
+    std::string output;
+    /// `diff`: leave out what always moves.
+    bool steady = false;
+    /// `machine new`: the machine to start from, if it is not a family's.
+    std::string from;
+
+    /// Commands that are not listed above bring their own routine.
+    int (*run)(const Options& options) = nullptr;
 
     std::string library;
     std::optional<std::string> machine;
@@ -24,6 +39,11 @@ struct Options {
     std::uint8_t initCom = 1;
     bool session = true;
 };
+
+/// `snapshot`, `diff` and `metrics`.
+void AddComparingCommands(CLI::App& app, Options& options);
+/// `machine`.
+void AddMachineCommands(CLI::App& app, Options& options);
 
 /// Throws Trouble for a command line that is none. Command::None when help or the version was asked for and
 /// has been printed.

@@ -19,8 +19,10 @@ Reading ReadSession(const Export& row, const std::optional<Session>& session) {
     return {row, std::move(answer), std::move(judgement)};
 }
 
-Reading Read(const Host& host, const Options& options, const Export& row,
-             const std::optional<Session>& session) {
+} // namespace
+
+Reading ReadOne(const Host& host, const Options& options, const Export& row,
+                const std::optional<Session>& session) {
     const Address address = host.library.Find(row.name);
     if (address == nullptr) {
         return WithoutCall(row, Status::NotExported, "");
@@ -36,18 +38,13 @@ Reading Read(const Host& host, const Options& options, const Export& row,
     return {row, std::move(answer), std::move(judgement)};
 }
 
-} // namespace
-
 void ReadAll(const Host& host, const Options& options, const ReadingSink& sink) {
     std::optional<Session> session;
     if (options.session) {
-        session.emplace(host.library);
-        if (!session->IsOpen()) {
-            TellRefusedSession();
-        }
+        OpenSession(session, host);
     }
     for (const Export& row : AllExports()) {
-        sink(Read(host, options, row, session));
+        sink(ReadOne(host, options, row, session));
     }
 }
 

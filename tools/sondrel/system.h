@@ -44,6 +44,12 @@ std::filesystem::path OwnDirectory();
 /// The command line without the program's name, in UTF-8.
 std::vector<std::string> Arguments(int count, const char* const* arguments);
 
+/// Of this process.
+unsigned long ProcessNumber();
+
+/// Has the system write to the disk what it holds of a file, as far as it lets itself be told.
+void FlushToDisk(const std::filesystem::path& file);
+
 /// Makes the console take UTF-8.
 void PrepareConsole();
 

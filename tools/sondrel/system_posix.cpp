@@ -3,6 +3,8 @@
 #include "trouble.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <utility>
 
@@ -50,6 +52,18 @@ std::filesystem::path OwnDirectory() {
 std::vector<std::string> Arguments(int count, const char* const* arguments) {
     return count > 0 ? std::vector<std::string>(arguments + 1, arguments + count)
                      : std::vector<std::string>();
+}
+
+unsigned long ProcessNumber() {
+    return static_cast<unsigned long>(getpid());
+}
+
+void FlushToDisk(const std::filesystem::path& file) {
+    const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (opened >= 0) {
+        fsync(opened);
+        close(opened);
+    }
 }
 
 void PrepareConsole() {

@@ -1,0 +1,64 @@
+// Where the values of a JSON text stand in it.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tool {
+
+/// Counted from 1; a column is a character.
+struct TextPlace {
+    std::size_t line = 1;
+    std::size_t column = 1;
+
+    friend auto operator<=>(const TextPlace&, const TextPlace&) = default;
+};
+
+/// The place of a byte, counted from 0.
+TextPlace PlaceOfByte(std::string_view text, std::size_t byte);
+
+/// From the byte behind the first to behind the last.
+struct ByteRange {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+class JsonPlaces {
+public:
+    /// The text has to be well-formed JSON, nested no deeper than the stack goes.
+    explicit JsonPlaces(std::string_view text);
+
+    /// Where the member or element at this JSON pointer begins: its name where it has one.
+    [[nodiscard]] TextPlace Of(const std::string& pointer) const;
+    /// The value's own bytes.
+    [[nodiscard]] ByteRange ValueOf(const std::string& pointer) const;
+
+    /// The pointers of members that stand in their object twice.
+    [[nodiscard]] const std::vector<std::string>& Twice() const { return m_twice; }
+
+private:
+    struct Range {
+        std::size_t named = 0;
+        ByteRange value;
+    };
+
+    void Value(const std::string& pointer, std::size_t named);
+    void Object(const std::string& pointer);
+    void Array(const std::string& pointer);
+    std::string_view String();
+    void SkipSpace();
+
+    std::string_view m_text;
+    std::size_t m_at = 0;
+    std::vector<std::size_t> m_lines; // where each begins
+    std::map<std::string, Range> m_ranges;
+    std::vector<std::string> m_twice;
+};
+
+/// A name as a JSON pointer spells it.
+std::string PointerPart(std::string_view name);
+
+} // namespace tool

@@ -1,0 +1,52 @@
+// sondrel snapshot FILE
+#include "output_file.h"
+#include "snapshot.h"
+#include "text.h"
+#include "trouble.h"
+
+#include <ctime>
+
+namespace tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string Now() {
+    const std::time_t now = std::time(nullptr);
+    const std::tm* const utc = std::gmtime(&now);
+    char text[32];
+    return utc != nullptr && std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", utc) != 0 ? text : "";
+}
+
+Json ObjectOf(const Reading& reading) {
+    Json object;
+    object["family"] = TitleOf(reading.row.family);
+    object["status"] = TextOf(reading.judgement.status);
+    object["value"] = KeptValue(reading);
+    object["unit"] = reading.row.traits.unit;
+    if (!reading.judgement.meaning.empty()) {
+        object["meaning"] = reading.judgement.meaning;
+    }
+    return object;
+}
+
+} // namespace
+
+int TakeSnapshot(const Options& options) {
+    const Host host(options);
+    Json readings = Json::object();
+    ReadAll(host, options,
+            [&](const Reading& reading) { readings[std::string(reading.row.name)] = ObjectOf(reading); });
+    Json snapshot;
+    snapshot["format"] = SnapshotFormat;
+    snapshot["version"] = SnapshotVersion;
+    snapshot["tool"] = SONDREL_VERSION;
+    snapshot["taken"] = Now();
+    snapshot["machine"] = WellFormed(host.machineName);
+    snapshot["simulated"] = host.machine.has_value();
+    snapshot["readings"] = std::move(readings);
+    WriteOutput(options.files.front(), snapshot.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
+    return ExitDone;
+}
+
+} // namespace tool
