@@ -17,6 +17,8 @@ namespace tool {
 int ListExports(const Options& options);
 int CallExport(const Options& options);
 int Report(const Options& options);
+int Watch(const Options& options);
+int TraceExport(const Options& options);
 
 /// Throws Trouble with the nearest name for one that is none of the library's.
 const Export& ExportNamed(std::string_view name);
@@ -31,8 +33,15 @@ struct Host {
     std::string machineName;
 };
 
-/// Says on standard error that there is no session. What can be read without one is read all the same.
-void TellRefusedSession();
+/// Throws Trouble unless the export is called with so many arguments.
+void CheckArgumentCount(const Export& row, const std::vector<std::string>& arguments);
+
+/// Opens the session and tells on standard error if it is refused: what can be read without one is read all the
+/// same.
+void OpenSession(std::optional<Session>& session, const Host& host);
+
+/// Gives back the session that a call of InitializeSondrel has opened.
+void GiveBackSession(const Host& host, const Export& row, const Answer& answer);
 
 /// One export as a report finds it.
 struct Reading {
@@ -43,10 +52,15 @@ struct Reading {
 
 using ReadingSink = std::function<void(const Reading&)>;
 
+/// Calls one export as a report does. InitializeSondrel is answered from the session.
+Reading ReadOne(const Host& host, const Options& options, const Export& row,
+                const std::optional<Session>& session);
+
 /// Calls what a report calls, one after the other, in the order of the table.
 void ReadAll(const Host& host, const Options& options, const ReadingSink& sink);
 
 void ReportAsText(const Host& host, const Options& options);
 void ReportAsJson(const Host& host, const Options& options);
+void ReportAsPage(const Host& host, const Options& options);
 
 } // namespace tool

@@ -51,8 +51,11 @@ const Export& ExportNamed(std::string_view name) {
         (nearest.empty() ? "; sondrel list tells them all" : "; did you mean " + std::string(nearest) + "?"));
 }
 
-void TellRefusedSession() {
-    std::cerr << "sondrel: the driver session could not be opened; readings that need it will fail\n";
+void OpenSession(std::optional<Session>& session, const Host& host) {
+    session.emplace(host.library);
+    if (!session->IsOpen()) {
+        std::cerr << "sondrel: the driver session could not be opened; readings that need it will fail\n";
+    }
 }
 
 } // namespace tool

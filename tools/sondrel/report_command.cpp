@@ -1,5 +1,8 @@
-// sondrel report: the readings. How they are shown is in report_text.cpp and report_json.cpp.
+// sondrel report: the readings. How they are shown is in report_text.cpp, report_json.cpp
+// and report_html.cpp.
 #include "commands.h"
+#include "interrupt.h"
+#include "progress.h"
 #include "trouble.h"
 
 namespace tool {
@@ -19,8 +22,10 @@ Reading ReadSession(const Export& row, const std::optional<Session>& session) {
     return {row, std::move(answer), std::move(judgement)};
 }
 
-Reading Read(const Host& host, const Options& options, const Export& row,
-             const std::optional<Session>& session) {
+} // namespace
+
+Reading ReadOne(const Host& host, const Options& options, const Export& row,
+                const std::optional<Session>& session) {
     const Address address = host.library.Find(row.name);
     if (address == nullptr) {
         return WithoutCall(row, Status::NotExported, "");
@@ -36,24 +41,27 @@ Reading Read(const Host& host, const Options& options, const Export& row,
     return {row, std::move(answer), std::move(judgement)};
 }
 
-} // namespace
-
 void ReadAll(const Host& host, const Options& options, const ReadingSink& sink) {
     std::optional<Session> session;
     if (options.session) {
-        session.emplace(host.library);
-        if (!session->IsOpen()) {
-            TellRefusedSession();
-        }
+        OpenSession(session, host);
     }
+    Progress progress;
     for (const Export& row : AllExports()) {
-        sink(Read(host, options, row, session));
+        interrupt::Check();
+        progress.Begin("reading " + std::string(row.name));
+        const Reading reading = ReadOne(host, options, row, session);
+        progress.Clear();
+        interrupt::Check();
+        sink(reading);
     }
 }
 
 int Report(const Options& options) {
     const Host host(options);
-    if (options.json) {
+    if (!options.html.empty()) {
+        ReportAsPage(host, options);
+    } else if (options.json) {
         ReportAsJson(host, options);
     } else {
         ReportAsText(host, options);

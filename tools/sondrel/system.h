@@ -1,4 +1,5 @@
-// What differs between systems: loading a library, the command line, the console. Everything else is portable.
+// What differs between systems: loading a library, the command line, files. Terminals and interrupts have files of
+// their own. Everything else is portable.
 #pragma once
 
 #include <filesystem>
@@ -44,8 +45,11 @@ std::filesystem::path OwnDirectory();
 /// The command line without the program's name, in UTF-8.
 std::vector<std::string> Arguments(int count, const char* const* arguments);
 
-/// Makes the console take UTF-8.
-void PrepareConsole();
+/// Of this process.
+unsigned long ProcessNumber();
+
+/// Has the system write to the disk what it holds of a file, as far as it lets itself be told.
+void FlushToDisk(const std::filesystem::path& file);
 
 } // namespace host_system
 } // namespace tool

@@ -3,6 +3,8 @@
 #include "trouble.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <utility>
 
@@ -52,8 +54,16 @@ std::vector<std::string> Arguments(int count, const char* const* arguments) {
                      : std::vector<std::string>();
 }
 
-void PrepareConsole() {
-    // It takes UTF-8 already.
+unsigned long ProcessNumber() {
+    return static_cast<unsigned long>(getpid());
+}
+
+void FlushToDisk(const std::filesystem::path& file) {
+    const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (opened >= 0) {
+        fsync(opened);
+        close(opened);
+    }
 }
 
 } // namespace host_system

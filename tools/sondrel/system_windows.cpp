@@ -89,8 +89,17 @@ std::vector<std::string> Arguments(int, const char* const*) {
     return arguments;
 }
 
-void PrepareConsole() {
-    SetConsoleOutputCP(CP_UTF8);
+unsigned long ProcessNumber() {
+    return GetCurrentProcessId();
+}
+
+void FlushToDisk(const std::filesystem::path& file) {
+    const HANDLE opened = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened != INVALID_HANDLE_VALUE) {
+        FlushFileBuffers(opened);
+        CloseHandle(opened);
+    }
 }
 
 } // namespace host_system
