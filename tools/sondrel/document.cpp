@@ -87,7 +87,9 @@ std::optional<Json> ParseDocument(std::string_view text) {
 std::vector<std::string> DocumentLines(std::string_view text, std::size_t columns) {
     const std::optional<Json> document = ParseDocument(text);
     if (!document) {
-        return {Shortened(OnOneLine(text), columns) + " (no well-formed JSON)"};
+        constexpr std::string_view Note = " (no well-formed JSON)";
+        const std::size_t room = columns - std::min(columns, Note.size());
+        return {Shortened(OnOneLine(text), std::max<std::size_t>(room, 8)).append(Note)};
     }
     Layout layout(columns);
     layout.Add(*document, "", "", 0);

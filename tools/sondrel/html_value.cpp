@@ -61,19 +61,27 @@ std::string TableOf(const Json& records) {
            Element("tbody", body) + "</table></div>" + Cut(records.size() - shown);
 }
 
+/// [{"machine": ...}, {"user": ...}]: an object in all but its brackets.
+bool IsListOfMembers(const Json& value) {
+    return value.is_array() && std::ranges::all_of(value, [](const Json& member) {
+               return member.is_object() && member.size() == 1;
+           });
+}
+
 std::string ListOf(const Json& value) {
+    const bool named = value.is_object() || IsListOfMembers(value);
     std::string items;
     std::size_t shown = 0;
     for (const auto& [key, member] : value.items()) {
         if (shown++ == MostRows) {
             break;
         }
-        const std::string content = HtmlOfJson(member);
-        items +=
-            value.is_object() ? Element("dt", Escaped(key)) + Element("dd", content) : Element("li", content);
+        const bool wrapped = named && value.is_array();
+        const std::string& name = wrapped ? member.begin().key() : key;
+        const std::string content = HtmlOfJson(wrapped ? member.front() : member);
+        items += named ? Element("dt", Escaped(name)) + Element("dd", content) : Element("li", content);
     }
-    return Element(value.is_object() ? "dl" : "ul", items) +
-           Cut(value.size() - std::min(value.size(), MostRows));
+    return Element(named ? "dl" : "ul", items) + Cut(value.size() - std::min(value.size(), MostRows));
 }
 
 std::string HtmlOfJson(const Json& value) {

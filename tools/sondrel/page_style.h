@@ -13,7 +13,6 @@ inline constexpr std::string_view PageStyle = R"css(
   --ground: #14171a; --card: #1d2125; --ink: #e7e9eb; --quiet: #9da6b0; --rule: #343a41;
   --line: #6db3f2; --area: #6db3f22b; --track: #30363d; --bad: #ff8f85; --warning: #f0b357; } }
 * { box-sizing: border-box; }
-html { scroll-behavior: smooth; }
 body { margin: 0; background: var(--ground); color: var(--ink);
   font: 15px/1.45 system-ui, "Segoe UI", "Noto Sans", "DejaVu Sans", sans-serif; overflow-wrap: anywhere; }
 header, main, footer { max-width: 76rem; margin: 0 auto; padding: 0 1.25rem; }
@@ -56,7 +55,7 @@ tbody tr:first-child > * { border-top: 0; }
 table.readings { background: var(--card); border: 1px solid var(--rule); border-radius: 8px;
   border-collapse: separate; border-spacing: 0; table-layout: fixed; }
 table.readings > tbody > tr > * { padding-left: .8rem; }
-table.readings th { font-weight: 400; width: 42%; }
+table.readings th { font-weight: 400; width: 37%; }
 table.readings th .quiet { display: block; font-size: .88rem; }
 table.inner { font-size: .9rem; }
 table.inner th { color: var(--quiet); font-weight: 600; }
@@ -69,6 +68,11 @@ dt { color: var(--quiet); }
 dd { margin: 0; min-width: 0; }
 footer { margin-top: 2.5rem; padding-bottom: 2rem; color: var(--quiet); font-size: .85rem; }
 @media (max-width: 40rem) {
+  header, main, footer { padding-left: .9rem; padding-right: .9rem; }
+  .cards { grid-template-columns: repeat(auto-fill, minmax(min(100%, 9rem), 1fr)); gap: .6rem; }
+  .card { padding: .55rem .6rem; }
+  .card .value { font-size: 1.2rem; }
+  svg.curve { height: 2.75rem; }
   table.readings, table.readings > tbody, table.readings > tbody > tr, table.readings > tbody > tr > * {
     display: block; width: 100%; }
   table.readings > tbody > tr + tr { border-top: 1px solid var(--rule); }

@@ -100,6 +100,15 @@ std::string Quiet(std::string_view text) {
     return std::string("<span class=\"quiet\">").append(Escaped(text)).append("</span>");
 }
 
+/// A name that may go on in the next line behind each of its words.
+std::string Breakable(std::string_view name) {
+    std::string html;
+    for (const std::string_view word : Split(name, '_')) {
+        html.append(html.empty() ? "" : "_<wbr>").append(Escaped(word));
+    }
+    return html;
+}
+
 std::string_view ClassOf(Status status) {
     constexpr std::array<std::string_view, static_cast<std::size_t>(Style::Count)> Classes = {
         "plain", "plain", "quiet", "warning", "bad"};
@@ -124,23 +133,25 @@ std::vector<double> Present(const std::vector<std::optional<double>>& numbers) {
     return present;
 }
 
-/// "lowest 50, highest 61 °C"
+/// "50 to 61 °C"
 std::string ExtremesOf(const UnitKind& kind, const std::vector<std::optional<double>>& numbers) {
     const std::vector<double> present = Present(numbers);
     if (present.empty()) {
         return "no value in any sample";
     }
     const auto [low, high] = std::ranges::minmax(present);
-    return "lowest " + NumberText(kind, low) + ", highest " + NumberText(kind, high) + ' ' +
-           std::string(kind.shown);
+    if (low == high) {
+        return "steady";
+    }
+    return NumberText(kind, low) + " to " + NumberText(kind, high) + ' ' + std::string(kind.shown);
 }
 
 std::string LabelOf(const Series& series) {
-    std::string label(series.row->description.substr(0, series.row->description.find_first_of(";,")));
     if (PlacesIn(*series.row) > 1) {
-        label = (series.row->family == Family::Thermal ? "Fan " : "Cell ") + std::to_string(series.place);
+        return (series.row->family == Family::Thermal ? "Fan " : "Cell ") + std::to_string(series.place);
     }
-    return label;
+    const std::string_view description = series.row->description;
+    return std::string(description.substr(0, std::min(description.find(';'), description.find(", as "))));
 }
 
 /// Readings of one unit are drawn on one scale, so that they can be compared.
@@ -172,7 +183,7 @@ std::string CardOf(const Recording& recording, std::size_t index, Range range) {
                        NewestOf(kind, recording.samples.back().points[index]) + "</span>";
     html += CurveSvg(numbers, range, series.name + ": " + extremes);
     html += "<span class=\"ends\"><span>" + Escaped(extremes) + "</span></span>";
-    return html + "<code class=\"name\">" + Escaped(series.name) + "</code></figure>";
+    return html + "<code class=\"name\">" + Breakable(series.name) + "</code></figure>";
 }
 
 std::string BarOf(const Recording& recording, std::size_t index, Range range) {
@@ -231,7 +242,7 @@ std::string AnchorOf(Family family) {
 }
 
 std::string RowOf(const Reading& reading) {
-    return "<tr><th scope=\"row\"><code>" + Escaped(reading.row.name) + "</code>" +
+    return "<tr><th scope=\"row\"><code>" + Breakable(reading.row.name) + "</code>" +
            Quiet(reading.row.description) + "</th><td class=\"" +
            std::string(ClassOf(reading.judgement.status)) + "\">" + HtmlOf(reading) + "</td></tr>\n";
 }
@@ -303,7 +314,7 @@ std::string HeadOf(const Host& host, const Inventory& inventory) {
     const std::string title = product.empty() ? host.machineName : product;
     return "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\">"
            "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
-           "'unsafe-inline'\">"
+           "'unsafe-inline'; img-src data:\">"
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">"
            "<link rel=\"icon\" href=\"data:,\"><title>" +
            Escaped(title) + " - sondrel report</title><style>" + std::string(PageStyle) +

@@ -50,8 +50,8 @@ public:
     }
 
     void Begin(const Host& host) const {
-        m_out << "Library  " << OnOneLine(Utf8Of(host.library.File())) << "\nMachine  " << host.machineName
-              << (host.machine ? " (simulated)" : "") << '\n';
+        Tell("Library  " + OnOneLine(Utf8Of(host.library.File())));
+        Tell("Machine  " + OnOneLine(host.machineName) + (host.machine ? " (simulated)" : ""));
     }
 
     void Add(const Reading& reading) {
@@ -115,7 +115,9 @@ private:
             lines.resize(MostLines - 1);
             const std::string more =
                 "... " + std::to_string(left) + " more lines: sondrel call " + std::string(reading.row.name);
-            lines.push_back(m_paint(Style::Quiet, more));
+            for (const std::string& line : Wrapped(more, m_layout.room)) {
+                lines.push_back(m_paint(Style::Quiet, line));
+            }
         }
         return lines;
     }

@@ -103,6 +103,10 @@ Range RangeFor(const UnitKind& kind, std::span<const double> numbers) {
         range = {fromZero ? 0 : low - missing / 2,
                  fromZero ? low + missing + (high - low) : high + missing / 2};
     }
+    if (kind.digits == 0) {
+        range = {std::floor(range.low * kind.factor) / kind.factor,
+                 std::ceil(range.high * kind.factor) / kind.factor};
+    }
     return range;
 }
 

@@ -33,6 +33,9 @@ constexpr std::array<LineKind, static_cast<std::size_t>(Line::Count)> Kinds = {{
     {"event", Style::Warning, "event line", "event lines"},
 }};
 
+/// The boundary call that a debug line is, once it is on its way.
+constexpr std::string_view DebugLineWritten = "EventWriteTransfer = 0";
+
 std::string Milliseconds(std::chrono::nanoseconds time) {
     char text[48];
     std::snprintf(text, sizeof text, "%10.3f", std::chrono::duration<double, std::milli>(time).count());
@@ -110,6 +113,8 @@ private:
             Put(Line::Debug, line);
         } else if (kind == VESK_MACHINE_EVENT_LINE) {
             Put(Line::Event, line);
+        } else if (line == DebugLineWritten) {
+            ++m_counts[static_cast<std::size_t>(Line::Call)]; // the debug line has just been shown
         } else if (const std::string command = EcCommandOf(line); !command.empty()) {
             ++m_counts[static_cast<std::size_t>(Line::Call)];
             Put(Line::Ec, command);
