@@ -42,6 +42,9 @@ void VeskMachine_Listen(VeskMachine_Listener listener, void* context, int calls)
 /** Ties the machine's clock to real time, so that its waits take as long as they say, or frees it again. */
 void VeskMachine_TieToRealTime(int tied);
 
+/** Lets the machine's own time go on by so much at once, on top of whatever else moves it. */
+void VeskMachine_PassTime(uint64_t microseconds);
+
 /** The machine's own time since its start, in microseconds. */
 uint64_t VeskMachine_Microseconds(void);
 

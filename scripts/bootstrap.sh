@@ -11,7 +11,8 @@ packages_of() {
     case $1 in
     native)
         echo "g++ make cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev libvalijson-dev" \
-            "libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3"
+            "libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3" \
+            "chromium-headless-shell fonts-dejavu-core"
         ;;
     windows)
         echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev libvalijson-dev" \

@@ -1,5 +1,7 @@
 // A library in place of the real one: one export of each kind, with answers good and bad that a test chooses.
 // It has fewer names than the real one on purpose.
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -135,6 +137,19 @@ DOUBLE_API void WMIGetSN(char16_t* out, std::uint8_t initCom) {
 
 DOUBLE_API void WMIGetMemSize(char16_t* out, std::uint8_t) {
     Put(out, u"8589934592;8589934592");
+}
+
+/// Markup, to be shown as the text that it is.
+DOUBLE_API void WMIGetProductName(char16_t* out, std::uint8_t) {
+    Put(out, u"<script>console.error('ran')</script> & \"\u4E2D\u6587\"");
+}
+
+/// Never comes back where a test wants that.
+DOUBLE_API void WMIGetModelName(char16_t* out, std::uint8_t) {
+    while (!Setting("DOUBLE_HANGS").empty()) {
+        pause();
+    }
+    Put(out, u"A model");
 }
 
 DOUBLE_API std::int32_t WMIGetQuietFan(std::uint8_t initCom) {

@@ -1,11 +1,12 @@
 // sondrel call NAME [ARG...]
 #include "commands.h"
+#include "interrupt.h"
+#include "progress.h"
 #include "trouble.h"
 
 #include <iostream>
 
 namespace tool {
-namespace {
 
 void CheckArgumentCount(const Export& row, const std::vector<std::string>& arguments) {
     const std::string_view wanted = row.shape->argument;
@@ -17,27 +18,12 @@ void CheckArgumentCount(const Export& row, const std::vector<std::string>& argum
                   ", not " + std::to_string(arguments.size()));
 }
 
-/// A session for what needs one. InitializeSondrel opens its own, and the tool gives that one back.
-class CallSession {
-public:
-    CallSession(const Host& host, const Options& options, const Export& row) {
-        if (options.session && row.traits.session) {
-            OpenSession(m_session, host);
-        }
-    }
-
-private:
-    std::optional<Session> m_session;
-};
-
 void GiveBackSession(const Host& host, const Export& row, const Answer& answer) {
     const Address close = host.library.Find("ShutdownSondrel");
     if (row.traits.report == InReport::Session && answer.bare == "1" && close != nullptr) {
         close();
     }
 }
-
-} // namespace
 
 int CallExport(const Options& options) {
     const Export& row = ExportNamed(options.name);
@@ -47,10 +33,17 @@ int CallExport(const Options& options) {
     if (address == nullptr) {
         throw Trouble("this library does not export " + std::string(row.name));
     }
-    const CallSession session(host, options, row);
+    std::optional<Session> session; // InitializeSondrel opens its own, and is not in need of one
+    if (options.session && row.traits.session) {
+        OpenSession(session, host);
+    }
     const CallInputs inputs{options.arguments.empty() ? "" : options.arguments.front(), options.initCom};
+    Progress progress;
+    progress.Begin("calling " + std::string(row.name));
     const Answer answer = row.shape->call(address, row, inputs);
+    progress.Clear();
     GiveBackSession(host, row, answer);
+    interrupt::Check();
     if (row.shape != &shape::Nothing) {
         std::cout << answer.bare << '\n';
     }

@@ -20,6 +20,8 @@ int Report(const Options& options);
 int TakeSnapshot(const Options& options);
 int CompareSnapshots(const Options& options);
 int PrintMetrics(const Options& options);
+int Watch(const Options& options);
+int TraceExport(const Options& options);
 
 /// Throws Trouble with the nearest name for one that is none of the library's.
 const Export& ExportNamed(std::string_view name);
@@ -34,9 +36,15 @@ struct Host {
     std::string machineName;
 };
 
+/// Throws Trouble unless the export is called with so many arguments.
+void CheckArgumentCount(const Export& row, const std::vector<std::string>& arguments);
+
 /// Opens the session and tells on standard error if it is refused: what can be read without one is read all the
 /// same.
 void OpenSession(std::optional<Session>& session, const Host& host);
+
+/// Gives back the session that a call of InitializeSondrel has opened.
+void GiveBackSession(const Host& host, const Export& row, const Answer& answer);
 
 /// One export as a report finds it.
 struct Reading {
@@ -56,5 +64,6 @@ void ReadAll(const Host& host, const Options& options, const ReadingSink& sink);
 
 void ReportAsText(const Host& host, const Options& options);
 void ReportAsJson(const Host& host, const Options& options);
+void ReportAsPage(const Host& host, const Options& options);
 
 } // namespace tool

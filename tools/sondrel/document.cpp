@@ -79,13 +79,20 @@ private:
 
 } // namespace
 
+std::optional<Json> ParseDocument(std::string_view text) {
+    Json document = TooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
+    return document.is_discarded() ? std::nullopt : std::optional(std::move(document));
+}
+
 std::vector<std::string> DocumentLines(std::string_view text, std::size_t columns) {
-    const Json document = TooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
-    if (document.is_discarded()) {
-        return {Shortened(OnOneLine(text), columns) + " (no well-formed JSON)"};
+    const std::optional<Json> document = ParseDocument(text);
+    if (!document) {
+        constexpr std::string_view Note = " (no well-formed JSON)";
+        const std::size_t room = columns - std::min(columns, Note.size());
+        return {Shortened(OnOneLine(text), std::max<std::size_t>(room, 8)).append(Note)};
     }
     Layout layout(columns);
-    layout.Add(document, "", "", 0);
+    layout.Add(*document, "", "", 0);
     return layout.Take();
 }
 

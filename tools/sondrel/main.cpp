@@ -1,7 +1,9 @@
 // sondrel: calls the library's exports from a command line.
 #include "commands.h"
+#include "interrupt.h"
 #include "options.h"
 #include "system.h"
+#include "terminal.h"
 #include "trouble.h"
 
 #include <exception>
@@ -20,24 +22,37 @@ int Run(const tool::Options& options) {
         return tool::CallExport(options);
     case tool::Command::Report:
         return tool::Report(options);
+    case tool::Command::Watch:
+        return tool::Watch(options);
+    case tool::Command::Trace:
+        return tool::TraceExport(options);
     case tool::Command::None:
         break;
     }
     return tool::ExitDone;
 }
 
-} // namespace
-
-int main(int count, char** arguments) {
+int RunToTheEnd(const std::vector<std::string>& arguments) {
     try {
-        tool::host_system::PrepareConsole();
-        const int status = Run(tool::ParseCommandLine(tool::host_system::Arguments(count, arguments)));
+        const int status = Run(tool::ParseCommandLine(arguments));
         if (!std::cout.flush()) {
             throw tool::Trouble("the output could not be written");
         }
+        tool::interrupt::Check();
         return status;
+    } catch (const tool::interrupt::Interruption&) {
+        std::cout.flush();
+        tool::interrupt::End();
     } catch (const std::exception& problem) {
         std::cerr << "sondrel: " << problem.what() << '\n';
         return tool::ExitTrouble;
     }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    tool::interrupt::Listen();
+    const tool::terminal::Console console;
+    return RunToTheEnd(tool::host_system::Arguments(count, arguments));
 }

@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <map>
 
 namespace tool {
 namespace {
@@ -24,6 +25,10 @@ constexpr const char* Examples = R"(Examples:
   sondrel call CPU_ReadCpuId 0x80000002            one with an argument
   sondrel call WMISetBatteryHealth 80              set something
   sondrel call EC_ReadEcFwRev --trace              with the debug lines that it writes
+  sondrel watch                                    telemetry as it moves, until Ctrl-C
+  sondrel watch Thermal_Read_Fan --csv fan.csv     one reading, every sample kept
+  sondrel report --html report.html                one page: tables, and telemetry drawn
+  sondrel trace -- WMIGetSN                        what a call does to the machine
   sondrel snapshot before.json                     every answer, to be compared later
   sondrel diff before.json after.json              what changed
   sondrel metrics --output sondrel.prom            numbers for Prometheus
@@ -33,13 +38,58 @@ A call prints the bare result: numbers in decimal, texts in UTF-8, raw bytes in 
 four hexadecimal words. What a failure value means is told on standard error.
 
 Exit status: 0 done; 1 the library wrote outside its buffer, the snapshots differ or the profile has
-mistakes; 2 a wrong name, argument or option, or a library, machine or file that cannot be used.)";
+mistakes; 2 a wrong name, argument or option, or a library, machine or file that cannot be used; 130
+interrupted.)";
 
 std::uint8_t InitComOf(const std::string& text) {
     if (text != "0" && text != "1") {
         throw CLI::ValidationError("--init-com", "takes 0 or 1, not \"" + OnOneLine(text) + "\"");
     }
     return text == "1" ? 1 : 0;
+}
+
+/// For an option that takes seconds.
+CLI::Option* AddInterval(CLI::App& command, Sampling& sampling, const std::string& about) {
+    const auto take = [&sampling](const double& seconds) {
+        sampling.interval =
+            std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
+    };
+    return command.add_option_function<double>("--interval", take, about)
+        ->type_name("SECONDS")
+        ->check(CLI::Range(0.01, 86400.0));
+}
+
+CLI::Option* AddCount(CLI::App& command, Sampling& sampling, const char* name, const std::string& about) {
+    constexpr std::size_t MostSamples = 1'000'000;
+    return command.add_option(name, sampling.count, about)
+        ->type_name("N")
+        ->check(CLI::Range(std::size_t{1}, MostSamples));
+}
+
+/// The commands that draw what they read.
+struct Drawings {
+    CLI::App* watch;
+    CLI::App* trace;
+};
+
+Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
+    CLI::Option* const html =
+        report.add_option("--html", options.html, "As one page for a browser")->type_name("FILE");
+    html->excludes(report.get_option("--json"));
+    AddCount(report, options.pageSampling, "--samples", "Page: how often telemetry is read (20)")
+        ->needs(html);
+    AddInterval(report, options.pageSampling, "Page: seconds between two samples (1)")->needs(html);
+
+    CLI::App* const watch = app.add_subcommand("watch", "Show readings as they move, until interrupted");
+    watch->add_option("NAME", options.names, "The exports (telemetry)");
+    AddInterval(*watch, options.watchSampling, "Seconds between two samples (2)");
+    AddCount(*watch, options.watchSampling, "--count", "End after so many samples");
+    watch->add_option("--csv", options.csv, "Keep the samples in this file")->type_name("FILE");
+
+    CLI::App* const trace = app.add_subcommand("trace", "Show what one call does, with times");
+    trace->add_option("NAME", options.name, "The export")->required();
+    trace->add_option("ARG", options.arguments, "What it takes");
+    return {watch, trace};
 }
 
 /// One option for all commands, so that it may stand before or behind them.
@@ -51,6 +101,11 @@ void AddSharedOptions(CLI::App& app, Options& options) {
     app.add_option("--store", options.store,
                    "Simulated machine: the file that keeps its state; \":memory:\" keeps none")
         ->type_name("FILE");
+    const std::map<std::string, ColourWish> wishes{
+        {"auto", ColourWish::Auto}, {"always", ColourWish::Always}, {"never", ColourWish::Never}};
+    app.add_option("--colour,--color", options.colour, "auto: on a terminal, unless NO_COLOR is set (auto)")
+        ->type_name("auto|always|never")
+        ->transform(CLI::CheckedTransformer(wishes));
     app.add_flag("--trace", options.trace, "Simulated machine: debug and event lines, on standard error");
     app.add_option_function<std::string>(
            "--init-com", [&](const std::string& text) { options.initCom = InitComOf(text); },
@@ -84,7 +139,8 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     call->add_option("ARG", options.arguments, "What it takes; `sondrel list NAME` tells");
     CLI::App* const report = app.add_subcommand("report", "Call every reading and print what they say");
     report->add_flag("--json", options.json, "As one JSON object");
-    for (CLI::App* const command : {list, call, report}) {
+    const auto [watch, trace] = AddDrawings(app, *report, options);
+    for (CLI::App* const command : {list, call, report, watch, trace}) {
         command->fallthrough();
     }
     AddComparingCommands(app, options);
@@ -102,6 +158,8 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     options.command = list->parsed()     ? Command::List
                       : call->parsed()   ? Command::Call
                       : report->parsed() ? Command::Report
+                      : watch->parsed()  ? Command::Watch
+                      : trace->parsed()  ? Command::Trace
                                          : Command::None;
     if (options.command == Command::None && options.run == nullptr) {
         throw Trouble("a command is needed, list, call or report for a start (sondrel --help)");

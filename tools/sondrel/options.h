@@ -1,6 +1,8 @@
 // The command line.
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -12,11 +14,20 @@ class App;
 
 namespace tool {
 
-enum class Command : std::uint8_t { None, List, Call, Report };
+enum class Command : std::uint8_t { None, List, Call, Report, Watch, Trace };
+
+enum class ColourWish : std::uint8_t { Auto, Always, Never };
+
+/// What is read again and again.
+struct Sampling {
+    std::chrono::milliseconds interval{1000};
+    /// How many samples; 0 for as many as there is time for.
+    std::size_t count = 0;
+};
 
 struct Options {
     Command command = Command::None;
-    /// `call`: the export. `list`: the export to be told in full, or empty.
+    /// `call`, `trace`: the export. `list`: the export to be told in full, or empty.
     std::string name;
     std::vector<std::string> arguments;
     bool json = false;
@@ -31,6 +42,15 @@ struct Options {
 
     /// Commands that are not listed above bring their own routine.
     int (*run)(const Options& options) = nullptr;
+    ColourWish colour = ColourWish::Auto;
+    /// `report`: the page to be written, or empty.
+    std::string html;
+    Sampling pageSampling{.count = 20};
+    /// `watch`: the exports, or none for the usual ones.
+    std::vector<std::string> names;
+    Sampling watchSampling{.interval = std::chrono::milliseconds(2000)};
+    /// `watch`: the file that keeps the samples, or empty.
+    std::string csv;
 
     std::string library;
     std::optional<std::string> machine;

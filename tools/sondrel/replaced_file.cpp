@@ -1,5 +1,6 @@
 #include "replaced_file.h"
 
+#include "interrupt.h"
 #include "system.h"
 #include "text.h"
 #include "trouble.h"
@@ -20,6 +21,7 @@ class Draft {
 public:
     explicit Draft(const fs::path& file) : m_path(file) {
         m_path += "." + std::to_string(host_system::ProcessNumber()) + ".new";
+        interrupt::RemoveWhenForced(m_path);
     }
 
     Draft(const Draft&) = delete;
@@ -28,6 +30,7 @@ public:
     ~Draft() {
         std::error_code problem;
         fs::remove(m_path, problem);
+        interrupt::RemoveWhenForced({});
     }
 
     [[nodiscard]] const fs::path& Path() const { return m_path; }
@@ -71,6 +74,7 @@ void ReplaceFile(const fs::path& file, std::string_view text) {
         fs::permissions(draft.Path(), present.permissions(), problem);
     }
     host_system::FlushToDisk(draft.Path());
+    interrupt::Check();
     fs::rename(draft.Path(), target, problem);
     if (problem) {
         throw CannotWrite(file, problem.message());

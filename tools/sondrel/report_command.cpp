@@ -1,5 +1,8 @@
-// sondrel report: the readings. How they are shown is in report_text.cpp and report_json.cpp.
+// sondrel report: the readings. How they are shown is in report_text.cpp, report_json.cpp
+// and report_html.cpp.
 #include "commands.h"
+#include "interrupt.h"
+#include "progress.h"
 #include "trouble.h"
 
 namespace tool {
@@ -43,14 +46,22 @@ void ReadAll(const Host& host, const Options& options, const ReadingSink& sink) 
     if (options.session) {
         OpenSession(session, host);
     }
+    Progress progress;
     for (const Export& row : AllExports()) {
-        sink(ReadOne(host, options, row, session));
+        interrupt::Check();
+        progress.Begin("reading " + std::string(row.name));
+        const Reading reading = ReadOne(host, options, row, session);
+        progress.Clear();
+        interrupt::Check();
+        sink(reading);
     }
 }
 
 int Report(const Options& options) {
     const Host host(options);
-    if (options.json) {
+    if (!options.html.empty()) {
+        ReportAsPage(host, options);
+    } else if (options.json) {
         ReportAsJson(host, options);
     } else {
         ReportAsText(host, options);

@@ -1,10 +1,12 @@
 // sondrel report, for the eye.
 #include "commands.h"
 #include "document.h"
+#include "paint.h"
+#include "readable.h"
 #include "text.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <array>
 #include <iostream>
 
 namespace tool {
@@ -13,149 +15,49 @@ namespace {
 constexpr std::size_t LongestLine = 100;
 constexpr std::size_t MostLines = 24;
 
-std::string InBrackets(std::string_view text) {
-    return text.empty() ? std::string() : std::string(" (").append(text).append(1, ')');
-}
+/// Where names and values stand.
+struct Layout {
+    /// Columns before a value.
+    std::size_t margin;
+    /// Columns for a value.
+    std::size_t room;
+    /// The value stands below its name: the terminal is too narrow for both.
+    bool below;
+};
 
-std::string HexadecimalOf(std::int64_t number) {
-    char text[24];
-    std::snprintf(text, sizeof text, "0x%08llx", static_cast<unsigned long long>(number));
-    return text;
-}
-
-std::string PercentOf(double fraction) {
-    char text[32];
-    const int length = std::snprintf(text, sizeof text, "%.1f %%", fraction * 100);
-    return length > 0 && static_cast<std::size_t>(length) < sizeof text ? text : "beyond any percentage";
-}
-
-/// The printable characters that a number is packed of, the first in the highest byte; empty if they are not.
-std::string LettersOf(std::int64_t number) {
-    std::string letters;
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        const auto letter = static_cast<char>(number >> shift & 0xFF);
-        if (letter == '\0' && letters.empty()) {
-            continue;
-        }
-        if (letter < ' ' || letter > '~') {
-            return {};
-        }
-        letters.push_back(letter);
+Layout LayoutFor(std::size_t longestName) {
+    constexpr std::size_t Fair = 28;
+    constexpr std::size_t Least = 16;
+    const Layout wide{longestName + 4, LongestLine, false};
+    if (!terminal::IsTerminal(terminal::Stream::Out)) {
+        return wide;
     }
-    return letters;
-}
-
-/// Raw bytes that are a text are easier read as one.
-std::string TextOfBytes(const std::string& hexadecimal) {
-    const auto bytes = BytesOfHex(hexadecimal);
-    if (!bytes ||
-        !std::ranges::all_of(*bytes, [](std::uint8_t byte) { return byte >= ' ' && byte <= '~'; })) {
-        return {};
+    const std::size_t columns = terminal::SizeOf(terminal::Stream::Out).columns;
+    if (columns >= wide.margin + Fair) {
+        return {wide.margin, std::min(LongestLine, columns - wide.margin), false};
     }
-    return {bytes->begin(), bytes->end()};
-}
-
-/// CPUID leaf 0 tells the processor's vendor in EBX, EDX, ECX, the first letter in the lowest byte.
-std::string VendorOf(const std::string& words) {
-    constexpr std::size_t OneWord = 9; // with its blank
-    std::string vendor;
-    for (const std::size_t place : {1, 3, 2}) {
-        std::string letters = TextOfBytes(words.substr(place * OneWord, OneWord - 1));
-        std::ranges::reverse(letters);
-        vendor += letters;
-    }
-    return vendor;
-}
-
-/// What is added in brackets to make a bare value readable.
-std::string HintOf(const Export& row, const Answer& answer) {
-    if (const auto* const number = std::get_if<std::int64_t>(&answer.number); number != nullptr) {
-        return row.traits.display == Display::Hexadecimal ? HexadecimalOf(*number)
-               : row.traits.display == Display::Letters   ? LettersOf(*number)
-                                                          : std::string();
-    }
-    if (row.shape == &shape::ProcessorLeaf) {
-        return VendorOf(answer.bare);
-    }
-    return row.shape == &shape::ReadBytes ? TextOfBytes(answer.bare) : std::string();
-}
-
-std::string ListOf(const Export& row, const Answer& answer) {
-    const std::vector<std::string_view> places = PlacesOf(answer.bare);
-    std::string text;
-    for (const std::string_view place : places) {
-        const Meaning* const meaning = MeaningOf(row, place);
-        const bool failed = meaning != nullptr && meaning->status == Status::Failed && !place.empty();
-        text.append(text.empty() ? "" : ", ").append(failed ? "failed" : place);
-        if (text.size() > 8 * LongestLine) {
-            break; // what is behind is not shown
-        }
-    }
-    return Columns(text) <= LongestLine ? text : std::to_string(places.size()) + ": " + text;
-}
-
-std::string ValueOf(const Reading& reading) {
-    const Export& row = reading.row;
-    const Answer& answer = reading.answer;
-    const auto* const fraction = std::get_if<double>(&answer.number);
-    if (row.traits.display == Display::Fraction && fraction != nullptr) {
-        return PercentOf(*fraction);
-    }
-    std::string text = row.traits.display == Display::List ? ListOf(row, answer) : answer.bare;
-    text = answer.bare.empty() ? "(empty)" : Shortened(OnOneLine(text), LongestLine);
-    if (!row.traits.unit.empty()) {
-        text.append(1, ' ').append(row.traits.unit);
-    }
-    return text + InBrackets(HintOf(row, answer));
-}
-
-/// A reading that is no value: its meaning, and the bare result in brackets.
-std::string NoValueOf(const Reading& reading) {
-    const std::string bare = Shortened(OnOneLine(reading.answer.bare), 40);
-    const std::string shown = bare.empty()               ? " (empty)"
-                              : reading.answer.untouched ? ' ' + bare
-                                                         : InBrackets(bare);
-    const std::string& meaning = reading.judgement.meaning;
-    if (reading.judgement.status == Status::Absent) {
-        return meaning + shown;
-    }
-    std::string text(TextOf(reading.judgement.status));
-    text += shown;
-    return meaning.empty() ? text : text.append(": ").append(meaning);
-}
-
-std::vector<std::string> LinesOf(const Reading& reading) {
-    switch (reading.judgement.status) {
-    case Status::Ok:
-    case Status::Partly:
-        break;
-    default:
-        return {NoValueOf(reading)};
-    }
-    if (reading.row.traits.display == Display::Document) {
-        std::vector<std::string> lines = DocumentLines(reading.answer.bare, LongestLine);
-        if (lines.size() > MostLines) {
-            const std::size_t left = lines.size() - (MostLines - 1);
-            lines.resize(MostLines - 1);
-            lines.push_back("... " + std::to_string(left) + " more lines: sondrel call " +
-                            std::string(reading.row.name));
-        }
-        return lines;
-    }
-    return {ValueOf(reading) + InBrackets(reading.judgement.meaning)};
+    constexpr std::size_t Indent = 4;
+    return {Indent, std::max(Least, columns - std::min(columns, Indent)), true};
 }
 
 class TextReport {
 public:
-    explicit TextReport(std::ostream& out) : m_out(out) {
+    TextReport(std::ostream& out, ColourWish colour) : m_out(out), m_paint(colour, terminal::Stream::Out) {
         for (const Export& row : AllExports()) {
             m_width = std::max(m_width, row.name.size());
         }
+        m_layout = LayoutFor(m_width);
+    }
+
+    void Begin(const Host& host) const {
+        Tell("Library  " + OnOneLine(Utf8Of(host.library.File())));
+        Tell("Machine  " + OnOneLine(host.machineName) + (host.machine ? " (simulated)" : ""));
     }
 
     void Add(const Reading& reading) {
+        const auto status = static_cast<std::size_t>(reading.judgement.status);
+        ++m_counts[status];
         if (reading.judgement.status == Status::NotExported) {
-            ++m_notExported;
             return;
         }
         if (reading.judgement.status == Status::NotRun) {
@@ -164,41 +66,98 @@ public:
         }
         if (reading.row.family != m_family) {
             m_family = reading.row.family;
-            m_out << '\n' << TitleOf(m_family) << '\n';
+            m_out << '\n' << m_paint(Style::Title, TitleOf(m_family)) << '\n';
         }
-        std::string margin =
-            "  " + std::string(reading.row.name) + std::string(m_width - reading.row.name.size() + 2, ' ');
+        m_out << "  " << reading.row.name;
+        std::string lead =
+            m_layout.below ? "\n    " : std::string(m_width - reading.row.name.size() + 2, ' ');
         for (const std::string& line : LinesOf(reading)) {
-            m_out << margin << line << '\n';
-            margin.assign(margin.size(), ' ');
+            m_out << lead << line << '\n';
+            lead.assign(m_layout.margin, ' ');
         }
         m_out.flush(); // the next reading may take its time
     }
 
     void End() const {
         m_out << '\n';
+        Tell(CountsInWords());
         if (!m_notRun.empty()) {
-            m_out << "not run by a report: " << m_notRun << '\n';
+            Tell("not run by a report: " + m_notRun);
         }
-        if (m_notExported != 0) {
-            m_out << "not exported by this library: " << m_notExported << " names\n";
+        if (const std::size_t count = m_counts[static_cast<std::size_t>(Status::NotExported)]; count != 0) {
+            Tell("not exported by this library: " + std::to_string(count) + " names");
         }
     }
 
 private:
+    [[nodiscard]] std::vector<std::string> LinesOf(const Reading& reading) const {
+        const Style style = StyleOf(reading.judgement.status);
+        if (HasValue(reading) && reading.row.traits.display == Display::Document) {
+            return DocumentOf(reading);
+        }
+        const Readable readable = ReadableOf(reading, LongestLine);
+        const std::string whole = OnOneLine(readable);
+        if (Columns(whole) <= m_layout.room || !terminal::IsTerminal(terminal::Stream::Out)) {
+            const std::string_view rest = std::string_view(whole).substr(readable.value.size());
+            return {m_paint(style, readable.value) + m_paint(Style::Quiet, rest)};
+        }
+        std::vector<std::string> lines = Wrapped(whole, m_layout.room);
+        for (std::string& line : lines) {
+            line = m_paint(style, line);
+        }
+        return lines;
+    }
+
+    [[nodiscard]] std::vector<std::string> DocumentOf(const Reading& reading) const {
+        std::vector<std::string> lines = DocumentLines(reading.answer.bare, m_layout.room);
+        if (lines.size() > MostLines) {
+            const std::size_t left = lines.size() - (MostLines - 1);
+            lines.resize(MostLines - 1);
+            const std::string more =
+                "... " + std::to_string(left) + " more lines: sondrel call " + std::string(reading.row.name);
+            for (const std::string& line : Wrapped(more, m_layout.room)) {
+                lines.push_back(m_paint(Style::Quiet, line));
+            }
+        }
+        return lines;
+    }
+
+    /// "97 readings: 88 ok, 7 absent, 2 failed"
+    [[nodiscard]] std::string CountsInWords() const {
+        std::size_t all = 0;
+        std::string text;
+        for (std::size_t i = 0; i < static_cast<std::size_t>(Status::NotExported); ++i) {
+            all += m_counts[i];
+            if (m_counts[i] != 0) {
+                text.append(text.empty() ? "" : ", ").append(std::to_string(m_counts[i])).append(1, ' ');
+                text.append(TextOf(static_cast<Status>(i)));
+            }
+        }
+        return std::to_string(all) + " readings: " + text;
+    }
+
+    void Tell(const std::string& text) const {
+        const bool wraps = terminal::IsTerminal(terminal::Stream::Out);
+        for (const std::string& line :
+             wraps ? Wrapped(text, m_layout.margin + m_layout.room) : std::vector<std::string>{text}) {
+            m_out << line << '\n';
+        }
+    }
+
     std::ostream& m_out;
+    Paint m_paint;
     std::size_t m_width = 0;
+    Layout m_layout{};
     Family m_family = Family::Count;
-    std::size_t m_notExported = 0;
+    std::array<std::size_t, static_cast<std::size_t>(Status::NotRun) + 1> m_counts{};
     std::string m_notRun;
 };
 
 } // namespace
 
 void ReportAsText(const Host& host, const Options& options) {
-    std::cout << "Library  " << Utf8Of(host.library.File()) << "\nMachine  " << host.machineName
-              << (host.machine ? " (simulated)" : "") << '\n';
-    TextReport report(std::cout);
+    TextReport report(std::cout, options.colour);
+    report.Begin(host);
     ReadAll(host, options, [&](const Reading& reading) { report.Add(reading); });
     report.End();
 }

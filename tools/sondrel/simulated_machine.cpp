@@ -52,6 +52,23 @@ void SimulatedMachine::Trace() {
     Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(TellLine, nullptr, 0);
 }
 
+void SimulatedMachine::ListenToCalls(Listener listener, void* context) const {
+    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(listener, context, 1);
+}
+
+void SimulatedMachine::TieToRealTime() const {
+    Routine<decltype(VeskMachine_TieToRealTime)>("VeskMachine_TieToRealTime")(1);
+}
+
+void SimulatedMachine::PassTime(std::chrono::microseconds time) const {
+    Routine<decltype(VeskMachine_PassTime)>("VeskMachine_PassTime")(static_cast<std::uint64_t>(time.count()));
+}
+
+std::chrono::microseconds SimulatedMachine::Now() const {
+    return std::chrono::microseconds(
+        Routine<decltype(VeskMachine_Microseconds)>("VeskMachine_Microseconds")());
+}
+
 std::string SimulatedMachine::DefaultName() const {
     const char* const name = Routine<decltype(VeskMachine_BuiltIn)>("VeskMachine_BuiltIn")(0);
     return name != nullptr ? name : "";

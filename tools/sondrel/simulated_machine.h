@@ -3,6 +3,7 @@
 
 #include "system.h"
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -20,6 +21,21 @@ public:
 
     /// Tells every debug and event line to standard error as it is written.
     void Trace();
+
+    /// What a listener is told, and what it does with a line.
+    using Listener = void (*)(void* context, int kind, const char* line);
+
+    /// Tells debug and event lines and boundary calls to the listener as they are written; null ends it.
+    void ListenToCalls(Listener listener, void* context) const;
+
+    /// Its time goes on as the world's does.
+    void TieToRealTime() const;
+
+    /// Lets its own time go on by so much at once.
+    void PassTime(std::chrono::microseconds time) const;
+
+    /// Its own time.
+    [[nodiscard]] std::chrono::microseconds Now() const;
 
     /// The machine that runs when nobody says which.
     [[nodiscard]] std::string DefaultName() const;

@@ -1,4 +1,5 @@
-// What differs between systems: loading a library, the command line, the console. Everything else is portable.
+// What differs between systems: loading a library, the command line, files. Terminals and interrupts have files of
+// their own. Everything else is portable.
 #pragma once
 
 #include <filesystem>
@@ -49,9 +50,6 @@ unsigned long ProcessNumber();
 
 /// Has the system write to the disk what it holds of a file, as far as it lets itself be told.
 void FlushToDisk(const std::filesystem::path& file);
-
-/// Makes the console take UTF-8.
-void PrepareConsole();
 
 } // namespace host_system
 } // namespace tool

@@ -66,9 +66,5 @@ void FlushToDisk(const std::filesystem::path& file) {
     }
 }
 
-void PrepareConsole() {
-    // It takes UTF-8 already.
-}
-
 } // namespace host_system
 } // namespace tool

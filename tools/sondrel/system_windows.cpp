@@ -102,9 +102,5 @@ void FlushToDisk(const std::filesystem::path& file) {
     }
 }
 
-void PrepareConsole() {
-    SetConsoleOutputCP(CP_UTF8);
-}
-
 } // namespace host_system
 } // namespace tool

@@ -1,5 +1,7 @@
 #include "text.h"
 
+#include "column_width.h"
+
 #include <algorithm>
 #include <array>
 #include <numeric>
@@ -93,6 +95,23 @@ int DigitOf(char character) {
     return character >= 'A' && character <= 'F' ? character - 'A' + 10 : -1;
 }
 
+/// Takes as many characters off the front of a text as fit.
+std::string Piece(std::string_view& text, std::size_t columns) {
+    std::string piece;
+    while (!text.empty()) {
+        std::string_view rest = text;
+        const char32_t next = TakeUtf8(rest);
+        const std::size_t width = ColumnsOf(next);
+        if (width > columns) {
+            break;
+        }
+        columns -= width;
+        Append(piece, next);
+        text = rest;
+    }
+    return piece;
+}
+
 std::string LowerCase(std::string_view text) {
     std::string lower(text);
     std::ranges::transform(lower, lower.begin(), [](char character) {
@@ -153,8 +172,11 @@ std::string WellFormed(std::string_view text) {
 }
 
 std::size_t Columns(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0u) != 0x80u; }));
+    std::size_t columns = 0;
+    while (!text.empty()) {
+        columns += ColumnsOf(TakeUtf8(text));
+    }
+    return columns;
 }
 
 std::string OnOneLine(std::string_view text) {
@@ -172,14 +194,34 @@ std::string OnOneLine(std::string_view text) {
 }
 
 std::string Shortened(std::string_view text, std::size_t columns) {
-    if (Columns(text) <= columns) {
+    if (text.size() <= columns || Columns(text) <= columns) {
         return std::string(text);
     }
-    std::string result;
-    for (std::size_t i = 0; i + 3 < columns && !text.empty(); ++i) {
-        Append(result, TakeUtf8(text));
+    constexpr std::string_view Mark = "...";
+    const std::size_t room = columns - std::min(columns, Mark.size());
+    return Piece(text, room).append(Mark.substr(0, columns));
+}
+
+std::vector<std::string> Wrapped(std::string_view text, std::size_t columns) {
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        std::string_view rest = text;
+        std::string line = Piece(rest, columns);
+        if (line.empty()) {
+            Append(line, TakeUtf8(rest)); // wider than the line itself
+        }
+        const std::size_t blank = line.rfind(' ');
+        if (!rest.empty() && rest.front() != ' ' && blank != std::string::npos && blank != 0) {
+            line.resize(blank);
+            rest = text.substr(blank);
+        }
+        while (!rest.empty() && rest.front() == ' ') {
+            rest.remove_prefix(1);
+        }
+        lines.push_back(std::move(line));
+        text = rest;
     }
-    return result + "...";
+    return lines;
 }
 
 std::string Hex(std::span<const std::uint8_t> bytes) {

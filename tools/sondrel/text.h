@@ -21,14 +21,17 @@ std::u16string Utf16(std::string_view text);
 /// The text with whatever is ill-formed in it replaced by U+FFFD.
 std::string WellFormed(std::string_view text);
 
-/// How many characters a terminal shows, each taken as one column wide.
+/// How many columns of a terminal the text takes.
 std::size_t Columns(std::string_view text);
 
 /// For one line of a terminal: control characters are written as \xNN.
 std::string OnOneLine(std::string_view text);
 
-/// At most `columns` characters, the last of them "..." where something was cut.
+/// At most `columns` columns, the last of them "..." where something was cut.
 std::string Shortened(std::string_view text, std::size_t columns);
+
+/// A well-formed text in lines of at most `columns` columns, broken at blanks where there are some.
+std::vector<std::string> Wrapped(std::string_view text, std::size_t columns);
 
 /// Two lower-case digits for each byte.
 std::string Hex(std::span<const std::uint8_t> bytes);

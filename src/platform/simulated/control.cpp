@@ -89,6 +89,11 @@ void VeskMachine_TieToRealTime(int tied) {
     machine::Current().clock.TieToRealTime(tied != 0);
 }
 
+void VeskMachine_PassTime(uint64_t microseconds) {
+    const std::lock_guard lock(machine::MachineMutex());
+    machine::Current().clock.Advance(std::chrono::microseconds(microseconds));
+}
+
 uint64_t VeskMachine_Microseconds(void) {
     const std::lock_guard lock(machine::MachineMutex());
     return static_cast<uint64_t>(machine::Current().clock.Now().count());

@@ -1,0 +1,142 @@
+// What a user at a terminal sees: colour, width, progress; and what Ctrl-C leaves behind.
+#include "text.h"
+
+#include "terminal_run.h"
+#include "tool_run.h"
+
+#include <sys/wait.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+using ::testing::AllOf;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+const std::string Enters = "\x1b[?1049h";
+const std::string CtrlC = "\x03";
+
+class TerminalTest : public test::ToolTest {
+protected:
+    [[nodiscard]] std::vector<std::string> DoubleLine(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.end(), {"--library", DOUBLE_LIBRARY});
+        return arguments;
+    }
+
+    /// The whole output of the tool on a terminal.
+    [[nodiscard]] std::string OnTerminal(const std::vector<std::string>& arguments, unsigned short columns,
+                                         std::vector<std::string> settings = {}) const {
+        settings.push_back("XDG_STATE_HOME=" + Path("state"));
+        test::TerminalRun run(SONDREL_PROGRAM, arguments, settings, columns);
+        EXPECT_EQ(run.End(), 0) << run.Output();
+        return run.Output();
+    }
+
+    static void ExpectInterrupted(test::TerminalRun& run) {
+        const int status = run.End();
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status << run.Output();
+        EXPECT_NE(run.Modes().c_lflag & ECHO, 0u);
+        EXPECT_NE(run.Modes().c_lflag & ICANON, 0u);
+    }
+};
+
+TEST(Columns, CountsWhatATerminalShows) {
+    EXPECT_EQ(tool::Columns("°C Ä"), 4u);
+    EXPECT_EQ(tool::Columns("中文\uFF21"), 6u);
+    EXPECT_EQ(tool::Columns("\U0001F600"), 2u);
+    EXPECT_EQ(tool::Columns("e\u0301\u200B한"), 3u);
+    EXPECT_EQ(tool::Shortened("中文中文", 6), "中...");
+    EXPECT_EQ(tool::Shortened("中文中文", 8), "中文中文");
+    EXPECT_EQ(tool::Shortened("abcdef", 2), "..");
+    EXPECT_THAT(tool::Wrapped("one two 中文中 x", 6), ::testing::ElementsAre("one", "two", "中文中", "x"));
+    EXPECT_THAT(tool::Wrapped("abcdefgh", 3), ::testing::ElementsAre("abc", "def", "gh"));
+    EXPECT_THAT(tool::Wrapped("中", 1), ::testing::ElementsAre("中"));
+}
+
+TEST_F(TerminalTest, ColoursOnlyWhereSomebodySeesIt) {
+    const std::vector<std::string> report = DoubleLine({"report"});
+    EXPECT_THAT(OnTerminal(report, 120),
+                AllOf(HasSubstr("\x1b[1mTemperatures and fans\x1b[0m"),
+                      HasSubstr("\x1b[1;31mfailed (2147483647)"), HasSubstr("52\x1b[2m °C\x1b[0m")));
+    EXPECT_THAT(OnTerminal(report, 120, {"NO_COLOR=1"}), Not(HasSubstr("\x1b[")));
+    EXPECT_THAT(OnTerminal(report, 120, {"TERM=dumb"}), Not(HasSubstr("\x1b[")));
+    EXPECT_THAT(OnTerminal(DoubleLine({"report", "--colour", "never"}), 120), Not(HasSubstr("\x1b[")));
+    EXPECT_THAT(WithDouble({"report"}).out, Not(HasSubstr("\x1b[")));
+    EXPECT_THAT(WithDouble({"report", "--color", "always"}).out, HasSubstr("\x1b[1;31m"));
+}
+
+TEST_F(TerminalTest, FitsEveryWidth) {
+    for (const unsigned short columns : std::initializer_list<unsigned short>{40, 77, 120}) {
+        for (const auto& arguments : {DoubleLine({"report"}), std::vector<std::string>{"report"}}) {
+            for (const std::string& line : test::TerminalRun::VisibleLines(OnTerminal(arguments, columns))) {
+                const bool name = line.starts_with("  ") && line.find_first_of(" (", 2) == std::string::npos;
+                EXPECT_TRUE(name || tool::Columns(line) <= columns) << columns << ": " << line;
+            }
+        }
+    }
+    EXPECT_THAT(OnTerminal({"report"}, 60),
+                HasSubstr("  Thermal_Read_Cpu_Temperature\r\n    53\x1b[2m °C\x1b[0m\r\n"));
+}
+
+TEST_F(TerminalTest, WatchDrawsWithinTheTerminalAndLeavesItAsItWas) {
+    test::TerminalRun run(
+        SONDREL_PROGRAM,
+        DoubleLine({"watch", "--interval", "0.05", "--csv", Path("kept.csv"), "Thermal_Read_Cpu_Temperature",
+                    "Thermal_Read_UpCpu_Temperature", "Battery_Read_CellVoltage", "CPU_ReadCPUUsage"}),
+        {}, 100);
+    ASSERT_TRUE(run.ReadUntil("sample 3")) << run.Output();
+    EXPECT_EQ(run.Modes().c_lflag & ECHO, 0u);
+    EXPECT_THAT(run.Output(),
+                AllOf(HasSubstr(Enters), HasSubstr("52 °C"), HasSubstr("30.0 %"), HasSubstr("▅▅"),
+                      HasSubstr("Battery_Read_CellVoltage[1]"), HasSubstr("failed")));
+    const std::size_t before = run.Output().size();
+    run.Resize(44, 5);
+    ASSERT_TRUE(run.ReadUntil(" more, in a taller window", before));
+    const std::size_t resized = run.Output().size();
+    ASSERT_TRUE(run.ReadUntil(" more, in a taller window", resized));
+    for (const std::string& line : test::TerminalRun::VisibleLines(run.Output().substr(resized))) {
+        EXPECT_LE(tool::Columns(line), 44u) << line;
+    }
+    run.Signal(SIGTSTP);
+    ASSERT_TRUE(run.Stopped());
+    EXPECT_NE(run.Modes().c_lflag & ECHO, 0u);
+    const std::size_t stopped = run.Output().size();
+    run.Signal(SIGCONT);
+    ASSERT_TRUE(run.ReadUntil(Enters, stopped));
+    run.Type("abc" + CtrlC);
+    ExpectInterrupted(run);
+    EXPECT_THAT(run.Output(), EndsWith("\x1b[?7h\x1b[?25h\x1b[?1049lclose\r\n"));
+    std::ifstream in(Path("kept.csv"), std::ios::binary);
+    const std::string kept{std::istreambuf_iterator<char>(in), {}};
+    EXPECT_THAT(kept, EndsWith(",52,,4150,,,,0.30000000000000004\r\n"));
+}
+
+TEST_F(TerminalTest, AnInterruptedPageLeavesTheOldFileAlone) {
+    const std::string file = Write("page.html", "before");
+    test::TerminalRun run(SONDREL_PROGRAM, DoubleLine({"report", "--html", file, "--interval", "60"}), {},
+                          80);
+    ASSERT_TRUE(run.ReadUntil("sample 1 of 20 ... ")) << run.Output();
+    run.Type(CtrlC);
+    ExpectInterrupted(run);
+    std::ifstream in(file);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "before");
+    const std::filesystem::directory_iterator files(Path(""));
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1);
+}
+
+TEST_F(TerminalTest, ALongCallShowsThatItRunsAndCanBeLeft) {
+    const std::vector<std::string> call = DoubleLine({"call", "WMIGetModelName"});
+    test::TerminalRun run(SONDREL_PROGRAM, call, {"DOUBLE_HANGS=1"}, 80);
+    ASSERT_TRUE(run.ReadUntil("calling WMIGetModelName ... 0 s")) << run.Output();
+    run.Type(CtrlC + CtrlC); // one would do, after a while
+    ExpectInterrupted(run);
+    const test::Outcome piped = WithDouble({"call", "AppList_OpenWindows"});
+    EXPECT_EQ(piped.err, "");
+}
+
+} // namespace

@@ -1,0 +1,103 @@
+// sondrel watch and trace, away from a terminal.
+#include "tool_run.h"
+
+#include <fstream>
+#include <iterator>
+#include <regex>
+
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
+using ::testing::Not;
+
+class WatchTest : public test::ToolTest {
+protected:
+    /// Two samples of readings of every kind.
+    [[nodiscard]] test::Outcome Sample(const std::string& file, std::vector<std::string> names) const {
+        names.insert(names.begin(), {"watch", "--count", "2", "--interval", "0.01", "--csv", file});
+        return WithDouble(names);
+    }
+
+    static std::string ContentOf(const std::string& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+};
+
+TEST_F(WatchTest, PrintsPlainLinesIntoAPipe) {
+    const test::Outcome run =
+        WithDouble({"watch", "--count", "2", "--interval", "0.01", "Thermal_Read_Cpu_Temperature",
+                    "Thermal_Read_Fan", "CPU_ReadCPUUsage", "AppList_OpenWindows"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "open\nclose\n");
+    const std::string time = "[-0-9]{10}T[:0-9]{8}\\.[0-9]{3}Z  ";
+    std::string sample = time + "Thermal_Read_Cpu_Temperature  52 °C\n";
+    for (const char place : {'0', '1', '2', '3'}) {
+        sample += time + "Thermal_Read_Fan\\[" + place + "\\]           failed\n";
+    }
+    sample +=
+        time + "CPU_ReadCPUUsage              30.0 %\n" + time + "AppList_OpenWindows           Ä€😀\uFFFD\n";
+    EXPECT_TRUE(std::regex_match(run.out, std::regex(sample + sample))) << run.out;
+}
+
+TEST_F(WatchTest, KeepsSamplesAsCsv) {
+    const std::string file = Path("samples.csv");
+    const std::vector<std::string> names{"Thermal_Read_Cpu_Temperature", "Thermal_Read_ACFET_Temperature",
+                                         "Battery_Read_CellVoltage", "GetEEPROM_Data", "RF_WiFiChannel"};
+    EXPECT_EQ(Sample(file, names).status, 0);
+    const std::string header = "time,Thermal_Read_Cpu_Temperature,Thermal_Read_ACFET_Temperature,"
+                               "Battery_Read_CellVoltage\\[0\\],Battery_Read_CellVoltage\\[1\\],"
+                               "Battery_Read_CellVoltage\\[2\\],Battery_Read_CellVoltage\\[3\\],"
+                               "GetEEPROM_Data,RF_WiFiChannel\r\n";
+    const std::string line = "[-0-9]{10}T[:0-9]{8}\\.[0-9]{3}Z,52,,4150,,,,"
+                             "\"\\{\"\"version\"\":\"\"say \"\"so\"\"\x07\"\"\\}\",\r\n";
+    EXPECT_TRUE(std::regex_match(ContentOf(file), std::regex(header + line + line))) << ContentOf(file);
+
+    std::ofstream(file, std::ios::app) << "2026-01-01T00:00"; // cut off by a crash
+    EXPECT_EQ(Sample(file, names).status, 0);
+    EXPECT_TRUE(std::regex_match(ContentOf(file),
+                                 std::regex(header + line + line + "2026-01-01T00:00\r\n" + line + line)));
+    const std::string before = ContentOf(file);
+    const test::Outcome other = Sample(file, {"RF_WiFiChannel"});
+    EXPECT_EQ(other.status, 2);
+    EXPECT_THAT(other.err, HasSubstr("holds something else than samples of these readings"));
+    EXPECT_EQ(ContentOf(file), before);
+}
+
+TEST_F(WatchTest, RefusesWhatCannotBeWatched) {
+    const auto refused = [&](const std::vector<std::string>& arguments, const char* problem) {
+        const test::Outcome run = WithDouble(arguments);
+        EXPECT_EQ(run.status, 2) << problem;
+        EXPECT_EQ(run.out, "");
+        EXPECT_THAT(run.err, HasSubstr(problem));
+    };
+    refused({"watch", "WMISetQuietFan"}, "WMISetQuietFan changes something");
+    refused({"watch", "RF_WiFiMaxRate"}, "does not export");
+    refused({"watch", "Thermal_Read_Fans"}, "did you mean Thermal_Read_Fan?");
+    refused({"watch", "--interval", "0"}, "--interval");
+    refused({"watch", "--count", "0"}, "--count");
+    refused({"watch", "--csv", Path("no/directory.csv")}, "cannot be written");
+    refused({"report", "--samples", "3"}, "--html");
+    refused({"report", "--html", Path("")}, "is a directory");
+}
+
+TEST_F(WatchTest, TracesACallAsItRuns) {
+    const test::Outcome run = Tool({"trace", "--store", ":memory:", "--", "EC_ReadEcChipId"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(run.out,
+                AllOf(HasSubstr("  debug  [RwEcCmd] cmd: 0xbb DataList: 0x10 ReadData\n"),
+                      HasSubstr("  EC     bb 10 -> 00\n"), HasSubstr("  call   RegSetValueExW EcChipId"),
+                      HasSubstr("result  0\n"), Not(HasSubstr("CreateFileW")))); // the session's
+    const test::Outcome waiting = Tool({"trace", "CPU_ReadCPUUsage", "--store", ":memory:"});
+    EXPECT_THAT(waiting.out, AllOf(HasSubstr("  call   Sleep 1000 ms\n"), HasSubstr("  1000.000 "),
+                                   HasSubstr("result  10.0 %\n")));
+    const test::Outcome real =
+        Tool({"trace", "--library", DOUBLE_LIBRARY, "--", "WMISetBatteryHealth", "-80"});
+    EXPECT_EQ(real.status, 0);
+    EXPECT_THAT(real.out, MatchesRegex("time +[0-9.]+ ms\nresult  1 \\(the firmware took it\\)\n"));
+    EXPECT_THAT(real.err, HasSubstr("told by the simulated machine only"));
+}
+
+} // namespace

@@ -1,0 +1,105 @@
+#include "sample_file.h"
+
+#include "text.h"
+#include "trouble.h"
+
+#include <cstdio>
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Field(std::string_view text) {
+    if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+        return std::string(text);
+    }
+    std::string field = "\"";
+    for (const char character : text) {
+        field.append(character == '"' ? 2 : 1, character);
+    }
+    return field.append(1, '"');
+}
+
+std::string HeaderOf(const std::vector<Series>& series) {
+    std::string line = "time";
+    for (const Series& one : series) {
+        line.append(",").append(Field(one.name));
+    }
+    return line;
+}
+
+/// What stands in a file already.
+struct Present {
+    std::string header;
+    bool empty = true;
+    bool endsLine = true;
+};
+
+Present LookInto(const fs::path& file) {
+    Present present;
+    std::ifstream in(file, std::ios::binary);
+    if (!std::getline(in, present.header)) {
+        return present;
+    }
+    present.empty = false;
+    if (!present.header.empty() && present.header.back() == '\r') {
+        present.header.pop_back();
+    }
+    in.clear();
+    in.seekg(-1, std::ios::end);
+    present.endsLine = in.get() == '\n';
+    return present;
+}
+
+} // namespace
+
+std::string IsoTime(std::chrono::system_clock::time_point time) {
+    using namespace std::chrono;
+    const auto day = floor<days>(time);
+    const year_month_day date(day);
+    const hh_mm_ss clock(floor<milliseconds>(time - day));
+    char text[48];
+    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d.%03dZ", static_cast<int>(date.year()),
+                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()), static_cast<int>(clock.subseconds().count()));
+    return text;
+}
+
+SampleFile::SampleFile(const std::string& file, const std::vector<Series>& series) : m_path(PathOf(file)) {
+    const std::string header = HeaderOf(series);
+    std::error_code problem;
+    const bool regular = fs::is_regular_file(m_path, problem);
+    const Present present = regular ? LookInto(m_path) : Present{};
+    if (!present.empty && present.header != header) {
+        throw Trouble(OnOneLine(file) +
+                      ": holds something else than samples of these readings; give another file");
+    }
+    m_out.open(m_path, std::ios::binary | std::ios::app);
+    if (!m_out) {
+        throw Trouble(OnOneLine(file) + ": cannot be written");
+    }
+    if (present.empty) {
+        WriteLine(header);
+    } else if (!present.endsLine) {
+        WriteLine(""); // an earlier run was cut off within a line
+    }
+}
+
+void SampleFile::Write(const Sample& sample) {
+    std::string line = IsoTime(sample.time);
+    for (const Point& point : sample.points) {
+        line.append(",").append(Field(point.bare));
+    }
+    WriteLine(line);
+}
+
+void SampleFile::WriteLine(const std::string& line) {
+    m_out << line << "\r\n" << std::flush;
+    if (!m_out) {
+        throw Trouble(OnOneLine(Utf8Of(m_path)) + ": cannot be written");
+    }
+}
+
+} // namespace tool
