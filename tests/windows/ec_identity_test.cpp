@@ -91,18 +91,6 @@ TEST_F(EcIdentityCacheTest, AValueOfAnotherKindCountsAsMissingAndIsReplaced) {
     EXPECT_EQ(EcCommands().size(), 2 * std::size(misfits));
 }
 
-TEST_F(EcIdentityCacheTest, AFailedCommandEndsTheReadingAndKeepsNothing) {
-    AnswerIdentity();
-    Answer(EcRule("bb 04", 0, 5));
-    Answer(EcRule("bb 12", 0, 5));
-    EXPECT_EQ(Revision(), Failed);
-    EXPECT_EQ(ChipName(), Failed);
-    EXPECT_FALSE(m_registry.KeyExists());
-    EXPECT_THAT(EcCommands(), ElementsAre("bb 03", "bb 04", "bb 12"));
-    AnswerIdentity();
-    EXPECT_EQ(Revision(), 0x4B4Cu);
-}
-
 LSTATUS WINAPI RefuseToSet(HKEY, const wchar_t*, DWORD, DWORD, const BYTE*, DWORD) {
     return ERROR_ACCESS_DENIED;
 }

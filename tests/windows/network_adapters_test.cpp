@@ -2,7 +2,6 @@
 // the two exports that use it.
 #include "import_patch.h"
 #include "library.h"
-#include "scripted_wmi.h"
 
 #include "platform/network_adapters.h"
 
@@ -119,59 +118,6 @@ TEST_F(NetworkAdaptersTest, AsksTwiceAtMostAndLeavesTheBufferWithoutAList) {
         return ERROR_SUCCESS;
     };
     EXPECT_EQ(TextOf(VESK_CALL(m_library, WMIGetWiFiCardName)), L"");
-}
-
-TEST_F(NetworkAdaptersTest, AnAdapterThatWmiDoesNotKnowHasNoName) {
-    test::ImportPatch patch(m_library.Module());
-    patch.Replace("GetAdaptersInfo", &ListAdapters);
-    AdapterList = [](IP_ADAPTER_INFO* buffer, ULONG&) -> ULONG {
-        buffer->Type = IF_TYPE_IEEE80211;
-        buffer->Index = 4'000'000'000; // no machine has it
-        return ERROR_SUCCESS;
-    };
-    EXPECT_EQ(TextOf(VESK_CALL(m_library, WMIGetWiFiCardName)), L"");
-}
-
-TEST_F(NetworkAdaptersTest, NamesTheWirelessAdaptersThatWmiKnows) {
-    test::ImportPatch patch(m_library.Module());
-    patch.Replace("GetAdaptersInfo", &ListAdapters);
-    AdapterList = [](IP_ADAPTER_INFO* buffer, ULONG& size) -> ULONG {
-        constexpr std::array<DWORD, 3> Indices{5, 6, 9}; // WMI does not know the second
-        if (size < Indices.size() * sizeof *buffer) {
-            size = Indices.size() * sizeof *buffer;
-            return ERROR_BUFFER_OVERFLOW;
-        }
-        for (std::size_t place = 0; place < Indices.size(); ++place) {
-            buffer[place].Index = Indices[place];
-            buffer[place].Type = IF_TYPE_IEEE80211;
-            buffer[place].Next = place + 1 < Indices.size() ? &buffer[place + 1] : nullptr;
-        }
-        return ERROR_SUCCESS;
-    };
-    test::ScriptedWmi wmi;
-    const std::wstring query =
-        L"select * from win32_NetworkAdapter where physicalAdapter='true' and InterfaceIndex = ";
-    wmi.Script().rows[query + L"5"] = {{{L"Name", test::ScriptedValue::Text(L"Farrow WF-7")}}};
-    wmi.Script().rows[query + L"9"] = {{{L"Name", test::ScriptedValue::Text(L"Halden AX")}}};
-    EXPECT_EQ(TextOf(VESK_CALL(m_library, WMIGetWiFiCardName)), L"Farrow WF-7;Halden AX;");
-}
-
-TEST_F(NetworkAdaptersTest, TakesTheTrafficOfRowsWhoseNameIsAsLongAsTheCards) {
-    // Without a Wi-Fi interface the card's name is the eleven letters of a name that nothing has set.
-    const auto row = [](const wchar_t* name, const wchar_t* received, const wchar_t* sent) {
-        return test::ScriptedRow{{L"Name", test::ScriptedValue::Text(name)},
-                                 {L"BytesReceivedPersec", test::ScriptedValue::Text(received)},
-                                 {L"BytesSentPersec", test::ScriptedValue::Text(sent)}};
-    };
-    test::ScriptedWmi wmi;
-    wmi.Script().rows[L"SELECT * FROM Win32_PerfFormattedData_Tcpip_Networkinterface"] = {
-        row(L"Twelve chars", L"1", L"2"), row(L"Eleven char", L"700", L"0"),
-        row(L"eleven CHAR", L"0", L"30")};
-    EXPECT_EQ(TextOf(VESK_CALL(m_library, WMIGetWiFiBytesPersec)), L"700;30");
-}
-
-TEST_F(NetworkAdaptersTest, WithoutCountersThereIsNoTraffic) {
-    EXPECT_EQ(TextOf(VESK_CALL(m_library, WMIGetWiFiBytesPersec)), L"");
 }
 
 } // namespace

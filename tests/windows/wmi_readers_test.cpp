@@ -208,26 +208,6 @@ TEST_F(WmiReadersTest, SmartBlocksOfAnyLengthBoundAndType) {
     EXPECT_EQ(list(ScriptedValue::Bytes(bytes)), L"0");
 }
 
-TEST_F(WmiReadersTest, UsageListsComeFromTextsAndNumbers) {
-    const auto process = [](const wchar_t* name, long long id, const wchar_t* cpu, const wchar_t* mem) {
-        return ScriptedRow{{L"Name", ScriptedValue::Text(name)},
-                           {L"IDProcess", ScriptedValue::Number(VT_I4, id)},
-                           {L"PercentProcessorTime", ScriptedValue::Text(cpu)},
-                           {L"WorkingSet", ScriptedValue::Text(mem)}};
-    };
-    SetRows(L"SELECT * FROM Win32_PerfFormattedData_PerfProc_Process",
-            {process(L"Idle", 0, L"700", L"8192"), process(L"a", 4, L"37", L"99999999999"),
-             process(L"b", 8, L"100", L"1023")});
-    std::vector<wchar_t> out(4096);
-    VESK_CALL(m_library, AppList_CpuUsage)(out.data());
-    EXPECT_EQ(std::wstring(out.data()),
-              L"[{\"process_name\":\"b\",\"cpu_usage\":\"10.0\",\"mem_usage\":\"0\"},"
-              L"{\"process_name\":\"a\",\"cpu_usage\":\"3.7\",\"mem_usage\":\"2097151\"}]");
-    VESK_CALL(m_library, AppList_MemUsage)(out.data());
-    EXPECT_EQ(std::wstring(out.data()),
-              L"[{\"process_name\":\"a\",\"cpu_usage\":\"3.7\",\"mem_usage\":\"2097151\"}]");
-}
-
 /// What the real service says, by the shortest road: one property of the first row.
 std::wstring AskDirectly(const wchar_t* query, const wchar_t* property) {
     platform::OwnedLocator locator;

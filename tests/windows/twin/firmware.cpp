@@ -84,6 +84,10 @@ WINBOOL WINAPI WriteVariable(LPCWSTR name, LPCWSTR guid, PVOID data, DWORD size)
 
 } // namespace
 
+std::size_t DevicesOpen() {
+    return OpenDevices.size();
+}
+
 void PutUpFirmware(test::ImportPatch& patch) {
     patch.Replace("CreateFileW", &Open);
     patch.Replace("CloseHandle", &Close);

@@ -3,9 +3,11 @@
 //     twin default > windows.json
 //
 // The machine's devices are served by the stand-in driver, its registry and files lie with Wine, WMI and sound are
-// COM objects of this program, and what Wine has no machine behind is replaced in the DLL (shims.h).
+// COM objects of this program, and what Wine has no machine behind is replaced in the DLL (shims.h). In the end
+// nothing of all that may be left open.
 #include "library.h"
 #include "scenario.h"
+#include "scripted_audio.h"
 #include "scripted_wmi.h"
 #include "served_machine.h"
 #include "shims.h"
@@ -14,6 +16,9 @@
 
 #include <future>
 #include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
 #include <thread>
 
 namespace {
@@ -37,6 +42,9 @@ public:
     Services(const Services&) = delete;
     Services& operator=(const Services&) = delete;
 
+    /// COM objects that are not released yet.
+    [[nodiscard]] long ObjectsOut() const { return m_script->alive; }
+
     ~Services() {
         ::SetEvent(m_end);
         m_thread.join();
@@ -48,6 +56,7 @@ private:
         try {
             test::ScriptedWmi wmi;
             wmi.Script().service = twin::MachineWmiService();
+            m_script = &wmi.Script();
             stand_in::ServedMachine devices(machine);
             ready.set_value();
             devices.ServeWhile(m_end);
@@ -56,9 +65,16 @@ private:
         }
     }
 
+    const test::WmiScript* m_script = nullptr; // lives as long as the thread
     HANDLE m_end = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
     std::thread m_thread;
 };
+
+void ExpectNothingLeft(std::string_view what, std::size_t count) {
+    if (count != 0) {
+        throw std::runtime_error(std::to_string(count).append(" left open: ").append(what));
+    }
+}
 
 void Report(const std::string& machineName) {
     machine::Start(machine::LoadProfile(machineName), ":memory:");
@@ -72,6 +88,14 @@ void Report(const std::string& machineName) {
     twin::PutUpFirmware(patch);
     twin::PutUpSystem(patch);
     twin::Tell(tool::Host(tool::Options()));
+    for (const std::string& thing : machine::Current().gate.OpenThings()) {
+        ExpectNothingLeft(thing, 1);
+    }
+    ExpectNothingLeft("blocks of the WLAN service", twin::BlocksOut());
+    ExpectNothingLeft("devices", twin::DevicesOpen());
+    ExpectNothingLeft("objects of WMI", static_cast<std::size_t>(services.ObjectsOut()));
+    ExpectNothingLeft("objects of the sound service",
+                      static_cast<std::size_t>(test::ScriptedAudio::Script().alive));
 }
 
 } // namespace

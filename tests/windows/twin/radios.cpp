@@ -14,8 +14,9 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdlib>
 #include <cstring>
+#include <new>
+#include <set>
 
 namespace twin {
 namespace {
@@ -23,9 +24,13 @@ namespace {
 /// What no field says is not nothing: a reader that takes a neighbour shows.
 constexpr int Unsaid = 0xA5;
 
+/// The service's memory that is out.
+std::set<void*> Blocks;
+
 void* NewBlock(std::size_t size) {
-    void* const block = std::malloc(size);
-    return block == nullptr ? nullptr : std::memset(block, Unsaid, size);
+    void* const block = std::memset(::operator new(size), Unsaid, size);
+    Blocks.insert(block);
+    return block;
 }
 
 platform::WlanClient ClientOf(HANDLE handle) {
@@ -148,7 +153,9 @@ DWORD WINAPI GetBssList(HANDLE client, const GUID* guid, const PDOT11_SSID, DOT1
 }
 
 VOID WINAPI FreeBlock(PVOID block) {
-    std::free(block);
+    if (Blocks.erase(block) != 0) {
+        ::operator delete(block);
+    }
 }
 
 void PutUpWlan(test::ImportPatch& patch) {
@@ -285,6 +292,10 @@ ULONG WINAPI ListAdapters(PIP_ADAPTER_INFO buffer, PULONG size) {
 }
 
 } // namespace
+
+std::size_t BlocksOut() {
+    return Blocks.size();
+}
 
 void PutUpRadios(test::ImportPatch& patch) {
     PutUpWlan(patch);

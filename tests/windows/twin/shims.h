@@ -8,6 +8,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <cstdint>
 
 namespace twin {
@@ -18,6 +19,10 @@ void PutUpPackages(test::ImportPatch& patch); // packages, device nodes
 void PutUpFirmware(
     test::ImportPatch& patch);              // variables and the privilege for them, who may open the devices
 void PutUpSystem(test::ImportPatch& patch); // version, lockdown mode, nation, time, power, sound
+
+/// What the DLL took and has not given back, beside what the machine's own ledger tells.
+std::size_t BlocksOut();   // of the WLAN service's memory
+std::size_t DevicesOpen(); // handles of the driver and of ACPI
 
 /// Handles of the machine's are none that Wine gives.
 inline constexpr std::uintptr_t HandleMark = 0x5EED'0000;
