@@ -1,10 +1,21 @@
 #include "platform/simulated/gate.h"
 
+#include "platform/simulated/call_observer.h"
 #include "platform/simulated/machine.h"
 
 #include <cstdio>
 
 namespace machine {
+namespace {
+
+CallObserver TheObserver;
+
+} // namespace
+
+void ObserveCalls(CallObserver observer) {
+    const std::lock_guard lock(MachineMutex());
+    TheObserver = observer;
+}
 
 void Gate::Restart(FaultPlan plan) {
     m_plan = plan;
@@ -52,6 +63,9 @@ Call::Call(Operation operation)
       m_operation(operation),
       m_failure(Current().gate.Enter(operation)),
       m_transcribing(Current().gate.Transcribing()) {
+    if (TheObserver.began != nullptr) {
+        TheObserver.began();
+    }
     if (m_transcribing) {
         m_line = RowOf(operation).name;
     }
@@ -60,6 +74,9 @@ Call::Call(Operation operation)
 Call::~Call() {
     if (m_transcribing && Current().gate.Transcribing()) {
         Current().gate.Write(m_line);
+    }
+    if (TheObserver.ended != nullptr) {
+        TheObserver.ended();
     }
 }
 
