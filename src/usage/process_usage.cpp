@@ -59,29 +59,43 @@ std::u16string RecordText(const Record& record) {
            CpuUsageText(record.cpuUsage) + u"\",\"mem_usage\":\"" + MemUsageText(record.memUsage) + u"\"}";
 }
 
-/// Only as many records as can be listed are put in order.
+/// Keeps a record in place of the one that weighs least, once there are as many as can be listed: of all processes
+/// of the machine only a handful is ever held.
+void Offer(Record record, std::vector<Record>& heaviest, const UsageList& list) {
+    if (!list.weighs(record)) {
+        return;
+    }
+    if (heaviest.size() < list.limit) {
+        heaviest.push_back(std::move(record));
+        return;
+    }
+    const auto lightest = std::ranges::max_element(heaviest, list.before);
+    if (list.before(record, *lightest)) {
+        *lightest = std::move(record);
+    }
+}
+
 std::u16string Document(std::vector<Record> records, const UsageList& list) {
-    const auto end = records.begin() + static_cast<std::ptrdiff_t>(std::min(list.limit, records.size()));
-    std::partial_sort(records.begin(), end, records.end(), list.before);
+    std::ranges::sort(records, list.before);
     std::u16string document = u"[";
-    for (auto record = records.begin(); record != end && list.weighs(*record); ++record) {
-        if (record != records.begin()) {
+    for (const Record& record : records) {
+        if (&record != records.data()) {
             document += u',';
         }
-        document += RecordText(*record);
+        document += RecordText(record);
     }
     return document + u']';
 }
 
 std::u16string ReadUsage(const UsageList& list, const std::u16string& nameSpace, const std::u16string& query,
                          std::uint8_t initCom) {
-    std::vector<Record> records;
+    std::vector<Record> heaviest;
     const bool read = WalkWmiQuery(list.reader, nameSpace, query, initCom, [&](platform::WbemObject row) {
         if (auto record = ReadRecord(row)) {
-            records.push_back(std::move(*record));
+            Offer(std::move(*record), heaviest, list);
         }
     });
-    return read ? Document(std::move(records), list) : std::u16string();
+    return read ? Document(std::move(heaviest), list) : std::u16string();
 }
 
 std::u16string ReadWMICpuUsage(std::u16string nameSpace, std::u16string query, std::uint8_t initCom) {

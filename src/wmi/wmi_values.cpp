@@ -56,8 +56,8 @@ std::u16string TextUpToZeroOf(WmiValue value) {
         std::ranges::transform(*codes, text.begin(), [](std::int32_t code) {
             return static_cast<char16_t>(static_cast<std::uint32_t>(code));
         });
-    } else {
-        text = TextOf(std::move(value));
+    } else if (auto* whole = std::get_if<std::u16string>(&value)) {
+        text = std::move(*whole);
     }
     text.resize(std::min(text.find(u'\0'), text.size()));
     return text;

@@ -1,5 +1,6 @@
 #include "platform/simulated/gate.h"
 
+#include "platform/simulated/call_observer.h"
 #include "platform/simulated/machine.h"
 
 #include <cstdio>
@@ -8,6 +9,7 @@ namespace machine {
 namespace {
 
 thread_local unsigned CallsUnderWay = 0;
+CallObserver TheObserver;
 
 } // namespace
 
@@ -21,6 +23,11 @@ Call::Inside::Inside() {
 
 Call::Inside::~Inside() {
     --CallsUnderWay;
+}
+
+void ObserveCalls(CallObserver observer) {
+    const std::lock_guard lock(MachineMutex());
+    TheObserver = observer;
 }
 
 void Gate::Restart(FaultPlan plan) {
@@ -69,6 +76,9 @@ Call::Call(Operation operation)
       m_operation(operation),
       m_failure(Current().gate.Enter(operation)),
       m_transcribing(Current().gate.Transcribing()) {
+    if (TheObserver.began != nullptr) {
+        TheObserver.began();
+    }
     if (m_transcribing) {
         m_line = RowOf(operation).name;
     }
@@ -77,6 +87,9 @@ Call::Call(Operation operation)
 Call::~Call() {
     if (m_transcribing && Current().gate.Transcribing()) {
         Current().gate.Write(m_line);
+    }
+    if (TheObserver.ended != nullptr) {
+        TheObserver.ended();
     }
 }
 

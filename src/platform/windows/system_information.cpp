@@ -3,7 +3,7 @@
 #include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 
-#include <time.h>
+#include <ctime>
 
 namespace platform {
 namespace {

@@ -1,0 +1,37 @@
+// A road of the library to the machine, and how it is measured.
+#pragma once
+
+#include "platform/simulated/machine.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+struct Road {
+    std::string name;
+    std::function<machine::Profile(std::size_t items)> machine; // the machine to go to, with so many items
+    std::function<void()> go;
+    double aim = 0; // times the bare calls, 0: none
+};
+
+/// Roads over lists of 1,000, 10,000 and 100,000 items.
+std::vector<Road> GrowingRoads();
+/// Roads that are always as long.
+std::vector<Road> SingleRoads();
+
+/// Makes the road a benchmark. An observer of the machine's calls tells in each run what they cost by themselves; the
+/// rest is the library's. Of all iterations of a repetition the one that was disturbed least counts. The counters:
+///
+///   seconds       for one item
+///   ratio         of the whole to the platform calls alone
+///   allocations   of the heap for one item, without those behind the boundary
+///   calls         that crossed the boundary for one item
+void Register(const Road& road, bool grows);
+
+/// The table of all that was registered and chosen. False when the arguments were not understood.
+bool PrintTable(int argc, char** argv, const std::vector<Road>& roads);
+
+} // namespace bench
