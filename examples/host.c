@@ -2,7 +2,7 @@
 #include "vesk_sondrel.h"
 
 #include <stdio.h>
-#include <string.h>
+#include <stdlib.h>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -23,12 +23,15 @@ static void* LoadSondrel(void) {
 
 /* One export, to be cast to the type of its declaration in the header. */
 static Routine Find(void* library, const char* name) {
-    Routine routine = NULL;
 #ifdef _WIN32
-    routine = (Routine)GetProcAddress((HMODULE)library, name);
+    const Routine routine = (Routine)GetProcAddress((HMODULE)library, name);
 #else
-    void* const address = dlsym(library, name);
-    memcpy(&routine, &address, sizeof routine);
+    const union {
+        void* address;
+        Routine routine;
+    } found = {dlsym(library, name)};
+
+    const Routine routine = found.routine;
 #endif
     if (routine == NULL) {
         printf("%s is not exported by this library\n", name);
@@ -76,13 +79,17 @@ static void ReadWithSession(void* library) {
     /* A list in a narrow text: each fan fails for itself, in its own place. */
     if (readFans != NULL) {
         char text[44]; /* the size that the header gives */
-        unsigned long speed[4] = {0};
         readFans(text);
-        if (sscanf(text, "%lu;%lu;%lu;%lu", &speed[0], &speed[1], &speed[2], &speed[3]) == 4) {
-            for (int i = 0; i < 4; ++i) {
-                printf(speed[i] == VESK_READ_FAILED ? "fan %d: the read failed\n" : "fan %d: %lu rpm\n", i,
-                       speed[i]);
+        const char* place = text;
+        for (int fan = 0; fan < 4; ++fan) {
+            char* end = NULL;
+            const unsigned long speed = strtoul(place, &end, 10);
+            if (speed == VESK_READ_FAILED) {
+                printf("fan %d: the read failed\n", fan);
+            } else {
+                printf("fan %d: %lu rpm\n", fan, speed);
             }
+            place = *end == ';' ? end + 1 : end;
         }
     }
 }
