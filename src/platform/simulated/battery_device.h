@@ -3,6 +3,7 @@
 
 #include "platform/simulated/battery_profile.h"
 #include "platform/simulated/devices.h"
+#include "platform/simulated/machine_course.h"
 
 #include <string>
 
@@ -11,6 +12,9 @@ namespace machine {
 class BatteryDevice final : public Device {
 public:
     explicit BatteryDevice(const BatteryProfile& profile) : m_profile(profile) {}
+
+    /// Other values are measured now.
+    void Measure(const MachineCourse& course) { course.Measure(m_profile); }
 
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
     void Close() override;

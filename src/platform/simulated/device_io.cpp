@@ -88,6 +88,7 @@ bool DeviceIoControl(Handle device, std::uint32_t code, std::span<const std::byt
         machine::SetLastError(call.Refused() ? call.RefusalCode() : error::InvalidHandle);
         return call.Answered(false);
     }
+    machine.CatchUp();
     machine::ControlAnswer answer = opened->second->Control(code, in, out.size());
     machine::SetLastError(answer.error);
     if (answer.error != error::Success) {

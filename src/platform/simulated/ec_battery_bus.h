@@ -16,6 +16,9 @@ class EcBatteryBus {
 public:
     explicit EcBatteryBus(const EcProfile& profile);
 
+    /// The cells have other voltages now.
+    void Measure(const EcProfile& profile) { m_battery.cellVolts = profile.battery.cellVolts; }
+
     std::optional<EcAnswer> CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
 
 private:

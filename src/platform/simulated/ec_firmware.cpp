@@ -4,6 +4,12 @@ namespace machine {
 
 EcFirmware::EcFirmware(const EcProfile& profile) : m_banks(profile), m_tachometer(profile), m_bus(profile) {}
 
+void EcFirmware::Measure(const EcProfile& profile) {
+    m_banks = EcRegisterBanks(profile);
+    m_tachometer.Measure(profile);
+    m_bus.Measure(profile);
+}
+
 EcAnswer EcFirmware::CarryOut(std::uint8_t command, std::span<const std::uint8_t> data) {
     if (const auto answer = m_tachometer.CarryOut(command, data)) {
         return *answer;

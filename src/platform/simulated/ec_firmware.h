@@ -12,6 +12,9 @@ class EcFirmware {
 public:
     explicit EcFirmware(const EcProfile& profile);
 
+    /// Other values are measured now. What is being counted or transferred goes on.
+    void Measure(const EcProfile& profile);
+
     EcAnswer CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
 
 private:

@@ -3,6 +3,8 @@
 #include "platform/simulated/ec_generation.h"
 #include "platform/simulated/ec_units.h"
 
+#include <algorithm>
+
 namespace machine {
 namespace {
 
@@ -29,6 +31,12 @@ std::size_t TachometerFans(Generation generation) {
 
 EcTachometer::EcTachometer(const EcProfile& profile) : m_fans(profile.fans) {
     m_fans.resize(TachometerFans(GenerationOf(profile)));
+}
+
+void EcTachometer::Measure(const EcProfile& profile) {
+    for (std::size_t fan = 0; fan < std::min(m_fans.size(), profile.fans.size()); ++fan) {
+        m_fans[fan].rpm = profile.fans[fan].rpm;
+    }
 }
 
 EcAnswer EcTachometer::Start(std::span<const std::uint8_t> data) {

@@ -16,6 +16,9 @@ class EcTachometer {
 public:
     explicit EcTachometer(const EcProfile& profile);
 
+    /// The fans turn at other speeds now.
+    void Measure(const EcProfile& profile);
+
     std::optional<EcAnswer> CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
 
 private:

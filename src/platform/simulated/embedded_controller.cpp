@@ -22,6 +22,11 @@ constexpr std::uint8_t RegisterChipName = 0x12; // and the three behind it
 EmbeddedController::EmbeddedController(EcProfile profile)
     : m_profile(std::move(profile)), m_firmware(m_profile) {}
 
+void EmbeddedController::Measure(const MachineCourse& course) {
+    course.Measure(m_profile);
+    m_firmware.Measure(m_profile);
+}
+
 const EcFault* EmbeddedController::FaultOf(std::uint8_t command) {
     const std::uint32_t use = ++m_uses[command];
     for (const EcFault& fault : m_profile.faults) {

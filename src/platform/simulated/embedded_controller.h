@@ -3,6 +3,7 @@
 
 #include "platform/simulated/ec_firmware.h"
 #include "platform/simulated/ec_profile.h"
+#include "platform/simulated/machine_course.h"
 
 #include <array>
 #include <cstdint>
@@ -13,6 +14,9 @@ namespace machine {
 class EmbeddedController {
 public:
     explicit EmbeddedController(EcProfile profile);
+
+    /// Other values are measured now.
+    void Measure(const MachineCourse& course);
 
     /// Carries out one command. A command that this firmware does not have is answered with a status.
     EcAnswer CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);

@@ -63,6 +63,10 @@ IoDriver::IoDriver(const DriverProfile& driver, ProcessorProfile processor, Embe
     m_processor.leaves.try_emplace(0, VendorLeaf(m_processor.vendor));
 }
 
+void IoDriver::Measure(const MachineCourse& course) {
+    m_processor.packagePower = course.PackagePower().value_or(m_processor.packagePower);
+}
+
 platform::SystemError IoDriver::Open(std::uint32_t, std::uint32_t shareMode) {
     if (!m_driver.present) {
         return platform::error::FileNotFound;

@@ -11,6 +11,9 @@ class IoDriver final : public Device {
 public:
     IoDriver(const DriverProfile& driver, ProcessorProfile processor, EmbeddedController& controller);
 
+    /// Other values are measured now.
+    void Measure(const MachineCourse& course);
+
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
     void Close() override;
     ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) override;

@@ -8,6 +8,7 @@
 #include "platform/simulated/xml_documents.h"
 #include "platform/wmi.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -54,6 +55,9 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
       packages(profile.packages),
       windows(profile.windows),
       devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {
+    if (profile.course) {
+        course.emplace(*profile.course, profile.ec, profile.systemPower, profile.batteries);
+    }
     for (std::size_t index = 0; index < batteries.size(); ++index) {
         devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
     }
@@ -65,6 +69,20 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
     com.Register({platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator, [] {
                       return std::make_shared<DeviceEnumeratorObject>();
                   }});
+}
+
+void Machine::CatchUp() {
+    if (!course || !course->MoveTo(clock.Now())) {
+        return;
+    }
+    controller.Measure(*course);
+    driver.Measure(*course);
+    if (!batteries.empty()) {
+        batteries.front().Measure(*course);
+    }
+    const double load = course->Load().At(std::chrono::duration<double>(clock.Now()).count());
+    wmi.Measure(u"ROOT\\CIMV2", u"Win32_Processor", u"LoadPercentage",
+                {std::int64_t{std::lround(load * 100)}});
 }
 
 Machine& Current() {

@@ -12,6 +12,7 @@
 #include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/io_driver.h"
+#include "platform/simulated/machine_course.h"
 #include "platform/simulated/package_store.h"
 #include "platform/simulated/profile.h"
 #include "platform/simulated/radios.h"
@@ -26,6 +27,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,9 +48,13 @@ public:
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
 
+    /// Brings what moves to the present moment. Whoever answers with something that is measured asks for it first.
+    void CatchUp();
+
     const Profile profile;
     Gate gate;
     Clock clock;
+    std::optional<MachineCourse> course;
     Store store;
     RegistryHive registry;
     EmbeddedController controller;

@@ -123,6 +123,7 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         const auto document = nlohmann::json::parse(text);
         ProfileReader reader(document, "");
         Profile profile;
+        reader.Text("$schema", ""); // for the editor that the profile is written in
         profile.name = reader.Text("name");
         profile.description = reader.Text("description", "");
         profile.ec = ReadEc(reader.Object("ec"));
@@ -130,6 +131,9 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         profile.processor = ReadProcessor(reader.Object("processor"));
         profile.batteries = ReadBatteries(reader);
         profile.systemPower = ReadSystemPower(reader.Object("system_power"));
+        if (reader.Has("course")) {
+            profile.course = ReadCourse(reader.Object("course"));
+        }
         profile.registry = ReadRegistry(reader.Object("registry"));
         profile.network = ReadNetwork(reader.Object("network"));
         profile.wifi = ReadWifi(reader.Object("wifi"));

@@ -4,6 +4,7 @@
 #include "platform/simulated/acpi_profile.h"
 #include "platform/simulated/battery_profile.h"
 #include "platform/simulated/bluetooth_profile.h"
+#include "platform/simulated/course_profile.h"
 #include "platform/simulated/desktop_profile.h"
 #include "platform/simulated/device_nodes_profile.h"
 #include "platform/simulated/ec_profile.h"
@@ -19,6 +20,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +70,7 @@ struct Profile {
     ProcessorProfile processor;
     std::vector<BatteryProfile> batteries;
     SystemPowerProfile systemPower;
+    std::optional<CourseProfile> course;
     RegistryProfile registry;
     NetworkProfile network;
     WifiProfile wifi;

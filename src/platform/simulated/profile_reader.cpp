@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 
@@ -18,7 +19,8 @@ std::optional<std::uint64_t> WholeNumber(const nlohmann::json& value) {
         return std::nullopt;
     }
     const auto& text = value.get_ref<const std::string&>();
-    if (!text.starts_with("0x") || text.size() < 3) {
+    constexpr std::size_t LongestNumber = 18;
+    if (!text.starts_with("0x") || text.size() < 3 || text.size() > LongestNumber) {
         return std::nullopt;
     }
     std::uint64_t number = 0;
@@ -73,7 +75,8 @@ std::string ProfileReader::Text(std::string_view name, std::string_view fallback
 
 std::string ProfileReader::FixedText(std::string_view name, std::size_t length) {
     std::string text = Text(name);
-    if (text.size() != length) {
+    if (text.size() != length ||
+        !std::ranges::all_of(text, [](char each) { return each >= ' ' && each <= '~'; })) {
         Fail(name, std::to_string(length) + " letters");
     }
     return text;

@@ -31,7 +31,7 @@ public:
 
     std::string Text(std::string_view name);
     std::string Text(std::string_view name, std::string_view fallback);
-    /// A text of exactly so many letters.
+    /// A text of exactly so many printable ASCII characters.
     std::string FixedText(std::string_view name, std::size_t length);
 
     /// A whole number, as JSON number or as text of hexadecimal digits behind "0x".

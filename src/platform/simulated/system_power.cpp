@@ -6,15 +6,19 @@
 
 namespace machine {
 
-SystemTimesSample ProcessorTimes::Now(const Clock& clock) {
+SystemTimesSample ProcessorTimes::Now(const Clock& clock, const MachineCourse* course) {
     constexpr double UnitsPerMicrosecond = 10;
+    constexpr double UnitsPerSecond = 10'000'000;
     if (!m_profile.samples.empty()) {
         const SystemTimesSample sample = m_profile.samples[m_nextSample];
         m_nextSample += m_nextSample + 1 < m_profile.samples.size() ? 1 : 0;
         return sample;
     }
     const double time = static_cast<double>(clock.Now().count()) * UnitsPerMicrosecond * m_profile.processors;
-    const double busy = time * m_profile.load;
+    const double busy = course != nullptr
+                            ? course->Load().BusySeconds(std::chrono::duration<double>(clock.Now()).count()) *
+                                  UnitsPerSecond * m_profile.processors
+                            : time * m_profile.load;
     const double busyInKernel = busy * m_profile.kernelShare;
     SystemTimesSample sample;
     sample.idle = static_cast<std::uint64_t>(time - busy);
@@ -37,7 +41,9 @@ bool GetSystemTimes(SystemTimes& times) {
         machine::SetLastError(call.RefusalCode());
         return call.Answered(false);
     }
-    const machine::SystemTimesSample sample = Current().processorTimes.Now(Current().clock);
+    machine::Machine& machine = Current();
+    const machine::SystemTimesSample sample =
+        machine.processorTimes.Now(machine.clock, machine.course ? &*machine.course : nullptr);
     times = {sample.idle, sample.kernel, sample.user};
     call.Note([&] {
         return "idle " + std::to_string(sample.idle) + " kernel " + std::to_string(sample.kernel) + " user " +
@@ -53,7 +59,10 @@ bool GetSystemPowerStatus(SystemPowerStatus& status) {
         machine::SetLastError(call.RefusalCode());
         return call.Answered(false);
     }
-    status = {Current().profile.systemPower.acLine, 255, 255, UnknownTime, UnknownTime};
+    const machine::Machine& machine = Current();
+    const std::uint8_t acLine =
+        machine.course ? machine.course->AcLine(machine.clock.Now()) : machine.profile.systemPower.acLine;
+    status = {acLine, 255, 255, UnknownTime, UnknownTime};
     call.Note([&] { return "line " + std::to_string(status.acLineStatus); });
     return call.Answered(true);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/simulated/clock.h"
+#include "platform/simulated/machine_course.h"
 #include "platform/simulated/system_power_profile.h"
 
 #include <cstddef>
@@ -13,7 +14,7 @@ class ProcessorTimes {
 public:
     explicit ProcessorTimes(SystemPowerProfile profile) : m_profile(std::move(profile)) {}
 
-    SystemTimesSample Now(const Clock& clock);
+    SystemTimesSample Now(const Clock& clock, const MachineCourse* course);
 
 private:
     SystemPowerProfile m_profile;

@@ -3,8 +3,10 @@
 #include "platform/simulated/profile_reader.h"
 #include "platform/simulated/wide_text.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <string_view>
 
 namespace machine {
 namespace {
@@ -24,7 +26,12 @@ std::int64_t ReadDate(ProfileReader& reader, std::string_view name, std::string_
                                    &minute, &second, &end);
     const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month},
                                            std::chrono::day{day}};
-    const bool whole = fields == 6 && static_cast<std::size_t>(end) == text.size();
+    const bool digits = std::ranges::all_of(text, [](char each) {
+        return std::string_view("0123456789-T:").find(each) != std::string_view::npos;
+    });
+    constexpr std::size_t Length = 19; // each field with all of its digits
+    const bool whole =
+        fields == 6 && digits && text.size() == Length && static_cast<std::size_t>(end) == Length;
     if (!whole || !date.ok() || hour > 23 || minute > 59 || second > 59) {
         reader.Fail(name, ExpectedDate);
     }

@@ -96,6 +96,7 @@ HResult ExecQuery(WbemServices services, const char16_t* queryLanguage, const ch
             if (machine::Folded(queryLanguage) != u"WQL") {
                 return wbem::InvalidQueryType;
             }
+            Current().CatchUp();
             machine::WmiQueryResult result = machine::WmiRepository::Run(here.space, query);
             // Only a caller who waits for the whole answer is told of trouble here.
             if ((flags & wbem::ReturnImmediately) == 0 && Failed(result.status)) {

@@ -101,6 +101,23 @@ void WmiRepository::AnswerMethods(std::u16string_view space, std::u16string_view
     }
 }
 
+void WmiRepository::Measure(std::u16string_view space, std::u16string_view className,
+                            std::u16string_view property, const WmiDatum& datum) {
+    const auto classes = m_namespaces.find(Folded(space));
+    if (classes == m_namespaces.end()) {
+        return;
+    }
+    const auto found = classes->second.find(Folded(className));
+    if (found == classes->second.end()) {
+        return;
+    }
+    for (WmiInstance& instance : found->second->instances) {
+        if (const auto row = instance.properties.find(Folded(property)); row != instance.properties.end()) {
+            row->second = datum;
+        }
+    }
+}
+
 WmiQueryResult WmiRepository::Run(const WmiNamespace& space, std::u16string_view query) {
     auto parsed = ParseWql(query);
     if (!parsed) {

@@ -79,6 +79,10 @@ public:
     /// Puts a model behind a class's methods. A class that the profile does not have is not made.
     void AnswerMethods(std::u16string_view space, std::u16string_view className, WmiMethods& methods);
 
+    /// Gives all instances of a class another value of a property that they have.
+    void Measure(std::u16string_view space, std::u16string_view className, std::u16string_view property,
+                 const WmiDatum& datum);
+
     static WmiQueryResult Run(const WmiNamespace& space, std::u16string_view query);
 
     /// The class of the instance with this path; null when there is no such instance.
