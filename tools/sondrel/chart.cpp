@@ -45,6 +45,13 @@ std::string Command(char letter, Place place) {
     return std::string(1, letter).append(Coordinate(place.x)).append(" ").append(Coordinate(place.y));
 }
 
+/// A stroke along a bar, between two shares of it.
+std::string Stroke(double from, double to) {
+    std::string commands = "M";
+    commands.append(Coordinate(from * Width)).append(" 8H").append(Coordinate(to * Width + 0.01));
+    return commands;
+}
+
 /// One stretch without a gap: the curve and the area below it.
 std::string StretchOf(std::span<const Place> places) {
     std::string line;
@@ -54,8 +61,8 @@ std::string StretchOf(std::span<const Place> places) {
     if (places.size() == 1) {
         return Path("line", line + "h0.01"); // a dot
     }
-    const std::string area = Command('M', {places.front().x, Height}) + "L" + line.substr(1) +
-                             Command('L', {places.back().x, Height}) + "Z";
+    std::string area = Command('M', {places.front().x, Height});
+    area.append("L").append(line, 1).append(Command('L', {places.back().x, Height})).append("Z");
     return Path("area", area) + Path("line", line);
 }
 
@@ -94,9 +101,8 @@ std::string BarSvg(std::span<const std::optional<double>> numbers, Range range, 
         }
     }
     if (newest) {
-        text += Path("fill", "M0 8H" + Coordinate(Share(*newest, range) * Width));
-        text += Path("met", "M" + Coordinate(Share(met->low, range) * Width) + " 8H" +
-                                Coordinate(Share(met->high, range) * Width + 0.01));
+        text += Path("fill", Stroke(0, Share(*newest, range)));
+        text += Path("met", Stroke(Share(met->low, range), Share(met->high, range)));
     }
     return text + "</svg>";
 }

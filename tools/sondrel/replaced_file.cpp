@@ -12,40 +12,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Trouble CannotWrite(const fs::path& file, const std::string& reason) {
-    return Trouble(OnOneLine(Utf8Of(file)) + ": cannot be written" + (reason.empty() ? "" : ": ") + reason);
-}
-
-/// The new text beside the file, gone with its owner unless it has taken the file's place.
-class Draft {
-public:
-    explicit Draft(const fs::path& file) : m_path(file) {
-        m_path += "." + std::to_string(host_system::ProcessNumber()) + ".new";
-        interrupt::RemoveWhenForced(m_path);
-    }
-
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
-
-    ~Draft() {
-        std::error_code problem;
-        fs::remove(m_path, problem);
-        interrupt::RemoveWhenForced({});
-    }
-
-    [[nodiscard]] const fs::path& Path() const { return m_path; }
-
-private:
-    fs::path m_path;
-};
-
-void Write(const fs::path& file, std::string_view text) {
-    std::ofstream out(file, std::ios::binary);
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    out.close();
-    if (!out) {
-        throw CannotWrite(file, "");
-    }
+Trouble CannotWrite(const fs::path& file, std::string_view reason = {}) {
+    std::string text = OnOneLine(Utf8Of(file));
+    text.append(": cannot be written").append(reason.empty() ? "" : ": ").append(reason);
+    return Trouble(text);
 }
 
 /// Behind a link, so that the link stays one.
@@ -57,27 +27,53 @@ fs::path TargetOf(const fs::path& file) {
 
 } // namespace
 
-void ReplaceFile(const fs::path& file, std::string_view text) {
-    const fs::path target = TargetOf(file);
+ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)), m_draft(m_file) {
     std::error_code problem;
-    const fs::file_status present = fs::status(target, problem);
+    const fs::file_status present = fs::status(m_file, problem);
     if (fs::is_directory(present)) {
-        throw CannotWrite(file, "it is a directory");
+        throw CannotWrite(m_file, "it is a directory");
     }
-    if (fs::exists(present) && !fs::is_regular_file(present)) {
-        Write(target, text);
+    if (fs::exists(present)) {
+        m_permissions = present.permissions();
+    }
+    if (!fs::exists(present) || fs::is_regular_file(present)) {
+        m_draft += ".";
+        m_draft += std::to_string(host_system::ProcessNumber()).append(".new");
+        interrupt::RemoveWhenForced(m_draft);
+        if (!std::ofstream(m_draft, std::ios::binary)) {
+            interrupt::RemoveWhenForced({});
+            throw CannotWrite(m_file);
+        }
+    }
+}
+
+ReplacedFile::~ReplacedFile() {
+    if (m_draft != m_file) {
+        std::error_code problem;
+        fs::remove(m_draft, problem);
+        interrupt::RemoveWhenForced({});
+    }
+}
+
+void ReplacedFile::Put(std::string_view text) {
+    std::ofstream out(m_draft, std::ios::binary);
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    out.close();
+    if (!out) {
+        throw CannotWrite(m_file);
+    }
+    if (m_draft == m_file) {
         return;
     }
-    const Draft draft(target);
-    Write(draft.Path(), text);
-    if (fs::exists(present)) {
-        fs::permissions(draft.Path(), present.permissions(), problem);
+    std::error_code problem;
+    if (m_permissions != fs::perms::unknown) {
+        fs::permissions(m_draft, m_permissions, problem);
     }
-    host_system::FlushToDisk(draft.Path());
+    host_system::FlushToDisk(m_draft);
     interrupt::Check();
-    fs::rename(draft.Path(), target, problem);
+    fs::rename(m_draft, m_file, problem);
     if (problem) {
-        throw CannotWrite(file, problem.message());
+        throw CannotWrite(m_file, problem.message());
     }
 }
 

@@ -328,13 +328,15 @@ std::string HeadOf(const Host& host, const Inventory& inventory) {
 } // namespace
 
 void ReportAsPage(const Host& host, const Options& options) {
+    ReplacedFile file(PathOf(options.html));
     Inventory inventory;
     ReadAll(host, options, [&](const Reading& reading) { inventory.Add(reading); });
     const Recording recording = Record(host, options);
-    ReplaceFile(PathOf(options.html), HeadOf(host, inventory) + "<main>\n" + TelemetryOf(recording) + "\n" +
-                                          inventory.Tables() +
-                                          "</main><footer>Written by sondrel. The page is complete in itself."
-                                          "</footer></body></html>\n");
+    std::string page = HeadOf(host, inventory);
+    page.append("<main>\n").append(TelemetryOf(recording)).append("\n").append(inventory.Tables());
+    page.append(
+        "</main><footer>Written by sondrel. The page is complete in itself.</footer></body></html>\n");
+    file.Put(page);
 }
 
 } // namespace tool

@@ -66,7 +66,9 @@ public:
         }
         if (reading.row.family != m_family) {
             m_family = reading.row.family;
-            m_out << '\n' << m_paint(Style::Title, TitleOf(m_family)) << '\n';
+            m_out << '\n'
+                  << m_paint(Style::Title, Shortened(TitleOf(m_family), m_layout.margin + m_layout.room))
+                  << '\n';
         }
         m_out << "  " << reading.row.name;
         std::string lead =

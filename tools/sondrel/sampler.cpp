@@ -85,7 +85,9 @@ Sampler::Sampler(const Host& host, const Options& options, std::span<const std::
         const std::size_t places = PlacesIn(row);
         for (std::size_t place = 0; place < places; ++place) {
             std::string title(row.name);
-            title += places == 1 ? std::string() : "[" + std::to_string(place) + "]";
+            if (places > 1) {
+                title.append("[").append(std::to_string(place)).append("]");
+            }
             m_series.push_back({&row, place, std::move(title)});
         }
     }
