@@ -21,8 +21,6 @@ namespace fs = std::filesystem;
 using test::ScriptedValue;
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 const std::wstring FirmwareClass = L"VeskZrnWmi_WMNB";
@@ -129,68 +127,6 @@ TEST_F(FirmwareFeaturesTest, AMethodCallWalksItsStepsAndGivesEverythingBackInOrd
     EXPECT_THAT(m_methods, ElementsAre(L"DEVS 1114137 1"));
 }
 
-TEST_F(FirmwareFeaturesTest, TheFirmwareSaysWhatItHas) {
-    struct Row {
-        long long status;
-        std::int32_t health;
-        std::int32_t fan;
-    };
-
-    for (const Row& row : {Row{65536, 1, 0}, Row{65537, 0, 1}, Row{0, 0, -1}, Row{-2, 0, -1}}) {
-        m_status = row.status;
-        EXPECT_EQ(VESK_CALL(m_library, WMICheckBatteryHealthSupport)(1), row.health) << row.status;
-        EXPECT_EQ(VESK_CALL(m_library, WMICheckQuietFanSupport)(1), row.fan) << row.status;
-    }
-    m_wmi.Script().rows[FirmwareQuery].clear();
-    m_logs.Take();
-    EXPECT_EQ(VESK_CALL(m_library, WMICheckQuietFanSupport)(1), -1);
-    EXPECT_THAT(m_logs.Take(),
-                ElementsAre(L"event [wmiMethod] Could not Get the Next Object. Error code = 0x1",
-                            L"debug [wmiMethod] Could not Get the Next Object. Error code = 0x1",
-                            L"debug [wmiMethod] Do CoUninitialize()",
-                            L"debug [WMICheckQuietFanSupport] output is ",
-                            L"debug [WMICheckQuietFanSupport] Not Support Quiet Fan"));
-}
-
-TEST_F(FirmwareFeaturesTest, TellsEveryFailedStepInBothLogs) {
-    struct Row {
-        HRESULT test::WmiScript::*step;
-        const wchar_t* event;
-        const wchar_t* debug;
-    };
-
-    const Row rows[] = {
-        {&test::WmiScript::createInstance, L"Step3 Failed to create IWbemLocator object.", nullptr},
-        {&test::WmiScript::connectServer, L"Step4 Could not connect.", nullptr},
-        {&test::WmiScript::setBlanket, L"Step5 Could not set proxy blanket.", nullptr},
-        {&test::WmiScript::execQuery, L" Step6 Could not ExecQuery.", L"Step6 Could not ExecQuery."},
-        {&test::WmiScript::getObject, L"Could not GetObject.", nullptr},
-        {&test::WmiScript::getMethod, L"Could not GetMethod.", nullptr},
-        {&test::WmiScript::spawnInstance, L"Could not SpawnInstance.", nullptr},
-        {&test::WmiScript::put, L"Could not put parameters.", nullptr},
-        {&test::WmiScript::execMethod, L"Could not execute method.", L"Could not execute method. "},
-    };
-    for (const Row& row : rows) {
-        m_wmi.Script().*row.step = static_cast<HRESULT>(0x80041003);
-        m_logs.Take();
-        EXPECT_EQ(VESK_CALL(m_library, WMICheckBatteryHealthSupport)(1), 0);
-        m_wmi.Script().*row.step = S_OK;
-        const std::wstring code = L"Error code = 0x80041003";
-        const bool unlike = row.step == &test::WmiScript::execMethod;
-        const std::wstring event =
-            std::wstring(L"event [wmiMethod] ") + row.event + (unlike ? L"" : L" ") + code;
-        const std::wstring debug = std::wstring(L"debug [wmiMethod] ") +
-                                   (row.debug != nullptr ? std::wstring(row.debug) + (unlike ? L"" : L" ")
-                                                         : std::wstring(row.event) + L' ') +
-                                   code;
-        const auto lines = m_logs.Take();
-        ASSERT_GE(lines.size(), 2u);
-        EXPECT_EQ(lines[0], event);
-        EXPECT_EQ(lines[1], debug);
-        EXPECT_EQ(m_wmi.Script().alive, 0) << row.event;
-    }
-}
-
 TEST_F(FirmwareFeaturesTest, SetsRemembersAndReadsBack) {
     EXPECT_EQ(SetPath(m_directory.wstring()), 1);
     EXPECT_EQ(m_registry.Get(L"KELVANE\\mira"), test::TextValue(m_directory.wstring()));
@@ -212,40 +148,6 @@ TEST_F(FirmwareFeaturesTest, SetsRemembersAndReadsBack) {
     EXPECT_EQ(SetHealth(90), 0);
     EXPECT_EQ(GetHealth(), 5);
     EXPECT_THAT(FileNames(), SizeIs(2));
-}
-
-TEST_F(FirmwareFeaturesTest, EachUserHasAPathOfHisOwnAndTheDefaultsStandWithoutADirectory) {
-    SetPath(m_directory.wstring() + L"\\");
-    EXPECT_EQ(SetHealth(60), 1);
-    EXPECT_EQ(TextOf(HealthFile()), "60\r\n") << "a second backslash does no harm";
-    SetUser(L"otto");
-    EXPECT_EQ(GetHealth(), 100);
-    EXPECT_EQ(SetHealth(70), 1) << "the firmware took it";
-    EXPECT_EQ(GetHealth(), 100);
-    SetPath(HealthFile().wstring());
-    EXPECT_EQ(GetHealth(), 100) << "a file is no directory";
-    m_wmi.Script().rows[UserQuery].clear();
-    EXPECT_EQ(SetPath(L"C:\\nobody"), 1);
-    EXPECT_EQ(m_registry.Get(L""), test::TextValue(L"C:\\nobody"));
-    SetUser(L"KELVANE\\mira");
-    EXPECT_EQ(GetHealth(), 60);
-}
-
-TEST_F(FirmwareFeaturesTest, ReadsWhateverStandsInTheFile) {
-    SetPath(m_directory.wstring());
-    const std::pair<const char*, std::int32_t> texts[] = {{"", 100},   {" \r\n", 100},
-                                                          {"80", 80},  {"\r\n  -7 8", -7},
-                                                          {"none", 0}, {"99999999999", 2147483647},
-                                                          {"0x10", 0}, {"-99999999999", -2147483647 - 1}};
-    for (const auto& [text, number] : texts) {
-        Put(HealthFile(), text);
-        EXPECT_EQ(GetHealth(), number) << text;
-    }
-    fs::remove(HealthFile());
-    fs::create_directory(HealthFile());
-    EXPECT_EQ(GetHealth(), 100) << "a directory is no file";
-    EXPECT_EQ(SetHealth(50), 1);
-    EXPECT_THAT(FileNames(), SizeIs(1));
 }
 
 TEST_F(FirmwareFeaturesTest, SharesTheFileAsFarAsOthersDo) {

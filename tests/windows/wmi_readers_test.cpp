@@ -70,44 +70,6 @@ TEST_F(WmiReadersTest, TheStepsCarryTheirArgumentsAndEndInTheOrderOfRelease) {
                                            L"debug WMIGetBiosVersion END"));
 }
 
-TEST_F(WmiReadersTest, AFailedStepIsToldWithItsStatus) {
-    const auto failed = [&](HRESULT test::WmiScript::*step) {
-        m_wmi.Script().*step = AccessDenied;
-        m_wmi.Script().calls.clear();
-        m_logs.Take();
-        EXPECT_EQ(Text("WMIGetHDDInfo"), L"");
-        m_wmi.Script().*step = S_OK;
-        std::vector<std::wstring> lines = m_logs.Take();
-        return std::vector<std::wstring>(lines.begin() + 1, lines.end() - 1);
-    };
-    const auto text = [](const wchar_t* log, const std::wstring& words) {
-        return log + words;
-    };
-    EXPECT_THAT(
-        failed(&test::WmiScript::createInstance),
-        ElementsAre(L"event [ReadWMIPropStr2] Step3 Failed to create IWbemLocator object. Error code = "
-                    L"0x80041003",
-                    L"debug [ReadWMIPropStr2] Step3 Failed to create IWbemLocator object. Error code = "
-                    L"0x80041003"));
-    EXPECT_THAT(failed(&test::WmiScript::connectServer),
-                ElementsAre(text(L"event ", L"[ReadWMIPropStr2] Could not connect. Error code = 0x80041003"),
-                            text(L"debug ", L"Step4 ReadWMIPropStr2 Could not connect. Error code = 0x")));
-    EXPECT_EQ(m_wmi.Script().calls.back(), L"Release IWbemLocator");
-    EXPECT_THAT(
-        failed(&test::WmiScript::setBlanket),
-        ElementsAre(
-            text(L"event ", L"[ReadWMIPropStr2] Could not set proxy blanket. Error code = 0x80041003"),
-            text(L"debug ", L"Step5 ReadWMIPropStr2 Could not set proxy blanket. Error code = 0x")));
-    EXPECT_THAT(
-        failed(&test::WmiScript::execQuery),
-        ElementsAre(L"event [ReadWMIPropStr2] Query for operating system name failed Error code = 0x80041003",
-                    L"debug Step6 ReadWMIPropStr2 Query for operating system name failed."));
-    EXPECT_THAT(m_wmi.Script().calls,
-                ElementsAre(L"CreateInstance", L"ConnectServer root\\Microsoft\\Windows\\Storage",
-                            L"SetBlanket 10 0 3 3 0", L"ExecQuery WQL 48 select * from MSFT_PhysicalDisk",
-                            L"Release IWbemServices", L"Release IWbemLocator"));
-}
-
 TEST_F(WmiReadersTest, AThreadInTheOtherApartmentIsRefusedOrServedInItsOwn) {
     std::thread([&] {
         ASSERT_EQ(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
