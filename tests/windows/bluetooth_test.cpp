@@ -147,22 +147,6 @@ TEST_F(BluetoothTest, ReadsTheConnectedDevicesOfAllRadios) {
                             "close radios", "close devices", "close devices"));
 }
 
-TEST_F(BluetoothTest, AMachineWithoutRadioIsAGoodRead) {
-    Substitute(m_patch);
-    EXPECT_EQ(VESK_CALL(m_library, RF_BTConnectedNum)(), -1000);
-    EXPECT_EQ(VESK_CALL(m_library, RF_BTIsUsed)(), -1000);
-    EXPECT_THAT(Bluetooth.calls, ElementsAre("first radio"));
-}
-
-TEST_F(BluetoothTest, SoIsARadioWithoutDevices) {
-    Substitute(m_patch);
-    Bluetooth.radios = {{}};
-    EXPECT_EQ(VESK_CALL(m_library, RF_BTIsUsed)(), 0);
-    EXPECT_EQ(VESK_CALL(m_library, RF_BTConnectedType)(), "init_string");
-    EXPECT_THAT(Bluetooth.calls,
-                ElementsAre("first radio", "radio info", "first device", "next radio", "close radios"));
-}
-
 TEST_F(BluetoothTest, EveryRoutineThatFailsClosesWhatIsOpen) {
     Substitute(m_patch);
     Bluetooth.radios = {{0x100}, {0x200}};
