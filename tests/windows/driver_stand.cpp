@@ -177,8 +177,6 @@ void DriverStand::Answer(std::wstring_view name, const Rule& rule) {
     request.status = rule.status;
     request.outputSize = CopyBytes(rule.output, request.output);
     request.uses = rule.uses;
-    request.whenState = rule.whenState;
-    request.thenState = rule.thenState;
     Control(STAND_IN_ADD_RULE, &request, sizeof request);
 }
 

@@ -50,11 +50,6 @@ struct Rule {
     Bytes output; // fewer than the caller has room for is a short answer
     std::uint32_t status = nt_status::Success;
     std::uint32_t uses = 0; // 0: for ever
-
-    // A device has a state, 0 at first: with it, one request can decide how the next are answered.
-    static constexpr std::uint32_t Any = 0xFFFFFFFF;
-    std::uint32_t whenState = Any; // the rule applies in this state only
-    std::uint32_t thenState = Any; // the state it leads to; Any: it stays as it is
 };
 
 /// One request, opening or closing as the driver saw it.

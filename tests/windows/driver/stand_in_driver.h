@@ -13,7 +13,6 @@
 /* One of the driver's devices. */
 typedef struct Device {
     WCHAR name[STAND_IN_NAME_ROOM];
-    uint32_t state;
     uint32_t openings;
     BOOLEAN retired; /* without a name by now; deleted when nobody has it open any more */
 } Device;

@@ -33,17 +33,16 @@
 #define STAND_IN_OPENING 0xFFFFFFFFu
 #define STAND_IN_CLOSING 0xFFFFFFFEu
 
-#define STAND_IN_FOR_EVER 0u            /* uses of a rule */
-#define STAND_IN_ANY_STATE 0xFFFFFFFFu  /* a rule that applies in every state of its device */
-#define STAND_IN_SAME_STATE 0xFFFFFFFFu /* a rule that leaves its device's state as it is */
+#define STAND_IN_FOR_EVER 0u /* uses of a rule */
 
 /* What follows \\.\ in the name that CreateFileW is given. */
 typedef struct StandInDevice {
     uint16_t name[STAND_IN_NAME_ROOM];
 } StandInDevice;
 
-/* The newest rule that matches answers; one that is used up is gone, and older ones come to light again. A
- * device starts in state 0. Without a rule a request ends with STATUS_INVALID_DEVICE_REQUEST. An output that does not fit the caller's room gives STATUS_BUFFER_TOO_SMALL and no byte. */
+/* The newest rule that matches answers; one that is used up is gone, and older ones come to light again. Without a
+ * rule a request ends with STATUS_INVALID_DEVICE_REQUEST. An output that does not fit the caller's room gives
+ * STATUS_BUFFER_TOO_SMALL and no byte. */
 typedef struct StandInRule {
     uint16_t device[STAND_IN_NAME_ROOM];
     uint32_t code;
@@ -53,8 +52,6 @@ typedef struct StandInRule {
     uint32_t outputSize;
     uint8_t output[STAND_IN_OUTPUT_ROOM];
     uint32_t uses;
-    uint32_t whenState;
-    uint32_t thenState;
 } StandInRule;
 
 typedef struct StandInLogEntry {

@@ -41,7 +41,6 @@ void ClearRules(const WCHAR* device) {
 
 static BOOLEAN Matches(const StandInRule* rule, const Request* request) {
     return rule->code == request->code && rule->prefixSize <= request->inputSize &&
-           (rule->whenState == STAND_IN_ANY_STATE || rule->whenState == request->device->state) &&
            SameName((const WCHAR*)rule->device, request->device->name) &&
            RtlCompareMemory(rule->prefix, request->buffer, rule->prefixSize) == rule->prefixSize;
 }
@@ -62,9 +61,6 @@ Answer ApplyRule(const StandInRule* rule, const Request* request) {
     }
     LogRequest(request, answer.status);
     RtlCopyMemory(request->buffer, rule->output, answer.returned);
-    if (rule->thenState != STAND_IN_SAME_STATE) {
-        request->device->state = rule->thenState;
-    }
     if (rule->uses != STAND_IN_FOR_EVER) {
         Rule** place = &NewestRule;
         while (&(*place)->what != rule) {
