@@ -40,6 +40,14 @@ void* Allocate(std::size_t size) {
     return head + 1;
 }
 
+void* AllocateOrNull(std::size_t size) {
+    try {
+        return Allocate(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void Free(void* memory) {
     if (memory != nullptr) {
         Head* const head = static_cast<Head*>(memory) - 1;
@@ -76,15 +84,35 @@ std::int64_t Live() {
 
 } // namespace sweep::heap
 
-// The forms for arrays and for allocations that do not throw come down to these.
+// All forms, since a sanitizer brings its own for each that is left out.
 void* operator new(std::size_t size) {
     return sweep::heap::Allocate(size);
+}
+
+void* operator new[](std::size_t size) {
+    return sweep::heap::Allocate(size);
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return sweep::heap::AllocateOrNull(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return sweep::heap::AllocateOrNull(size);
 }
 
 void operator delete(void* memory) noexcept {
     sweep::heap::Free(memory);
 }
 
+void operator delete[](void* memory) noexcept {
+    sweep::heap::Free(memory);
+}
+
 void operator delete(void* memory, std::size_t) noexcept {
+    sweep::heap::Free(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept {
     sweep::heap::Free(memory);
 }
