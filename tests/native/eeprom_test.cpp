@@ -222,23 +222,6 @@ TEST_F(EepromTest, ADeviceCallNeedsAnOpenDeviceAndKeepsToTheRoomGiven) {
     EXPECT_TRUE(sondrel::UninitializeZRNACPIDevice());
 }
 
-TEST_F(EepromTest, NothingStaysOpenWhereverADocumentIsBroken) {
-    StartMachine(R"({"acpi": {"registers": [1], "log": [{"kind": "0x20", "payload": "1234"}]}})");
-    TheMachine().gate.Restart();
-    Document();
-    const std::uint64_t calls = TheMachine().gate.CallCount();
-    for (const auto kind :
-         {machine::Failure::Refused, machine::Failure::ShortAnswer, machine::Failure::Nothing}) {
-        for (std::uint64_t nth = 1; nth <= calls; ++nth) {
-            TheMachine().gate.Restart({.nth = nth, .kind = kind});
-            EXPECT_THAT(Document(), AllOf(StartsWith(R"({"version":")"), EndsWith("]}")));
-            EXPECT_THAT(TheMachine().gate.OpenThings(), IsEmpty());
-            EXPECT_EQ(sondrel::ZrnAcpiHandle, platform::Handle::Null);
-        }
-    }
-    TheMachine().gate.Restart();
-}
-
 /// The rule once more, by its text: two digits, read from the left while they are decimal.
 unsigned ReadAsDecimal(unsigned byte) {
     char digits[3];

@@ -138,26 +138,4 @@ TEST_F(InstalledAppsTest, ASubkeyWhoseNameDoesNotFitEndsTheList) {
     EXPECT_EQ(MachineRecords(), R"({"name":"A","version":""})");
 }
 
-TEST_F(InstalledAppsTest, StaysWellFormedWhateverCallFails) {
-    constexpr const char* Machine = R"({"applications": {
-        "machine": [{"key": "a", "name": "A", "version": "1"}, {"key": "b", "name": "B"}],
-        "user": [{"key": "u", "name": "U"}]}})";
-    StartMachine(Machine);
-    const std::string whole = WideAnswer(GetApplist_x64);
-    const std::uint64_t calls = TheMachine().gate.CallCount();
-    for (std::uint64_t nth = 1; nth <= calls; ++nth) {
-        for (const bool andLater : {false, true}) {
-            TheMachine().gate.Restart({.nth = nth, .andLater = andLater});
-            const std::string answer = WideAnswer(GetApplist_x64);
-            EXPECT_THAT(answer, StartsWith(R"([{"machine":[)"));
-            EXPECT_THAT(answer, HasSubstr(R"(]},{"user":[)"));
-            EXPECT_THAT(answer, ::testing::EndsWith("]}]"));
-            EXPECT_THAT(answer, Not(::testing::ContainsRegex(R"(\[,|,\]|,,)")));
-            EXPECT_THAT(TheMachine().gate.OpenThings(), SizeIs(0));
-        }
-    }
-    TheMachine().gate.Restart();
-    EXPECT_EQ(WideAnswer(GetApplist_x64), whole);
-}
-
 } // namespace

@@ -207,18 +207,4 @@ TEST_F(OpenWindowsTest, WindowsThatCloseMeanwhileAreLeftOut) {
     }
 }
 
-TEST_F(OpenWindowsTest, EveryFailedCallLeavesAWholeDocument) {
-    StartWith({Window("a"),
-               Window("frame", {{"class", "ApplicationFrameWindow"}, {"process", 102}, {"minimised", true}}),
-               CoreWindow});
-    WideAnswer(AppList_OpenWindows);
-    const std::uint64_t calls = TheMachine().gate.CallCount();
-    for (std::uint64_t nth = 1; nth <= calls; ++nth) {
-        TheMachine().gate.Restart({.nth = nth});
-        EXPECT_TRUE(json::parse(WideAnswer(AppList_OpenWindows)).is_array()) << nth;
-        EXPECT_THAT(TheMachine().gate.OpenThings(), IsEmpty());
-    }
-    TheMachine().gate.Restart();
-}
-
 } // namespace

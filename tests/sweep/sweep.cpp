@@ -1,0 +1,133 @@
+#include "sweep.h"
+
+namespace sweep {
+namespace {
+
+using machine::Failure;
+using machine::Operation;
+
+constexpr Failure Kinds[] = {Failure::Refused, Failure::ShortAnswer, Failure::Nothing, Failure::Status};
+
+class Sweep {
+public:
+    Sweep(Stage& stage, const Subject& subject, const std::function<bool()>& goOn, Tally& tally)
+        : m_stage(stage), m_subject(subject), m_goOn(goOn), m_tally(tally) {
+        m_stage.Restart();
+        m_good = m_stage.Play(m_subject.call);
+        m_then = m_stage.Play(m_subject.call);
+        for (const std::string& fault : {m_good.fault, m_then.fault}) {
+            if (!fault.empty()) {
+                Complain("a good run", fault, m_good.answer.text);
+            }
+        }
+    }
+
+    void FailCalls() {
+        for (std::size_t place = 1; place <= m_good.calls.size(); ++place) {
+            const Operation operation = m_good.calls[place - 1];
+            const std::uint8_t ways = machine::RowOf(operation).failures;
+            Reached(operation) += ways == machine::failures::Never ? 1 : 0;
+            for (const Failure kind : Kinds) {
+                for (const bool andLater : {false, true}) {
+                    if ((ways & static_cast<std::uint8_t>(kind)) != 0 && m_goOn()) {
+                        FailCall(place, {.operation = operation, .kind = kind, .andLater = andLater});
+                    }
+                }
+            }
+        }
+    }
+
+    void FailAllocations() {
+        for (std::uint64_t place = 1; place <= m_good.allocations; ++place) {
+            for (const bool andLater : {false, true}) {
+                if (m_goOn()) {
+                    m_stage.Renew();
+                    const Run run = m_stage.Play(m_subject.call, {}, {place, andLater});
+                    ++m_tally.heapFaults;
+                    Check("allocation " + std::to_string(place) + (andLater ? " and later" : ""),
+                          {.heap = true}, run);
+                }
+            }
+        }
+    }
+
+private:
+    std::uint64_t& Reached(Operation operation) {
+        return m_tally.reached[static_cast<std::size_t>(operation)];
+    }
+
+    void FailCall(std::size_t place, Fault fault) {
+        const bool andLater = fault.andLater;
+        fault.lacking = m_stage.Where().lacking;
+        m_stage.Renew();
+        const Run run = m_stage.Play(m_subject.call, {place, andLater, fault.kind});
+        if (run.injected == 0) {
+            return; // this device's answers have no status
+        }
+        ++m_tally.callFaults;
+        Reached(fault.operation) += 1;
+        for (const Operation called : run.calls) {
+            Reached(called) +=
+                andLater || machine::RowOf(called).failures == machine::failures::Never ? 1 : 0;
+        }
+        constexpr std::string_view Ways[] = {"refused", "short", "", "nothing", "", "", "", "status"};
+        Check("call " + std::to_string(place) + " " + std::string(machine::RowOf(fault.operation).name) +
+                  " " + std::string(Ways[static_cast<std::size_t>(fault.kind) - 1]) +
+                  (andLater ? " and later" : ""),
+              fault, run);
+    }
+
+    /// The run itself, the next one without a fault, and what both have left behind.
+    void Check(const std::string& where, const Fault& fault, const Run& run) {
+        std::string problem = run.fault;
+        if (problem.empty()) {
+            problem =
+                Objection(*m_subject.row, fault, run.answer.text, m_good.answer.text, m_stage.MachineText());
+        }
+        if (!problem.empty()) {
+            Complain(where, problem, run.answer.text);
+        }
+        const Run next = m_stage.Play(m_subject.call);
+        if (next.calls != m_good.calls || next.answer.text != m_good.answer.text) {
+            m_stage.FoundChanged();
+        }
+        if (!next.fault.empty()) {
+            Complain(where + ", the next run", next.fault, next.answer.text);
+        } else if (!IsGood(next) && !MayStay(*m_subject.row, fault, next.answer.text, m_good.answer.text) &&
+                   !IsGood(
+                       m_stage.Play(m_subject.call))) { // the firmware goes on in its log where it was left
+            Complain(where + ", the next run", "it is not right again", next.answer.text);
+        }
+        if (m_stage.LeakedBlocks() != 0) {
+            Complain(where, "memory was not given back", run.answer.text);
+        }
+    }
+
+    [[nodiscard]] bool IsGood(const Run& run) const {
+        return run.answer.text == m_good.answer.text || run.answer.text == m_then.answer.text;
+    }
+
+    void Complain(const std::string& where, const std::string& problem, const std::string& answer) {
+        const Situation& here = m_stage.Where();
+        m_tally.complaints.push_back(std::string(m_subject.row->name) + " on " + here.machine +
+                                     (here.used ? ", used" : "") + (here.session ? "" : ", no session") +
+                                     ": " + where + ": " + problem + ": " + answer.substr(0, 300));
+    }
+
+    Stage& m_stage;
+    const Subject& m_subject;
+    const std::function<bool()>& m_goOn;
+    Tally& m_tally;
+    Run m_good;
+    Run m_then;
+};
+
+} // namespace
+
+void SweepReading(Stage& stage, const Subject& subject, const std::function<bool()>& goOn, Tally& tally) {
+    Sweep sweep(stage, subject, goOn, tally);
+    sweep.FailCalls();
+    sweep.FailAllocations();
+}
+
+} // namespace sweep
