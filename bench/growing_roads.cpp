@@ -56,9 +56,8 @@ void AddPackage(Profile& profile, std::size_t item) {
 
 /// The last ones are the busiest.
 void AddProcessRow(Profile& profile, std::size_t item) {
-    constexpr const char16_t* Class = u"Win32_PerfFormattedData_PerfProc_Process";
     if (item == 0) {
-        profile.wmi.namespaces = {{u"ROOT\\CIMV2", {{Class, {}}}}};
+        profile.wmi.namespaces = {{u"ROOT\\CIMV2", {{u"Win32_PerfFormattedData_PerfProc_Process", {}}}}};
     }
     profile.wmi.namespaces[0].classes[0].rows.push_back(
         {{u"Name", {Numbered("process", item)}},

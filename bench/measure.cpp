@@ -167,7 +167,7 @@ void Register(const Road& road, bool grows) {
          grows ? std::vector<std::int64_t>{1000, 10'000, 100'000} : std::vector<std::int64_t>{1}) {
         made->Arg(items);
     }
-    made->UseManualTime()->MinTime(0.02)->Repetitions(Repetitions)->DisplayAggregatesOnly(true);
+    made->UseManualTime()->MinTime(0.2)->Repetitions(Repetitions)->DisplayAggregatesOnly(true);
 }
 
 } // namespace bench

@@ -27,15 +27,21 @@ std::u16string IdList(std::uint32_t flags) {
     return list;
 }
 
-/// A device's number is its place in the profile, from 1.
+/// A device's number is its place in the profile, from 1. Whoever walks the list looks its devices up in their order,
+/// so the search begins behind the device that was found last.
 DeviceNode NodeOf(std::u16string_view deviceId, std::uint32_t flags) {
+    static std::size_t Behind = 0;
     const std::u16string folded = machine::Folded(deviceId);
     const auto& devices = Current().profile.deviceNodes;
-    const auto found = std::ranges::find_if(devices, [&](const machine::DeviceNodeProfile& device) {
-        return (device.present || (flags & LocatePhantom) != 0) && machine::Folded(device.id) == folded;
-    });
-    return found == devices.end() ? DeviceNode::None
-                                  : DeviceNode{static_cast<std::uint32_t>(found - devices.begin() + 1)};
+    for (std::size_t step = 0; step < devices.size(); ++step) {
+        const std::size_t place = (Behind + step) % devices.size();
+        const machine::DeviceNodeProfile& device = devices[place];
+        if ((device.present || (flags & LocatePhantom) != 0) && machine::Folded(device.id) == folded) {
+            Behind = place + 1;
+            return DeviceNode{static_cast<std::uint32_t>(place + 1)};
+        }
+    }
+    return DeviceNode::None;
 }
 
 const std::optional<std::u16string>* PropertyOf(DeviceNode node, std::uint32_t property) {
