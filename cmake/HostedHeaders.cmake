@@ -7,6 +7,7 @@ function(add_hosted_headers target directory)
   set(copies ${CMAKE_BINARY_DIR}/hosted_headers)
   file(COPY ${${target}_ROOT}/${directory} DESTINATION ${copies})
   add_library(${target} INTERFACE)
+  set_property(GLOBAL APPEND PROPERTY VESK_HOSTED_HEADERS ${target})
   target_include_directories(${target} SYSTEM INTERFACE ${copies})
 endfunction()
 

@@ -21,14 +21,20 @@ else()
 endif()
 
 install(DIRECTORY machines/ DESTINATION ${kit_data}/machines FILES_MATCHING PATTERN *.json)
+install(FILES docs/machine-profile.schema.json DESTINATION ${kit_data})
 install(DIRECTORY examples/ DESTINATION ${kit_data}/examples PATTERN CMakeLists.txt EXCLUDE)
 install(FILES docs/host-engineer.md docs/firmware-engineer.md DESTINATION ${kit_documents})
 
-set(kit_licences README nlohmann-json CLI11)
+# What is compiled in has its licence there under the name of its target: without one there is no kit.
+get_property(kit_licences GLOBAL PROPERTY VESK_HOSTED_HEADERS)
+list(PREPEND kit_licences README)
 if(MINGW)
   list(APPEND kit_licences gcc-runtime mingw-w64)
 endif()
 foreach(licence IN LISTS kit_licences)
+  if(NOT EXISTS ${CMAKE_SOURCE_DIR}/licences/${licence}.txt)
+    message(FATAL_ERROR "licences/${licence}.txt is missing: the kit needs the licence of what is compiled in.")
+  endif()
   install(FILES licences/${licence}.txt DESTINATION ${kit_documents}/licences)
 endforeach()
 

@@ -20,7 +20,7 @@ void WriteOutput(const std::string& file, std::string_view text) {
         std::cout << text;
         return;
     }
-    ReplaceFile(PathOf(file), text);
+    ReplacedFile(PathOf(file)).Put(text);
 }
 
 std::string ReadFile(const std::string& file) {
