@@ -226,9 +226,9 @@ TEST_F(ComparingTest, ReplacesItsFileInOneStep) {
     EXPECT_EQ(std::distance(fs::directory_iterator(Path("here")), {}), 1);
     EXPECT_EQ(WithDouble({"metrics", "--output", "/dev/null"}).status, 0);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    const test::Outcome refused = WithDouble({"snapshot", Path("nowhere/a.json")});
+    const test::Outcome refused = WithDouble({"metrics", "--output", Path("nowhere/a.prom")});
     EXPECT_EQ(refused.status, 2);
-    EXPECT_THAT(refused.err, HasSubstr("nowhere/a.json"));
+    EXPECT_THAT(refused.err, HasSubstr("nowhere/a.prom"));
 }
 
 } // namespace

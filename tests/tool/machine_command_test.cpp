@@ -169,7 +169,7 @@ TEST_F(MachineCommandTest, TellsAllMistakesWithTheirLines) {
                   file +
                   ":6:15: /ec/fans/1/rpm: expected a whole number from 0 to 4294967295, or the same as "
                   "\"0x...\"\n" +
-                  file + ":6:39: /ec/lid: stands here twice\n");
+                  file + ":6:38: /ec/lid: stands here twice\n");
     const test::Outcome broken =
         Tool({"machine", "check", Write("broken.json", "{\n \"name\": \"a\",\n \"ec\" 3}")});
     EXPECT_EQ(broken.status, 1);

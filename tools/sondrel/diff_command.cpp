@@ -89,14 +89,17 @@ Differences Compare(const Snapshot& before, const Snapshot& after, bool steady) 
         ++differences.compared;
         Difference difference{.name = name, .before = Find(before, name), .after = Find(after, name)};
         difference.family = (difference.after != nullptr ? difference.after : difference.before)->family;
-        if (IsValue(difference.before) && IsValue(difference.after)) {
+        const bool values = IsValue(difference.before) && IsValue(difference.after);
+        if (values) {
             difference.changes =
                 ChangesBetween(difference.before->value, difference.after->value, PlaceNameOf(name));
         }
-        const bool same = difference.before != nullptr && difference.after != nullptr &&
-                          difference.before->status == difference.after->status &&
-                          difference.before->unit == difference.after->unit &&
-                          difference.before->value == difference.after->value;
+        // Values are the same where no element has changed: some have no order.
+        const bool same =
+            difference.before != nullptr && difference.after != nullptr &&
+            difference.before->status == difference.after->status &&
+            difference.before->unit == difference.after->unit &&
+            (values ? difference.changes.empty() : difference.before->value == difference.after->value);
         if (!same) {
             differences.all.push_back(std::move(difference));
         }

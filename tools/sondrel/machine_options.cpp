@@ -26,9 +26,12 @@ void AddMachineCommands(CLI::App& app, Options& options) {
     show->add_option("NAME", options.name, "A built-in machine or a profile")->required()->type_name("");
     show->callback([&options] { options.run = ShowMachine; });
 
-    machine->add_subcommand("list", "The built-in machines")->callback([&options] {
-        options.run = ListMachines;
-    });
+    CLI::App* const list = machine->add_subcommand("list", "The built-in machines");
+    list->callback([&options] { options.run = ListMachines; });
+
+    for (CLI::App* const command : {machine, fresh, check, show, list}) {
+        command->fallthrough();
+    }
 }
 
 } // namespace tool
