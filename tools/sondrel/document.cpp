@@ -49,7 +49,9 @@ public:
         const std::string margin(indent, ' ');
         const std::string whole = margin + lead + OneLine(value) + tail;
         const std::size_t room = IsFlat(value) ? m_columns : ShortNesting;
-        if (!value.is_structured() || value.empty() || Columns(whole) <= room) {
+        const bool fits =
+            whole.size() <= 4 * room && Columns(whole) <= room; // not every one is worth counting
+        if (!value.is_structured() || value.empty() || fits) {
             m_lines.push_back(Shortened(whole, m_columns));
             return;
         }

@@ -12,10 +12,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Trouble CannotWrite(const fs::path& file, std::string_view reason = {}) {
+[[noreturn]] void RefuseToWrite(const fs::path& file, std::string_view reason = {}) {
     std::string text = OnOneLine(Utf8Of(file));
     text.append(": cannot be written").append(reason.empty() ? "" : ": ").append(reason);
-    return Trouble(text);
+    throw Trouble(text);
 }
 
 /// Behind a link, so that the link stays one.
@@ -31,7 +31,7 @@ ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)), m_draft(m_fi
     std::error_code problem;
     const fs::file_status present = fs::status(m_file, problem);
     if (fs::is_directory(present)) {
-        throw CannotWrite(m_file, "it is a directory");
+        RefuseToWrite(m_file, "it is a directory");
     }
     if (fs::exists(present)) {
         m_permissions = present.permissions();
@@ -42,7 +42,7 @@ ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)), m_draft(m_fi
         interrupt::RemoveWhenForced(m_draft);
         if (!std::ofstream(m_draft, std::ios::binary)) {
             interrupt::RemoveWhenForced({});
-            throw CannotWrite(m_file);
+            RefuseToWrite(m_file);
         }
     }
 }
@@ -60,7 +60,7 @@ void ReplacedFile::Put(std::string_view text) {
     out.write(text.data(), static_cast<std::streamsize>(text.size()));
     out.close();
     if (!out) {
-        throw CannotWrite(m_file);
+        RefuseToWrite(m_file);
     }
     if (m_draft == m_file) {
         return;
@@ -73,7 +73,7 @@ void ReplacedFile::Put(std::string_view text) {
     interrupt::Check();
     fs::rename(m_draft, m_file, problem);
     if (problem) {
-        throw CannotWrite(m_file, problem.message());
+        RefuseToWrite(m_file, problem.message());
     }
 }
 

@@ -174,7 +174,12 @@ std::string WellFormed(std::string_view text) {
 std::size_t Columns(std::string_view text) {
     std::size_t columns = 0;
     while (!text.empty()) {
-        columns += ColumnsOf(TakeUtf8(text));
+        if (static_cast<unsigned char>(text.front()) < 0x80) {
+            text.remove_prefix(1);
+            ++columns;
+        } else {
+            columns += ColumnsOf(TakeUtf8(text));
+        }
     }
     return columns;
 }
