@@ -62,7 +62,7 @@ std::vector<Scene> Scenes() {
         {{.session = false}, {}},
         {{.used = true, .initCom = 0}, {Features, Disks, Inventory, Adapters, System}},
         {{.machine = "awkward-wmi", .lacking = true}, {Disks, Inventory, Adapters, Usage}},
-        {{.machine = "bare-firmware", .used = true}, firmware},
+        {{.machine = "bare-firmware", .used = true, .lacking = true}, firmware},
         {{.used = true, .changes = HeldSettings}, {Features}},
         {{.changes = MinimisedFrame}, {Usage}},
         {{.machine = "ab"}, ec}, // the EC is identified on the way

@@ -28,6 +28,7 @@ enum class Form : std::uint8_t {
     Letters,  // a text cut short
     Places,   // values between ";": each the good one, empty, or from the machine
     Words,    // the same between blanks
+    Radios,   // the state of an earlier radio, where the search for the next one failed
     Document, // JSON of the same shape: fewer records, texts empty or from the machine
 };
 
@@ -105,6 +106,7 @@ constexpr Rule Rules[] = {
     {.name = "WMIGetOSInfo", .form = Form::Words},
     {.name = "WMIGetWiFiBytesPersec", .form = Form::Places, .without = {"Get"}, .room = 64},
     {.name = "RF_WiFiCardName", .room = 257},
+    {.name = "RF_BTIsUsed", .form = Form::Radios},
     {.name = "System_Check_S_Mode", .without = Everything},
     {.name = "System_GetCountryCode_ISO2", .room = 11},
     {.name = "System_Read_LocalTime", .failures = {""}},
@@ -276,6 +278,12 @@ bool IsDocument(std::string_view answer, std::string_view good, std::string_view
         texts, [&](const std::string& text) { return Has(goodTexts, text) || IsFromMachine(text, profile); });
 }
 
+/// A search for radios that fails on its way is taken for one that has ended.
+bool EndsRadioSearch(const Fault& fault) {
+    return fault.operation == Operation::BluetoothFindNextRadio ||
+           (fault.andLater && Has(Sinks, fault.operation));
+}
+
 bool Fits(const Rule& rule, const Fault& fault, const std::string& answer, const std::string& good,
           std::string_view profile) {
     const auto known = [&](std::string_view place, const std::vector<std::string_view>& goodPlaces) {
@@ -294,6 +302,8 @@ bool Fits(const Rule& rule, const Fault& fault, const std::string& answer, const
         return ArePlaces(answer, good, ';', known);
     case Form::Words:
         return ArePlaces(answer, good, ' ', known);
+    case Form::Radios:
+        return EndsRadioSearch(fault) && (answer == "0" || answer == "1");
     case Form::Document:
         return IsDocument(answer, good, profile);
     }
@@ -342,7 +352,8 @@ bool MayStay(const Export& row, const Fault& fault, const std::string& answer, c
             const tool::Meaning* const meaning = tool::MeaningOf(row, text);
             return meaning != nullptr && meaning->status == status;
         };
-        return answer == "0;0" || is(answer, tool::Status::NotRead) ||
+        return answer == "0;0" || (row.family == Family::Bluetooth && EndsRadioSearch(fault)) ||
+               is(answer, tool::Status::NotRead) ||
                (is(answer, tool::Status::Failed) && is(good, tool::Status::NotRead));
     }
     return row.traits.session && fault.operation == Operation::DeviceIoControl &&

@@ -66,7 +66,10 @@ Size SizeOf(Stream stream) {
 }
 
 Console::Console() = default;
-Console::~Console() = default;
+
+Console::~Console() {
+    PutBack();
+}
 
 FullScreen::FullScreen() {
     std::cout.flush();
