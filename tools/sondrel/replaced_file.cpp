@@ -19,7 +19,7 @@ Trouble CannotWrite(const fs::path& file, const std::string& reason) {
 class Draft {
 public:
     explicit Draft(const fs::path& file) : m_path(file) {
-        m_path += "." + std::to_string(host_system::ProcessNumber()) + ".new";
+        m_path += std::to_string(host_system::ProcessNumber()).insert(0, 1, '.').append(".new");
     }
 
     Draft(const Draft&) = delete;
