@@ -23,7 +23,7 @@ std::string LettersOf(std::uint64_t number) {
             letters.push_back(letter);
         }
     }
-    return '"' + OnOneLine(WellFormed(letters)) + '"';
+    return std::string(1, '"').append(OnOneLine(WellFormed(letters))).append(1, '"');
 }
 
 /// A number as the export's kind asks for it.
@@ -95,7 +95,11 @@ std::vector<std::string> LinesOf(const Difference& difference) {
         lines.push_back(WordsOf(difference.before, display) + " -> " + WordsOf(difference.after, display));
     }
     if (!oneUnit && difference.before != nullptr && difference.after != nullptr) {
-        lines.push_back("unit: \"" + OnOneLine(before) + "\" -> \"" + OnOneLine(after) + '"');
+        lines.push_back(std::string("unit: \"")
+                            .append(OnOneLine(before))
+                            .append("\" -> \"")
+                            .append(OnOneLine(after))
+                            .append(1, '"'));
     }
     return lines;
 }
@@ -118,17 +122,19 @@ std::string DifferencesAsText(const Options& options, const Snapshot& before, co
             family = difference.family;
             text.append(1, '\n').append(OnOneLine(family)).append(1, '\n');
         }
-        std::string name = "  " + OnOneLine(difference.name);
+        std::string name = std::string("  ").append(OnOneLine(difference.name));
         for (const std::string& line : LinesOf(difference)) {
             name.resize(std::max(name.size() + 1, NameColumn), ' ');
             text.append(name).append(line).append(1, '\n');
             name.clear();
         }
     }
-    text += '\n' + std::to_string(differences.all.size()) + " of " + std::to_string(differences.compared) +
-            " readings differ";
+    text += std::string(1, '\n').append(std::to_string(differences.all.size())) + " of " +
+            std::to_string(differences.compared) + " readings differ";
     if (differences.leftOut != 0) {
-        text += "; " + std::to_string(differences.leftOut) + " that always move were left out";
+        text.append("; ")
+            .append(std::to_string(differences.leftOut))
+            .append(" that always move were left out");
     }
     return text + '\n';
 }

@@ -40,7 +40,7 @@ std::string TextOf(const std::string& nameOrFile) {
     }
     std::error_code problem;
     if (!std::filesystem::exists(PathOf(nameOrFile), problem)) {
-        throw Trouble("there is no machine and no file \"" + OnOneLine(nameOrFile) +
+        throw Trouble(std::string("there is no machine and no file \"").append(OnOneLine(nameOrFile)) +
                       "\"; sondrel machine list tells the built-in ones");
     }
     return ReadFile(nameOrFile);
@@ -71,7 +71,8 @@ std::string FamilyMachine(const std::string& family) {
         for (const FamilyStart& each : FamilyStarts) {
             known.append(known.empty() ? "" : ", ").append(each.code);
         }
-        throw Trouble("there is no family \"" + OnOneLine(family) + "\"; expected one of " + known);
+        throw Trouble(std::string("there is no family \"").append(OnOneLine(family)) +
+                      "\"; expected one of " + known);
     }
     return std::string(found->machine);
 }

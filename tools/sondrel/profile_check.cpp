@@ -111,7 +111,7 @@ bool HasWrongPlaceBelow(const std::set<Path>& places, const Path& path) {
 }
 
 std::string ExpectedAt(const Json& node) {
-    return "expected " + node.value("description", "something else");
+    return std::string("expected ").append(node.value("description", "something else"));
 }
 
 class Checker {
@@ -158,13 +158,17 @@ private:
         }
         for (const auto& [name, value] : spot.value->items()) {
             if (!properties.contains(name)) {
-                Add(pointer + '/' + PointerPart(name), "unknown name; " + Suggestion(name, known));
+                Add(pointer + '/' + PointerPart(name),
+                    std::string("unknown name; ").append(Suggestion(name, known)));
             }
         }
         for (const auto& name : spot.node->value("required", Json::array())) {
             const auto text = name.get<std::string>();
             if (!spot.value->contains(text)) {
-                Add(pointer, '"' + text + "\" is missing: " + ExpectedAt(Resolved(properties.at(text))));
+                Add(pointer, std::string(1, '"')
+                                 .append(text)
+                                 .append("\" is missing: ")
+                                 .append(ExpectedAt(Resolved(properties.at(text)))));
             }
         }
         return m_mistakes.size() != before;
@@ -172,13 +176,13 @@ private:
 
     static std::string Suggestion(const std::string& name, const std::vector<std::string_view>& known) {
         if (const std::string_view nearest = Nearest(name, known); !nearest.empty()) {
-            return "did you mean \"" + std::string(nearest) + "\"?";
+            return std::string("did you mean \"").append(nearest).append("\"?");
         }
         std::string all;
         for (const std::string_view each : known) {
             all.append(all.empty() ? "" : ", ").append(each);
         }
-        return "expected one of " + all;
+        return std::string("expected one of ").append(all);
     }
 
     JsonPlaces m_places;
@@ -204,8 +208,8 @@ std::vector<Mistake> MistakesOf(std::string_view text) {
         const std::size_t reason = whole.find(": ");
         const std::size_t byte = problem.byte != 0 ? problem.byte - 1 : 0;
         return {{PlaceOfByte(text, byte),
-                 OnOneLine("no well-formed JSON: " +
-                           std::string(whole.substr(reason == std::string_view::npos ? 0 : reason + 2)))}};
+                 OnOneLine(std::string("no well-formed JSON: ")
+                               .append(whole.substr(reason == std::string_view::npos ? 0 : reason + 2)))}};
     }
     Checker checker(text);
     checker.Check(profile);

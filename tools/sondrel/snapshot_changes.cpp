@@ -131,10 +131,10 @@ private:
         for (const Json& each : list) {
             Element element = Told(each);
             const std::string key =
-                element.shown.empty() ? std::string(1, '\0') + each.dump() : element.shown;
+                element.shown.empty() ? std::string(1, '\0').append(each.dump()) : element.shown;
             const std::size_t use = uses[key]++;
             if (use != 0 && !element.shown.empty()) {
-                element.shown += " #" + std::to_string(use + 1);
+                element.shown.append(" #").append(std::to_string(use + 1));
             }
             elements.emplace(std::pair(key, use), std::move(element));
         }
