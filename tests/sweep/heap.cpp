@@ -116,3 +116,11 @@ void operator delete(void* memory, std::size_t) noexcept {
 void operator delete[](void* memory, std::size_t) noexcept {
     sweep::heap::Free(memory);
 }
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+    sweep::heap::Free(memory);
+}
+
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
+    sweep::heap::Free(memory);
+}

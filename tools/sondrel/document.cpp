@@ -1,5 +1,6 @@
 #include "document.h"
 
+#include "json_depth.h"
 #include "text.h"
 
 #include <nlohmann/json.hpp>
@@ -10,23 +11,6 @@ namespace tool {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-/// Deeper than any document of the library's; what is deeper still is not worth the stack.
-constexpr std::size_t DeepestNesting = 64;
-
-bool TooDeep(std::string_view text) {
-    std::size_t depth = 0;
-    for (const char character : text) {
-        if (character == '[' || character == '{') {
-            if (++depth > DeepestNesting) {
-                return true;
-            }
-        } else if ((character == ']' || character == '}') && depth > 0) {
-            --depth;
-        }
-    }
-    return false;
-}
 
 std::string OneLine(const Json& value) {
     if (!value.is_structured()) {
@@ -82,7 +66,7 @@ private:
 } // namespace
 
 std::optional<Json> ParseDocument(std::string_view text) {
-    Json document = TooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
+    Json document = NestsTooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
     return document.is_discarded() ? std::nullopt : std::optional(std::move(document));
 }
 

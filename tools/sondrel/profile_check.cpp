@@ -1,6 +1,7 @@
 #include "profile_check.h"
 
 #include "embedded_texts.h"
+#include "json_depth.h"
 #include "profile_formats.h"
 #include "text.h"
 
@@ -17,9 +18,6 @@ namespace tool {
 namespace {
 
 using Json = nlohmann::json;
-
-/// Deeper than any profile; what is deeper still is not worth the stack.
-constexpr int DeepestNesting = 64;
 
 /// Where something is wrong: the names and indices on the way there.
 using Path = std::vector<std::string>;
@@ -189,19 +187,15 @@ private:
     std::vector<Mistake> m_mistakes;
 };
 
-struct TooDeep {};
-
 } // namespace
 
 std::vector<Mistake> MistakesOf(std::string_view text) {
-    const auto guard = [](int depth, Json::parse_event_t, const Json&) -> bool {
-        return depth <= DeepestNesting ? true : throw TooDeep{};
-    };
+    if (NestsTooDeep(text)) {
+        return {{{}, "/: nested deeper than any profile"}};
+    }
     Json profile;
     try {
-        profile = Json::parse(text, guard);
-    } catch (const TooDeep&) {
-        return {{{}, "/: nested deeper than any profile"}};
+        profile = Json::parse(text);
     } catch (const Json::parse_error& problem) {
         // "[json.exception.parse_error.101] parse error at line 3, column 5: syntax error while ..."
         const std::string_view whole = problem.what();

@@ -1,5 +1,6 @@
 #include "snapshot.h"
 
+#include "json_depth.h"
 #include "output_file.h"
 #include "text.h"
 #include "trouble.h"
@@ -14,22 +15,10 @@ namespace {
 using Written = nlohmann::ordered_json;
 using Loaded = nlohmann::json;
 
-/// Deeper than any document of the library's; what is deeper still is not worth the stack.
-constexpr int DeepestNesting = 64;
-
-struct TooDeep {};
-
 /// Parses a JSON text; discarded where it is none, or too deep.
 template <class Json>
 Json Parsed(std::string_view text) {
-    const auto guard = [](int depth, typename Json::parse_event_t, const Json&) -> bool {
-        return depth <= DeepestNesting ? true : throw TooDeep{};
-    };
-    try {
-        return Json::parse(text, guard, false);
-    } catch (const TooDeep&) {
-        return Json(Json::value_t::discarded);
-    }
+    return NestsTooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
 }
 
 Written NumberOr(std::string_view text) {

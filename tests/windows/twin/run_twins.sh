@@ -28,6 +28,16 @@ mkdir -p "$reports"
 for profile in "$@"; do
     machine=${profile##*/}
     machine=${machine%.json}
+    # The stand-in driver's answers are laid down once: a machine that moves is compared as it stands at its start.
+    if grep -q '"course"' "$profile"; then
+        python3 - "$profile" "$reports/$machine.profile" <<'STILL'
+import json, sys
+profile = json.load(open(sys.argv[1], encoding="utf-8"))
+del profile["course"]
+json.dump(profile, open(sys.argv[2], "w", encoding="utf-8"))
+STILL
+        profile=$reports/$machine.profile
+    fi
     "$native/twin" "$profile" >"$reports/$machine.native.json"
     wine "$windows/twin.exe" "$profile" >"$reports/$machine.windows.json" </dev/null
 done
