@@ -25,7 +25,7 @@ bootstrap:
 
 run:
 	@scripts/bootstrap.sh native
-	@scripts/build.sh native
+	@scripts/build.sh native sondrel
 	@build/native/bin/sondrel --machine "$(MACHINE)" $(ARGS) report
 
 run-windows:

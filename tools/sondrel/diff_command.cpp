@@ -88,7 +88,9 @@ Differences Compare(const Snapshot& before, const Snapshot& after, bool steady) 
         }
         ++differences.compared;
         Difference difference{.name = name, .before = Find(before, name), .after = Find(after, name)};
-        difference.family = (difference.after != nullptr ? difference.after : difference.before)->family;
+        if (const auto* const known = difference.after != nullptr ? difference.after : difference.before) {
+            difference.family = known->family;
+        }
         const bool values = IsValue(difference.before) && IsValue(difference.after);
         if (values) {
             difference.changes =

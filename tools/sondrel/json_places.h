@@ -13,8 +13,6 @@ namespace tool {
 struct TextPlace {
     std::size_t line = 1;
     std::size_t column = 1;
-
-    friend auto operator<=>(const TextPlace&, const TextPlace&) = default;
 };
 
 /// The place of a byte, counted from 0.

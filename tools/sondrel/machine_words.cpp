@@ -52,12 +52,11 @@ std::string Fans(const Json& fans) {
 }
 
 std::string Sensors(const Json& sensors) {
-    const std::string degrees = Joined(sensors.items(), [](const auto& item) {
+    return Joined(sensors.items(), [](const auto& item) {
         const Json& value = item.value();
         return item.key() + ' ' + (value.is_object() ? MemberOr(value, "degrees", "0") : Bare(value)) +
                (value.is_object() && !value.value("valid", true) ? " (not settled)" : "");
     });
-    return degrees;
 }
 
 std::string Pack(const Json& battery) {

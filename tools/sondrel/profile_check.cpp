@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace tool {
 namespace {
@@ -135,7 +136,9 @@ public:
     }
 
     std::vector<Mistake> Take() {
-        std::ranges::stable_sort(m_mistakes, {}, &Mistake::place);
+        std::ranges::stable_sort(m_mistakes, {}, [](const Mistake& mistake) {
+            return std::pair(mistake.place.line, mistake.place.column);
+        });
         return std::move(m_mistakes);
     }
 

@@ -17,6 +17,6 @@ struct Mistake {
 };
 
 /// All mistakes in the order of their places; none for a profile that a machine can be made from.
-std::vector<Mistake> MistakesOf(std::string_view profile);
+std::vector<Mistake> MistakesOf(std::string_view text);
 
 } // namespace tool

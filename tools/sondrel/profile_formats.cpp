@@ -90,7 +90,7 @@ public:
     std::set<std::vector<std::string>> Take() { return std::move(m_wrong); }
 
 private:
-    const Json& Resolved(const Json& node) const {
+    [[nodiscard]] const Json& Resolved(const Json& node) const {
         const auto reference = node.find("$ref");
         return reference == node.end()
                    ? node
