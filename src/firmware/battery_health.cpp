@@ -21,7 +21,7 @@ bool IsSupported(std::uint8_t initCom) {
     return supported;
 }
 
-std::int32_t KeptLevel(std::uint8_t initCom) {
+std::int32_t KeptHealth(std::uint8_t initCom) {
     const std::string tag = "[WMIGetBatteryHealth]";
     const std::u16string path = SettingPath(BatteryHealth, tag, initCom);
     if (!WMICheckAppExist(initCom)) {
@@ -51,7 +51,7 @@ int32_t WMICheckBatteryHealthSupport(uint8_t initCom) {
 }
 
 int32_t WMIGetBatteryHealth(uint8_t initCom) {
-    return OrWithoutMemory(Default, [=] { return KeptLevel(initCom); });
+    return OrWithoutMemory(Default, [=] { return KeptHealth(initCom); });
 }
 
 int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {

@@ -136,10 +136,6 @@ constexpr char16_t LowerAscii(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
-constexpr bool IsSpace(char16_t unit) {
-    return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
-}
-
 } // namespace
 
 std::string HexText(std::uint32_t value) {

@@ -33,6 +33,11 @@ std::string WideToUtf8(std::u16string text);
 /// To UTF-8, at most 1023 bytes: a longer text is cut behind the last whole character that fits.
 std::string WideToUtf8Bounded(std::u16string text);
 
+/// White space as the C library's iswspace knows it in the plain locale.
+constexpr bool IsSpace(char16_t unit) {
+    return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
+}
+
 /// A decimal text as a signed 32-bit number, as _wtoi reads it: leading white space, one sign, digits up to
 /// the first other character; saturates at both ends; no digits give 0.
 std::int32_t WideToInt32(std::u16string_view text);

@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-constexpr std::int32_t Failed = 0x7FFFFFFF;
+constexpr std::int32_t NoBluetooth = 0x7FFFFFFF;
 
 class BluetoothTest : public test::MachineTest {
 protected:
@@ -108,7 +108,7 @@ TEST_F(BluetoothTest, AMachineWithoutRadioIsReadAndOneWithoutTheLibraryFails) {
                                           "RF_ReadBT_Info End"));
     StartMachine(R"({"bluetooth": {"supported": false}})");
     Forget();
-    EXPECT_EQ(RF_BTConnectedNum(), Failed);
+    EXPECT_EQ(RF_BTConnectedNum(), NoBluetooth);
     EXPECT_THAT(DebugLines(), ElementsAre("[RF] RF_BTConnectedNum FLAG FALSE", "RF_ReadBT_Info start",
                                           "BluetoothFindFirstRadio start", "BluetoothFindFirstRadio error"));
     EXPECT_EQ(Fields(), ReadFailed);
@@ -132,9 +132,9 @@ TEST_F(BluetoothTest, EveryCallThatFailsIsHandledAndLeavesNothingOpen) {
         const bool injected = TheMachine().gate.Injected() != 0;
         TheMachine().gate.Restart();
         if (injected && !name.starts_with("Event")) {
-            outcomes.push_back(name + (used == Failed ? " failed" : " " + Fields()));
+            outcomes.push_back(name + (used == NoBluetooth ? " failed" : " " + Fields()));
         }
-        EXPECT_TRUE(used != Failed || Fields() == whole) << name; // the next export reads again
+        EXPECT_TRUE(used != NoBluetooth || Fields() == whole) << name; // the next export reads again
     }
     EXPECT_THAT(outcomes,
                 ElementsAre("BluetoothFindFirstRadio failed", "BluetoothGetRadioInfo failed",

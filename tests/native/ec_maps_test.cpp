@@ -11,7 +11,7 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
-constexpr std::uint32_t Failed = 0x7FFFFFFF;
+constexpr std::uint32_t NoReading = 0x7FFFFFFF;
 
 Traffic Join(std::initializer_list<Traffic> parts) {
     Traffic all;
@@ -321,8 +321,8 @@ TEST_F(EcMapsTest, AnEcThatCannotBeIdentifiedHasNoMap) {
 TEST_F(EcMapsTest, AKeptIdentityWithoutASessionMakesReadingsFail) {
     StartFamily("KL", 0);
     ShutdownSondrel();
-    EXPECT_EQ(Thermal_Read_Cpu_Temperature(), Failed);
-    EXPECT_EQ(Thermal_Read_ACFET_Temperature(), Failed);
+    EXPECT_EQ(Thermal_Read_Cpu_Temperature(), NoReading);
+    EXPECT_EQ(Thermal_Read_ACFET_Temperature(), NoReading);
     EXPECT_EQ(Battery_Read_Current(), -1);
     EXPECT_EQ(Text(Battery_Read_CellVoltage)(), "2147483647;2147483647;2147483647;2147483647");
     EXPECT_EQ(Text(Thermal_Read_Fan)(), "2147483647;2147483647;2147483647;0");

@@ -37,16 +37,16 @@ protected:
     }
 };
 
-constexpr std::uint32_t Text = 1;
+constexpr std::uint32_t TextType = 1;
 constexpr std::uint32_t ExpandText = 2;
-constexpr std::uint32_t Number = 4;
+constexpr std::uint32_t NumberType = 4;
 
 TEST_F(RegistryStoreTest, NumbersAreUnsignedDecimalAndOfOneTypeOnly) {
-    Put(u"zero", Number, 0);
-    Put(u"most", Number, 4294967295u);
-    Put(u"digits", Text, std::u16string_view(u"12\0", 3));
-    Put(u"short", Number, std::u16string_view(u"\x0105"));
-    Put(u"long", Number, std::u16string_view(u"\x0001\x0000\x0000\x0000", 4));
+    Put(u"zero", NumberType, 0);
+    Put(u"most", NumberType, 4294967295u);
+    Put(u"digits", TextType, std::u16string_view(u"12\0", 3));
+    Put(u"short", NumberType, std::u16string_view(u"\x0105"));
+    Put(u"long", NumberType, std::u16string_view(u"\x0001\x0000\x0000\x0000", 4));
     EXPECT_EQ(ReadDword(u"zero"), u"0");
     EXPECT_EQ(ReadDword(u"MOST"), u"4294967295");
     EXPECT_EQ(ReadDword(u"digits"), Sentinel);
@@ -58,14 +58,14 @@ TEST_F(RegistryStoreTest, NumbersAreUnsignedDecimalAndOfOneTypeOnly) {
 
 TEST_F(RegistryStoreTest, TextsEndAtTheirFirstZeroAndFitTwoHundredAndFiftyFiveCharacters) {
     const std::u16string longest(255, u'x');
-    Put(u"plain", Text, std::u16string_view(u"C:\\App\0", 7));
-    Put(u"zero inside", Text, std::u16string_view(u"ab\0cd\0", 6));
-    Put(u"no terminator", Text, std::u16string_view(u"abc"));
-    Put(u"odd", Text, std::as_bytes(std::span("a\0b")).first(3));
-    Put(u"empty", Text, std::span<const std::byte>());
-    Put(u"longest", Text, longest + std::u16string(1, u'\0'));
-    Put(u"full without terminator", Text, longest + u'x');
-    Put(u"too long", Text, longest + std::u16string(u"x\0", 2));
+    Put(u"plain", TextType, std::u16string_view(u"C:\\App\0", 7));
+    Put(u"zero inside", TextType, std::u16string_view(u"ab\0cd\0", 6));
+    Put(u"no terminator", TextType, std::u16string_view(u"abc"));
+    Put(u"odd", TextType, std::as_bytes(std::span("a\0b")).first(3));
+    Put(u"empty", TextType, std::span<const std::byte>());
+    Put(u"longest", TextType, longest + std::u16string(1, u'\0'));
+    Put(u"full without terminator", TextType, longest + u'x');
+    Put(u"too long", TextType, longest + std::u16string(u"x\0", 2));
     Put(u"expand", ExpandText, std::u16string_view(u"abc\0", 4));
     EXPECT_EQ(ReadString(u"plain"), u"C:\\App");
     EXPECT_EQ(ReadString(u"zero inside"), u"ab");
@@ -100,7 +100,7 @@ TEST_F(RegistryStoreTest, WritingFailsQuietlyWhereTheRegistryRefuses) {
 }
 
 TEST_F(RegistryStoreTest, EveryFailingCallGivesTheSentinelAndClosesTheKey) {
-    Put(u"n", Number, 7);
+    Put(u"n", NumberType, 7);
     constexpr std::uint64_t CallsOfOneRead = 4; // open, size, data, close
     for (std::uint64_t nth = 1; nth < CallsOfOneRead; ++nth) {
         TheMachine().gate.Restart({.nth = nth});

@@ -15,7 +15,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-constexpr std::int32_t Failed = 0x7FFFFFFF;
+constexpr std::int32_t NoWifi = 0x7FFFFFFF;
 constexpr const char* Start = "RF_ReadWifi_Info Start";
 constexpr const char* End = "RF_ReadWifi_Info End";
 constexpr const char* Interface = "[DLL][Wrieless]InterfaceGUID";
@@ -101,7 +101,7 @@ TEST_F(WifiTest, EachExportNamesItselfAndTriesAgainWhileReadsFail) {
     }
     EXPECT_EQ(DebugLines(), expected);
     StartMachine(R"({"wifi": {"service": "missing"}})");
-    EXPECT_EQ(RF_WiFiRssi(), Failed);
+    EXPECT_EQ(RF_WiFiRssi(), NoWifi);
     EXPECT_THAT(DebugLines(), Contains("WlanOpenHandle failed with error:126"));
     // A good read that has nothing for a field leaves there what the failed one wrote.
     StartMachine(R"({"wifi": {"interfaces": [{"description": "Card", "state": "disconnected"}]}})");
@@ -132,7 +132,7 @@ TEST_F(WifiTest, EveryCallThatFailsIsHandledAndLeavesNothingOpen) {
             }
             TheMachine().gate.Restart();
             outcomes[outcome] = Fields();
-            if (connected == Failed) {
+            if (connected == NoWifi) {
                 // The next export has read again, and well.
                 EXPECT_EQ(outcomes[outcome], "1|Farrow WF-7 Wireless LAN|-52|36|802.11ac|02:1A:2B|867");
                 outcomes[outcome] = "failed";

@@ -19,8 +19,8 @@ using ::testing::ElementsAreArray;
 
 constexpr std::uint32_t CallMethod = 0x22240C;
 const std::string Control = "444556530800000059000600";
-const DriverRequest Opened{test::Opening, "03000000"};
-const DriverRequest Closed{test::Closing, ""};
+const DriverRequest AcpiOpened{test::Opening, "03000000"};
+const DriverRequest AcpiClosed{test::Closing, ""};
 
 class EepromTest : public ::testing::Test {
 protected:
@@ -65,7 +65,7 @@ TEST_F(EepromTest, ReadsTheStoreRequestByRequest) {
     std::vector<DriverRequest> expected;
     for (const char* what :
          {"e0000000", "e3ff0000", "e3000000", "e3010000", "e5000000", "e5000000", "e5000000"}) {
-        expected.insert(expected.end(), {Opened, {CallMethod, Control + what, 1024}, Closed});
+        expected.insert(expected.end(), {AcpiOpened, {CallMethod, Control + what, 1024}, AcpiClosed});
     }
     EXPECT_THAT(m_stand.Log(Acpi), ElementsAreArray(expected));
 }
@@ -95,7 +95,7 @@ TEST_F(EepromTest, AnswersWithoutTheDeviceOrWithOneThatRefuses) {
     EXPECT_EQ(Document(), nothing);
     EXPECT_EQ(Sensor(), LR"({"p_sensor":""})");
     EXPECT_EQ(m_stand.Requests(Acpi).size(), 4u);
-    EXPECT_EQ(std::ranges::count(m_stand.Log(Acpi), Closed), 4);
+    EXPECT_EQ(std::ranges::count(m_stand.Log(Acpi), AcpiClosed), 4);
 }
 
 } // namespace

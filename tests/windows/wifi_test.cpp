@@ -21,7 +21,7 @@ namespace {
 
 using ::testing::IsEmpty;
 
-constexpr int Failed = 0x7FFFFFFF;
+constexpr int NoWifi = 0x7FFFFFFF;
 const HANDLE TheClient = reinterpret_cast<HANDLE>(0x77);
 
 /// What the replaced routines answer, and what they have handed out.
@@ -199,12 +199,12 @@ TEST_F(WifiTest, AWindowsWithoutTheLibraryOrARoutineIsAFailedRead) {
     {
         test::ImportPatch without(m_library.Module());
         without.HideLibrary(L"wlanapi.dll");
-        EXPECT_EQ(VESK_CALL(m_library, RF_WiFiIsConnected)(), Failed);
+        EXPECT_EQ(VESK_CALL(m_library, RF_WiFiIsConnected)(), NoWifi);
         EXPECT_EQ(VESK_CALL(m_library, RF_PhyMode)(), "error_string");
     }
     Substitute(m_patch);
     m_patch.ReplaceRoutine("WlanGetNetworkBssList", static_cast<decltype(&GetBssList)>(nullptr));
-    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiRssi)(), Failed);
+    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiRssi)(), NoWifi);
     m_patch.ReplaceRoutine("WlanGetNetworkBssList", &GetBssList);
     EXPECT_EQ(VESK_CALL(m_library, RF_WiFiRssi)(), -48); // and is tried again
 }
@@ -213,13 +213,13 @@ TEST_F(WifiTest, EveryRoutineThatFailsClosesTheClient) {
     Substitute(m_patch);
     for (const char* routine : {"open", "list", "connection", "points"}) {
         Wlan.status = {{routine, 5}};
-        EXPECT_EQ(VESK_CALL(m_library, RF_WiFiIsConnected)(), Failed) << routine;
+        EXPECT_EQ(VESK_CALL(m_library, RF_WiFiIsConnected)(), NoWifi) << routine;
         EXPECT_THAT(Wlan.blocks, IsEmpty());
         EXPECT_EQ(Wlan.openHandles, 0);
     }
     Wlan.status = {{"channel", 50}};
     EXPECT_EQ(SignalAndRate(), std::pair(-48, 300));
-    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiChannel)(), Failed); // as the failed read left it
+    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiChannel)(), NoWifi); // as the failed read left it
 }
 
 TEST_F(WifiTest, ANullListWithGoodStatusIsAnEmptyOne) {
@@ -233,10 +233,10 @@ TEST_F(WifiTest, AnswersTooSmallForTheirRecordCountAsNone) {
     Wlan.channel.pop_back();
     const auto connection = Wlan.connection;
     Wlan.connection.pop_back();
-    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiChannel)(), Failed);
+    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiChannel)(), NoWifi);
     Wlan.connection = connection;
     EXPECT_EQ(VESK_CALL(m_library, RF_PhyMode)(), "802.11n");
-    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiChannel)(), Failed); // nothing was given for it
+    EXPECT_EQ(VESK_CALL(m_library, RF_WiFiChannel)(), NoWifi); // nothing was given for it
 }
 
 TEST_F(WifiTest, TakesADescriptionWithoutTerminator) {
