@@ -1277,13 +1277,14 @@ VESK_API void GetUWPVersion(VeskChar16* out);
  *     process_name   base name of the executable; of a packaged application the one behind its frame
  *     process_title  always empty
  *     cpu_usage      per cent of all processors over one second, one digit behind the point; -1.0 when the
- *                    system's times did not move
+ *                    system's times did not move or cannot be read, 0.0 when the process's cannot
  *     mem_usage      working set in kilobytes; wraps to negative numbers from 2 GiB on
  *     z_order        position among the windows that count, starting at 1 with every call
  *     is_focused     "1" for the first of them, "0" for the others
  *
- * A process that cannot be opened, such as another user's, shows 0.0 and 0; one that does not tell its
- * memory is left out, with its position.
+ * A process that tells its name but cannot be opened with all rights shows 0.0 and 0. The windows of one that
+ * cannot be opened at all, such as an elevated one while the host is not, do not count. One that does not tell
+ * its memory is left out, with its position.
  *
  * out: 2048 characters: five records of at most 135 and a process name of at most 259 each.
  * Failure and not there: [].
