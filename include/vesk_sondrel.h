@@ -1049,8 +1049,9 @@ VESK_API std::string RF_PhyMode(void);
  *
  * Without a radio all three are VESK_RADIO_NOT_READ and "init_string". With a radio but no connected device
  * the first is 0 and the others stay there: a count of 0 is never seen. With several radios, the first is
- * that of the last radio, the others those of the last radio that has devices. A read takes as long as the
- * Bluetooth API takes; no inquiry is sent.
+ * that of the last radio, the others those of the last radio that has devices. What a failed read wrote is
+ * kept by the first alone, where a later read finds no radio. A read takes as long as the Bluetooth API takes;
+ * no inquiry is sent.
  * @{
  */
 
@@ -1237,7 +1238,7 @@ VESK_API void App_Get_Win32WOW6432App(VeskChar16* out);
  *
  * Among several such devices the last in the platform's list counts.
  *
- * out: 513 characters.
+ * out: 512 characters.
  * Failure and not there: the empty text. Session: not needed. Blocks: one look at each device that is
  * present.
  */
