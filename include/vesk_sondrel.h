@@ -1289,7 +1289,8 @@ VESK_API void GetUWPVersion(VeskChar16* out);
  *
  * out: 2048 characters: five records of at most 135 and a process name of at most 259 each.
  * Failure and not there: [].
- * Session: not needed. Blocks: one second for each window listed whose process can be opened, five at most.
+ * Session: not needed. Blocks: one second for each of the first five that count and whose process can be
+ * opened.
  */
 VESK_API void AppList_OpenWindows(VeskChar16* out);
 
