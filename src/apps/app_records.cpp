@@ -16,9 +16,7 @@ constexpr const char16_t* Wow64UninstallPath =
 
 std::vector<std::u16string> SubkeyNamesAt(const char16_t* keyPath) {
     std::vector<std::u16string> names;
-    platform::OwnedKey key;
-    if (platform::RegOpenKeyExW(platform::Key::LocalMachine, keyPath, platform::access::KeyRead,
-                                key.Receive()) == platform::error::Success) {
+    if (const platform::OwnedKey key = OpenForReading(platform::Key::LocalMachine, keyPath)) {
         EnumSubkeyNames(key.Get(), names);
     }
     return names;

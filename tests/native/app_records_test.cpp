@@ -37,9 +37,9 @@ TEST_F(AppRecordsTest, PackagesGoByTheirShortNames) {
     StartMachine(R"({"packages": {"all": [
         {"full_name": "Vendor.App_1.2.3.0_x64__abcdefghijklm"},
         {"full_name": "Vendor.App_1.2.4.0_x64__abcdefghijklm", "installed": false},
-        {"full_name": "Whole"}, {"full_name": "_x"},
+        {"full_name": "Whole"}, {"full_name": "_x"}, {"full_name": "Cut\u0000off_1_x64__a"},
         {"full_name": "Hidden_1_x64__a", "in_store": false}]}})");
-    EXPECT_EQ(WideAnswer(App_Get_UWPApp), "Vendor.App;Vendor.App;Whole;;");
+    EXPECT_EQ(WideAnswer(App_Get_UWPApp), "Cut;Vendor.App;Vendor.App;Whole;;");
 }
 
 TEST_F(AppRecordsTest, PassesOverWhatCannotBeReadAndGoesOn) {

@@ -81,9 +81,11 @@ TEST_F(InstalledAppsTest, TakesTextsUpToWhatCame) {
     Put(u"d", u"DisplayName", 4, {'N', 0, 'r', 0});
     Put(u"d", u"DisplayVersion", 3, {});
     PutText(u"e", u"DisplayName", std::u16string(u"\xD800", 1) + u'!');
+    PutText(u"f", u"DisplayName", std::u16string(u"Full\0", 5) + std::u16string(1019, u'x'));
     EXPECT_EQ(MachineRecords(), R"({"name":"No end","version":""},{"name":"Cut","version":""},)"
                                 R"({"name":"Odd","version":""},{"name":"Nr","version":""},)"
-                                "{\"name\":\"\uFFFD!\",\"version\":\"\"}");
+                                "{\"name\":\"\uFFFD!\",\"version\":\"\"},"
+                                R"({"name":"Full","version":""})");
 }
 
 TEST_F(InstalledAppsTest, ANameOf1024CharactersDoesNotFitAndAVersionIsNeverTheOneBefore) {

@@ -185,6 +185,29 @@ TEST_F(OpenWindowsTest, ShowsMinusOneWhenTheSystemsTimesDoNotMove) {
     EXPECT_EQ(json::parse(WideAnswer(AppList_OpenWindows))[0]["cpu_usage"], "-1.0");
 }
 
+TEST_F(OpenWindowsTest, ATimeThatCannotBeReadCountsAsOneThatDidNotMove) {
+    StartWith({Window("a", {{"process", 104}})}, {{{"id", 104}, {"path", "busy.exe"}, {"cpu_percent", 40}}});
+    TheMachine().clock.Advance(std::chrono::minutes(1)); // times that began long before the sample
+    const auto cpuUsage = [] {
+        return json::parse(WideAnswer(AppList_OpenWindows))[0]["cpu_usage"].get<std::string>();
+    };
+    EXPECT_EQ(cpuUsage(), "40.0");
+    TheMachine().gate.KeepHistory(true);
+    TheMachine().gate.Restart();
+    cpuUsage();
+    const std::vector<machine::Operation> history = TheMachine().gate.History();
+    std::vector<std::string> figures;
+    for (const auto operation : {machine::Operation::GetSystemTimes, machine::Operation::GetProcessTimes}) {
+        for (std::size_t place = 0; place < history.size(); ++place) {
+            if (history[place] == operation) {
+                TheMachine().gate.Restart({.nth = place + 1});
+                figures.push_back(cpuUsage());
+            }
+        }
+    }
+    EXPECT_THAT(figures, ElementsAre("-1.0", "-1.0", "0.0", "0.0"));
+}
+
 TEST_F(OpenWindowsTest, WindowsThatCloseMeanwhileAreLeftOut) {
     const std::vector<json> windows{Window("a"), Window("b", {{"process", 103}}),
                                     Window("c", {{"process", 101}})};
