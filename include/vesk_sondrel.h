@@ -26,8 +26,9 @@
  *     initCom    Byte argument of the exports that use COM. Not 0: the call enters the multithreaded apartment
  *                for itself and leaves it again, and fails on a thread that is in a single-threaded one. 0: the
  *                calling thread has entered an apartment, of either kind, and the call leaves it alone.
- *     Threads    Exports run on the caller's thread, and the library starts none. Calls that share state (the
- *                session, the disk table) must not overlap. The first Wi-Fi and the first Bluetooth read are
+ *     Threads    Exports run on the caller's thread, and the library starts none. Calls that share state must
+ *                not overlap: those of the session, GetEEPROM_Data and GetSENSOR_WMI_Data with each other or
+ *                themselves, WMIGetHDDTemp with itself. The first Wi-Fi and the first Bluetooth read are
  *                guarded: threads that come at once get one complete snapshot. EC readings of several commands
  *                are not atomic: two threads that read the EC at once can spoil each other's numbers.
  *     Blocking   An EC command or another driver request takes as long as the driver takes, well below a
@@ -488,8 +489,8 @@ VESK_API uint32_t Power_Read_ACDCMode(void);
 /**
  * @defgroup firmware_log Firmware: event log and sensor
  *
- * Both ask the firmware through a device of its own, which each request opens and closes. Numbers are "0x"
- * and at least two lower-case hexadecimal digits.
+ * Both ask the firmware through a device of its own, which each request opens and closes; two of these calls
+ * must not overlap. Numbers are "0x" and at least two lower-case hexadecimal digits.
  * @{
  */
 
@@ -697,7 +698,8 @@ VESK_API int32_t WMISetAppPath(const VeskChar16* path, uint8_t initCom);
  *
  * At a failure the cause stands in the debug log, and in the event log but for WMIGetExternMonitorNum. A
  * question that finds no row, a class that WMI does not have included, is no failure: it gives the empty
- * text too, or -1, and the count 0, but no line in any log. The namespace ROOT\WMI (displays, disk
+ * text too, or -1, and the count 0, but no line of a failure in any log. Where a text is one property of all
+ * rows and the first of them has no value, both logs tell that too. The namespace ROOT\WMI (displays, disk
  * temperatures) as a rule answers administrators only.
  * @{
  */

@@ -65,6 +65,7 @@ TEST_F(RegistryStoreTest, TextsEndAtTheirFirstZeroAndFitTwoHundredAndFiftyFiveCh
     Put(u"empty", TextType, std::span<const std::byte>());
     Put(u"longest", TextType, longest + std::u16string(1, u'\0'));
     Put(u"full without terminator", TextType, longest + u'x');
+    Put(u"full with a zero", TextType, u"ab" + std::u16string(1, u'\0') + std::u16string(253, u'x'));
     Put(u"too long", TextType, longest + std::u16string(u"x\0", 2));
     Put(u"expand", ExpandText, std::u16string_view(u"abc\0", 4));
     EXPECT_EQ(ReadString(u"plain"), u"C:\\App");
@@ -74,6 +75,7 @@ TEST_F(RegistryStoreTest, TextsEndAtTheirFirstZeroAndFitTwoHundredAndFiftyFiveCh
     EXPECT_EQ(ReadString(u"empty"), u"");
     EXPECT_EQ(ReadString(u"longest"), longest);
     EXPECT_EQ(ReadString(u"full without terminator"), Sentinel);
+    EXPECT_EQ(ReadString(u"full with a zero"), u"ab");
     EXPECT_EQ(ReadString(u"too long"), Sentinel);
     EXPECT_EQ(ReadString(u"expand"), Sentinel);
 }

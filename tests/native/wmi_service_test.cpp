@@ -63,7 +63,7 @@ protected:
     std::vector<std::int32_t> Ids(const std::u16string& where, HResult* status = nullptr) {
         platform::OwnedEnumerator rows;
         const std::u16string query = u"SELECT * from thing " + where;
-        EXPECT_EQ(sondrel::ExecWmiQuery(m_services.Get(), query, rows.Receive()), 0);
+        EXPECT_EQ(sondrel::ExecWmiQuery(m_services.Get(), query.c_str(), rows.Receive()), 0);
         std::vector<std::int32_t> ids;
         for (;;) {
             platform::OwnedObject row;
