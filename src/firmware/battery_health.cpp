@@ -36,9 +36,7 @@ bool SetLevel(std::int32_t level, std::uint8_t initCom) {
     if (!IsSupported(initCom)) {
         return false;
     }
-    const std::string number = std::to_string(level);
-    const std::u16string controlStatus(number.begin(), number.end());
-    return SetFeature(BatteryHealth, "[WMISetBatteryHealth]", controlStatus, level, initCom);
+    return SetFeature(BatteryHealth, "[WMISetBatteryHealth]", DecimalText(level), level, initCom);
 }
 
 } // namespace

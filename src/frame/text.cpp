@@ -151,8 +151,8 @@ std::u16string HexByteText(std::uint32_t value) {
     return wide;
 }
 
-std::u16string DecimalText(std::uint32_t value) {
-    std::array<char, 10> digits;
+std::u16string DecimalText(std::int64_t value) {
+    std::array<char, 20> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     return {digits.data(), end};
 }

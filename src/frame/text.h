@@ -16,8 +16,8 @@ std::string HexText(std::uint32_t value);
 /// Lower-case hexadecimal, no prefix, at least two digits: 5 gives "05", 0x1A2 gives "1a2".
 std::u16string HexByteText(std::uint32_t value);
 
-/// Decimal digits, no sign, no leading zeros.
-std::u16string DecimalText(std::uint32_t value);
+/// Decimal digits, a minus before a negative number, no leading zeros.
+std::u16string DecimalText(std::int64_t value);
 
 /// The text up to its first zero character, from UTF-8. Ill-formed input becomes U+FFFD, one for each maximal
 /// ill-formed run, as MultiByteToWideChar gives it with code page 65001 and flags 0.

@@ -155,7 +155,7 @@ std::u16string VolumeText(platform::EndpointVolume volume) {
     if (muted) {
         return u"0";
     }
-    return Failed(status) ? std::u16string() : DecimalText(static_cast<std::uint32_t>(PercentOf(level)));
+    return Failed(status) ? std::u16string() : DecimalText(PercentOf(level));
 }
 
 } // namespace

@@ -121,7 +121,7 @@ void AppendRecord(std::u16string& document, const OpenWindowRecord& record) {
     document += u"\",\"cpu_usage\":\"";
     document += CpuUsageText(record.cpuUsage);
     document += u"\",\"mem_usage\":\"";
-    document += MemUsageText(record.memUsage);
+    document += DecimalText(record.memUsage);
     document += u"\",\"z_order\":\"";
     document += record.zOrder;
     document += u"\",\"is_focused\":\"";
@@ -143,7 +143,7 @@ void EnumOpenWindowProc(Window window, OpenWindowWalk& walk) {
         return;
     }
     const std::int32_t position = ++walk.WindowZOrderCounter;
-    record.zOrder = DecimalText(static_cast<std::uint32_t>(position));
+    record.zOrder = DecimalText(position);
     record.isFocused = position == 1 ? u"1" : u"0";
     if (position > MostListed) {
         return;

@@ -18,11 +18,4 @@ TEST(OpenWindowRecordTest, CpuUsageHasOneDigitBehindThePoint) {
     EXPECT_EQ(sondrel::CpuUsageText(std::numeric_limits<float>::infinity()), u"inf");
 }
 
-TEST(OpenWindowRecordTest, MemUsageIsSignedDecimal) {
-    EXPECT_EQ(sondrel::MemUsageText(0), u"0");
-    EXPECT_EQ(sondrel::MemUsageText(14020), u"14020");
-    EXPECT_EQ(sondrel::MemUsageText(-2097152), u"-2097152");
-    EXPECT_EQ(sondrel::MemUsageText(std::numeric_limits<std::int32_t>::min()), u"-2147483648");
-}
-
 } // namespace

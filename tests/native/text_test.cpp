@@ -18,7 +18,8 @@ TEST(NumberText, HasTheDigitsItNeedsAndNoMore) {
     EXPECT_EQ(HexByteText(0), u"00");
     EXPECT_EQ(HexByteText(0xFFFFFFFF), u"ffffffff");
     EXPECT_EQ(DecimalText(0), u"0");
-    EXPECT_EQ(DecimalText(4294967295u), u"4294967295");
+    EXPECT_EQ(DecimalText(4294967295), u"4294967295");
+    EXPECT_EQ(DecimalText(-2147483648), u"-2147483648");
 }
 
 TEST(Utf8ToWide, CutsAtTheFirstZeroAndReplacesWhatIsIllFormed) {
