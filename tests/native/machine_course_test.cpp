@@ -1,21 +1,17 @@
 // What moves on a machine whose profile has a course.
-#include "ec_traffic.h"
+#include "machine_fixture.h"
 
 #include "platform/simulated/machine_course.h"
 
 namespace {
 
-using test::GuardedText;
-
-class MachineCourseTest : public test::EcTest {
+class MachineCourseTest : public test::MachineTest {
 protected:
     static void Pass(double seconds) {
         TheMachine().clock.Advance(std::chrono::microseconds(static_cast<std::int64_t>(seconds * 1e6)));
     }
 
-    static std::uint32_t FirstFan() {
-        return static_cast<std::uint32_t>(std::stoul(GuardedText<44>(Thermal_Read_Fan).Text()));
-    }
+    static std::uint32_t FirstFan() { return static_cast<std::uint32_t>(std::stoul(Text(Thermal_Read_Fan))); }
 };
 
 TEST_F(MachineCourseTest, LoadHeatsAndAFanAnswers) {
@@ -45,28 +41,23 @@ TEST_F(MachineCourseTest, LoadHeatsAndAFanAnswers) {
 }
 
 TEST_F(MachineCourseTest, ReadingsDependOnTheTimeAlone) {
-    const auto profile = [] {
-        return machine::LoadProfile("living");
-    };
     const auto reading = [] {
         return std::tuple(Thermal_Read_Cpu_Temperature(), FirstFan(), Battery_Read_Capacity(),
-                          Battery_Read_Current(), GuardedText<44>(Battery_Read_CellVoltage).Text(),
+                          Battery_Read_Current(), Text(Battery_Read_CellVoltage),
                           Thermal_Read_CpuPackagePower(), Power_Read_ACDCMode());
     };
-    machine::Start(profile(), ":memory:");
+    StartBuiltIn("living");
     InitializeSondrel();
     for (int second = 0; second < 50; ++second) {
         Pass(1);
         Thermal_Read_Cpu_Temperature();
     }
     const auto often = reading();
-    ShutdownSondrel();
-    machine::Start(profile(), ":memory:");
+    StartBuiltIn("living");
     InitializeSondrel();
     Pass(50);
     EXPECT_EQ(reading(), often);
     EXPECT_GT(std::get<0>(often), 60u);
-    ShutdownSondrel();
 }
 
 TEST_F(MachineCourseTest, TheBatteryIsDrainedByTheLoadAndCharged) {
