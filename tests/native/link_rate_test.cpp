@@ -60,17 +60,14 @@ int PublishedRate(int streams, int width, bool shortGuard, int mcs) {
     return static_cast<int>(std::floor(megabits * 2 + 0.5 + 1e-9));
 }
 
-std::string Named(const char* standard, int streams, int width, bool shortGuard, int mcs, int rate) {
-    return std::string(standard) + " " + std::to_string(streams) + "x" + std::to_string(width) +
-           (shortGuard ? " short MCS " : " long MCS ") + std::to_string(mcs) + " = " + std::to_string(rate);
-}
-
 TEST(LinkRateTable, HoldsThePublishedRatesButForTheseRows) {
     std::vector<std::string> deviations;
-    const auto compare = [&](const char* standard, int streams, int width, bool shortGuard, int mcs,
+    const auto compare = [&](const std::string& standard, int streams, int width, bool shortGuard, int mcs,
                              int rate) {
         if (rate != PublishedRate(streams, width, shortGuard, mcs)) {
-            deviations.push_back(Named(standard, streams, width, shortGuard, mcs, rate));
+            deviations.push_back(standard + std::to_string(streams) + "x" + std::to_string(width) +
+                                 (shortGuard ? " short MCS " : " long MCS ") + std::to_string(mcs) + " = " +
+                                 std::to_string(rate));
         }
     };
     constexpr int Widths[] = {20, 40, 80};
@@ -78,11 +75,11 @@ TEST(LinkRateTable, HoldsThePublishedRatesButForTheseRows) {
         for (std::size_t width = 0; width < 3; ++width) {
             for (const bool guard : {false, true}) {
                 for (int mcs = 0; mcs < 10; ++mcs) {
-                    compare("VHT", streams, Widths[width], guard, mcs,
+                    compare("VHT ", streams, Widths[width], guard, mcs,
                             sondrel::VhtRateTable[streams - 1][width][guard][mcs]);
                 }
                 for (int mcs = 0; mcs < 8 && width < 2; ++mcs) {
-                    compare("HT", streams, Widths[width], guard, mcs,
+                    compare("HT ", streams, Widths[width], guard, mcs,
                             sondrel::HtRateTable[width][guard][8 * (streams - 1) + mcs]);
                 }
             }
@@ -109,13 +106,13 @@ TEST(LinkRate, FindsEveryHtRate) {
     }
 }
 
-struct RateCase {
-    const char* why;
-    int rate;
-    Block block;
-};
-
 TEST(LinkRate, GoesByTheElementsInTheirOrder) {
+    struct RateCase {
+        const char* why;
+        int rate;
+        Block block;
+    };
+
     const Block ht20 = HtCapabilities(0x00, 0xFF), ht40 = HtCapabilities(0x02, 0xFF);
     const Block vht = VhtCapabilities(0x20, 0xFFFA), vht80 = VhtOperation(1),
                 map = VhtCapabilities(0, 0xFFFE);

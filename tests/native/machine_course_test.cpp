@@ -1,8 +1,6 @@
 // What moves on a machine whose profile has a course.
 #include "machine_fixture.h"
 
-#include "platform/simulated/machine_course.h"
-
 namespace {
 
 class MachineCourseTest : public test::MachineTest {
@@ -78,16 +76,6 @@ TEST_F(MachineCourseTest, TheBatteryIsDrainedByTheLoadAndCharged) {
     Pass(20000);
     EXPECT_EQ(Battery_Read_Capacity(), 51300u);
     EXPECT_EQ(Battery_Read_Current(), 0);
-}
-
-TEST(LoadCourse, CountsTheBusySecondsThatItShows) {
-    const machine::LoadCourse course({{1, 2}, {1, 3}, {0, 1}}, 0.5);
-    double busy = 0;
-    for (int tick = 0; tick < 20'000; ++tick) {
-        EXPECT_NEAR(course.BusySeconds(tick / 1000.0), busy, 1e-3);
-        busy += course.At((tick + 0.5) / 1000.0) / 1000.0;
-    }
-    EXPECT_DOUBLE_EQ(machine::LoadCourse({}, 0.5).BusySeconds(10), 5);
 }
 
 } // namespace
