@@ -160,7 +160,9 @@ TEST_F(OpenWindowsTest, ATimeThatCannotBeReadCountsAsOneThatDidNotMove) {
     std::string figures;
     for (const auto operation : {Operation::GetSystemTimes, Operation::GetProcessTimes}) {
         for (const std::size_t nth : {1, 2}) {
-            RunFailing(operation, nth, Failure::Refused, [&] { figures += Listed("cpu_usage"); });
+            std::string figure;
+            RunFailing(operation, nth, Failure::Refused, [&] { figure = Listed("cpu_usage"); });
+            figures += figure;
         }
     }
     EXPECT_EQ(figures, "-1.0;-1.0;0.0;0.0;");

@@ -9,12 +9,12 @@ namespace {
 using namespace testing;
 using test::Lines;
 
-constexpr const char* Start = "RF_ReadWifi_Info Start";
-constexpr const char* End = "RF_ReadWifi_Info End";
+constexpr const char* ReadStarts = "RF_ReadWifi_Info Start";
+constexpr const char* ReadEnds = "RF_ReadWifi_Info End";
 constexpr const char* Interface = "[DLL][Wrieless]InterfaceGUID";
-constexpr const char* Whole = "1|Farrow WF-7 Wireless LAN|-52|36|802.11ac|02:1A:2B|867";
+constexpr const char* WholeLink = "1|Farrow WF-7 Wireless LAN|-52|36|802.11ac|02:1A:2B|867";
 constexpr const char* NotRead = "-1000|init_string|-1000|-1000|init_string|init_string|-1000";
-constexpr const char* Failed =
+constexpr const char* FailedRead =
     "2147483647|error_string|2147483647|2147483647|error_string|error_string|2147483647";
 
 class WifiTest : public test::MachineTest {
@@ -44,8 +44,9 @@ protected:
 };
 
 TEST_F(WifiTest, ReadsTheLinkOnceAndInOrder) {
-    EXPECT_EQ(Fields(), Whole);
-    EXPECT_THAT(DebugLines(), ElementsAre("[RF] RF_WiFiIsConnected FLAG FALSE", Start, Interface, End));
+    EXPECT_EQ(Fields(), WholeLink);
+    EXPECT_THAT(DebugLines(),
+                ElementsAre("[RF] RF_WiFiIsConnected FLAG FALSE", ReadStarts, Interface, ReadEnds));
     Lines calls = Calls();
     std::erase_if(calls, [](const std::string& call) { return call.starts_with("Event"); });
     EXPECT_THAT(calls, ElementsAre("WlanOpenHandle version 2 = 0", "WlanEnumInterfaces = 0",
@@ -79,11 +80,11 @@ TEST_F(WifiTest, AnswersForEveryKindOfMachine) {
 
 TEST_F(WifiTest, EachExportNamesItselfAndTriesAgainWhileReadsFail) {
     StartMachine(R"({"wifi": {"service": "stopped"}})");
-    EXPECT_EQ(Fields(), Failed);
+    EXPECT_EQ(Fields(), FailedRead);
     Lines expected;
     for (const char* name : {"RF_WiFiIsConnected", "RF_WiFiCardName", "RF_WiFiRssi", "RF_WiFiChannel",
                              "RF_PhyMode", "RF_AP_MAC", "RF_WiFiMaxRate"}) {
-        expected.insert(expected.end(), {"[RF] " + std::string(name) + " FLAG FALSE", Start,
+        expected.insert(expected.end(), {"[RF] " + std::string(name) + " FLAG FALSE", ReadStarts,
                                          "WlanOpenHandle failed with error:1062"});
     }
     EXPECT_EQ(DebugLines(), expected);
@@ -109,7 +110,7 @@ TEST_F(WifiTest, EachFailingCallHasItsOutcomeAndItsLines) {
         {Operation::WlanEnumInterfaces, 1, Failure::Refused, "WlanEnumInterfaces failed with error:5",
          nullptr},
         {Operation::WlanEnumInterfaces, 1, Failure::Nothing, "", NotRead},
-        {Operation::StringFromGUID2, 1, Failure::Refused, noGuid, Whole},
+        {Operation::StringFromGUID2, 1, Failure::Refused, noGuid, WholeLink},
         {Operation::WlanQueryInterface, 1, Failure::Refused, Interface, nullptr},
         {Operation::WlanQueryInterface, 1, Failure::Nothing, Interface, nullptr},
         {Operation::WlanQueryInterface, 2, Failure::Refused, Interface, noChannel},
@@ -123,13 +124,14 @@ TEST_F(WifiTest, EachFailingCallHasItsOutcomeAndItsLines) {
             ForgetRecords();
             RF_WiFiRssi();
         });
-        Lines lines{"[RF] RF_WiFiRssi FLAG FALSE", Start, each.line, End};
+        Lines lines{"[RF] RF_WiFiRssi FLAG FALSE", ReadStarts, each.line, ReadEnds};
         if (each.fields == nullptr) {
             lines.pop_back(); // a read that fails has no end
         }
         std::erase(lines, "");
         EXPECT_EQ(DebugLines(), lines);
-        EXPECT_EQ(Fields(), each.fields != nullptr ? each.fields : Whole) << "a failed read is made again";
+        EXPECT_EQ(Fields(), each.fields != nullptr ? each.fields : WholeLink)
+            << "a failed read is made again";
     }
 }
 
@@ -170,7 +172,7 @@ TEST_F(WifiTest, ThreadsThatComeAtOnceShareOneRead) {
         threads.emplace_back([&answer] { answer = Fields(); });
     }
     threads.clear();
-    EXPECT_THAT(answers, Each(Whole));
+    EXPECT_THAT(answers, Each(WholeLink));
     EXPECT_THAT(CallsOf("WlanOpenHandle"), SizeIs(1));
 }
 
