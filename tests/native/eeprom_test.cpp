@@ -211,7 +211,7 @@ TEST(EepromRecord, RendersEveryKindLengthAndBcdByteAndKnowsTheMarks) {
             ASSERT_EQ(machine::Utf8FromWide(text), Rendered(record)) << "kind " << kind << " round " << round;
         }
     }
-    for (const std::size_t mark : {0, 1}) {
+    for (const std::size_t mark : {0U, 1U}) {
         Record broken = record;
         broken[mark] ^= std::byte{1};
         std::u16string text = u"before";

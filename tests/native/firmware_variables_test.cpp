@@ -102,7 +102,7 @@ TEST_F(FirmwareVariablesTest, AsksForThePrivilegeAndGivesTheTokenBack) {
     Fields[2].set(Counting(23, 0).data());
     EXPECT_EQ(Calls()[5], "SetFirmwareEnvironmentVariableW MFG0 " + guid + " 200 bytes = 1");
     // It goes on without, wherever asking fails: for the token, for the privilege's name, for the privilege.
-    for (const std::uint64_t nth : {1, 2, 3}) {
+    for (const std::uint64_t nth : {1U, 2U, 3U}) {
         StartMachine();
         TheMachine().gate.Restart({.nth = nth});
         GPNV_Set_RandomUUID(Counting(16, 7).data());
