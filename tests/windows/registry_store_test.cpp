@@ -25,7 +25,7 @@ protected:
 
     void Set(const wchar_t* name, DWORD type, std::wstring_view text) {
         const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-        m_registry.Set(name, {type, test::Bytes(bytes, bytes + text.size() * sizeof(wchar_t))});
+        m_registry.Set(name, {type, {bytes, bytes + text.size() * sizeof(wchar_t)}});
     }
 
     test::RegistryStand m_registry{L"SOFTWARE\\Vesk Test\\Store"};
@@ -35,8 +35,8 @@ TEST_F(RegistryStoreTest, NumbersAreUnsignedAndOfOneType) {
     m_registry.Set(L"zero", test::DwordValue(0));
     m_registry.Set(L"most", test::DwordValue(4294967295u));
     m_registry.Set(L"digits", TextValue(L"12"));
-    m_registry.Set(L"short", {REG_DWORD, test::FromHex("0501")});
-    m_registry.Set(L"long", {REG_DWORD, test::FromHex("0501000000000000")});
+    m_registry.Set(L"short", {REG_DWORD, {5, 1}});
+    m_registry.Set(L"long", {REG_DWORD, {5, 1, 0, 0, 0, 0, 0, 0}});
     EXPECT_EQ(ReadDword(u"zero"), u"0");
     EXPECT_EQ(ReadDword(u"MOST"), u"4294967295");
     EXPECT_EQ(ReadDword(u"digits"), Sentinel);
