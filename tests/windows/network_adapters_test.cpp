@@ -51,6 +51,7 @@ TEST(NetworkAdaptersTest, KeepsWithinTheBufferHoweverTheListIsLinked) {
     EXPECT_THAT(IndicesLinkedBy([](auto* first) { return AddressOf(first + 1); }), ElementsAre(5, 6));
     EXPECT_THAT(IndicesLinkedBy([](auto*) { return std::uintptr_t{0}; }), ElementsAre(5));
     EXPECT_THAT(IndicesLinkedBy([](auto* first) { return AddressOf(first + 2); }), ElementsAre(5));
+    EXPECT_THAT(IndicesLinkedBy([](auto* first) { return AddressOf(first + 3); }), ElementsAre(5));
     EXPECT_THAT(IndicesLinkedBy([](auto* first) { return AddressOf(first + 1) + 1; }), ElementsAre(5));
     EXPECT_THAT(IndicesLinkedBy([](auto* first) { return AddressOf(first) - 8; }), ElementsAre(5));
     EXPECT_THAT(IndicesLinkedBy([](auto* first) { return AddressOf(first); }),

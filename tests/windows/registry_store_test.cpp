@@ -1,9 +1,13 @@
 // The registry operations on a real registry.
+#include "import_patch.h"
 #include "registry_stand.h"
 
 #include "frame/registry_store.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <vector>
 
 namespace {
 
@@ -75,6 +79,31 @@ TEST_F(RegistryStoreTest, WritingMakesTheWholePath) {
     EXPECT_EQ(m_registry.Get(L"text", L"A\\B"), TextValue(L"caf\u00E9"));
     EXPECT_TRUE(sondrel::WriteRegString(Key::LocalMachine, StoreKey + u"\\A\\B", u"number", u"now a text"));
     EXPECT_EQ(m_registry.Get(L"number", L"A\\B"), TextValue(L"now a text"));
+}
+
+std::vector<REGSAM> Rights;
+
+LSTATUS WINAPI RefuseToOpen(HKEY, const wchar_t*, DWORD options, REGSAM rights, HKEY*) {
+    EXPECT_EQ(options, 0u);
+    Rights.push_back(rights);
+    return ERROR_ACCESS_DENIED;
+}
+
+LSTATUS WINAPI RefuseToCreate(HKEY, const wchar_t*, DWORD, wchar_t*, DWORD options, REGSAM rights,
+                              SECURITY_ATTRIBUTES*, HKEY*, DWORD*) {
+    EXPECT_EQ(options, 0u); // kept beyond a restart
+    Rights.push_back(rights);
+    return ERROR_ACCESS_DENIED;
+}
+
+// This Windows grants every right; another one does not give all of them to everybody.
+TEST_F(RegistryStoreTest, AsksForTheRightsThatItNeeds) {
+    test::ImportPatch patch(::GetModuleHandleW(nullptr));
+    patch.Replace("RegOpenKeyExW", &RefuseToOpen);
+    patch.Replace("RegCreateKeyExW", &RefuseToCreate);
+    EXPECT_EQ(ReadDword(u"absent"), Sentinel);
+    EXPECT_FALSE(sondrel::WriteRegDword(Key::LocalMachine, StoreKey, u"number", 1));
+    EXPECT_THAT(Rights, ::testing::ElementsAre(REGSAM{KEY_READ}, REGSAM{KEY_WRITE}, REGSAM{KEY_ALL_ACCESS}));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -36,6 +37,15 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
+    /// Which file stands there.
+    [[nodiscard]] std::uint64_t Identity() const {
+        const HANDLE file = Held(FILE_SHARE_READ);
+        BY_HANDLE_FILE_INFORMATION about{};
+        EXPECT_TRUE(::GetFileInformationByHandle(file, &about));
+        ::CloseHandle(file);
+        return std::uint64_t{about.nFileIndexHigh} << 32 | about.nFileIndexLow;
+    }
+
     [[nodiscard]] HANDLE Held(DWORD shareMode) const {
         return ::CreateFileW(File().c_str(), GENERIC_READ, shareMode, nullptr, OPEN_EXISTING, 0, nullptr);
     }
@@ -47,9 +57,11 @@ private:
 TEST_F(SettingsFileTest, IsReplacedByALineOfThisPlatform) {
     Write(1234567890);
     EXPECT_EQ(Text(), "1234567890\r\n");
+    const std::uint64_t first = Identity();
     std::ofstream(File() += L".new") << "what a crash left over";
     Write(-5);
     EXPECT_EQ(Text(), "-5\r\n");
+    EXPECT_NE(Identity(), first) << "not written over, but moved there in one step";
     EXPECT_EQ(sondrel::ReadSetting(File().u16string(), 100), -5);
 }
 
