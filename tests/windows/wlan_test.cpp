@@ -48,9 +48,9 @@ DWORD WINAPI QueryInterface(HANDLE, const GUID*, WLAN_INTF_OPCODE, PVOID, PDWORD
     return Hand(reinterpret_cast<std::byte**>(data));
 }
 
-DWORD WINAPI GetBssList(HANDLE, const GUID*, PDOT11_SSID ssid, DOT11_BSS_TYPE, WINBOOL, PVOID,
+DWORD WINAPI GetBssList(HANDLE, const GUID*, PDOT11_SSID ssid, DOT11_BSS_TYPE type, WINBOOL security, PVOID,
                         PWLAN_BSS_LIST* list) {
-    EXPECT_EQ(ssid, nullptr);
+    EXPECT_TRUE(ssid == nullptr && type == dot11_BSS_type_infrastructure && security == TRUE);
     return Hand(list);
 }
 

@@ -1,22 +1,15 @@
 #include "platform/system_power.h"
 
-#include <windows.h>
+#include "platform/windows/file_time.h"
 
 namespace platform {
-namespace {
-
-std::uint64_t WholeNumber(const FILETIME& time) {
-    return std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
-}
-
-} // namespace
 
 bool GetSystemTimes(SystemTimes& times) {
     FILETIME idle{};
     FILETIME kernel{};
     FILETIME user{};
     const BOOL done = ::GetSystemTimes(&idle, &kernel, &user);
-    times = {WholeNumber(idle), WholeNumber(kernel), WholeNumber(user)};
+    times = {Ticks(idle), Ticks(kernel), Ticks(user)};
     return done != FALSE;
 }
 
