@@ -26,8 +26,9 @@
  *     initCom    Byte argument of the exports that use COM. Not 0: the call enters the multithreaded apartment
  *                for itself and leaves it again, and fails on a thread that is in a single-threaded one. 0: the
  *                calling thread has entered an apartment, of either kind, and the call leaves it alone.
- *     Threads    Exports run on the caller's thread, and the library starts none. Calls that share state (the
- *                session, the disk table) must not overlap. The first Wi-Fi and the first Bluetooth read are
+ *     Threads    Exports run on the caller's thread, and the library starts none. Calls that share state must
+ *                not overlap: those of the session, GetEEPROM_Data and GetSENSOR_WMI_Data with each other or
+ *                themselves, WMIGetHDDTemp with itself. The first Wi-Fi and the first Bluetooth read are
  *                guarded: threads that come at once get one complete snapshot. EC readings of several commands
  *                are not atomic: two threads that read the EC at once can spoil each other's numbers.
  *     Blocking   An EC command or another driver request takes as long as the driver takes, well below a
@@ -488,8 +489,8 @@ VESK_API uint32_t Power_Read_ACDCMode(void);
 /**
  * @defgroup firmware_log Firmware: event log and sensor
  *
- * Both ask the firmware through a device of its own, which each request opens and closes. Numbers are "0x"
- * and at least two lower-case hexadecimal digits.
+ * Both ask the firmware through a device of its own, which each request opens and closes; two of these calls
+ * must not overlap. Numbers are "0x" and at least two lower-case hexadecimal digits.
  * @{
  */
 
@@ -697,7 +698,8 @@ VESK_API int32_t WMISetAppPath(const VeskChar16* path, uint8_t initCom);
  *
  * At a failure the cause stands in the debug log, and in the event log but for WMIGetExternMonitorNum. A
  * question that finds no row, a class that WMI does not have included, is no failure: it gives the empty
- * text too, or -1, and the count 0, but no line in any log. The namespace ROOT\WMI (displays, disk
+ * text too, or -1, and the count 0, but no line of a failure in any log. Where a text is one property of all
+ * rows and the first of them has no value, both logs tell that too. The namespace ROOT\WMI (displays, disk
  * temperatures) as a rule answers administrators only.
  * @{
  */
@@ -1049,8 +1051,9 @@ VESK_API std::string RF_PhyMode(void);
  *
  * Without a radio all three are VESK_RADIO_NOT_READ and "init_string". With a radio but no connected device
  * the first is 0 and the others stay there: a count of 0 is never seen. With several radios, the first is
- * that of the last radio, the others those of the last radio that has devices. A read takes as long as the
- * Bluetooth API takes; no inquiry is sent.
+ * that of the last radio, the others those of the last radio that has devices. What a failed read wrote is
+ * kept by the first alone, where a later read finds no radio. A read takes as long as the Bluetooth API takes;
+ * no inquiry is sent.
  * @{
  */
 
@@ -1237,7 +1240,7 @@ VESK_API void App_Get_Win32WOW6432App(VeskChar16* out);
  *
  * Among several such devices the last in the platform's list counts.
  *
- * out: 513 characters.
+ * out: 512 characters.
  * Failure and not there: the empty text. Session: not needed. Blocks: one look at each device that is
  * present.
  */
@@ -1277,17 +1280,19 @@ VESK_API void GetUWPVersion(VeskChar16* out);
  *     process_name   base name of the executable; of a packaged application the one behind its frame
  *     process_title  always empty
  *     cpu_usage      per cent of all processors over one second, one digit behind the point; -1.0 when the
- *                    system's times did not move
+ *                    system's times did not move or cannot be read, 0.0 when the process's cannot
  *     mem_usage      working set in kilobytes; wraps to negative numbers from 2 GiB on
  *     z_order        position among the windows that count, starting at 1 with every call
  *     is_focused     "1" for the first of them, "0" for the others
  *
- * A process that cannot be opened, such as another user's, shows 0.0 and 0; one that does not tell its
- * memory is left out, with its position.
+ * A process that tells its name but cannot be opened with all rights shows 0.0 and 0. The windows of one that
+ * cannot be opened at all, such as an elevated one while the host is not, do not count. One that does not tell
+ * its memory is left out, with its position.
  *
  * out: 2048 characters: five records of at most 135 and a process name of at most 259 each.
  * Failure and not there: [].
- * Session: not needed. Blocks: one second for each window listed whose process can be opened, five at most.
+ * Session: not needed. Blocks: one second for each of the first five that count and whose process can be
+ * opened.
  */
 VESK_API void AppList_OpenWindows(VeskChar16* out);
 

@@ -7,17 +7,16 @@
 namespace sondrel {
 namespace {
 
-constexpr const char16_t* PackageStoreKey =
+// With a separator at the end: a subkey's name follows it at once.
+constexpr const char16_t* PackageStorePath =
     u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Appx\\AppxAllUserStore\\Applications\\";
-constexpr const char16_t* NativeUninstallKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
-constexpr const char16_t* Wow64UninstallKey =
+constexpr const char16_t* NativeUninstallPath = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
+constexpr const char16_t* Wow64UninstallPath =
     u"SOFTWARE\\WOW6432Node\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
 
 std::vector<std::u16string> SubkeyNamesAt(const char16_t* keyPath) {
     std::vector<std::u16string> names;
-    platform::OwnedKey key;
-    if (platform::RegOpenKeyExW(platform::Key::LocalMachine, keyPath, platform::access::KeyRead,
-                                key.Receive()) == platform::error::Success) {
+    if (const platform::OwnedKey key = OpenForReading(platform::Key::LocalMachine, keyPath)) {
         EnumSubkeyNames(key.Get(), names);
     }
     return names;
@@ -25,7 +24,7 @@ std::vector<std::u16string> SubkeyNamesAt(const char16_t* keyPath) {
 
 std::u16string PackageNames() {
     std::u16string list;
-    for (const std::u16string& fullName : SubkeyNamesAt(PackageStoreKey)) {
+    for (const std::u16string& fullName : SubkeyNamesAt(PackageStorePath)) {
         list.append(fullName, 0, fullName.find(u'_'));
         list += u';';
     }
@@ -71,9 +70,9 @@ void App_Get_UWPApp(VeskChar16* out) {
 }
 
 void App_Get_Win32App(VeskChar16* out) {
-    AnswerWith(out, [] { return ApplicationNames(NativeUninstallKey); });
+    AnswerWith(out, [] { return ApplicationNames(NativeUninstallPath); });
 }
 
 void App_Get_Win32WOW6432App(VeskChar16* out) {
-    AnswerWith(out, [] { return ApplicationNames(Wow64UninstallKey); });
+    AnswerWith(out, [] { return ApplicationNames(Wow64UninstallPath); });
 }

@@ -26,12 +26,6 @@ struct HiveWalker {
 constexpr HiveWalker MachineWalker{platform::Key::LocalMachine, u"{\"machine\":["};
 constexpr HiveWalker UserWalker{platform::Key::CurrentUser, u"{\"user\":["};
 
-platform::OwnedKey OpenForReading(platform::Key root, const char16_t* path) {
-    platform::OwnedKey key;
-    platform::RegOpenKeyExW(root, path, platform::access::KeyRead, key.Receive());
-    return key;
-}
-
 /// The path of an application's key. One that is longer than the room for it is cut, and names no key then.
 std::u16string ApplicationPath(std::u16string_view keyPath, std::u16string_view subkey) {
     constexpr std::size_t PathRoom = 1024;

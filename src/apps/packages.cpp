@@ -142,9 +142,7 @@ std::u16string GetUWPDisplayName(const std::u16string& fullName) {
 
 std::u16string GetApplist_AllUserStore() {
     std::u16string document(u"[");
-    platform::OwnedKey store;
-    if (platform::RegOpenKeyExW(platform::Key::LocalMachine, PackageStoreKey, platform::access::KeyRead,
-                                store.Receive()) == platform::error::Success) {
+    if (const platform::OwnedKey store = OpenForReading(platform::Key::LocalMachine, PackageStoreKey)) {
         for (std::uint32_t index = 0; const auto fullName = SubkeyName(store.Get(), index); ++index) {
             if (index != 0) {
                 document += u',';

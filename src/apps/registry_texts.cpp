@@ -2,8 +2,15 @@
 
 #include <array>
 #include <span>
+#include <string_view>
 
 namespace sondrel {
+
+platform::OwnedKey OpenForReading(platform::Key root, const char16_t* path) {
+    platform::OwnedKey key;
+    platform::RegOpenKeyExW(root, path, platform::access::KeyRead, key.Receive());
+    return key;
+}
 
 std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index, std::uint32_t room) {
     std::array<char16_t, SubkeyNameRoom> name;
@@ -11,7 +18,8 @@ std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index,
     if (platform::RegEnumKeyExW(key, index, name.data(), length) != platform::error::Success) {
         return std::nullopt;
     }
-    return std::u16string(name.data(), length);
+    const std::u16string_view whole(name.data(), length);
+    return std::u16string(whole.substr(0, whole.find(u'\0')));
 }
 
 std::optional<std::u16string> ValueText(platform::Key key, const char16_t* name, std::uint32_t room) {
@@ -20,11 +28,13 @@ std::optional<std::u16string> ValueText(platform::Key key, const char16_t* name,
     std::uint32_t type = 0;
     auto size = static_cast<std::uint32_t>(room * sizeof(char16_t));
     if (platform::RegQueryValueExW(key, name, type, std::as_writable_bytes(std::span(text)).data(), size) !=
-            platform::error::Success ||
-        text[room - 1] != u'\0') {
+        platform::error::Success) {
         return std::nullopt;
     }
-    return text.data();
+    const std::u16string_view taken(text.data(), room);
+    const std::size_t end = taken.find(u'\0');
+    return end != std::u16string_view::npos ? std::optional(std::u16string(taken.substr(0, end)))
+                                            : std::nullopt;
 }
 
 } // namespace sondrel

@@ -9,11 +9,15 @@
 
 namespace sondrel {
 
+/// A key opened for reading; nothing held when it cannot be opened.
+platform::OwnedKey OpenForReading(platform::Key root, const char16_t* path);
+
 /// Room for a subkey's name, in characters with the terminator. Longer names do not exist in a sound registry.
 inline constexpr std::uint32_t SubkeyNameRoom = 1024;
 
-/// The name of subkey number `index`. Nothing for every failure, the end of the list among them, and for a
-/// name that does not fit `room` with its terminator; `room` is at most SubkeyNameRoom.
+/// The name of subkey number `index`, up to a zero character, which the kernel's own calls can put into one.
+/// Nothing for every failure, the end of the list among them, and for a name that does not fit `room` with its
+/// terminator; `room` is at most SubkeyNameRoom.
 std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index,
                                          std::uint32_t room = SubkeyNameRoom);
 

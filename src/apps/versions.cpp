@@ -44,14 +44,13 @@ std::optional<std::u16string> DeviceText(platform::DeviceNode node, std::uint32_
     return text.data();
 }
 
+/// Empty when the key cannot be opened or does not tell a version. A driver key is taken whole, however long it
+/// is; an empty one, which is that of no device, leads to the key above all of them.
 std::u16string DriverVersionAt(const std::u16string& driverKey) {
     constexpr std::uint32_t VersionRoom = 1024 / sizeof(char16_t);
-    platform::OwnedKey key;
-    if (platform::RegOpenKeyExW(platform::Key::LocalMachine, (ClassKey + driverKey).c_str(),
-                                platform::access::KeyRead, key.Receive()) != platform::error::Success) {
-        return {};
-    }
-    return ValueText(key.Get(), u"DriverVersion", VersionRoom).value_or(u"");
+    const platform::OwnedKey key =
+        OpenForReading(platform::Key::LocalMachine, (ClassKey + driverKey).c_str());
+    return key ? ValueText(key.Get(), u"DriverVersion", VersionRoom).value_or(u"") : std::u16string();
 }
 
 /// The first package of a family by the platform's own order; nothing when there is none.

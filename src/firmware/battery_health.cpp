@@ -21,7 +21,7 @@ bool IsSupported(std::uint8_t initCom) {
     return supported;
 }
 
-std::int32_t KeptLevel(std::uint8_t initCom) {
+std::int32_t KeptHealth(std::uint8_t initCom) {
     const std::string tag = "[WMIGetBatteryHealth]";
     const std::u16string path = SettingPath(BatteryHealth, tag, initCom);
     if (!WMICheckAppExist(initCom)) {
@@ -36,9 +36,7 @@ bool SetLevel(std::int32_t level, std::uint8_t initCom) {
     if (!IsSupported(initCom)) {
         return false;
     }
-    const std::string number = std::to_string(level);
-    const std::u16string controlStatus(number.begin(), number.end());
-    return SetFeature(BatteryHealth, "[WMISetBatteryHealth]", controlStatus, level, initCom);
+    return SetFeature(BatteryHealth, "[WMISetBatteryHealth]", DecimalText(level), level, initCom);
 }
 
 } // namespace
@@ -51,7 +49,7 @@ int32_t WMICheckBatteryHealthSupport(uint8_t initCom) {
 }
 
 int32_t WMIGetBatteryHealth(uint8_t initCom) {
-    return OrWithoutMemory(Default, [=] { return KeptLevel(initCom); });
+    return OrWithoutMemory(Default, [=] { return KeptHealth(initCom); });
 }
 
 int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {

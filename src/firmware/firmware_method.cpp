@@ -3,6 +3,7 @@
 #include "frame/diagnostics.h"
 #include "frame/text.h"
 #include "platform/wmi.h"
+#include "wmi/wmi_query.h"
 
 #include <string_view>
 #include <utility>
@@ -48,7 +49,7 @@ bool Worked(platform::HResult status, const FailureText& text, bool gaveObject =
         return true;
     }
     const std::string code = HexText(static_cast<std::uint32_t>(status));
-    ReportWarningEvent(AnsiToWideBuffer(text.event + code).c_str(), WarningEvent);
+    ReportWmiWarning(text.event + code);
     TraceLine(text.debug + code);
     return false;
 }
@@ -104,26 +105,19 @@ private:
 };
 
 bool MethodCall::Connect() {
-    constexpr platform::ProxyBlanket Blanket{
-        platform::rpc::AuthenticationWinNt, platform::rpc::AuthorizationNone,
-        platform::rpc::AuthenticationLevelCall, platform::rpc::ImpersonationImpersonate,
-        platform::rpc::CapabilitiesNone};
-    platform::HResult status =
-        platform::CoCreateInstance(platform::ClsidWbemLocator, platform::class_context::InprocServer,
-                                   platform::IidWbemLocator, m_locator.Receive());
+    platform::HResult status = CreateWmiLocator(m_locator.Receive());
     if (!Gave(m_locator, status, failure::Locator)) {
         return false;
     }
     status = platform::ConnectServer(m_locator.Get(), u"ROOT\\WMI", m_services.Receive());
     return Gave(m_services, status, failure::Connect) &&
-           Worked(platform::CoSetProxyBlanket(m_services.Get(), Blanket), failure::Blanket);
+           Worked(SetWmiProxyBlanket(m_services.Get()), failure::Blanket);
 }
 
 /// The first instance; a class without any fails here, with the status by which the end is told.
 bool MethodCall::FindInstance() {
-    platform::HResult status = platform::ExecQuery(
-        m_services.Get(), u"WQL", u"Select * from VeskZrnWmi_WMNB",
-        platform::wbem::ForwardOnly | platform::wbem::ReturnImmediately, m_rows.Receive());
+    platform::HResult status =
+        ExecWmiQuery(m_services.Get(), u"Select * from VeskZrnWmi_WMNB", m_rows.Receive());
     if (!Gave(m_rows, status, failure::Query)) {
         return false;
     }

@@ -31,7 +31,7 @@ std::int32_t FirmwareState(std::uint8_t initCom) {
     return NotSupported;
 }
 
-std::int32_t KeptLevel(std::uint8_t initCom) {
+std::int32_t KeptFanLevel(std::uint8_t initCom) {
     const std::string tag = "[WMIGetQuietFan]";
     const std::u16string path = SettingPath(QuietFan, tag, initCom);
     std::int32_t level = Off;
@@ -61,7 +61,7 @@ int32_t WMICheckQuietFanSupport(uint8_t initCom) {
 }
 
 int32_t WMIGetQuietFan(uint8_t initCom) {
-    return OrWithoutMemory(Off, [=] { return KeptLevel(initCom); });
+    return OrWithoutMemory(Off, [=] { return KeptFanLevel(initCom); });
 }
 
 int32_t WMISetQuietFan(uint8_t value, uint8_t initCom) {

@@ -13,7 +13,7 @@ namespace {
 constexpr std::int64_t Largest = std::numeric_limits<std::int32_t>::max();
 
 /// White space of the "C" locale.
-constexpr bool IsSpace(char character) {
+constexpr bool IsNarrowSpace(char character) {
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
@@ -69,7 +69,7 @@ bool NumberScanner::Feed(std::string_view text) {
 }
 
 bool NumberScanner::Feed(char character) {
-    if (m_place == Place::BeforeNumber && IsSpace(character)) {
+    if (m_place == Place::BeforeNumber && IsNarrowSpace(character)) {
         return true;
     }
     if (m_place == Place::BeforeNumber && (character == '-' || character == '+')) {

@@ -71,9 +71,9 @@ void TraceLine(const char* text) noexcept {
 }
 
 void TraceWide(const char16_t* text) {
-    if (!TraceProvider.TraceRegistered) {
+    if (!TraceProvider.TraceRegistered.load(std::memory_order_relaxed) &&
+        !TraceProvider.TraceRegistered.exchange(true)) {
         TraceProviderRegister();
-        TraceProvider.TraceRegistered = true;
     }
     if (TraceProvider.TraceLevelPlus1.load(std::memory_order_relaxed) <= TraceLevel) {
         return;
@@ -88,11 +88,13 @@ void TraceWide(const char16_t* text) {
 }
 
 void TraceProviderRegister() {
-    if (platform::EventRegister(ProviderGuid, OnTraceEnable, &TraceProvider, TraceProvider.TraceRegHandle) !=
+    std::uint64_t registration = 0;
+    if (platform::EventRegister(ProviderGuid, OnTraceEnable, &TraceProvider, registration) !=
         platform::error::Success) {
         return;
     }
-    platform::EventSetInformation(TraceProvider.TraceRegHandle, SetProviderTraits,
+    TraceProvider.TraceRegHandle = registration;
+    platform::EventSetInformation(registration, SetProviderTraits,
                                   BytesOf(ProviderTraits, ProviderTraitsSize));
 }
 

@@ -15,15 +15,16 @@ inline constexpr std::uint16_t WarningEvent = 2;
 
 /// What the trace provider keeps. All zero at load.
 struct TraceProviderState {
-    /// The first line has tried to register the provider, whatever came of it.
-    bool TraceRegistered = false;
+    /// The first line has gone about registering the provider, whatever came or comes of it. Of threads that
+    /// begin at once, one registers it, and the others' first lines may be lost.
+    std::atomic<bool> TraceRegistered = false;
     /// Enabled level plus one; 0 while no consumer is attached. ETW's thread writes it while ours reads it,
     /// so it is read and written whole; a line around the moment of attaching may be lost or written.
     std::atomic<std::uint32_t> TraceLevelPlus1 = 0;
     /// As the consumer gave them; no decision uses them.
     std::atomic<std::uint64_t> AnyKeyword = 0;
     std::atomic<std::uint64_t> AllKeyword = 0;
-    std::uint64_t TraceRegHandle = 0;
+    std::atomic<std::uint64_t> TraceRegHandle = 0;
 };
 
 extern TraceProviderState TraceProvider;

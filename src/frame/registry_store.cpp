@@ -2,6 +2,7 @@
 
 #include "frame/text.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -57,13 +58,15 @@ std::u16string ReadRegDword(platform::Key root, std::u16string subKey, std::u16s
 
 std::u16string ReadRegString(platform::Key root, std::u16string subKey, std::u16string valueName) {
     std::array<char16_t, 256> text{};
-    // A value that fills the buffer to its last character carries no terminator, so it does not fit either.
     if (!ReadValue(root, subKey, valueName, platform::value_type::String,
-                   std::as_writable_bytes(std::span(text))) ||
-        text.back() != u'\0') {
+                   std::as_writable_bytes(std::span(text)))) {
         return std::u16string(RegistrySentinel);
     }
-    return text.data();
+    const auto end = std::ranges::find(text, u'\0');
+    if (end == text.end()) {
+        return std::u16string(RegistrySentinel);
+    }
+    return {text.begin(), end};
 }
 
 bool WriteRegDword(platform::Key root, std::u16string subKey, std::u16string valueName, std::uint32_t value) {

@@ -25,10 +25,10 @@ std::u16string ReadRegDword(platform::Key root, std::u16string subKey, std::u16s
 /// characters: a longer value counts as a failed read, since half a path helps nobody.
 std::u16string ReadRegString(platform::Key root, std::u16string subKey, std::u16string valueName);
 
-/// Writes a REG_DWORD, creating the key's path where it is missing. 1 written, 0 not.
+/// Writes a REG_DWORD, creating the key's path where it is missing. False when it failed.
 bool WriteRegDword(platform::Key root, std::u16string subKey, std::u16string valueName, std::uint32_t value);
 
-/// Writes a REG_SZ with its terminator, creating the key's path where it is missing. 1 written, 0 not.
+/// Writes a REG_SZ with its terminator, creating the key's path where it is missing. False when it failed.
 bool WriteRegString(platform::Key root, std::u16string subKey, std::u16string valueName, std::u16string text);
 
 } // namespace sondrel

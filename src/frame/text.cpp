@@ -136,10 +136,6 @@ constexpr char16_t LowerAscii(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
-constexpr bool IsSpace(char16_t unit) {
-    return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
-}
-
 } // namespace
 
 std::string HexText(std::uint32_t value) {
@@ -155,8 +151,8 @@ std::u16string HexByteText(std::uint32_t value) {
     return wide;
 }
 
-std::u16string DecimalText(std::uint32_t value) {
-    std::array<char, 10> digits;
+std::u16string DecimalText(std::int64_t value) {
+    std::array<char, 20> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     return {digits.data(), end};
 }

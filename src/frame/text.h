@@ -16,8 +16,8 @@ std::string HexText(std::uint32_t value);
 /// Lower-case hexadecimal, no prefix, at least two digits: 5 gives "05", 0x1A2 gives "1a2".
 std::u16string HexByteText(std::uint32_t value);
 
-/// Decimal digits, no sign, no leading zeros.
-std::u16string DecimalText(std::uint32_t value);
+/// Decimal digits, a minus before a negative number, no leading zeros.
+std::u16string DecimalText(std::int64_t value);
 
 /// The text up to its first zero character, from UTF-8. Ill-formed input becomes U+FFFD, one for each maximal
 /// ill-formed run, as MultiByteToWideChar gives it with code page 65001 and flags 0.
@@ -32,6 +32,11 @@ std::string WideToUtf8(std::u16string text);
 
 /// To UTF-8, at most 1023 bytes: a longer text is cut behind the last whole character that fits.
 std::string WideToUtf8Bounded(std::u16string text);
+
+/// White space as the C library's iswspace knows it in the plain locale.
+constexpr bool IsSpace(char16_t unit) {
+    return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
+}
 
 /// A decimal text as a signed 32-bit number, as _wtoi reads it: leading white space, one sign, digits up to
 /// the first other character; saturates at both ends; no digits give 0.

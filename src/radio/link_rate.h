@@ -46,7 +46,7 @@ inline constexpr std::uint16_t HtRateTable[2][2][32] = {
       90, 180, 270, 360, 540, 720, 810, 900, 120, 240, 360, 480, 720, 960, 1080, 1200}}};
 
 /// The highest rate in Mbit/s of a block of information elements, the remainder of half units dropped; 0
-/// without an HT or VHT element, and for VHT at 160 and 80+80 MHz, which have no rates here.
+/// without an HT or VHT element, for VHT at 160 and 80+80 MHz and for HT above 40 MHz, which have no rates here.
 ///
 /// The block comes from the air and is read as such: an element that claims more bytes than the block holds
 /// ends the walk, and one that is too short for what is read of it counts as absent.

@@ -130,7 +130,7 @@ Field WiFiField(Field WiFiRecord::*field, const char* exportName) {
 
 void RF_ReadWifi_Info(WiFiRecord& snapshot) {
     TraceLine("RF_ReadWifi_Info Start");
-    platform::OwnedWlanClient client; // closed when the read is over, whichever way it went
+    platform::OwnedWlanClient client;
     if (!ReadInterfaces(client, snapshot)) {
         snapshot = FailedRead();
         return;

@@ -23,7 +23,8 @@ struct WiFiRecord {
 extern WiFiRecord WiFiSnapshot;
 
 /// Reads the link from the system into the record. A field that the machine has nothing for keeps what it had;
-/// a failed read overwrites all of them and leaves `valid` at 0.
+/// a failed read overwrites all of them and leaves `valid` at 0. The client handle is closed when the read is over,
+/// whichever way it went.
 void RF_ReadWifi_Info(WiFiRecord& snapshot);
 
 /// The card's name, whole, as RF_WiFiCardName copies it out.

@@ -146,16 +146,16 @@ bool OpenEndpoint(Endpoint& endpoint) {
     return true;
 }
 
-/// Whether the endpoint is muted cannot always be told; its level then stands.
+/// An endpoint that is muted gives 0 whatever its level. Where that cannot be told, the level stands.
 std::u16string VolumeText(platform::EndpointVolume volume) {
     float level = 0;
     bool muted = false;
     const HResult status = platform::GetMasterVolumeLevelScalar(volume, level);
     platform::GetMute(volume, muted);
-    if (Failed(status)) {
-        return {};
+    if (muted) {
+        return u"0";
     }
-    return DecimalText(muted ? 0 : static_cast<std::uint32_t>(PercentOf(level)));
+    return Failed(status) ? std::u16string() : DecimalText(PercentOf(level));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "usage/decimal_number.h"
 
+#include "frame/text.h"
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -7,10 +9,6 @@
 
 namespace sondrel {
 namespace {
-
-constexpr bool IsSpace(char16_t unit) {
-    return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
-}
 
 constexpr bool IsDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
@@ -43,7 +41,8 @@ double OutOfRange(std::string_view number) {
 } // namespace
 
 double WideToDouble(std::u16string_view text) {
-    text.remove_prefix(static_cast<std::size_t>(std::ranges::find_if_not(text, IsSpace) - text.begin()));
+    text.remove_prefix(static_cast<std::size_t>(
+        std::ranges::find_if_not(text, [](char16_t unit) { return IsSpace(unit); }) - text.begin()));
     const bool negative = text.starts_with(u'-');
     if (negative || text.starts_with(u'+')) {
         text.remove_prefix(1);

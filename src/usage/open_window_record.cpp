@@ -13,10 +13,4 @@ std::u16string CpuUsageText(float cpuUsage) {
     return {text.data(), end};
 }
 
-std::u16string MemUsageText(std::int32_t memUsage) {
-    std::array<char, 11> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), memUsage).ptr;
-    return {text.data(), end};
-}
-
 } // namespace sondrel

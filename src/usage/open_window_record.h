@@ -20,7 +20,4 @@ struct OpenWindowRecord {
 /// lies exactly between two texts takes the even one.
 std::u16string CpuUsageText(float cpuUsage);
 
-/// Signed decimal.
-std::u16string MemUsageText(std::int32_t memUsage);
-
 } // namespace sondrel

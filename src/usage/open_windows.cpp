@@ -54,21 +54,28 @@ bool IsApplicationWindow(Window window) {
            titleLength != 0;
 }
 
-struct ProcessorTimes {
-    std::uint64_t system = 0;
-    std::uint64_t process = 0;
-};
+/// Nothing when it cannot be read.
+using ProcessorTime = std::optional<std::uint64_t>;
 
-/// A reading that fails leaves the times as they were, so that they seem not to have moved.
-void ReadTimes(platform::Handle process, ProcessorTimes& times) {
-    platform::SystemTimes all;
-    if (platform::GetSystemTimes(all)) {
-        times.system = all.kernel + all.user; // the kernel time holds the idle time
+ProcessorTime TimeOfAll() {
+    platform::SystemTimes times;
+    if (!platform::GetSystemTimes(times)) {
+        return std::nullopt;
     }
-    platform::ProcessTimes own{};
-    if (platform::GetProcessTimes(process, own)) {
-        times.process = own.kernel + own.user;
+    return times.kernel + times.user; // the kernel time holds the idle time
+}
+
+ProcessorTime TimeOf(platform::Handle process) {
+    platform::ProcessTimes times{};
+    if (!platform::GetProcessTimes(process, times)) {
+        return std::nullopt;
     }
+    return times.kernel + times.user;
+}
+
+/// A time that could not be read on one of its ends counts as one that did not move.
+std::uint64_t Growth(ProcessorTime before, ProcessorTime after) {
+    return before && after ? *after - *before : 0;
 }
 
 /// The share of all processors that a process takes over one second, in per cent; nothing when the process
@@ -78,17 +85,15 @@ std::optional<float> SampleCpuUsage(std::uint32_t processId) {
     if (!process) {
         return std::nullopt;
     }
-    ProcessorTimes before;
-    ReadTimes(process.Get(), before);
+    const ProcessorTime allBefore = TimeOfAll();
+    const ProcessorTime ownBefore = TimeOf(process.Get());
     platform::Sleep(SampleMilliseconds);
-    ProcessorTimes after = before;
-    ReadTimes(process.Get(), after);
-    const std::uint64_t system = after.system - before.system;
-    if (system == 0) {
+    const std::uint64_t all = Growth(allBefore, TimeOfAll());
+    const std::uint64_t own = Growth(ownBefore, TimeOf(process.Get()));
+    if (all == 0) {
         return -1.0F;
     }
-    const std::uint64_t own = after.process - before.process;
-    return static_cast<float>(static_cast<double>(own) * 100.0 / static_cast<double>(system));
+    return static_cast<float>(static_cast<double>(own) * 100.0 / static_cast<double>(all));
 }
 
 /// Sets the working set in kilobytes. False when the process is open but does not tell it, which drops the
@@ -116,7 +121,7 @@ void AppendRecord(std::u16string& document, const OpenWindowRecord& record) {
     document += u"\",\"cpu_usage\":\"";
     document += CpuUsageText(record.cpuUsage);
     document += u"\",\"mem_usage\":\"";
-    document += MemUsageText(record.memUsage);
+    document += DecimalText(record.memUsage);
     document += u"\",\"z_order\":\"";
     document += record.zOrder;
     document += u"\",\"is_focused\":\"";
@@ -138,7 +143,7 @@ void EnumOpenWindowProc(Window window, OpenWindowWalk& walk) {
         return;
     }
     const std::int32_t position = ++walk.WindowZOrderCounter;
-    record.zOrder = DecimalText(static_cast<std::uint32_t>(position));
+    record.zOrder = DecimalText(position);
     record.isFocused = position == 1 ? u"1" : u"0";
     if (position > MostListed) {
         return;

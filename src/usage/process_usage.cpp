@@ -56,7 +56,7 @@ std::optional<Record> ReadRecord(platform::WbemObject row) {
 
 std::u16string RecordText(const Record& record) {
     return u"{\"process_name\":\"" + record.processName + u"\",\"cpu_usage\":\"" +
-           CpuUsageText(record.cpuUsage) + u"\",\"mem_usage\":\"" + MemUsageText(record.memUsage) + u"\"}";
+           CpuUsageText(record.cpuUsage) + u"\",\"mem_usage\":\"" + DecimalText(record.memUsage) + u"\"}";
 }
 
 /// Keeps a record in place of the one that weighs least, once there are as many as can be listed: of all processes

@@ -6,6 +6,7 @@
 #include "wmi/wmi_readers.h"
 
 #include <string>
+#include <string_view>
 
 namespace sondrel {
 namespace {
@@ -37,7 +38,7 @@ std::u16string Disks(const Reading& reading, std::uint8_t initCom) {
                            initCom);
 }
 
-std::u16string Chassis(const Reading& reading, std::uint8_t initCom) {
+std::u16string_view Chassis(const Reading& reading, std::uint8_t initCom) {
     const std::int32_t type = OrWithoutMemory(
         -1, [&] { return ReadWMIProp(reading.nameSpace, reading.query, reading.properties[0], initCom, 1); });
     switch (type) {

@@ -114,7 +114,8 @@ std::optional<FailedStep> Connect(const std::u16string& nameSpace, const std::u1
     if (const HResult status = SetWmiProxyBlanket(connection.services.Get()); Failed(status)) {
         return FailedStep{Step::Blanket, status};
     }
-    if (const HResult status = ExecWmiQuery(connection.services.Get(), query, connection.rows.Receive());
+    if (const HResult status =
+            ExecWmiQuery(connection.services.Get(), query.c_str(), connection.rows.Receive());
         Failed(status)) {
         return FailedStep{Step::Query, status};
     }
@@ -160,10 +161,9 @@ HResult SetWmiProxyBlanket(platform::WbemServices services) {
     return platform::CoSetProxyBlanket(services, Blanket);
 }
 
-HResult ExecWmiQuery(platform::WbemServices services, const std::u16string& query,
-                     platform::WbemEnumerator& rows) {
+HResult ExecWmiQuery(platform::WbemServices services, const char16_t* query, platform::WbemEnumerator& rows) {
     constexpr std::int32_t Flags = platform::wbem::ForwardOnly | platform::wbem::ReturnImmediately;
-    return platform::ExecQuery(services, u"WQL", query.c_str(), Flags, rows);
+    return platform::ExecQuery(services, u"WQL", query, Flags, rows);
 }
 
 void ReportWmiWarning(const std::string& message) {

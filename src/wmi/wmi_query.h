@@ -33,7 +33,7 @@ bool WalkWmiQuery(WmiReader reader, const std::u16string& nameSpace, const std::
 /// Steps that every WMI connection takes in the same way.
 platform::HResult CreateWmiLocator(platform::WbemLocator& locator);
 platform::HResult SetWmiProxyBlanket(platform::WbemServices services);
-platform::HResult ExecWmiQuery(platform::WbemServices services, const std::u16string& query,
+platform::HResult ExecWmiQuery(platform::WbemServices services, const char16_t* query,
                                platform::WbemEnumerator& rows);
 
 /// Writes a warning into the event log. A message of the WMI paths goes there first, then to the debug log.

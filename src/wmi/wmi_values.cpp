@@ -1,8 +1,8 @@
 #include "wmi/wmi_values.h"
 
+#include "frame/text.h"
+
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <utility>
 
 namespace sondrel {
@@ -36,12 +36,7 @@ std::optional<std::int32_t> FirstNumberOf(const WmiValue& value) {
 
 std::u16string NumberTextOf(const WmiValue& value) {
     const auto number = NumberOf(value);
-    if (!number) {
-        return {};
-    }
-    std::array<char, 11> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), *number).ptr;
-    return {digits.data(), end};
+    return number ? DecimalText(*number) : std::u16string();
 }
 
 std::u16string TextOf(WmiValue value) {

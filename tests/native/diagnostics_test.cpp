@@ -4,9 +4,7 @@
 
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
+using namespace testing;
 
 class DiagnosticsTest : public test::MachineTest {
 public:

@@ -1,245 +1,196 @@
 // The command sequence of every reading on every map, written down here a second time by hand.
-#include "ec_traffic.h"
+#include "machine_fixture.h"
 
-#include <functional>
-#include <initializer_list>
+#include <array>
+#include <map>
+#include <sstream>
 
 namespace {
 
-using test::Traffic;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
+using namespace testing;
+using test::Ask;
+using test::Lines;
+using test::Number;
+using test::Written;
 
-constexpr std::uint32_t Failed = 0x7FFFFFFF;
-
-Traffic Join(std::initializer_list<Traffic> parts) {
-    Traffic all;
-    for (const Traffic& part : parts) {
-        all.insert(all.end(), part.begin(), part.end());
+std::string Times(std::size_t times, const std::string& part) {
+    std::string all = part;
+    while (--times != 0) {
+        all += ", " + part;
     }
     return all;
 }
 
-Traffic BusAB(const std::string& batteryRegister) {
-    return {"w ab 0501", "w ab 0609", "w ab 0816", "w ab 09" + batteryRegister,
-            "w ab 0410", "aa 40",     "aa 41"};
+/// The same command for ten registers, one after the other.
+std::string TenOf(const std::string& command, int first) {
+    std::ostringstream run;
+    for (int place = 0; place < 10; ++place) {
+        run << (place == 0 ? "" : ", ") << command << std::hex << first + place;
+    }
+    return run.str();
 }
 
-Traffic Bus9B(const std::string& batteryRegister) {
-    return {"w 9b 1809", "w 9b 1a16", "w 9b 1b" + batteryRegister, "w 9c", "sleep 10", "80 ede3",
-            "9a 1c",     "9a 1d"};
+std::string BusAB(const std::string& reg) {
+    return "w ab 0501, w ab 0609, w ab 0816, w ab 09" + reg + ", w ab 0410, aa 40, aa 41";
 }
 
-Traffic Tachometer(const std::string& selector) {
-    return {"w a1 02" + selector + selector, "sleep 10", "a0 02", "a0 03", "a0 04"};
+std::string Start9B(const std::string& reg) {
+    return "w 9b 1809, w 9b 1a16, w 9b 1b" + reg + ", w 9c, sleep 10, ";
 }
 
-/// One reading: how it is asked, what it gives when its last command fails, and its traffic on maps A to D.
+std::string Bus9B(const std::string& reg) {
+    return Start9B(reg) + "80 ede3, 9a 1c, 9a 1d";
+}
+
+std::string FanStart(const std::string& fan) {
+    return "w a1 02" + fan + fan + ", sleep 10";
+}
+
+std::string Fan(const std::string& fan, std::size_t questions = 1) {
+    return FanStart(fan) + ", " + Times(questions, "a0 02") + ", a0 03, a0 04";
+}
+
+/// Traffic on maps A to D.
+using Traffic = std::array<std::string, 4>;
+
+Traffic On(const char* a, const char* b, const char* c, const char* d) {
+    return {a, b, c, d};
+}
+
+Traffic Sensor(const std::string& valid, const std::string& value, const std::string& bankedValid,
+               const std::string& bankedValue) {
+    const std::string hub = "ac 00, ac " + valid + ", ac " + value;
+    return {hub, "ce 00, ce 01, ce " + bankedValid + ", ce " + bankedValue, hub, hub};
+}
+
+const std::string Failed = "2147483647";
+const std::string AllFailed = "2147483647;2147483647;2147483647;2147483647~";
+
 struct Reading {
-    const char* name;
-    std::function<std::string()> read;
-    const char* failed;
-    std::array<Traffic, 4> traffic;
+    Ask ask;
+    std::string value; // what the machine has there; empty: it goes by the family
+    Traffic traffic;
+    std::string failed = Failed; // behind any failed command, or any number of them in a list
 };
 
-template <class Result>
-std::function<std::string()> Number(Result (*read)()) {
-    return [read] {
-        return std::to_string(read());
-    };
-}
-
-std::function<std::string()> Text(void (*read)(char*)) {
-    return [read] {
-        std::array<char, 64> text{};
-        read(text.data());
-        return std::string(text.data());
-    };
-}
-
-const char* const FailedNumber = "2147483647";
+const Ask Cells = Written(Battery_Read_CellVoltage);
+const Ask Fans = Written(Thermal_Read_Fan);
+const Ask Date = Written(Battery_Read_ManufactureDate);
+const Ask Vrm = Number(Thermal_Read_GpuVrm_Temperature);
 
 std::vector<Reading> Readings() {
+    const Traffic name{TenOf("80 06", 0x33), TenOf("c4 ", 0x10), TenOf("a4 ", 0x20), TenOf("80 fa", 0x33)};
+    const Traffic date{BusAB("1b"), BusAB("1b"), BusAB("1b"), Bus9B("1b")};
+    const std::string cellsAB = BusAB("3f") + ", " + BusAB("3e") + ", " + BusAB("3d") + ", " + BusAB("3c");
+    const std::string cells9B = Bus9B("3f") + ", " + Bus9B("3e") + ", " + Bus9B("3d") + ", " + Bus9B("3c");
+    const Traffic cells{cellsAB, "c4 48, c4 49, c4 4a, c4 4b, c4 4c, c4 4d, c4 4e, c4 4f", cellsAB, cells9B};
+    const std::string two = Fan("20") + ", " + Fan("10");
+    const Traffic fans{two, "cc 0035, cc 0036, cc 003c, cc 003d, cc 0135, cc 0136, cc 013c, cc 013d",
+                       two + ", " + Fan("04"), two};
     return {
-        {"CPU",
-         Number(Thermal_Read_Cpu_Temperature),
-         FailedNumber,
-         {{{"80 03a0"}, {"cc 0000"}, {"80 03a0"}, {"80 f7a0"}}}},
-        {"board TS0L",
-         Number(Thermal_Read_BoardTS0L_Temperature),
-         FailedNumber,
-         {{{"80 0512"}, {"cc 0001"}, {"80 0512"}, {"80 f912"}}}},
-        {"board TS0R",
-         Number(Thermal_Read_BoardTS0R_Temperature),
-         FailedNumber,
-         {{{"80 0511"}, {"cc 0002"}, {"80 0511"}, {"80 f911"}}}},
-        {"GPU TS1L",
-         Number(Thermal_Read_GpuTS1L_Temperature),
-         FailedNumber,
-         {{{"80 03a5"}, {"cc 0003"}, {"80 03a5"}, {"80 f7a5"}}}},
-        {"GPU TS1R",
-         Number(Thermal_Read_GpuTS1R_Temperature),
-         FailedNumber,
-         {{{"80 03a4"}, {"cc 0004"}, {"80 03a4"}, {"80 f7a4"}}}},
-        {"lid",
-         Number(Battery_Get_LidStatus),
-         FailedNumber,
-         {{{"87 0011"}, {"e0 01"}, {"87 0011"}, {"87 00b4"}}}},
-        {"charging voltage",
-         Number(Battery_Read_ChargingVoltage),
-         FailedNumber,
-         {{{"80 03c2", "80 03c3"}, {"c4 3e", "c4 3f"}, {"a4 12", "a4 13"}, {"80 f7c2", "80 f7c3"}}}},
-        {"current",
-         Number(Battery_Read_Current),
-         "-1",
-         {{{"80 03bc", "80 03bd"}, {"c4 38", "c4 39"}, {"a4 0c", "a4 0d"}, {"80 f7bc", "80 f7bd"}}}},
-        {"package voltage",
-         Number(Battery_Read_PackageVoltage),
-         FailedNumber,
-         {{{"80 03b2", "80 03b3"}, {"c4 36", "c4 37"}, {"a4 02", "a4 03"}, {"80 f7b2", "80 f7b3"}}}},
-        {"battery temperature",
-         Number(Battery_Read_Temperature),
-         FailedNumber,
-         {{{"80 03be", "80 03bf"}, {"c4 34", "c4 35"}, {"a4 0e", "a4 0f"}, {"80 f7be", "80 f7bf"}}}},
-        {"cycle count", Number(Battery_Read_CycleCount), FailedNumber, {{{}, {"c4 2e", "c4 2f"}, {}, {}}}},
-        {"maker's name",
-         Text(Battery_Read_ManufactureName),
-         "0x7FFFFFFF",
-         {{{"80 0633", "80 0634", "80 0635", "80 0636", "80 0637", "80 0638", "80 0639", "80 063a", "80 063b",
-            "80 063c"},
-           {"c4 10", "c4 11", "c4 12", "c4 13", "c4 14", "c4 15", "c4 16", "c4 17", "c4 18", "c4 19"},
-           {"a4 20", "a4 21", "a4 22", "a4 23", "a4 24", "a4 25", "a4 26", "a4 27", "a4 28", "a4 29"},
-           {"80 fa33", "80 fa34", "80 fa35", "80 fa36", "80 fa37", "80 fa38", "80 fa39", "80 fa3a", "80 fa3b",
-            "80 fa3c"}}}},
-        {"battery connector",
-         Number(Thermal_Read_BatteryConnector_Temperature),
-         FailedNumber,
-         {{{"ac 00", "ac 19", "ac 1c"},
-           {"ce 00", "ce 01", "ce 28", "ce 10"},
-           {"ac 00", "ac 19", "ac 1c"},
-           {"ac 00", "ac 19", "ac 1c"}}}},
-        {"AC FET",
-         Number(Thermal_Read_ACFET_Temperature),
-         FailedNumber,
-         {{{"ac 00", "ac 1a", "ac 1d"},
-           {"ce 00", "ce 01", "ce 29", "ce 11"},
-           {"ac 00", "ac 1a", "ac 1d"},
-           {"ac 00", "ac 1a", "ac 1d"}}}},
-        {"charger choke",
-         Number(Thermal_Read_ChargerChoke_Temperature),
-         FailedNumber,
-         {{{"ac 00", "ac 1b", "ac 1e"},
-           {"ce 00", "ce 01", "ce 2a", "ce 12"},
-           {"ac 00", "ac 1b", "ac 1e"},
-           {"ac 00", "ac 1b", "ac 1e"}}}},
-        {"GPU VRM",
-         Number(Thermal_Read_GpuVrm_Temperature),
-         FailedNumber,
-         {{{"ac 00", "ac 29", "ac 2c"},
-           {"ce 00", "ce 01", "ce 2b", "ce 13"},
-           {"ac 00", "ac 29", "ac 2c"},
-           {"ac 00", "ac 29", "ac 2c"}}}},
-        {"upper CPU",
-         Number(Thermal_Read_UpCpu_Temperature),
-         FailedNumber,
-         {{{"ac 00", "ac 2a", "ac 2d"},
-           {"ce 00", "ce 01", "ce 2c", "ce 14"},
-           {"ac 00", "ac 2a", "ac 2d"},
-           {"ac 00", "ac 2a", "ac 2d"}}}},
-        {"GPU VRAM",
-         Number(Thermal_Read_GpuVram_Temperature),
-         FailedNumber,
-         {{{"ac 00", "ac 2b", "ac 2e"},
-           {"ce 00", "ce 01", "ce 2d", "ce 15"},
-           {"ac 00", "ac 2b", "ac 2e"},
-           {"ac 00", "ac 2b", "ac 2e"}}}},
-        {"date",
-         Text(Battery_Read_ManufactureDate),
-         "1980-01-01",
-         {{BusAB("1b"), BusAB("1b"), BusAB("1b"), Bus9B("1b")}}},
-    };
-}
-
-/// The two lists fail place by place.
-std::vector<Reading> Lists() {
-    const Traffic cellsAB = Join({BusAB("3f"), BusAB("3e"), BusAB("3d"), BusAB("3c")});
-    return {
-        {"cells",
-         Text(Battery_Read_CellVoltage),
-         nullptr,
-         {{cellsAB,
-           {"c4 48", "c4 49", "c4 4a", "c4 4b", "c4 4c", "c4 4d", "c4 4e", "c4 4f"},
-           cellsAB,
-           Join({Bus9B("3f"), Bus9B("3e"), Bus9B("3d"), Bus9B("3c")})}}},
-        {"fans",
-         Text(Thermal_Read_Fan),
-         nullptr,
-         {{Join({Tachometer("20"), Tachometer("10")}),
-           {"cc 0035", "cc 0036", "cc 003c", "cc 003d", "cc 0135", "cc 0136", "cc 013c", "cc 013d"},
-           Join({Tachometer("20"), Tachometer("10"), Tachometer("04")}),
-           Join({Tachometer("20"), Tachometer("10")})}}},
+        {Number(Thermal_Read_Cpu_Temperature), "53", On("80 03a0", "cc 0000", "80 03a0", "80 f7a0")},
+        {Number(Thermal_Read_BoardTS0L_Temperature), "39", On("80 0512", "cc 0001", "80 0512", "80 f912")},
+        {Number(Thermal_Read_BoardTS0R_Temperature), "42", On("80 0511", "cc 0002", "80 0511", "80 f911")},
+        {Number(Thermal_Read_GpuTS1L_Temperature), "60", On("80 03a5", "cc 0003", "80 03a5", "80 f7a5")},
+        {Number(Thermal_Read_GpuTS1R_Temperature), "62", On("80 03a4", "cc 0004", "80 03a4", "80 f7a4")},
+        {Number(Battery_Get_LidStatus), "3", On("87 0011", "e0 01", "87 0011", "87 00b4")},
+        {Number(Battery_Read_ChargingVoltage), "13060",
+         On("80 03c2, 80 03c3", "c4 3e, c4 3f", "a4 12, a4 13", "80 f7c2, 80 f7c3")},
+        {Number(Battery_Read_Current), "-1260",
+         On("80 03bc, 80 03bd", "c4 38, c4 39", "a4 0c, a4 0d", "80 f7bc, 80 f7bd"), "-1"},
+        {Number(Battery_Read_PackageVoltage), "11630",
+         On("80 03b2, 80 03b3", "c4 36, c4 37", "a4 02, a4 03", "80 f7b2, 80 f7b3")},
+        {Number(Battery_Read_Temperature), "3028",
+         On("80 03be, 80 03bf", "c4 34, c4 35", "a4 0e, a4 0f", "80 f7be, 80 f7bf")},
+        {Number(Battery_Read_CycleCount), "138", On("", "c4 2e, c4 2f", "", "")}, // else of the device
+        {Number(Thermal_Read_BatteryConnector_Temperature), "55", Sensor("19", "1c", "28", "10")},
+        {Number(Thermal_Read_ACFET_Temperature), "64", Sensor("1a", "1d", "29", "11")},
+        {Number(Thermal_Read_ChargerChoke_Temperature), "69", Sensor("1b", "1e", "2a", "12")},
+        {Vrm, "78", Sensor("29", "2c", "2b", "13")},
+        {Number(Thermal_Read_UpCpu_Temperature), "50", Sensor("2a", "2d", "2c", "14")},
+        {Number(Thermal_Read_GpuVram_Temperature), "72", Sensor("2b", "2e", "2d", "15")},
+        {Written(Battery_Read_ManufactureName), "VESKCELL01~", name, "0x7FFFFFFF~"},
+        {Date, "2023-06-14~", date, "1980-01-01~"},
+        {Cells, "3862;3873;3884;3895~", cells, AllFailed},
+        {Fans, "", fans, AllFailed},
     };
 }
 
 struct Family {
     const char* revision;
     int chipId;
-    std::size_t map;           // 0 to 3 for A to D, 4 for none
-    Traffic identityQuestions; // of one dispatched reading
-};
-
-const Family Families[] = {
-    {"AB", 0, 0, {"EcFwRev", "EcChipId"}},
-    {"AR", 0, 0, {"EcFwRev", "EcChipId"}},
-    {"CF", 0, 1, {"EcFwRev"}},
-    {"GL", 0, 1, {"EcFwRev"}},
-    {"PC", 0, 1, {"EcFwRev"}},
-    {"WL", 0, 1, {"EcFwRev"}},
-    {"KL", 0, 2, {"EcFwRev", "EcChipId"}},
-    {"KL", 1, 3, {"EcFwRev", "EcChipId", "EcChipId"}},
-    {"AB", 1, 4, {"EcFwRev", "EcChipId"}},
-    {"AR", 2, 4, {"EcFwRev", "EcChipId"}},
-    {"KL", 2, 4, {"EcFwRev", "EcChipId", "EcChipId"}},
-    {"LK", 0, 4, {"EcFwRev"}},
+    std::size_t map; // 0 to 3 for A to D, 4 for none
+    std::string fans;
+    std::string identityQuestions; // of one dispatched reading
 };
 
 constexpr std::size_t NoMap = 4;
-constexpr const char* QuickFans = R"("fans": [{"rpm": 2912}, {"rpm": 3071}, {"rpm": 2455}, {"rpm": 1999}])";
 
-class EcMapsTest : public test::EcTest {
+const Family Families[] = {
+    {"AB", 0, 0, "2913;3071;0;0~", "EcFwRev EcChipId "},
+    {"AR", 0, 0, "2913;3071;0;0~", "EcFwRev EcChipId "},
+    {"CF", 0, 1, "2912;3071;2455;1999~", "EcFwRev "},
+    {"GL", 0, 1, "2912;3071;2455;1999~", "EcFwRev "},
+    {"PC", 0, 1, "2912;3071;2455;1999~", "EcFwRev "},
+    {"WL", 0, 1, "2912;3071;2455;1999~", "EcFwRev "},
+    {"KL", 0, 2, "2913;3071;2455;0~", "EcFwRev EcChipId "},
+    {"KL", 1, 3, "2913;3071;0;0~", "EcFwRev EcChipId EcChipId "},
+    {"AB", 1, NoMap, "", "EcFwRev EcChipId "},
+    {"AR", 2, NoMap, "", "EcFwRev EcChipId "},
+    {"KL", 2, NoMap, "", "EcFwRev EcChipId EcChipId "},
+    {"LK", 0, NoMap, "", "EcFwRev "},
+};
+
+constexpr const char* QuickFans =
+    R"("lid": 3, "fans": [{"rpm": 2912}, {"rpm": 3071}, {"rpm": 2455}, {"rpm": 1999}])";
+
+/// Refuses one command, at its n-th use or always, with what else belongs to the fault.
+std::string Fault(const std::string& command, int use = 0, const std::string& rest = "") {
+    return R"("faults": [{"command": "0x)" + command + R"(", "status": 9)" +
+           (use == 0 ? "" : R"(, "use": )" + std::to_string(use)) + rest + "}]";
+}
+
+std::string FanFault(const std::string& command, int use = 0, const std::string& rest = "") {
+    return QuickFans + (", " + Fault(command, use, rest));
+}
+
+class EcMapsTest : public test::MachineTest {
 protected:
-    static std::string Where(const Family& family, const Reading& reading) {
-        return std::string(family.revision) + " " + std::to_string(family.chipId) + " " + reading.name;
+    static std::string Where(const Family& family, const std::string& traffic) {
+        return std::string(family.revision) + " " + std::to_string(family.chipId) + ": " + traffic;
     }
 
-    /// Fails the command at `place` of a reading's traffic, and says how often it stands before that.
-    static std::string FaultAt(const Traffic& traffic, std::size_t place) {
-        const auto commandOf = [](const std::string& line) {
-            return line.starts_with("w ") ? line.substr(2, 2) : line.substr(0, 2);
-        };
-        int use = 0;
-        for (std::size_t at = 0; at <= place; ++at) {
-            use += commandOf(traffic[at]) == commandOf(traffic[place]) ? 1 : 0;
+    /// Which identity values have been asked of the registry, in order.
+    [[nodiscard]] std::string IdentityQuestions() const {
+        std::string names;
+        for (const std::string& call : CallsOf("RegQueryValueExW")) {
+            if (call.find(" size") != std::string::npos) {
+                const std::string rest = call.substr(call.find(' ') + 1);
+                names += rest.substr(0, rest.find(' ') + 1);
+            }
         }
-        return R"("faults": [{"command": "0x)" + commandOf(traffic[place]) + R"(", "use": )" +
-               std::to_string(use) + R"(, "status": 9}])";
+        return names;
+    }
+
+    static Lines Answers() {
+        Lines answers;
+        for (const Reading& reading : Readings()) {
+            answers.push_back(reading.ask());
+        }
+        return answers;
     }
 };
 
 TEST_F(EcMapsTest, SendsTheCommandsOfEachReadingOnEachMap) {
-    std::vector<Reading> all = Readings();
-    const std::vector<Reading> lists = Lists();
-    all.insert(all.end(), lists.begin(), lists.end());
     for (const Family& family : Families) {
-        for (const Reading& reading : all) {
-            SCOPED_TRACE(Where(family, reading));
+        for (const Reading& reading : Readings()) {
+            const std::string traffic = family.map == NoMap ? "" : reading.traffic[family.map];
+            SCOPED_TRACE(Where(family, traffic));
             StartFamily(family.revision, family.chipId, QuickFans);
-            const std::string answer = reading.read();
-            EXPECT_THAT(SentTraffic(),
-                        ElementsAreArray(family.map == NoMap ? Traffic{} : reading.traffic[family.map]));
-            if (family.map != NoMap && !reading.traffic[family.map].empty()) {
-                EXPECT_THAT(answer, ::testing::Not(::testing::HasSubstr(FailedNumber)));
+            const std::string answer = reading.ask();
+            EXPECT_EQ(SentTraffic(), traffic);
+            if (!traffic.empty()) {
+                EXPECT_EQ(answer, reading.value.empty() ? family.fans : reading.value);
             }
         }
     }
@@ -248,201 +199,133 @@ TEST_F(EcMapsTest, SendsTheCommandsOfEachReadingOnEachMap) {
 TEST_F(EcMapsTest, StopsAtTheFirstCommandThatFails) {
     for (const Family& family : Families) {
         for (const Reading& reading : Readings()) {
-            const Traffic traffic = family.map == NoMap ? Traffic{} : reading.traffic[family.map];
-            for (std::size_t place = 0; place < traffic.size(); ++place) {
-                if (traffic[place].starts_with("sleep")) {
+            const bool stops = family.map != NoMap && reading.failed != AllFailed;
+            std::istringstream traffic(stops ? reading.traffic[family.map] : "");
+            std::map<std::string, int> uses;
+            std::string sent;
+            for (std::string line; std::getline(traffic >> std::ws, line, ',');) {
+                sent += (sent.empty() ? "" : ", ") + line;
+                if (line.starts_with("sleep")) {
                     continue;
                 }
-                SCOPED_TRACE(Where(family, reading) + " at " + traffic[place]);
-                StartFamily(family.revision, family.chipId, FaultAt(traffic, place));
-                EXPECT_EQ(reading.read(), reading.failed);
-                EXPECT_THAT(SentTraffic(), ElementsAreArray(traffic.begin(),
-                                                            traffic.begin() + static_cast<long>(place) + 1));
+                SCOPED_TRACE(Where(family, sent));
+                const std::string command = line.substr(line.starts_with("w ") ? 2 : 0, 2);
+                StartFamily(family.revision, family.chipId, Fault(command, ++uses[command]));
+                EXPECT_EQ(reading.ask(), reading.failed);
+                EXPECT_EQ(SentTraffic(), sent);
             }
         }
     }
 }
 
-TEST_F(EcMapsTest, AListGoesOnBehindAPlaceThatFailed) {
-    StartFamily("AB", 0, R"("faults": [{"command": "0xAB", "use": 9, "status": 9}])");
-    EXPECT_EQ(Text(Battery_Read_CellVoltage)(), "3862;2147483647;3884;3895");
-    EXPECT_THAT(
-        SentTraffic(),
-        ElementsAreArray(Join(
-            {BusAB("3f"), {"w ab 0501", "w ab 0609", "w ab 0816", "w ab 093e"}, BusAB("3d"), BusAB("3c")})));
-    StartFamily("GL", 0,
-                std::string(QuickFans) + R"(, "faults": [{"command": "0xCC", "use": 3, "status": 9}])");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2912;2147483647;2455;1999");
-    EXPECT_THAT(SentTraffic(),
-                ElementsAre("cc 0035", "cc 0036", "cc 003c", "cc 0135", "cc 0136", "cc 013c", "cc 013d"));
-}
-
 TEST_F(EcMapsTest, AsksForTheIdentityAfreshOnEachReadingAndEachPlaceOfAList) {
     for (const Family& family : Families) {
-        SCOPED_TRACE(std::string(family.revision) + " " + std::to_string(family.chipId));
-        StartFamily(family.revision, family.chipId, QuickFans);
-        Thermal_Read_UpCpu_Temperature();
-        EXPECT_THAT(IdentityQuestions(), ElementsAreArray(family.identityQuestions));
-        const Traffic& once = family.identityQuestions;
-        for (const auto list : {Battery_Read_CellVoltage, Thermal_Read_Fan}) {
-            ForgetCalls();
-            Text(list)();
-            EXPECT_THAT(IdentityQuestions(), ElementsAreArray(Join({once, once, once, once})));
+        SCOPED_TRACE(Where(family, ""));
+        const std::string& once = family.identityQuestions;
+        for (const auto& [ask, questions] :
+             {std::pair(Vrm, once), std::pair(Cells, once + once + once + once),
+              std::pair(Fans, once + once + once + once),
+              std::pair(Number(Battery_Read_CycleCount), std::string("EcFwRev "))}) {
+            StartFamily(family.revision, family.chipId, QuickFans);
+            ask();
+            EXPECT_EQ(IdentityQuestions(), questions);
         }
-        ForgetCalls();
-        Battery_Read_CycleCount();
-        EXPECT_THAT(IdentityQuestions(), ElementsAre("EcFwRev"));
     }
-}
-
-TEST_F(EcMapsTest, AsksTheEcForWhatTheRegistryDoesNotKeep) {
+    // What the registry does not keep is asked of the EC.
     StartMachine(R"({"ec": {"chip_id": 1}, "registry": {"read_only": ["HKLM\\SOFTWARE"]}})");
     InitializeSondrel();
     EXPECT_EQ(Thermal_Read_Cpu_Temperature(), 53u);
-    EXPECT_THAT(SentTraffic(), ElementsAre("bb 03", "bb 04", "bb 10", "bb 10", "80 f7a0"));
+    EXPECT_EQ(SentTraffic(), "bb 03, bb 04, bb 10, bb 10, 80 f7a0");
 }
 
-TEST_F(EcMapsTest, AnEcThatCannotBeIdentifiedHasNoMap) {
-    StartMachine();
-    EXPECT_EQ(Thermal_Read_Cpu_Temperature(), 0u); // no session
-    EXPECT_THAT(SentTraffic(), IsEmpty());
+TEST_F(EcMapsTest, WithoutAnIdentityThereIsNoMapAndWithoutASessionEveryReadingFails) {
+    Lines noMap(17, "0"); // the numbers, then the texts
+    noMap.insert(noMap.end(), {"0x7FFFFFFF~", "1980-01-01~", "0;0;0;0~", "0;0;0;0~"});
+    EXPECT_EQ(Thermal_Read_Cpu_Temperature(), 0u); // neither of the two
+    EXPECT_EQ(SentTraffic(), "");
     StartMachine(R"({"ec": {"faults": [{"command": "0xBB", "status": 5}]}})");
     InitializeSondrel();
-    EXPECT_EQ(Thermal_Read_Cpu_Temperature(), 0u);
-    EXPECT_EQ(Battery_Read_Current(), 0);
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "0;0;0;0");
-    EXPECT_EQ(Text(Battery_Read_CellVoltage)(), "0;0;0;0");
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "1980-01-01");
-    EXPECT_EQ(Text(Battery_Read_ManufactureName)(), "0x7FFFFFFF");
-    EXPECT_EQ(Battery_Read_CycleCount(), 0u);
-    EXPECT_THAT(EcCommands(), ::testing::Each("bb 03"));
-}
-
-TEST_F(EcMapsTest, AKeptIdentityWithoutASessionMakesReadingsFail) {
+    EXPECT_EQ(Answers(), noMap);
+    EXPECT_THAT(SentTraffic(), MatchesRegex("bb 03(, bb 03)*"));
+    StartFamily("LK", 0);
+    EXPECT_EQ(Answers(), noMap);
+    StartFamily("GL", 0);
+    CloseSession();
+    Lines failed;
+    for (const Reading& reading : Readings()) {
+        failed.push_back(reading.failed);
+    }
+    EXPECT_EQ(Answers(), failed);
+    EXPECT_EQ(SentTraffic(), "");
     StartFamily("KL", 0);
-    ShutdownSondrel();
-    EXPECT_EQ(Thermal_Read_Cpu_Temperature(), Failed);
-    EXPECT_EQ(Thermal_Read_ACFET_Temperature(), Failed);
-    EXPECT_EQ(Battery_Read_Current(), -1);
-    EXPECT_EQ(Text(Battery_Read_CellVoltage)(), "2147483647;2147483647;2147483647;2147483647");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2147483647;2147483647;2147483647;0");
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "1980-01-01");
-    EXPECT_EQ(Text(Battery_Read_ManufactureName)(), "0x7FFFFFFF");
-    EXPECT_THAT(EcCommands(), IsEmpty());
+    CloseSession();
+    EXPECT_EQ(Fans(), "2147483647;2147483647;2147483647;0~") << "the fourth fan is not asked for";
 }
 
-TEST_F(EcMapsTest, TheDateOfTheBankedFamilyGoesByChipId) {
-    StartFamily("WL", 0);
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "2023-06-14");
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(BusAB("1b")));
-    EXPECT_THAT(IdentityQuestions(), ElementsAre("EcFwRev", "EcChipId"));
-    StartFamily("WL", 1);
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "2023-06-14");
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(Bus9B("1b")));
-    EXPECT_THAT(IdentityQuestions(), ElementsAre("EcFwRev", "EcChipId"));
-    StartFamily("WL", 2);
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "1980-01-01");
-    EXPECT_THAT(SentTraffic(), IsEmpty());
-}
-
-Traffic Repeated(std::size_t times, const Traffic& part) {
-    Traffic all;
-    for (std::size_t time = 0; time < times; ++time) {
-        all.insert(all.end(), part.begin(), part.end());
-    }
-    return all;
-}
-
-TEST_F(EcMapsTest, WaitsForTheTachometerTwentyTimesAtMost) {
-    StartFamily("KL", 1, R"("fans": [{"rpm": 2912, "ready_after": 3}, {"rpm": 3071, "ready_after": 19}])");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2913;3071;0;0");
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(Join({{"w a1 022020", "sleep 10"},
-                                                      Repeated(4, {"a0 02"}),
-                                                      {"a0 03", "a0 04", "w a1 021010", "sleep 10"},
-                                                      Repeated(20, {"a0 02"}),
-                                                      {"a0 03", "a0 04"}})));
-    StartFamily("KL", 0, R"("fans": [{"rpm": 2912, "never_ready": true}])");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2913;0;0;0"); // the count is read all the same
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(Join({{"w a1 022020", "sleep 10"},
-                                                      Repeated(20, {"a0 02"}),
-                                                      {"a0 03", "a0 04"},
-                                                      Tachometer("10"),
-                                                      Tachometer("04")})));
-}
-
-TEST_F(EcMapsTest, ATachometerThatFailsEndsItsFanOnly) {
-    const Traffic rest = Tachometer("10");
-    // The start is waited for even when it fails.
-    StartFamily("AR", 0,
-                std::string(QuickFans) + R"(, "faults": [{"command": "0xA1", "use": 1, "status": 9}])");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2147483647;3071;0;0");
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(Join({{"w a1 022020", "sleep 10"}, rest})));
-    // Only the last question's status counts.
-    StartFamily("AR", 0,
-                std::string(QuickFans) + R"(, "faults": [{"command": "0xA0", "use": 1, "status": 9}])");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2913;3071;0;0");
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(Join(
-                                   {{"w a1 022020", "sleep 10", "a0 02", "a0 02", "a0 03", "a0 04"}, rest})));
-    // A question that fails with the ready bit in its answer is the last one.
-    StartFamily("AR", 0,
-                std::string(QuickFans) +
-                    R"(, "faults": [{"command": "0xA0", "use": 1, "status": 9, "byte": 128}])");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2147483647;3071;0;0");
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(Join({{"w a1 022020", "sleep 10", "a0 02"}, rest})));
-    for (const char* use : {"2", "3"}) {
-        StartFamily("AR", 0,
-                    std::string(QuickFans) + R"(, "faults": [{"command": "0xA0", "status": 9, "use": )" +
-                        use + "}]");
-        EXPECT_EQ(Text(Thermal_Read_Fan)(), "2147483647;3071;0;0");
-    }
-    StartFamily("AR", 0, R"("faults": [{"command": "0xA0", "status": 9}])");
-    EXPECT_EQ(Text(Thermal_Read_Fan)(), "2147483647;2147483647;0;0");
-    EXPECT_THAT(SentTraffic(), ElementsAreArray(Join({{"w a1 022020", "sleep 10"},
-                                                      Repeated(20, {"a0 02"}),
-                                                      {"w a1 021010", "sleep 10"},
-                                                      Repeated(20, {"a0 02"})})));
-}
-
-TEST_F(EcMapsTest, WaitsForTheBatteryBusTwentyTimesAtMost) {
-    const Traffic start{"w 9b 1809", "w 9b 1a16", "w 9b 1b1b", "w 9c", "sleep 10"};
-    StartFamily("KL", 1, R"("battery": {"bus_busy_polls": 3})");
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "2023-06-14");
-    EXPECT_THAT(
-        SentTraffic(),
-        ElementsAreArray(Join({start, Repeated(3, {"80 ede3", "sleep 1"}), {"80 ede3", "9a 1c", "9a 1d"}})));
-    StartFamily("PC", 1, R"("battery": {"bus_busy_for_ever": true})");
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "1980-01-01");
-    EXPECT_THAT(SentTraffic(),
-                ElementsAreArray(Join({start, Repeated(20, {"80 ede3", "sleep 1"}), {"9a 1c", "9a 1d"}})));
-    // A question that fails while the bus is busy is no reason to stop asking.
-    StartFamily("KL", 1, R"("faults": [{"command": "0x80", "use": 1, "status": 9, "byte": 1}])");
-    EXPECT_EQ(Text(Battery_Read_ManufactureDate)(), "2023-06-14");
-    EXPECT_THAT(SentTraffic(),
-                ElementsAreArray(Join({start, {"80 ede3", "sleep 1", "80 ede3", "9a 1c", "9a 1d"}})));
-}
-
-TEST_F(EcMapsTest, ASensorThatIsNotReadyIsNotAskedForItsValue) {
+TEST_F(EcMapsTest, SequencesGoByWhatTheEcAnswers) {
     struct Case {
+        const char* why;
         const char* revision;
-        const char* sensors;
-        Traffic traffic;
+        int chipId;
+        std::string ec;
+        Ask ask;
+        std::string answer;
+        std::string traffic;
     };
 
-    const Traffic hub{"ac 00", "ac 29"};
-    const Traffic banked{"ce 00", "ce 01", "ce 2b"};
+    const std::string busy = Start9B("1b");
     const Case cases[] = {
-        {"AB", R"({"ready": false})", hub},
-        {"AB", R"({"device_2_present": false})", hub},
-        {"AB", R"({"gpu_vrm": {"valid": false}})", hub},
-        {"GL", R"({"ready": false})", banked},
-        {"GL", R"({"device_2_present": false})", banked},
-        {"GL", R"({"gpu_vrm": {"valid": false}})", banked},
+        {"a list goes on behind a cell that failed", "AB", 0, Fault("AB", 9), Cells,
+         "3862;2147483647;3884;3895~",
+         BusAB("3f") + ", w ab 0501, w ab 0609, w ab 0816, w ab 093e, " + BusAB("3d") + ", " + BusAB("3c")},
+        {"a list goes on behind a fan that failed", "GL", 0, FanFault("CC", 3), Fans,
+         "2912;2147483647;2455;1999~", "cc 0035, cc 0036, cc 003c, cc 0135, cc 0136, cc 013c, cc 013d"},
+        {"chip 0 of the banked family has its date on one bus", "WL", 0, "", Date, "2023-06-14~",
+         BusAB("1b")},
+        {"chip 1 on the other", "WL", 1, "", Date, "2023-06-14~", Bus9B("1b")},
+        {"and any other chip has none", "WL", 2, "", Date, "1980-01-01~", ""},
+        {"a tachometer is asked until it is ready", "KL", 1,
+         R"("fans": [{"rpm": 2912, "ready_after": 3}, {"rpm": 3071, "ready_after": 19}])", Fans,
+         "2913;3071;0;0~", Fan("20", 4) + ", " + Fan("10", 20)},
+        {"but twenty times at most, and its count read all the same", "KL", 0,
+         R"("fans": [{"rpm": 2912, "never_ready": true}])", Fans, "2913;0;0;0~",
+         Fan("20", 20) + ", " + Fan("10") + ", " + Fan("04")},
+        {"the start is waited for even when it fails", "AR", 0, FanFault("A1", 1), Fans,
+         "2147483647;3071;0;0~", FanStart("20") + ", " + Fan("10")},
+        {"only the last question's status counts", "AR", 0, FanFault("A0", 1), Fans, "2913;3071;0;0~",
+         Fan("20", 2) + ", " + Fan("10")},
+        {"a question that fails with the ready bit in its answer is the last", "AR", 0,
+         FanFault("A0", 1, R"(, "byte": 128)"), Fans, "2147483647;3071;0;0~",
+         FanStart("20") + ", a0 02, " + Fan("10")},
+        {"a count without its low byte", "AR", 0, FanFault("A0", 2), Fans, "2147483647;3071;0;0~",
+         FanStart("20") + ", a0 02, a0 03, " + Fan("10")},
+        {"a count without its high byte", "AR", 0, FanFault("A0", 3), Fans, "2147483647;3071;0;0~",
+         Fan("20") + ", " + Fan("10")},
+        {"questions that all fail", "AR", 0, FanFault("A0"), Fans, "2147483647;2147483647;0;0~",
+         FanStart("20") + ", " + Times(20, "a0 02") + ", " + FanStart("10") + ", " + Times(20, "a0 02")},
+        {"a busy bus is waited for", "KL", 1, R"("battery": {"bus_busy_polls": 3})", Date, "2023-06-14~",
+         busy + Times(3, "80 ede3, sleep 1") + ", 80 ede3, 9a 1c, 9a 1d"},
+        {"twenty times at most, and read all the same", "PC", 1, R"("battery": {"bus_busy_for_ever": true})",
+         Date, "1980-01-01~", busy + Times(20, "80 ede3, sleep 1") + ", 9a 1c, 9a 1d"},
+        {"a question that fails while the bus is busy is no reason to stop", "KL", 1,
+         Fault("80", 1, R"(, "byte": 1)"), Date, "2023-06-14~",
+         busy + "80 ede3, sleep 1, 80 ede3, 9a 1c, 9a 1d"},
     };
     for (const Case& each : cases) {
-        SCOPED_TRACE(std::string(each.revision) + each.sensors);
-        StartFamily(each.revision, 0, std::string(R"("sensors": )") + each.sensors);
-        EXPECT_EQ(Thermal_Read_GpuVrm_Temperature(), 0u);
-        EXPECT_THAT(SentTraffic(), ElementsAreArray(each.traffic));
+        SCOPED_TRACE(each.why);
+        StartFamily(each.revision, each.chipId, each.ec);
+        EXPECT_EQ(each.ask(), each.answer);
+        EXPECT_EQ(SentTraffic(), each.traffic);
+    }
+    for (const std::string state :
+         {R"({"ready": false})", R"({"device_2_present": false})", R"({"gpu_vrm": {"valid": false}})"}) {
+        for (const auto& [revision, traffic] :
+             {std::pair("AB", "ac 00, ac 29"), std::pair("GL", "ce 00, ce 01, ce 2b")}) {
+            SCOPED_TRACE(revision + state);
+            StartFamily(revision, 0, R"("sensors": )" + state);
+            EXPECT_EQ(Vrm(), "0");
+            EXPECT_EQ(SentTraffic(), traffic) << "a sensor that is not ready is not asked for its value";
+        }
     }
     // What is wrong with one device or channel does not touch the others.
     for (const char* revision : {"AB", "GL"}) {

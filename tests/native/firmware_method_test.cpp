@@ -4,17 +4,10 @@
 #include "platform/com.h"
 #include "platform/simulated/wide_text.h"
 
-#include <algorithm>
-#include <map>
-
 namespace {
 
-using machine::Failure;
-using machine::Operation;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
+using namespace testing;
+using test::Lines;
 
 class FirmwareMethodTest : public test::MachineTest {
 protected:
@@ -26,37 +19,6 @@ protected:
     static std::string Devs(const char16_t* status = u"80") {
         return machine::Utf8FromWide(sondrel::wmiMethod(
             u"DEVS", {{u"Device_ID", u"1179735"}, {u"Control_status", status}}, u"result", 1));
-    }
-
-    /// The numbers of the calls that `Devs` makes of one operation.
-    static std::vector<std::uint64_t> NumbersOf(Operation operation) {
-        TheMachine().gate.KeepHistory(true);
-        TheMachine().gate.Restart();
-        Devs();
-        std::vector<std::uint64_t> numbers;
-        const auto& history = TheMachine().gate.History();
-        for (std::size_t at = 0; at < history.size(); ++at) {
-            if (history[at] == operation) {
-                numbers.push_back(at + 1);
-            }
-        }
-        return numbers;
-    }
-
-    void ExpectFailure(std::uint64_t nth, Failure kind, const std::string& event, const std::string& debug) {
-        EventLines();
-        DebugLines();
-        TheMachine().gate.Restart({.nth = nth, .kind = kind});
-        EXPECT_EQ(Devs(), "");
-        EXPECT_EQ(TheMachine().gate.Injected(), 1u) << debug;
-        TheMachine().gate.Restart();
-        EXPECT_THAT(EventLines(), ElementsAre(event));
-        std::vector<std::string> lines{debug};
-        if (debug.find("Step1") == std::string::npos) {
-            lines.emplace_back("[wmiMethod] Do CoUninitialize()");
-        }
-        EXPECT_EQ(DebugLines(), lines);
-        EXPECT_THAT(TheMachine().gate.OpenThings(), IsEmpty());
     }
 };
 
@@ -90,71 +52,61 @@ TEST_F(FirmwareMethodTest, LeavesTheCallersApartmentAlone) {
     EXPECT_EQ(Dsts(u"1179735", 1), "65536");
 }
 
-TEST_F(FirmwareMethodTest, GivesANumberWithItsSign) {
-    EXPECT_EQ(Dsts(u"7"), "-2"); // 0xFFFFFFFE: the firmware knows no such id
-    EXPECT_EQ(Dsts(u"1114137"), "65536");
-}
-
 TEST_F(FirmwareMethodTest, TellsEveryFailedStepInBothLogs) {
     struct Row {
         Operation operation;
         std::size_t use;
-        const char* event;
-        const char* debug;
+        std::string event;
+        std::string debug = event;
+        Failure kind = Failure::Refused;
     };
 
-    constexpr Row Rows[] = {
-        {Operation::CoInitializeEx, 0, "Step1 Failed to initialize COM library. Error code", nullptr},
-        {Operation::CoCreateInstance, 0, "Step3 Failed to create IWbemLocator object. Error code", nullptr},
-        {Operation::ConnectServer, 0, "Step4 Could not connect. Error code", nullptr},
-        {Operation::CoSetProxyBlanket, 0, "Step5 Could not set proxy blanket. Error code", nullptr},
-        {Operation::ExecQuery, 0, " Step6 Could not ExecQuery. Error code",
-         "Step6 Could not ExecQuery. Error code"},
-        {Operation::Next, 0, "Could not Get the Next Object. Error code", nullptr},
-        {Operation::GetObject, 0, "Could not GetObject. Error code", nullptr},
-        {Operation::GetMethod, 0, "Could not GetMethod. Error code", nullptr},
-        {Operation::SpawnInstance, 0, "Could not SpawnInstance. Error code", nullptr},
-        {Operation::Put, 0, "Could not put parameters. Error code", nullptr},
-        {Operation::Put, 1, "Could not put parameters. Error code", nullptr},
-        {Operation::Get, 0, "Could not Get method retrieves. Error code", nullptr},
-        {Operation::ExecMethod, 0, "Could not execute method.Error code",
-         "Could not execute method. Error code"},
-        {Operation::Get, 1, "Could not get output.Error code", "Could not get output. Error code"},
+    const Row rows[] = {
+        {Operation::CoInitializeEx, 1, "Step1 Failed to initialize COM library. Error code = 0x80010106"},
+        {Operation::CoCreateInstance, 1,
+         "Step3 Failed to create IWbemLocator object. Error code = 0x80040154"},
+        {Operation::ConnectServer, 1, "Step4 Could not connect. Error code = 0x80041003"},
+        {Operation::CoSetProxyBlanket, 1, "Step5 Could not set proxy blanket. Error code = 0x80070005"},
+        {Operation::ExecQuery, 1, " Step6 Could not ExecQuery. Error code = 0x80041003",
+         "Step6 Could not ExecQuery. Error code = 0x80041003"},
+        {Operation::Next, 1, "Could not Get the Next Object. Error code = 0x80041010"},
+        {Operation::GetObject, 1, "Could not GetObject. Error code = 0x80041002"},
+        {Operation::GetMethod, 1, "Could not GetMethod. Error code = 0x80041002"},
+        {Operation::SpawnInstance, 1, "Could not SpawnInstance. Error code = 0x80041006"},
+        {Operation::Put, 1, "Could not put parameters. Error code = 0x80041005"},
+        {Operation::Put, 2, "Could not put parameters. Error code = 0x80041005"},
+        {Operation::Get, 1, "Could not Get method retrieves. Error code = 0x80041002"},
+        {Operation::ExecMethod, 1, "Could not execute method.Error code = 0x80041024",
+         "Could not execute method. Error code = 0x80041024"},
+        {Operation::Get, 2, "Could not get output.Error code = 0x80041002",
+         "Could not get output. Error code = 0x80041002"},
+        // Success without an object is a failure of that step.
+        {Operation::Next, 1, "Could not Get the Next Object. Error code = 0x1",
+         "Could not Get the Next Object. Error code = 0x1", Failure::Nothing},
+        {Operation::GetMethod, 1, "Could not GetMethod. Error code = 0x0",
+         "Could not GetMethod. Error code = 0x0", Failure::Nothing},
+        {Operation::ExecMethod, 1, "Could not execute method.Error code = 0x0",
+         "Could not execute method. Error code = 0x0", Failure::Nothing},
     };
-    for (const Row& row : Rows) {
-        char status[16];
-        std::snprintf(status, sizeof status, " = 0x%x", machine::RowOf(row.operation).refusal);
-        const auto text = [&](const char* message) {
-            return std::string("[wmiMethod] ") + message + status;
-        };
-        ExpectFailure(NumbersOf(row.operation).at(row.use), Failure::Refused, text(row.event),
-                      text(row.debug != nullptr ? row.debug : row.event));
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.event);
+        std::string answer;
+        RunFailing(row.operation, row.use, row.kind, [&] { answer = Devs(); });
+        EXPECT_EQ(answer, "");
+        EXPECT_THAT(EventLines(), ElementsAre("[wmiMethod] " + row.event));
+        Lines lines{"[wmiMethod] " + row.debug};
+        if (row.operation != Operation::CoInitializeEx) {
+            lines.emplace_back("[wmiMethod] Do CoUninitialize()");
+        }
+        EXPECT_EQ(DebugLines(), lines);
     }
 }
 
-TEST_F(FirmwareMethodTest, TakesSuccessWithoutAnObjectForAFailureOfThatStep) {
-    const auto both = [this](Operation operation, const std::string& text, const std::string& event) {
-        ExpectFailure(NumbersOf(operation).at(0), Failure::Nothing, event, text);
-    };
-    both(Operation::Next, "[wmiMethod] Could not Get the Next Object. Error code = 0x1",
-         "[wmiMethod] Could not Get the Next Object. Error code = 0x1");
-    both(Operation::GetMethod, "[wmiMethod] Could not GetMethod. Error code = 0x0",
-         "[wmiMethod] Could not GetMethod. Error code = 0x0");
-    both(Operation::ExecMethod, "[wmiMethod] Could not execute method. Error code = 0x0",
-         "[wmiMethod] Could not execute method.Error code = 0x0");
-    StartMachine(R"({"wmi": {"ROOT\\WMI": {"VeskZrnWmi_WMNB": []}}})");
-    EXPECT_EQ(Devs(), "");
-    EXPECT_THAT(EventLines(), ElementsAre("[wmiMethod] Could not Get the Next Object. Error code = 0x1"));
-    StartMachine(R"({"wmi": {"ROOT\\WMI": null}})");
-    EXPECT_EQ(Devs(), "");
-    EXPECT_THAT(EventLines(), ElementsAre(HasSubstr("Could not connect")));
-}
-
-TEST_F(FirmwareMethodTest, AValueThatIsNoNumberOfTheFirmwaresIsRefusedByPut) {
+TEST_F(FirmwareMethodTest, ANumberHasItsSignOnlyOnTheWayBack) {
+    EXPECT_EQ(Dsts(u"7"), "-2"); // 0xFFFFFFFE: the firmware knows no such id
     EXPECT_EQ(Devs(u"-1"), "");
     EXPECT_THAT(EventLines(), ElementsAre("[wmiMethod] Could not put parameters. Error code = 0x80041005"));
-    EXPECT_THAT(CallsOf("ExecMethod"), IsEmpty());
-    EXPECT_THAT(Calls(), Not(Contains(HasSubstr("Device_ID"))));
+    EXPECT_THAT(CallsOf("Put"), SizeIs(2)) << "the second parameter is not put any more";
 }
 
 } // namespace

@@ -1,21 +1,15 @@
 // What moves on a machine whose profile has a course.
-#include "ec_traffic.h"
-
-#include "platform/simulated/machine_course.h"
+#include "machine_fixture.h"
 
 namespace {
 
-using test::GuardedText;
-
-class MachineCourseTest : public test::EcTest {
+class MachineCourseTest : public test::MachineTest {
 protected:
     static void Pass(double seconds) {
         TheMachine().clock.Advance(std::chrono::microseconds(static_cast<std::int64_t>(seconds * 1e6)));
     }
 
-    static std::uint32_t FirstFan() {
-        return static_cast<std::uint32_t>(std::stoul(GuardedText<44>(Thermal_Read_Fan).Text()));
-    }
+    static std::uint32_t FirstFan() { return static_cast<std::uint32_t>(std::stoul(Text(Thermal_Read_Fan))); }
 };
 
 TEST_F(MachineCourseTest, LoadHeatsAndAFanAnswers) {
@@ -45,28 +39,23 @@ TEST_F(MachineCourseTest, LoadHeatsAndAFanAnswers) {
 }
 
 TEST_F(MachineCourseTest, ReadingsDependOnTheTimeAlone) {
-    const auto profile = [] {
-        return machine::LoadProfile("living");
-    };
     const auto reading = [] {
         return std::tuple(Thermal_Read_Cpu_Temperature(), FirstFan(), Battery_Read_Capacity(),
-                          Battery_Read_Current(), GuardedText<44>(Battery_Read_CellVoltage).Text(),
+                          Battery_Read_Current(), Text(Battery_Read_CellVoltage),
                           Thermal_Read_CpuPackagePower(), Power_Read_ACDCMode());
     };
-    machine::Start(profile(), ":memory:");
+    StartBuiltIn("living");
     InitializeSondrel();
     for (int second = 0; second < 50; ++second) {
         Pass(1);
         Thermal_Read_Cpu_Temperature();
     }
     const auto often = reading();
-    ShutdownSondrel();
-    machine::Start(profile(), ":memory:");
+    StartBuiltIn("living");
     InitializeSondrel();
     Pass(50);
     EXPECT_EQ(reading(), often);
     EXPECT_GT(std::get<0>(often), 60u);
-    ShutdownSondrel();
 }
 
 TEST_F(MachineCourseTest, TheBatteryIsDrainedByTheLoadAndCharged) {
@@ -87,16 +76,6 @@ TEST_F(MachineCourseTest, TheBatteryIsDrainedByTheLoadAndCharged) {
     Pass(20000);
     EXPECT_EQ(Battery_Read_Capacity(), 51300u);
     EXPECT_EQ(Battery_Read_Current(), 0);
-}
-
-TEST(LoadCourse, CountsTheBusySecondsThatItShows) {
-    const machine::LoadCourse course({{1, 2}, {1, 3}, {0, 1}}, 0.5);
-    double busy = 0;
-    for (int tick = 0; tick < 20'000; ++tick) {
-        EXPECT_NEAR(course.BusySeconds(tick / 1000.0), busy, 1e-3);
-        busy += course.At((tick + 0.5) / 1000.0) / 1000.0;
-    }
-    EXPECT_DOUBLE_EQ(machine::LoadCourse({}, 0.5).BusySeconds(10), 5);
 }
 
 } // namespace

@@ -1,83 +1,76 @@
-#include "wmi_fixture.h"
+#include "machine_fixture.h"
 
 #include "platform/com.h"
 #include "platform/simulated/apartments.h"
 #include "platform/time.h"
 #include "system/system_readings.h"
 
-#include <array>
-#include <cstring>
+#include <nlohmann/json.hpp>
 
 namespace {
 
-using machine::Failure;
-using machine::Operation;
+using namespace testing;
 using nlohmann::json;
-using ::testing::ElementsAre;
 
-class SystemReadingsTest : public test::WmiTest {
-protected:
-    static std::string LocalTime() {
-        std::array<char, 24> out;
-        out.fill('?');
-        System_Read_LocalTime(out.data());
-        return {out.data(), out.size()};
-    }
-};
+class SystemReadingsTest : public test::MachineTest {};
 
 TEST_F(SystemReadingsTest, SModeIsAskedOfTheSystemsOwnLibrary) {
-    const auto linesOf = [&](const json& system, std::int32_t expected) {
-        StartMachine(json{{"system", system}}.dump());
-        DebugLines();
-        EXPECT_EQ(System_Check_S_Mode(), expected);
-        return DebugLines();
+    struct Case {
+        const char* system;
+        std::int32_t mode;
+        std::string lines;
     };
-    const std::string loaded = "[System_Check_S_Mode] Load Dll Success\n";
-    const std::string failed = "[System_Check_S_Mode] QueryWindowsMode Fail\n";
-    const std::string no = "[System_Check_S_Mode] result = 0";
-    EXPECT_THAT(linesOf({{"lockdown_mode", 0}}, 0), ElementsAre(loaded, no));
-    EXPECT_THAT(linesOf({{"lockdown_mode", 1}}, 1), ElementsAre(loaded, "[System_Check_S_Mode] result = 1"));
-    linesOf({{"lockdown_mode", 2}}, 1);
-    linesOf({{"lockdown_mode", 3}}, 0);
-    EXPECT_THAT(linesOf({{"lockdown_mode", 1}, {"has_lockdown_query", false}}, 0),
-                ElementsAre(loaded, failed, no));
-    EXPECT_THAT(linesOf({{"lockdown_mode", 1}, {"has_wldp", false}}, 0),
-                ElementsAre("[System_Check_S_Mode] Load Dll Error, error = 126", no));
-    StartAndListen({{"system", {{"lockdown_mode", 1}}}});
+
+    const std::string loaded = "[System_Check_S_Mode] Load Dll Success\n|";
+    const std::string failed = "[System_Check_S_Mode] QueryWindowsMode Fail\n|";
+    const std::string no = "[System_Check_S_Mode] result = 0|", yes = "[System_Check_S_Mode] result = 1|";
+    const Case cases[] = {
+        {R"("lockdown_mode": 0)", 0, loaded + no},
+        {R"("lockdown_mode": 1)", 1, loaded + yes},
+        {R"("lockdown_mode": 2)", 1, loaded + yes},
+        {R"("lockdown_mode": 3)", 0, loaded + no},
+        {R"("lockdown_mode": 1, "has_lockdown_query": false)", 0, loaded + failed + no},
+        {R"("lockdown_mode": 1, "has_wldp": false)", 0,
+         "[System_Check_S_Mode] Load Dll Error, error = 126|" + no},
+    };
+    for (const Case& each : cases) {
+        StartMachine(R"({"system": {)" + std::string(each.system) + "}}");
+        EXPECT_EQ(System_Check_S_Mode(), each.mode) << each.system;
+        std::string lines;
+        for (const std::string& line : DebugLines()) {
+            lines += line + '|';
+        }
+        EXPECT_EQ(lines, each.lines);
+    }
+    StartMachine(R"({"system": {"lockdown_mode": 1}})");
     std::int32_t mode = -1;
     RunFailing(Operation::WldpQueryWindowsLockdownMode, 1, Failure::Refused,
                [&] { mode = System_Check_S_Mode(); });
     EXPECT_EQ(mode, 0);
 }
 
-TEST_F(SystemReadingsTest, TheCountryIsAskedForTwiceAndMayBeNone) {
-    EXPECT_EQ(Text(System_GetCountryCode_ISO2), u"DE");
-    for (const std::size_t nth : {1, 2}) {
-        std::u16string country;
-        RunFailing(Operation::GetGeoInfoW, nth, Failure::Refused,
-                   [&] { country = Text(System_GetCountryCode_ISO2); });
-        EXPECT_EQ(country, u"");
-    }
+TEST_F(SystemReadingsTest, TheCountryMayBeNone) {
+    EXPECT_EQ(Text(System_GetCountryCode_ISO2), "DE");
     StartMachine(R"({"system": {"country": ""}})");
-    EXPECT_EQ(Text(System_GetCountryCode_ISO2), u"");
+    EXPECT_EQ(Text(System_GetCountryCode_ISO2), "");
     EXPECT_THAT(CallsOf("GetGeoInfoW"), ElementsAre("GetGeoInfoW room 0 = 0"));
 }
 
 TEST_F(SystemReadingsTest, TheLocalTimeIsTwentyBytes) {
-    using namespace std::string_literals;
-    EXPECT_EQ(LocalTime(), "2024-05-17 10:30:00\0????"s);
+    const test::Ask time = test::Written(System_Read_LocalTime);
+    EXPECT_EQ(time(), "2024-05-17 10:30:00~");
     platform::Sleep(3'599'000);
-    EXPECT_EQ(LocalTime(), "2024-05-17 11:29:59\0????"s);
-    StartAndListen({{"system", {{"date", "2024-03-01T01:15:00"}, {"utc_offset_minutes", -210}}}});
-    EXPECT_EQ(LocalTime(), "2024-02-29 21:45:00\0????"s);
-    std::string time;
-    RunFailing(Operation::LocalTime64, 1, Failure::Refused, [&] { time = LocalTime(); });
-    EXPECT_EQ(time, std::string(20, '\0') + "????");
+    EXPECT_EQ(time(), "2024-05-17 11:29:59~");
+    StartMachine(R"({"system": {"date": "2024-03-01T01:15:00", "utc_offset_minutes": -210}})");
+    EXPECT_EQ(time(), "2024-02-29 21:45:00~");
+    std::string failed;
+    RunFailing(Operation::LocalTime64, 1, Failure::Refused, [&] { failed = time(); });
+    EXPECT_EQ(failed, std::string(20, '~'));
 }
 
 TEST_F(SystemReadingsTest, TheVolumeIsCutNotRounded) {
     const auto volumes = [&](const json& audio) {
-        StartAndListen({{"audio", audio}});
+        StartMachine(json{{"audio", audio}}.dump());
         return std::pair(System_Read_VolumeLevel(1), sondrel::getvolume());
     };
     EXPECT_EQ(volumes({{"volume", 0.35}}), std::pair(34, std::u16string(u"34"))); // 0.35 as a float is less
@@ -119,17 +112,8 @@ TEST_F(SystemReadingsTest, EveryStepToTheVolumeMayFail) {
         RunFailing(operation, 1, Failure::Refused, [&] { text = sondrel::getvolume(); });
         EXPECT_EQ(text, u"");
         if (line != nullptr) {
-            EXPECT_THAT(Journal(), ::testing::Contains(line));
+            EXPECT_THAT(Journal(), Contains(line));
         }
-        EXPECT_THAT(TheMachine().gate.OpenThings(), ::testing::IsEmpty());
-        std::int32_t level = 0;
-        platform::CoInitializeEx(platform::apartment::Multithreaded);
-        if (operation != Operation::CoInitializeEx) {
-            RunFailing(operation, 1, Failure::Refused, [&] { level = System_Read_VolumeLevel(0); });
-            EXPECT_EQ(level, -1);
-        }
-        EXPECT_THAT(TheMachine().gate.OpenThings(), ::testing::IsEmpty());
-        platform::CoUninitialize();
     }
     std::u16string text;
     RunFailing(Operation::GetMute, 1, Failure::Refused, [&] { text = sondrel::getvolume(); });

@@ -18,26 +18,23 @@ TEST(NumberText, HasTheDigitsItNeedsAndNoMore) {
     EXPECT_EQ(HexByteText(0), u"00");
     EXPECT_EQ(HexByteText(0xFFFFFFFF), u"ffffffff");
     EXPECT_EQ(DecimalText(0), u"0");
-    EXPECT_EQ(DecimalText(4294967295u), u"4294967295");
+    EXPECT_EQ(DecimalText(4294967295), u"4294967295");
+    EXPECT_EQ(DecimalText(-2147483648), u"-2147483648");
 }
 
-TEST(Utf8ToWide, CutsAtTheFirstZeroAndReplacesWhatIsIllFormed) {
-    EXPECT_EQ(Utf8ToWide("plain"), u"plain");
-    EXPECT_EQ(Utf8ToWide(std::string("ab\0cd", 5)), u"ab");
-    EXPECT_EQ(Utf8ToWide("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x94\x8B"), u"\u00E9\u20AC\U0001F50B");
-    EXPECT_EQ(Utf8ToWide("a\x80z"), u"a\xFFFDz");                 // a tail without a lead
-    EXPECT_EQ(Utf8ToWide("\xE2\x82"), u"\xFFFD");                 // cut short
-    EXPECT_EQ(Utf8ToWide("\xE2\x82z"), u"\xFFFDz");               // one for the run, and on
-    EXPECT_EQ(Utf8ToWide("\xC0\xAF"), u"\xFFFD\xFFFD");           // overlong
-    EXPECT_EQ(Utf8ToWide("\xED\xA0\x80"), u"\xFFFD\xFFFD\xFFFD"); // a surrogate
-    EXPECT_EQ(Utf8ToWide("\xF4\x90\x80\x80").size(), 4u);         // beyond the last character
-    EXPECT_EQ(Utf8ToWide("\xFF"), u"\xFFFD");
-}
-
-TEST(WideToUtf8, PairsSurrogatesAndReplacesLoneOnes) {
-    EXPECT_EQ(WideToUtf8(u"\u00E9\u20AC\U0001F50B"), "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x94\x8B");
-    EXPECT_EQ(WideToUtf8(u"a\xD83Dz"), "a\xEF\xBF\xBDz");
-    EXPECT_EQ(WideToUtf8(u"\xDD0B"), "\xEF\xBF\xBD");
+// What Windows makes of every kind of text is asked of Windows itself, by the tests of the DLL.
+TEST(Conversions, ReplaceWhatIsIllFormedAndCutAtTheFirstZeroByte) {
+    const std::string narrow = "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x94\x8B";
+    EXPECT_EQ(Utf8ToWide(narrow), u"\u00E9\u20AC\U0001F50B");
+    EXPECT_EQ(WideToUtf8(u"\u00E9\u20AC\U0001F50B"), narrow);
+    EXPECT_EQ(Utf8ToWide("a\x80\xE2\x82z\xC0\xAF\xED\xA0\x80"),
+              u"a\xFFFD\xFFFDz\xFFFD\xFFFD\xFFFD\xFFFD\xFFFD");
+    EXPECT_EQ(Utf8ToWide("\xF4\x90\x80\x80").size(), 4u); // beyond the last character
+    EXPECT_EQ(WideToUtf8(u"a\xD83Dz\xDD0B"), "a\xEF\xBF\xBDz\xEF\xBF\xBD");
+    const std::string zero("ab\0cd", 5);
+    EXPECT_EQ(Utf8ToWide(zero), u"ab");
+    EXPECT_EQ(AnsiToWideBuffer(zero), u"ab");
+    EXPECT_EQ(AnsiToWideBuffer("\xE9"), u"\u00E9");
     EXPECT_EQ(WideToUtf8(std::u16string(u"a\0b", 3)), std::string("a\0b", 3));
 }
 
@@ -49,20 +46,11 @@ TEST(WideToUtf8, BoundedCutsBehindTheLastWholeCharacter) {
     EXPECT_EQ(WideToUtf8Bounded(std::u16string(1020, u'x') + u"\U0001F50B"), std::string(1020, 'x'));
 }
 
-TEST(AnsiToWideBuffer, WidensByteForByteUpToTheFirstZero) {
-    EXPECT_EQ(AnsiToWideBuffer("Error code = 0x80041010"), u"Error code = 0x80041010");
-    EXPECT_EQ(AnsiToWideBuffer("\xE9"), u"\u00E9");
-    EXPECT_EQ(AnsiToWideBuffer(std::string("ab\0cd", 5)), u"ab");
-}
-
 TEST(WideToInt32, ReadsAsFarAsDigitsGoAndSaturates) {
     EXPECT_EQ(WideToInt32(u" \t\r\n+42abc"), 42);
     EXPECT_EQ(WideToInt32(u"-17"), -17);
-    EXPECT_EQ(WideToInt32(u"2147483647"), 2147483647);
     EXPECT_EQ(WideToInt32(u"2147483648"), 2147483647);
-    EXPECT_EQ(WideToInt32(u"-2147483648"), -2147483647 - 1);
     EXPECT_EQ(WideToInt32(u"-99999999999999999999999"), -2147483647 - 1);
-    EXPECT_EQ(WideToInt32(u"99999999999999999999999"), 2147483647);
     for (const std::u16string_view none : {u"", u"abc", u"- 5", u"+-5", u"0x10"}) {
         EXPECT_EQ(WideToInt32(none), 0);
     }

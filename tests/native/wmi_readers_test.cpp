@@ -1,140 +1,114 @@
-#include "wmi_fixture.h"
+#include "machine_fixture.h"
 
 #include "firmware/disk_temperature.h"
 #include "platform/com.h"
 #include "platform/simulated/apartments.h"
+#include "platform/simulated/wide_text.h"
 #include "wmi/wmi_readers.h"
 
-#include <functional>
-#include <thread>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
 
 namespace {
 
 using namespace sondrel;
-using machine::Failure;
-using machine::Operation;
+using namespace testing;
 using nlohmann::json;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
+using test::Lines;
 
-/// One reader as the exports use it, and what its failed steps write, behind "event " and "debug ".
+/// What differs between the readers' messages.
+enum class Wording : std::uint8_t { DebugOnly, Usual, TwoBlanks, Bare };
+
+/// One reader as the exports use it.
 struct ReaderCase {
     std::string tag;
     std::function<void(std::uint8_t initCom)> run;
-    bool takesInitCom;
-    std::string leaving;
-    std::string events[5]; // all empty: nothing goes to the event log
-    std::string debugs[5];
-    bool debugAfterRelease;
+    Wording wording;
+    bool takesInitCom = true;
+    std::string leaving = "Step7 Do CoUninitialize()";
 };
 
-constexpr Operation StepOperations[] = {Operation::CoInitializeEx, Operation::CoCreateInstance,
-                                        Operation::ConnectServer, Operation::CoSetProxyBlanket,
-                                        Operation::ExecQuery};
-const std::string StepCodes[] = {"80010106", "80040154", "80041003", "80070005", "80041003"};
+const machine::Operation StepOperations[] = {
+    machine::Operation::CoInitializeEx, machine::Operation::CoCreateInstance,
+    machine::Operation::ConnectServer, machine::Operation::CoSetProxyBlanket, machine::Operation::ExecQuery};
 
-ReaderCase Usual(const std::string& tag, std::function<void(std::uint8_t)> run, bool takesInitCom,
-                 bool twoBlanks) {
-    ReaderCase reader{tag, std::move(run), takesInitCom, "[" + tag + "] Step7 Do CoUninitialize()", {},
-                      {},  false};
-    const std::string texts[] = {"Step1 Failed to initialize COM library. Error code = 0x",
-                                 "Step3 Failed to create IWbemLocator object. Error code = 0x",
-                                 "Step4 Could not connect. Error code = 0x",
-                                 "Step5 Could not set proxy blanket. Error code = 0x",
-                                 "Step6 Query for operating system name failed. Error code = 0x"};
-    for (std::size_t step = 0; step < 5; ++step) {
-        reader.debugs[step] = "[" + tag + "] " + texts[step] + StepCodes[step];
-        reader.events[step] = reader.debugs[step];
+/// What a failed step writes: the event log's text, empty for none, and the debug log's.
+std::pair<std::string, std::string> MessagesOf(const ReaderCase& reader, std::size_t step) {
+    const std::string tag = '[' + reader.tag + "] ";
+    if (reader.wording == Wording::Bare && step >= 2) {
+        const std::pair<std::string, std::string> messages[] = {
+            {"Could not connect. Error code = 0x80041003",
+             "Step4 ReadWMIPropStr2 Could not connect. Error code = 0x"},
+            {"Could not set proxy blanket. Error code = 0x80070005",
+             "Step5 ReadWMIPropStr2 Could not set proxy blanket. Error code = 0x"},
+            {"Query for operating system name failed Error code = 0x80041003",
+             "Step6 ReadWMIPropStr2 Query for operating system name failed."}};
+        return {tag + messages[step - 2].first, messages[step - 2].second};
     }
-    if (twoBlanks) {
-        reader.events[4] =
-            "[" + tag + "] Step6 Query for operating system name failed.  Error code = 0x80041003";
-    }
-    return reader;
+    const std::string texts[] = {"Step1 Failed to initialize COM library. Error code = 0x80010106",
+                                 "Step3 Failed to create IWbemLocator object. Error code = 0x80040154",
+                                 "Step4 Could not connect. Error code = 0x80041003",
+                                 "Step5 Could not set proxy blanket. Error code = 0x80070005",
+                                 "Step6 Query for operating system name failed. Error code = 0x80041003"};
+    const bool blanks = reader.wording == Wording::TwoBlanks && step == 4;
+    const std::string event =
+        blanks ? "Step6 Query for operating system name failed.  Error code = 0x80041003" : texts[step];
+    return {reader.wording == Wording::DebugOnly ? "" : tag + event, tag + texts[step]};
 }
 
 std::vector<ReaderCase> AllReaders() {
     const std::u16string space = u"ROOT\\CIMV2";
     const std::u16string query = u"select * from Win32_Processor";
-    std::vector<char16_t> out(65536);
     const auto host = std::make_shared<std::vector<char16_t>>(65536);
-    std::vector<ReaderCase> readers;
-    readers.push_back(Usual(
-        "ReadWMIEnumNum", [=](auto com) { ReadWMIEnumNum(space, query, com); }, true, false));
-    for (std::string& event : readers.back().events) {
-        event.clear();
-    }
-    readers.push_back(Usual(
-        "ReadWMIProp", [=](auto com) { ReadWMIProp(space, query, u"LoadPercentage", com, 0); }, true, false));
-    readers.push_back(Usual(
-        "ReadWMIPropStr", [=](auto com) { ReadWMIPropStr(space, query, u"Name", com); }, true, true));
-    readers.push_back(Usual(
-        "ReadWMISmartData", [=](auto com) { ReadWMISmartData(space, query, com); }, true, false));
-    readers.back().leaving = "[ReadWMISmartData] Step7 Do CoUninitialize";
-    readers.push_back(Usual(
-        "ReadWMICpuUsage", [=](auto) { AppList_CpuUsage(host->data()); }, false, true));
-    readers.push_back(Usual(
-        "ReadWMIMemUsage", [=](auto) { AppList_MemUsage(host->data()); }, false, true));
-    readers.push_back(Usual(
-        "ReadWMIBrightness", [=](auto) { AppList_HardwareConfig(host->data()); }, false, true));
-    for (const bool counters : {false, true}) {
-        ReaderCase reader = Usual(
-            "ReadWMIPropStr2",
-            [=](auto com) {
-                if (counters) {
-                    ReadWMIPropStr2(space, query, {u"Name", u"Name"}, com, 3);
-                } else {
-                    ReadWMIPropStr2(space, query, {u"Name", u"Name", u"LoadPercentage"}, {0, 0, 1}, com);
-                }
-            },
-            true, false);
-        reader.events[2] = "[ReadWMIPropStr2] Could not connect. Error code = 0x80041003";
-        reader.debugs[2] = "Step4 ReadWMIPropStr2 Could not connect. Error code = 0x";
-        reader.events[3] = "[ReadWMIPropStr2] Could not set proxy blanket. Error code = 0x80070005";
-        reader.debugs[3] = "Step5 ReadWMIPropStr2 Could not set proxy blanket. Error code = 0x";
-        reader.events[4] = "[ReadWMIPropStr2] Query for operating system name failed Error code = 0x80041003";
-        reader.debugs[4] = "Step6 ReadWMIPropStr2 Query for operating system name failed.";
-        reader.debugAfterRelease = true;
-        readers.push_back(std::move(reader));
-    }
-    return readers;
+    using enum Wording;
+    return {{"ReadWMIEnumNum", [=](auto com) { ReadWMIEnumNum(space, query, com); }, DebugOnly},
+            {"ReadWMIProp", [=](auto com) { ReadWMIProp(space, query, u"LoadPercentage", com, 0); }, Usual},
+            {"ReadWMIPropStr", [=](auto com) { ReadWMIPropStr(space, query, u"Name", com); }, TwoBlanks},
+            {"ReadWMISmartData", [=](auto com) { ReadWMISmartData(space, query, com); }, Usual, true,
+             "Step7 Do CoUninitialize"},
+            {"ReadWMICpuUsage", [=](auto) { AppList_CpuUsage(host->data()); }, TwoBlanks, false},
+            {"ReadWMIMemUsage", [=](auto) { AppList_MemUsage(host->data()); }, TwoBlanks, false},
+            {"ReadWMIBrightness", [=](auto) { AppList_HardwareConfig(host->data()); }, TwoBlanks, false},
+            {"ReadWMIPropStr2",
+             [=](auto com) {
+                 ReadWMIPropStr2(space, query, {u"A", u"B", u"C"}, {0, 0, 1}, com);
+             },
+             Bare},
+            {"ReadWMIPropStr2",
+             [=](auto com) {
+                 ReadWMIPropStr2(space, query, {u"A", u"B"}, com, 3);
+             },
+             Bare}};
 }
 
-/// What a call writes and gives back when a step fails, in order.
-std::vector<std::string> ExpectedAtFailure(const ReaderCase& reader, std::size_t step, bool initCom) {
-    std::vector<std::string> journal;
-    if (initCom) {
-        journal.emplace_back(step == 0 ? "CoInitializeEx multithreaded = -2147417850"
-                                       : "CoInitializeEx multithreaded = 1");
-    }
-    if (!reader.events[step].empty()) {
-        journal.push_back("event " + reader.events[step]);
-    }
-    std::vector<std::string> releases;
-    if (step >= 3) {
-        releases.emplace_back("Release IWbemServices");
-    }
-    if (step >= 2) {
-        releases.emplace_back("Release IWbemLocator");
-    }
-    const bool late = reader.debugAfterRelease && step >= 2;
-    if (!late) {
-        journal.push_back("debug " + reader.debugs[step]);
-    }
-    journal.insert(journal.end(), releases.begin(), releases.end());
-    if (late) {
-        journal.push_back("debug " + reader.debugs[step]);
-    }
-    if (initCom && step != 0) {
-        journal.emplace_back("CoUninitialize");
-    }
+constexpr std::size_t NoStep = 5;
+
+/// What a call writes and gives back when a step fails, or none, in order.
+Lines ExpectedJournal(const ReaderCase& reader, std::size_t step, bool initCom) {
+    const auto [event, debug] =
+        step == NoStep ? std::pair<std::string, std::string>() : MessagesOf(reader, step);
+    const bool behindRelease = reader.wording == Wording::Bare && step >= 2;
+    const bool good = step == NoStep;
+    Lines journal{
+        !initCom    ? ""
+        : step == 0 ? "CoInitializeEx multithreaded = -2147417850"
+                    : "CoInitializeEx multithreaded = 1",
+        event.empty() ? "" : "event " + event,
+        behindRelease || good ? "" : "debug " + debug,
+        step >= 3 ? "Release IWbemServices" : "",
+        step >= 2 ? "Release IWbemLocator" : "",
+        good ? "Release IEnumWbemClassObject" : "",
+        behindRelease && !good ? "debug " + debug : "",
+        good && initCom ? "debug [" + reader.tag + "] " + reader.leaving : "",
+        initCom && step != 0 ? "CoUninitialize" : "",
+    };
+    std::erase(journal, "");
     return journal;
 }
 
 /// Without the lines of the export around the reader, and without what comes after it.
-std::vector<std::string> OfTheReader(std::vector<std::string> journal, const ReaderCase& reader) {
+Lines OfTheReader(Lines journal, const ReaderCase& reader) {
     if (!reader.takesInitCom) {
         const auto end = std::ranges::find(journal, "CoUninitialize");
         journal.erase(end == journal.end() ? end : end + 1, journal.end());
@@ -145,7 +119,7 @@ std::vector<std::string> OfTheReader(std::vector<std::string> journal, const Rea
     return journal;
 }
 
-class WmiSequenceTest : public test::WmiTest {
+class WmiSequenceTest : public test::MachineTest {
 protected:
     // The host's own apartment, which no call may leave.
     WmiSequenceTest() { platform::CoInitializeEx(platform::apartment::Multithreaded); }
@@ -158,76 +132,41 @@ protected:
 
 TEST_F(WmiSequenceTest, EveryStepOfEveryReaderFailsWithItsOwnTextsAndOrder) {
     for (const ReaderCase& reader : AllReaders()) {
-        for (const std::uint8_t initCom : {std::uint8_t{0}, std::uint8_t{1}}) {
-            for (std::size_t step = initCom != 0 ? 0 : 1; step < 5; ++step) {
-                if (initCom == 0 && !reader.takesInitCom) {
-                    continue;
-                }
-                SCOPED_TRACE(reader.tag + " step " + std::to_string(step));
-                RunFailing(StepOperations[step], 1, Failure::Refused, [&] { reader.run(initCom); });
-                auto journal = OfTheReader(Journal(), reader);
-                if (step == 0 && reader.tag == "ReadWMIBrightness") {
-                    journal.resize(3); // the volume is read all the same
-                }
-                EXPECT_THAT(journal, ElementsAreArray(ExpectedAtFailure(reader, step, initCom != 0)));
-                EXPECT_THAT(TheMachine().gate.OpenThings(), IsEmpty());
+        for (std::size_t place = 0; place < 2 * (NoStep + 1); ++place) {
+            const auto initCom = static_cast<std::uint8_t>(place % 2);
+            const std::size_t step = place / 2;
+            if (initCom == 0 && (step == 0 || !reader.takesInitCom)) {
+                continue;
             }
-        }
-    }
-}
-
-TEST_F(WmiSequenceTest, AGoodRunEndsWithServiceLocatorEnumeratorAndApartment) {
-    for (const ReaderCase& reader : AllReaders()) {
-        SCOPED_TRACE(reader.tag);
-        Journal();
-        reader.run(1);
-        auto journal = OfTheReader(Journal(), reader);
-        std::erase(journal, "Release IWbemClassObject");
-        EXPECT_THAT(journal, ElementsAre("CoInitializeEx multithreaded = 1", "Release IWbemServices",
-                                         "Release IWbemLocator", "Release IEnumWbemClassObject",
-                                         "debug " + reader.leaving, "CoUninitialize"));
-        if (reader.takesInitCom) {
-            reader.run(0);
-            EXPECT_THAT(Journal(), ::testing::Not(Contains(::testing::HasSubstr("Uninit"))));
+            SCOPED_TRACE(reader.tag + " step " + std::to_string(step));
+            const auto run = [&] {
+                reader.run(initCom);
+            };
+            Journal();
+            if (step == NoStep) {
+                run();
+            } else {
+                RunFailing(StepOperations[step], 1, Failure::Refused, run);
+            }
+            auto journal = OfTheReader(Journal(), reader);
+            std::erase(journal, "Release IWbemClassObject");
+            if (step == 0 && reader.tag == "ReadWMIBrightness") {
+                journal.resize(3); // the volume is read all the same
+            }
+            EXPECT_EQ(journal, ExpectedJournal(reader, step, initCom != 0));
+            EXPECT_THAT(TheMachine().gate.OpenThings(), IsEmpty());
         }
     }
 }
 
 TEST_F(WmiSequenceTest, TheStepsCarryTheirArguments) {
-    StartMachine();
     EXPECT_EQ(ReadWMIProp(u"root\\cimv2", u"select * from win32_processor", u"LoadPercentage", 0, 0), 14);
     EXPECT_THAT(Calls(),
-                ElementsAre("CoCreateInstance context 1 = 0", "ConnectServer root\\cimv2 = 0",
-                            "CoSetProxyBlanket 10 0 3 3 0 = 0",
+                ElementsAre("CoInitializeEx multithreaded = 0", "CoCreateInstance context 1 = 0",
+                            "ConnectServer root\\cimv2 = 0", "CoSetProxyBlanket 10 0 3 3 0 = 0",
                             "ExecQuery WQL flags 48 select * from win32_processor = 0", "Next infinite = 0",
                             "Get LoadPercentage = 0", "Release IWbemClassObject", "Next infinite = 1",
                             "Release IWbemServices", "Release IWbemLocator", "Release IEnumWbemClassObject"));
-}
-
-TEST_F(WmiSequenceTest, AThreadInTheOtherApartmentFailsAtTheFirstStepAndStaysInIt) {
-    std::thread([&] {
-        platform::CoInitializeEx(platform::apartment::SingleThreaded);
-        Journal();
-        EXPECT_EQ(ReadWMIEnumNum(u"ROOT\\CIMV2", u"select * from Win32_Bios", 1), -1);
-        EXPECT_THAT(Journal(),
-                    ElementsAre("CoInitializeEx multithreaded = -2147417850",
-                                "debug [ReadWMIEnumNum] Step1 Failed to initialize COM library. Error code = "
-                                "0x80010106"));
-        EXPECT_EQ(machine::CurrentApartment().entered, 1u);
-        EXPECT_EQ(ReadWMIEnumNum(u"ROOT\\CIMV2", u"select * from Win32_Bios", 0), 1);
-        platform::CoUninitialize();
-    }).join();
-}
-
-TEST_F(WmiSequenceTest, RowsThatCameBeforeNextFailsStand) {
-    const json rows = {{{"Caption", "A"}}, {{"Caption", "B"}}, {{"Caption", "C"}}};
-    StartWith("ROOT\\CIMV2", "Win32_VideoController", rows);
-    for (const Failure kind : {Failure::Refused, Failure::Nothing}) {
-        std::u16string text;
-        RunFailing(Operation::Next, 3, kind, [&] { text = Text(WMIGetGPUInfo); });
-        EXPECT_EQ(text, u"A;B");
-        EXPECT_THAT(EventLines(), IsEmpty());
-    }
 }
 
 TEST_F(WmiSequenceTest, AClassThatIsNotThereHasNoRowsAndANamespaceCannotBeConnected) {
@@ -241,9 +180,20 @@ TEST_F(WmiSequenceTest, AClassThatIsNotThereHasNoRowsAndANamespaceCannotBeConnec
                 ElementsAre("[ReadWMIPropStr] Step4 Could not connect. Error code = 0x8004100e"));
 }
 
-class WmiReadersTest : public test::WmiTest {
+class WmiReadersTest : public test::MachineTest {
 protected:
-    void SetRows(const json& rows) { StartWith("ROOT\\CIMV2", "C", rows); }
+    /// A machine whose class C has these rows.
+    void SetRows(const json& rows) { StartMachine(json{{"wmi", {{"ROOT\\CIMV2", {{"C", rows}}}}}}.dump()); }
+
+    /// The texts of rows with these values.
+    std::u16string Texts(const json& values) {
+        json rows = json::array();
+        for (const json& value : values) {
+            rows.push_back({{"T", value}});
+        }
+        SetRows(rows);
+        return PropStr(u"T");
+    }
 
     static std::u16string PropStr(const std::u16string& property) {
         return ReadWMIPropStr(u"ROOT\\CIMV2", u"select * from C", property, 1);
@@ -263,39 +213,26 @@ protected:
 };
 
 TEST_F(WmiReadersTest, TextsJoinAndEmptyOnesTakePart) {
-    const auto texts = [&](const json& values) {
-        json rows = json::array();
-        for (const json& value : values) {
-            rows.push_back({{"T", value}});
-        }
-        SetRows(rows);
-        return PropStr(u"T");
-    };
-    EXPECT_EQ(texts({"A", "", "B"}), u"A;;B");
+    EXPECT_EQ(Texts({"A", "", "B"}), u"A;;B");
     EXPECT_THAT(EventLines(), IsEmpty());
-    EXPECT_EQ(texts({"", "B"}), u";B");
+    EXPECT_EQ(Texts({"", "B"}), u";B");
     const std::string message = "[ReadWMIPropStr] SysStringLen(temp) == 0 , propname = T";
     EXPECT_THAT(Journal(), Contains("event " + message).Times(1));
-    EXPECT_EQ(texts({""}), u"");
+    EXPECT_EQ(Texts({""}), u"");
     EXPECT_THAT(Journal(),
                 ElementsAre("CoInitializeEx multithreaded = 0", "event " + message, "debug " + message,
                             "Release IWbemClassObject", "Release IWbemServices", "Release IWbemLocator",
                             "Release IEnumWbemClassObject",
                             "debug [ReadWMIPropStr] Step7 Do CoUninitialize()", "CoUninitialize"));
-    EXPECT_EQ(texts({nullptr, nullptr}), u";");
-    EXPECT_EQ(texts({5, "B", {"x", "y"}, true, {{"bytes", "4142"}}}), u";B;;;");
-    EXPECT_EQ(texts({std::string("ab\0cd", 5), "e"}), u"ab;e");
+    EXPECT_EQ(Texts({nullptr, nullptr}), u";");
+    EXPECT_EQ(Texts({5, "B", {"x", "y"}, true, {{"bytes", "4142"}}}), u";B;;;");
+    EXPECT_EQ(Texts({std::string("ab\0cd", 5), "e"}), u"ab;e");
     // Codes of a text, up to the first zero.
-    EXPECT_EQ(texts({{72, 105, 0, 33}, {0x20AC}, json::array()}), u"Hi;\u20AC;");
-}
-
-TEST_F(WmiReadersTest, TheMessageAboutAnEmptyTextHoldsABoundedName) {
+    EXPECT_EQ(Texts({{72, 105, 0, 33}, {0x20AC}, json::array()}), u"Hi;\u20AC;");
+    // The message holds no more than its buffer of the name.
     SetRows({{{"T", ""}}});
-    const std::u16string name(2000, u'\u00E9');
-    EXPECT_EQ(PropStr(name), u"");
-    const std::vector<std::string> lines = DebugLines();
-    EXPECT_EQ(lines.front().size(),
-              std::string("[ReadWMIPropStr] SysStringLen(temp) == 0 , propname = ").size() + 1022);
+    EXPECT_EQ(PropStr(std::u16string(2000, u'\u00E9')), u"");
+    EXPECT_THAT(DebugLines().front(), SizeIs(message.size() - 1 + 1022));
 }
 
 TEST_F(WmiReadersTest, TheFifthOemStringStandsForTheArray) {
@@ -327,7 +264,7 @@ TEST_F(WmiReadersTest, TheLastRowWithANumberCounts) {
     EXPECT_EQ(Prop(u"N", 0), -1);
 }
 
-TEST_F(WmiReadersTest, AFailedGetYieldsNothingAndNoStaleValue) {
+TEST_F(WmiReadersTest, RowsThatCameStandAndAFailedGetYieldsNothing) {
     SetRows({{{"N", 40}, {"T", "A"}}, {{"N", 80}, {"T", "B"}}});
     for (const Failure kind : {Failure::Refused, Failure::Nothing}) {
         std::int32_t number = 0;
@@ -336,6 +273,9 @@ TEST_F(WmiReadersTest, AFailedGetYieldsNothingAndNoStaleValue) {
         std::u16string text;
         RunFailing(Operation::Get, 2, kind, [&] { text = PropStr(u"T"); });
         EXPECT_EQ(text, u"A;");
+        RunFailing(Operation::Next, 2, kind, [&] { text = PropStr(u"T"); });
+        EXPECT_EQ(text, u"A");
+        EXPECT_THAT(EventLines(), IsEmpty());
     }
 }
 
@@ -361,21 +301,31 @@ TEST_F(WmiReadersTest, CountersOfRowsWithANameOfThatLength) {
     EXPECT_EQ(Counters(3), u"");
 }
 
-TEST_F(WmiReadersTest, TextsOfAMegabyteAndManyRows) {
+TEST_F(WmiReadersTest, ATextOfAMegabyteIsWhole) {
     const std::string megabyte(1 << 20, 'x');
-    SetRows({{{"T", megabyte}}, {{"T", megabyte}}, {{"T", "end"}}});
-    const std::u16string text = PropStr(u"T");
+    const std::u16string text = Texts({megabyte, megabyte, "end"});
     EXPECT_EQ(text.size(), 2u * (1 << 20) + 5);
     EXPECT_TRUE(text.ends_with(u"x;end"));
-    json rows = json::array();
-    for (int row = 0; row < 20000; ++row) {
-        rows.push_back({{"T", ""}});
+}
+
+TEST_F(WmiReadersTest, TheMachinesQueriesCompareByTheValuesType) {
+    SetRows({{{"Id", 1}, {"T", "A"}, {"Flag", true}, {"Code", 2147483648}, {"Big", "7"}},
+             {{"Id", 2}, {"T", "\"no\" \\ it's"}, {"Flag", false}, {"Code", 10}, {"Big", 99999999999}},
+             {{"Id", 3}, {"T", nullptr}, {"Flag", nullptr}, {"Code", -1}, {"Big", nullptr}}});
+    const std::pair<std::int32_t, std::vector<std::u16string>> queries[] = {
+        {1, {u"where t='a'", u"where flag='true'"}},
+        {2,
+         {u"WHERE t = \"\\\"no\\\" \\\\ it's\"", u"where t != 'a'", u"where flag=false", u"where Code='10'",
+          u"where big=99999999999 and id<>1"}},
+        {3, {u"where Code <> 10", u"where Code = -1"}},
+        {-1,
+         {u"where", u"where id=", u"where id=1 and", u"where t='A", u"where id=1 or id=2", u"where no=1"}}};
+    for (const auto& [id, texts] : queries) {
+        for (const std::u16string& where : texts) {
+            EXPECT_EQ(ReadWMIProp(u"\\\\.\\root\\cimv2", u"select * from c " + where, u"Id", 1, 0), id)
+                << machine::Utf8FromWide(where);
+        }
     }
-    rows.push_back({{"T", "last"}});
-    SetRows(rows);
-    TheMachine().gate.Transcribe({});
-    EXPECT_EQ(PropStr(u"T"), std::u16string(20000, u';') + u"last");
-    EXPECT_THAT(EventLines().size(), 1u);
 }
 
 } // namespace

@@ -104,6 +104,7 @@ constexpr Rule Rules[] = {
     {.name = "WMIGetHDDTemp", .form = Form::Places, .room = 1200},
     {.name = "WMIGetExternMonitorNum", .failures = {"0"}},
     {.name = "WMIGetOSInfo", .form = Form::Words},
+    {.name = "WMIGetSystemChassisTypes"},
     {.name = "WMIGetWiFiBytesPersec", .form = Form::Places, .without = {"Get"}, .room = 64},
     {.name = "RF_WiFiCardName", .room = 257},
     {.name = "RF_BTIsUsed", .form = Form::Radios},

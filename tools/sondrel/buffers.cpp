@@ -19,7 +19,7 @@ char FillAt(std::size_t place) {
     return static_cast<char>(0xA5u ^ static_cast<unsigned>(place * 37 & 0xFF));
 }
 
-Answer Untouched() {
+Answer LeftUntouched() {
     return {.bare = std::string(BufferUntouched), .untouched = true};
 }
 
@@ -37,7 +37,7 @@ WideBuffer::WideBuffer()
 Answer WideBuffer::Read() const {
     const VeskChar16* const text = m_characters.get();
     if (std::all_of(text, text + Marks, [](VeskChar16 character) { return character == Mark; })) {
-        return Untouched();
+        return LeftUntouched();
     }
     const VeskChar16* const end = std::find(text, text + WideCapacity, VeskChar16{});
     Answer answer{.bare = Utf8(std::u16string(text, end))};
@@ -70,7 +70,7 @@ std::string NarrowBuffer::Overrun() const {
 
 Answer NarrowBuffer::ReadText() const {
     if (Written() == 0) {
-        return Untouched();
+        return LeftUntouched();
     }
     const std::string_view all(m_bytes.data(), m_bytes.size());
     const std::size_t end = all.find('\0');
@@ -83,7 +83,7 @@ Answer NarrowBuffer::ReadText() const {
 
 Answer NarrowBuffer::ReadBytes() const {
     if (Written() == 0) {
-        return Untouched();
+        return LeftUntouched();
     }
     return {.bare = Hex({reinterpret_cast<const std::uint8_t*>(m_bytes.data()), m_size}), .fault = Overrun()};
 }

@@ -6,7 +6,7 @@
 namespace tool {
 namespace {
 
-struct Range {
+struct WidthRange {
     char32_t first;
     char32_t last;
 };
@@ -15,7 +15,7 @@ struct Range {
 // clang-format off
 
 /// East Asian Width W or F.
-constexpr Range Wide[] = {
+constexpr WidthRange Wide[] = {
     {0x1100, 0x115F}, {0x231A, 0x231B}, {0x2329, 0x232A}, {0x23E9, 0x23EC}, {0x23F0, 0x23F0},
     {0x23F3, 0x23F3}, {0x25FD, 0x25FE}, {0x2614, 0x2615}, {0x2648, 0x2653}, {0x267F, 0x267F},
     {0x2693, 0x2693}, {0x26A1, 0x26A1}, {0x26AA, 0x26AB}, {0x26BD, 0x26BE}, {0x26C4, 0x26C5},
@@ -36,7 +36,7 @@ constexpr Range Wide[] = {
 };
 
 /// General categories Mn, Me and Cf, and the vowels and finals that join a Hangul syllable.
-constexpr Range NoColumn[] = {
+constexpr WidthRange NoColumn[] = {
     {0x300, 0x36F}, {0x483, 0x489}, {0x591, 0x5BD}, {0x5BF, 0x5BF}, {0x5C1, 0x5C2}, {0x5C4, 0x5C5},
     {0x5C7, 0x5C7}, {0x600, 0x605}, {0x610, 0x61A}, {0x61C, 0x61C}, {0x64B, 0x65F}, {0x670, 0x670},
     {0x6D6, 0x6DD}, {0x6DF, 0x6E4}, {0x6E7, 0x6E8}, {0x6EA, 0x6ED}, {0x70F, 0x70F}, {0x711, 0x711},
@@ -101,8 +101,8 @@ constexpr Range NoColumn[] = {
 
 // clang-format on
 
-bool IsIn(std::span<const Range> ranges, char32_t character) {
-    const auto next = std::ranges::lower_bound(ranges, character, {}, &Range::last);
+bool IsIn(std::span<const WidthRange> ranges, char32_t character) {
+    const auto next = std::ranges::lower_bound(ranges, character, {}, &WidthRange::last);
     return next != ranges.end() && next->first <= character;
 }
 

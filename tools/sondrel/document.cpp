@@ -10,26 +10,26 @@
 namespace tool {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
-std::string OneLine(const Json& value) {
+std::string OneLine(const OrderedJson& value) {
     if (!value.is_structured()) {
-        return OnOneLine(value.dump(-1, ' ', false, Json::error_handler_t::replace));
+        return OnOneLine(value.dump(-1, ' ', false, OrderedJson::error_handler_t::replace));
     }
     std::string text(1, value.is_array() ? '[' : '{');
     for (const auto& [key, member] : value.items()) {
         text += text.size() > 1 ? ", " : "";
-        text += value.is_array() ? "" : OneLine(Json(key)) + ": ";
+        text += value.is_array() ? "" : OneLine(OrderedJson(key)) + ": ";
         text += OneLine(member);
     }
     return text + (value.is_array() ? ']' : '}');
 }
 
-class Layout {
+class LineLayout {
 public:
-    explicit Layout(std::size_t columns) : m_columns(columns) {}
+    explicit LineLayout(std::size_t columns) : m_columns(columns) {}
 
-    void Add(const Json& value, const std::string& lead, const std::string& tail, std::size_t indent) {
+    void Add(const OrderedJson& value, const std::string& lead, const std::string& tail, std::size_t indent) {
         const std::string margin(indent, ' ');
         const std::string whole = margin + lead + OneLine(value) + tail;
         const std::size_t room = IsFlat(value) ? m_columns : ShortNesting;
@@ -43,8 +43,8 @@ public:
         std::size_t left = value.size();
         for (const auto& [key, member] : value.items()) {
             --left;
-            Add(member, value.is_array() ? std::string() : OneLine(Json(key)) + ": ", left != 0 ? "," : "",
-                indent + 2);
+            Add(member, value.is_array() ? std::string() : OneLine(OrderedJson(key)) + ": ",
+                left != 0 ? "," : "", indent + 2);
         }
         m_lines.push_back(margin + (value.is_array() ? ']' : '}') + tail);
     }
@@ -55,8 +55,8 @@ private:
     /// Records read best one to a line; lists of records only when they are short.
     static constexpr std::size_t ShortNesting = 60;
 
-    static bool IsFlat(const Json& value) {
-        return std::ranges::none_of(value, [](const Json& member) { return member.is_structured(); });
+    static bool IsFlat(const OrderedJson& value) {
+        return std::ranges::none_of(value, [](const OrderedJson& member) { return member.is_structured(); });
     }
 
     std::size_t m_columns;
@@ -65,19 +65,20 @@ private:
 
 } // namespace
 
-std::optional<Json> ParseDocument(std::string_view text) {
-    Json document = NestsTooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
+std::optional<OrderedJson> ParseDocument(std::string_view text) {
+    OrderedJson document = NestsTooDeep(text) ? OrderedJson(OrderedJson::value_t::discarded)
+                                              : OrderedJson::parse(text, nullptr, false);
     return document.is_discarded() ? std::nullopt : std::optional(std::move(document));
 }
 
 std::vector<std::string> DocumentLines(std::string_view text, std::size_t columns) {
-    const std::optional<Json> document = ParseDocument(text);
+    const std::optional<OrderedJson> document = ParseDocument(text);
     if (!document) {
         constexpr std::string_view Note = " (no well-formed JSON)";
         const std::size_t room = columns - std::min(columns, Note.size());
         return {Shortened(OnOneLine(text), std::max<std::size_t>(room, 8)).append(Note)};
     }
-    Layout layout(columns);
+    LineLayout layout(columns);
     layout.Add(*document, "", "", 0);
     return layout.Take();
 }

@@ -13,12 +13,12 @@
 namespace tool {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
-constexpr std::size_t LongestValue = 4000;
+constexpr std::size_t LongestOnPage = 4000;
 constexpr std::size_t MostRows = 400;
 
-std::string Element(std::string_view name, std::string_view content) {
+std::string Tag(std::string_view name, std::string_view content) {
     return std::string("<").append(name).append(">").append(content).append("</").append(name).append(">");
 }
 
@@ -26,16 +26,16 @@ std::string Cut(std::size_t left) {
     return left == 0 ? "" : "<p class=\"quiet\">" + std::to_string(left) + " more are left out here</p>";
 }
 
-std::string HtmlOfJson(const Json& value);
+std::string HtmlOfJson(const OrderedJson& value);
 
-bool IsFlatObject(const Json& value) {
+bool IsFlatObject(const OrderedJson& value) {
     return value.is_object() && !value.empty() &&
-           std::ranges::none_of(value, [](const Json& member) { return member.is_structured(); });
+           std::ranges::none_of(value, [](const OrderedJson& member) { return member.is_structured(); });
 }
 
 /// Records with the same members become a table.
-bool IsTable(const Json& value) {
-    return value.is_array() && !value.empty() && std::ranges::all_of(value, [&](const Json& record) {
+bool IsTable(const OrderedJson& value) {
+    return value.is_array() && !value.empty() && std::ranges::all_of(value, [&](const OrderedJson& record) {
                return IsFlatObject(record) && record.size() == value.front().size() &&
                       std::ranges::all_of(record.items(), [&](const auto& member) {
                           return value.front().contains(member.key());
@@ -43,32 +43,32 @@ bool IsTable(const Json& value) {
            });
 }
 
-std::string TableOf(const Json& records) {
+std::string TableOf(const OrderedJson& records) {
     std::string head;
     for (const auto& [key, member] : records.front().items()) {
-        head += Element("th", Escaped(key));
+        head += Tag("th", Escaped(key));
     }
     std::string body;
     const std::size_t shown = std::min(records.size(), MostRows);
     for (std::size_t i = 0; i < shown; ++i) {
         std::string cells;
         for (const auto& [key, member] : records.front().items()) {
-            cells += Element("td", HtmlOfJson(records[i].at(key)));
+            cells += Tag("td", HtmlOfJson(records[i].at(key)));
         }
-        body += Element("tr", cells);
+        body += Tag("tr", cells);
     }
-    return "<div class=\"wide\"><table class=\"inner\"><thead>" + Element("tr", head) + "</thead>" +
-           Element("tbody", body) + "</table></div>" + Cut(records.size() - shown);
+    return "<div class=\"wide\"><table class=\"inner\"><thead>" + Tag("tr", head) + "</thead>" +
+           Tag("tbody", body) + "</table></div>" + Cut(records.size() - shown);
 }
 
 /// [{"machine": ...}, {"user": ...}]: an object in all but its brackets.
-bool IsListOfMembers(const Json& value) {
-    return value.is_array() && std::ranges::all_of(value, [](const Json& member) {
+bool IsListOfMembers(const OrderedJson& value) {
+    return value.is_array() && std::ranges::all_of(value, [](const OrderedJson& member) {
                return member.is_object() && member.size() == 1;
            });
 }
 
-std::string ListOf(const Json& value) {
+std::string ListOf(const OrderedJson& value) {
     const bool named = value.is_object() || IsListOfMembers(value);
     std::string items;
     std::size_t shown = 0;
@@ -79,12 +79,12 @@ std::string ListOf(const Json& value) {
         const bool wrapped = named && value.is_array();
         const std::string& name = wrapped ? member.begin().key() : key;
         const std::string content = HtmlOfJson(wrapped ? member.front() : member);
-        items += named ? Element("dt", Escaped(name)) + Element("dd", content) : Element("li", content);
+        items += named ? Tag("dt", Escaped(name)) + Tag("dd", content) : Tag("li", content);
     }
-    return Element(named ? "dl" : "ul", items) + Cut(value.size() - std::min(value.size(), MostRows));
+    return Tag(named ? "dl" : "ul", items) + Cut(value.size() - std::min(value.size(), MostRows));
 }
 
-std::string HtmlOfJson(const Json& value) {
+std::string HtmlOfJson(const OrderedJson& value) {
     if (value.is_string()) {
         return Escaped(value.get_ref<const std::string&>());
     }
@@ -118,11 +118,11 @@ std::string Escaped(std::string_view text) {
 
 std::string HtmlOf(const Reading& reading) {
     if (HasValue(reading) && reading.row.traits.display == Display::Document) {
-        if (const std::optional<Json> document = ParseDocument(reading.answer.bare); document) {
+        if (const std::optional<OrderedJson> document = ParseDocument(reading.answer.bare); document) {
             return HtmlOfJson(*document);
         }
     }
-    const Readable readable = ReadableOf(reading, LongestValue);
+    const Readable readable = ReadableOf(reading, LongestOnPage);
     std::string html = Escaped(readable.value);
     if (!readable.unit.empty()) {
         html += " <span class=\"quiet\">" + Escaped(readable.unit) + "</span>";

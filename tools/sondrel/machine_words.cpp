@@ -10,7 +10,7 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr std::size_t LabelColumn = 22;
-constexpr std::size_t LongestLine = 100;
+constexpr std::size_t LongestFact = 100;
 
 std::string Bare(const Json& value) {
     return value.is_string() ? value.get<std::string>()
@@ -44,7 +44,7 @@ std::string Members(const Json& object) {
     return Joined(object.items(), [](const auto& item) { return item.key() + ' ' + Bare(item.value()); });
 }
 
-std::string Fans(const Json& fans) {
+std::string FanWords(const Json& fans) {
     return Joined(fans, [](const Json& fan) {
         return fan.value("never_ready", false) ? std::string("never ready")
                                                : MemberOr(fan, "rpm", "0") + " rpm";
@@ -139,7 +139,7 @@ std::string Wmi(const Json& namespaces) {
            Counted(classes, "class", "classes") + ", " + Counted(rows, "row", "rows");
 }
 
-std::string Lists(const Json& lists) {
+std::string ApplicationWords(const Json& lists) {
     return Joined(lists.items(), [](const auto& item) { return Count(item.value()) + " in " + item.key(); });
 }
 
@@ -150,13 +150,13 @@ struct Row {
     std::string (*words)(const Json& value);
 };
 
-constexpr Row Rows[] = {
+constexpr Row Facts[] = {
     {"/ec/revision", "EC revision", Bare},
     {"/ec/chip_id", "EC chip id", Bare},
     {"/ec/chip_name", "EC chip name", Bare},
     {"/ec/temperatures", "Temperatures", Members},
     {"/ec/sensors", "Sensors", Sensors},
-    {"/ec/fans", "Fans", Fans},
+    {"/ec/fans", "Fans", FanWords},
     {"/ec/battery", "Battery pack", Pack},
     {"/ec/faults", "EC commands that fail", Faults},
     {"/batteries", "System batteries", SystemBatteries},
@@ -175,7 +175,7 @@ constexpr Row Rows[] = {
     {"/firmware_variables/variables", "Firmware variables", Names},
     {"/firmware_features", "Firmware features", Features},
     {"/registry/values", "Registry values", Count},
-    {"/applications", "Applications", Lists},
+    {"/applications", "Applications", ApplicationWords},
     {"/packages/all", "Packages", Count},
     {"/pnp_devices", "Plug and play devices", Count},
     {"/processes", "Processes", Count},
@@ -191,7 +191,7 @@ constexpr Row Rows[] = {
 std::string MachineInWords(const Json& profile) {
     std::string text = OnOneLine(Bare(profile.at("name"))) + ": " +
                        OnOneLine(profile.value("description", "no description")) + '\n';
-    for (const Row& row : Rows) {
+    for (const Row& row : Facts) {
         const Json::json_pointer pointer(row.pointer);
         if (!profile.contains(pointer) ||
             (profile.at(pointer).is_structured() && profile.at(pointer).empty())) {
@@ -199,7 +199,7 @@ std::string MachineInWords(const Json& profile) {
         }
         std::string line = "  " + std::string(row.label);
         line.resize(std::max(line.size() + 1, LabelColumn + 2), ' ');
-        text += line + Shortened(OnOneLine(row.words(profile.at(pointer))), LongestLine) + '\n';
+        text += line + Shortened(OnOneLine(row.words(profile.at(pointer))), LongestFact) + '\n';
     }
     return text;
 }

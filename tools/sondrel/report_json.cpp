@@ -9,11 +9,11 @@
 namespace tool {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 /// A number where the result is one, a text otherwise, null where there is none. A document stays a text:
 /// it may be anything.
-Json ValueOf(const Reading& reading) {
+OrderedJson ValueOf(const Reading& reading) {
     const Answer& answer = reading.answer;
     if (const auto* const whole = std::get_if<std::int64_t>(&answer.number); whole != nullptr) {
         return *whole;
@@ -23,11 +23,11 @@ Json ValueOf(const Reading& reading) {
     }
     const bool none = answer.untouched || reading.judgement.status == Status::NotExported ||
                       reading.judgement.status == Status::NotRun;
-    return none ? Json() : Json(answer.bare);
+    return none ? OrderedJson() : OrderedJson(answer.bare);
 }
 
-Json ObjectOf(const Reading& reading) {
-    Json object;
+OrderedJson ObjectOf(const Reading& reading) {
+    OrderedJson object;
     object["name"] = reading.row.name;
     object["family"] = TitleOf(reading.row.family);
     object["status"] = TextOf(reading.judgement.status);
@@ -42,21 +42,21 @@ Json ObjectOf(const Reading& reading) {
 } // namespace
 
 void ReportAsJson(const Host& host, const Options& options) {
-    Json exports = Json::array();
-    Json missing = Json::array();
+    OrderedJson exports = OrderedJson::array();
+    OrderedJson missing = OrderedJson::array();
     ReadAll(host, options, [&](const Reading& reading) {
         exports.push_back(ObjectOf(reading));
         if (reading.judgement.status == Status::NotExported) {
             missing.push_back(reading.row.name);
         }
     });
-    Json report;
+    OrderedJson report;
     report["library"] = Utf8Of(host.library.File());
     report["machine"] = host.machineName;
     report["simulated"] = host.machine.has_value();
     report["exports"] = std::move(exports);
     report["not_exported"] = std::move(missing);
-    std::cout << report.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    std::cout << report.dump(2, ' ', false, OrderedJson::error_handler_t::replace) << '\n';
 }
 
 } // namespace tool

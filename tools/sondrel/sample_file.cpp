@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Field(std::string_view text) {
+std::string CsvField(std::string_view text) {
     if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
         return std::string(text);
     }
@@ -24,32 +24,32 @@ std::string Field(std::string_view text) {
 std::string HeaderOf(const std::vector<Series>& series) {
     std::string line = "time";
     for (const Series& one : series) {
-        line.append(",").append(Field(one.name));
+        line.append(",").append(CsvField(one.name));
     }
     return line;
 }
 
 /// What stands in a file already.
-struct Present {
+struct FileAsFound {
     std::string header;
     bool empty = true;
     bool endsLine = true;
 };
 
-Present LookInto(const fs::path& file) {
-    Present present;
+FileAsFound LookInto(const fs::path& file) {
+    FileAsFound found;
     std::ifstream in(file, std::ios::binary);
-    if (!std::getline(in, present.header)) {
-        return present;
+    if (!std::getline(in, found.header)) {
+        return found;
     }
-    present.empty = false;
-    if (!present.header.empty() && present.header.back() == '\r') {
-        present.header.pop_back();
+    found.empty = false;
+    if (!found.header.empty() && found.header.back() == '\r') {
+        found.header.pop_back();
     }
     in.clear();
     in.seekg(-1, std::ios::end);
-    present.endsLine = in.get() == '\n';
-    return present;
+    found.endsLine = in.get() == '\n';
+    return found;
 }
 
 } // namespace
@@ -71,8 +71,8 @@ SampleFile::SampleFile(const std::string& file, const std::vector<Series>& serie
     const std::string header = HeaderOf(series);
     std::error_code problem;
     const bool regular = fs::is_regular_file(m_path, problem);
-    const Present present = regular ? LookInto(m_path) : Present{};
-    if (!present.empty && present.header != header) {
+    const FileAsFound found = regular ? LookInto(m_path) : FileAsFound{};
+    if (!found.empty && found.header != header) {
         throw Trouble(OnOneLine(file) +
                       ": holds something else than samples of these readings; give another file");
     }
@@ -80,9 +80,9 @@ SampleFile::SampleFile(const std::string& file, const std::vector<Series>& serie
     if (!m_out) {
         throw Trouble(OnOneLine(file) + ": cannot be written");
     }
-    if (present.empty) {
+    if (found.empty) {
         WriteLine(header);
-    } else if (!present.endsLine) {
+    } else if (!found.endsLine) {
         WriteLine(""); // an earlier run was cut off within a line
     }
 }
@@ -90,7 +90,7 @@ SampleFile::SampleFile(const std::string& file, const std::vector<Series>& serie
 void SampleFile::Write(const Sample& sample) {
     std::string line = IsoTime(sample.time);
     for (const Point& point : sample.points) {
-        line.append(",").append(Field(point.bare));
+        line.append(",").append(CsvField(point.bare));
     }
     WriteLine(line);
 }

@@ -9,7 +9,7 @@
 namespace tool {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 std::string Now() {
     const std::time_t now = std::time(nullptr);
@@ -18,8 +18,8 @@ std::string Now() {
     return utc != nullptr && std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", utc) != 0 ? text : "";
 }
 
-Json ObjectOf(const Reading& reading) {
-    Json object;
+OrderedJson ReadingObject(const Reading& reading) {
+    OrderedJson object;
     object["family"] = TitleOf(reading.row.family);
     object["status"] = TextOf(reading.judgement.status);
     object["value"] = KeptValue(reading);
@@ -34,10 +34,11 @@ Json ObjectOf(const Reading& reading) {
 
 int TakeSnapshot(const Options& options) {
     const Host host(options);
-    Json readings = Json::object();
-    ReadAll(host, options,
-            [&](const Reading& reading) { readings[std::string(reading.row.name)] = ObjectOf(reading); });
-    Json snapshot;
+    OrderedJson readings = OrderedJson::object();
+    ReadAll(host, options, [&](const Reading& reading) {
+        readings[std::string(reading.row.name)] = ReadingObject(reading);
+    });
+    OrderedJson snapshot;
     snapshot["format"] = SnapshotFormat;
     snapshot["version"] = SnapshotVersion;
     snapshot["tool"] = SONDREL_VERSION;
@@ -45,7 +46,8 @@ int TakeSnapshot(const Options& options) {
     snapshot["machine"] = WellFormed(host.machineName);
     snapshot["simulated"] = host.machine.has_value();
     snapshot["readings"] = std::move(readings);
-    WriteOutput(options.files.front(), snapshot.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
+    WriteOutput(options.files.front(),
+                snapshot.dump(2, ' ', false, OrderedJson::error_handler_t::replace) + '\n');
     return ExitDone;
 }
 

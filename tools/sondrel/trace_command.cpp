@@ -26,7 +26,7 @@ struct LineKind {
     std::string_view several;
 };
 
-constexpr std::array<LineKind, static_cast<std::size_t>(Line::Count)> Kinds = {{
+constexpr std::array<LineKind, static_cast<std::size_t>(Line::Count)> LineKinds = {{
     {"call ", Style::Plain, "boundary call", "boundary calls"},
     {"EC   ", Style::Title, "EC command", "EC commands"},
     {"debug", Style::Quiet, "debug line", "debug lines"},
@@ -89,9 +89,9 @@ public:
 
     void TellEnd() const {
         std::string text;
-        for (std::size_t i = 0; i < Kinds.size(); ++i) {
+        for (std::size_t i = 0; i < LineKinds.size(); ++i) {
             text.append(text.empty() ? "" : ", ").append(std::to_string(m_counts[i])).append(1, ' ');
-            text += m_counts[i] == 1 ? Kinds[i].one : Kinds[i].several;
+            text += m_counts[i] == 1 ? LineKinds[i].one : LineKinds[i].several;
         }
         std::cout << Times() << "  end    " << text << '\n';
     }
@@ -124,7 +124,7 @@ private:
     }
 
     void Put(Line line, std::string_view text) {
-        const LineKind& kind = Kinds[static_cast<std::size_t>(line)];
+        const LineKind& kind = LineKinds[static_cast<std::size_t>(line)];
         ++m_counts[static_cast<std::size_t>(line)];
         std::string shown(kind.mark);
         shown.append("  ").append(OnOneLine(text));
@@ -136,7 +136,7 @@ private:
     Paint m_paint;
     std::chrono::microseconds m_start;
     Clock::time_point m_begin;
-    std::array<std::size_t, Kinds.size()> m_counts{};
+    std::array<std::size_t, LineKinds.size()> m_counts{};
 };
 
 /// What the real machine does not let the tool see.

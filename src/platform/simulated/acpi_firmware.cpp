@@ -1,5 +1,7 @@
 #include "platform/simulated/acpi_firmware.h"
 
+#include "platform/simulated/device_words.h"
+
 #include <string_view>
 
 namespace machine {
@@ -14,23 +16,7 @@ constexpr std::uint32_t UnknownId = 0xFFFFFFFE; // what this firmware answers to
 
 constexpr std::size_t ReplyRoom = 1024;
 
-constexpr platform::SystemError InvalidFunction = 1;
-
-std::uint32_t WordAt(std::span<const std::byte> bytes, std::size_t offset) {
-    std::uint32_t word = 0;
-    for (unsigned index = 0; index < 4; ++index) {
-        word |= std::to_integer<std::uint32_t>(bytes[offset + index]) << (8 * index);
-    }
-    return word;
-}
-
-ControlAnswer Word(std::uint32_t word) {
-    ControlAnswer answer;
-    for (unsigned shift = 0; shift < 32; shift += 8) {
-        answer.bytes.push_back(static_cast<std::byte>(word >> shift));
-    }
-    return answer;
-}
+constexpr platform::SystemError UnknownRequest = 1;
 
 } // namespace
 
@@ -40,7 +26,7 @@ platform::SystemError AcpiFirmware::Open(std::uint32_t, std::uint32_t) {
 
 ControlAnswer AcpiFirmware::Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) {
     if (code != EvaluateMethod) {
-        return {InvalidFunction, {}};
+        return {UnknownRequest, {}};
     }
     if (room < ReplyRoom) {
         return {platform::error::InsufficientBuffer, {}};
@@ -72,7 +58,7 @@ ControlAnswer AcpiFirmware::CarryOut(std::span<const std::byte> in) {
     }
     const std::string_view method(reinterpret_cast<const char*>(in.data()), 4);
     if (method == "DSTS" && in.size() == 12) {
-        return Word(WordAt(in, 8) == PSensorId ? m_profile.pSensor : UnknownId);
+        return Words({WordAt(in, 8) == PSensorId ? m_profile.pSensor : UnknownId});
     }
     if (method == "DEVS" && in.size() == 16) {
         return ControlById(WordAt(in, 8), WordAt(in, 12));
@@ -82,23 +68,23 @@ ControlAnswer AcpiFirmware::CarryOut(std::span<const std::byte> in) {
 
 ControlAnswer AcpiFirmware::ControlById(std::uint32_t id, std::uint32_t what) {
     if (id != EventStoreId) {
-        return Word(UnknownId);
+        return Words({UnknownId});
     }
     switch (what) {
     case 224:
-        return Word(m_profile.storeVersion);
+        return Words({m_profile.storeVersion});
     case 229:
         return NextRecord();
     case 65507: // also what register 255 would be asked for with
-        return Word(m_profile.registerCount);
+        return Words({m_profile.registerCount});
     default:
         break;
     }
     if (what % 256 != 227) {
-        return Word(UnknownId);
+        return Words({UnknownId});
     }
     const std::uint32_t index = what / 256;
-    return Word(index < m_profile.registers.size() ? m_profile.registers[index] : 0);
+    return Words({index < m_profile.registers.size() ? m_profile.registers[index] : 0});
 }
 
 ControlAnswer AcpiFirmware::NextRecord() {
@@ -106,7 +92,7 @@ ControlAnswer AcpiFirmware::NextRecord() {
         if (m_profile.logEnd == LogEnd::StartsAgain) {
             m_record = 0;
         }
-        return Word(0);
+        return Words({0});
     }
     const LogRecord& record = m_profile.log[m_record];
     if (++m_given == record.times) {

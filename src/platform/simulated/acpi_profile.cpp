@@ -5,7 +5,7 @@
 namespace machine {
 namespace {
 
-constexpr std::size_t ReplyRoom = 1024;
+constexpr std::size_t MostReplyBytes = 1024;
 constexpr std::size_t RecordRoom = 256;
 
 void AppendBytes(std::vector<std::uint8_t>& record, const std::vector<std::byte>& bytes) {
@@ -39,7 +39,7 @@ LogRecord ReadRecord(ProfileReader& reader) {
         AppendBytes(record.bytes, payload);
         record.bytes.resize(RecordRoom);
     }
-    record.bytes.resize(reader.Number("reply_size", 0, ReplyRoom, record.bytes.size()), 0xFF);
+    record.bytes.resize(reader.Number("reply_size", 0, MostReplyBytes, record.bytes.size()), 0xFF);
     record.times = static_cast<std::uint32_t>(reader.Number("times", 1, 0xFFFFFFFF, 1));
     reader.Finish();
     return record;
@@ -50,7 +50,7 @@ AcpiFault ReadFault(ProfileReader& reader) {
     fault.use = reader.Number<std::uint32_t>("use", 0);
     fault.error = reader.Number<std::uint32_t>("error", 0);
     if (reader.Has("reply_size")) {
-        fault.replySize = static_cast<std::uint32_t>(reader.Number("reply_size", 0, ReplyRoom));
+        fault.replySize = static_cast<std::uint32_t>(reader.Number("reply_size", 0, MostReplyBytes));
     }
     reader.Finish();
     return fault;

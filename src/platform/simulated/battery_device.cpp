@@ -1,42 +1,24 @@
 #include "platform/simulated/battery_device.h"
 
-#include <initializer_list>
+#include "platform/simulated/device_words.h"
 
 namespace machine {
 namespace {
 
 // Device type 0x29, function numbers 0x10, 0x11 and 0x13, buffered, for readers.
-constexpr std::uint32_t Request(std::uint32_t function) {
+constexpr std::uint32_t BatteryRequest(std::uint32_t function) {
     constexpr std::uint32_t DeviceType = 0x29;
     constexpr std::uint32_t ReadAccess = 1;
     return DeviceType << 16 | ReadAccess << 14 | function << 2;
 }
 
-constexpr std::uint32_t RequestTag = Request(0x10);
-constexpr std::uint32_t RequestInformation = Request(0x11);
-constexpr std::uint32_t RequestStatus = Request(0x13);
+constexpr std::uint32_t RequestTag = BatteryRequest(0x10);
+constexpr std::uint32_t RequestInformation = BatteryRequest(0x11);
+constexpr std::uint32_t RequestStatus = BatteryRequest(0x13);
 
 constexpr platform::SystemError InvalidFunction = 1;
 constexpr platform::SystemError NoSuchBattery = platform::error::FileNotFound;
 constexpr platform::SystemError BadLength = platform::error::InvalidParameter;
-
-ControlAnswer Words(std::initializer_list<std::uint32_t> words) {
-    ControlAnswer answer;
-    for (const std::uint32_t word : words) {
-        for (unsigned shift = 0; shift < 32; shift += 8) {
-            answer.bytes.push_back(static_cast<std::byte>(word >> shift));
-        }
-    }
-    return answer;
-}
-
-std::uint32_t WordAt(std::span<const std::byte> bytes, std::size_t offset) {
-    std::uint32_t word = 0;
-    for (unsigned index = 0; index < 4; ++index) {
-        word |= std::to_integer<std::uint32_t>(bytes[offset + index]) << (8 * index);
-    }
-    return word;
-}
 
 } // namespace
 

@@ -68,7 +68,7 @@ PackagePowerCourse ReadPackagePower(ProfileReader reader) {
     return power;
 }
 
-BatteryCourse ReadBattery(ProfileReader reader) {
+BatteryCourse ReadBatteryCourse(ProfileReader reader) {
     constexpr double MostWatts = 1000;
     constexpr double MostVolts = 65.535;
     BatteryCourse battery;
@@ -99,7 +99,7 @@ CourseProfile ReadCourse(ProfileReader reader) {
         course.packagePower = ReadPackagePower(reader.Object("package_power"));
     }
     if (reader.Has("battery")) {
-        course.battery = ReadBattery(reader.Object("battery"));
+        course.battery = ReadBatteryCourse(reader.Object("battery"));
     }
     for (auto& stretch : reader.Objects("running_on")) {
         if (!stretch.Has("on")) {

@@ -53,7 +53,7 @@ EcDate ReadDate(ProfileReader& reader, std::string_view name) {
     return date;
 }
 
-EcBattery ReadBattery(ProfileReader reader) {
+EcBattery ReadEcBattery(ProfileReader reader) {
     constexpr double MostVolts = 65.535;
     constexpr std::size_t MostLetters = 10;
     EcBattery battery;
@@ -97,7 +97,7 @@ EcProfile ReadEc(ProfileReader reader) {
         fan.Finish();
         ec.fans.push_back(row);
     }
-    ec.battery = ReadBattery(reader.Object("battery"));
+    ec.battery = ReadEcBattery(reader.Object("battery"));
     for (auto& fault : reader.Objects("faults")) {
         EcFault row;
         row.command = static_cast<std::uint8_t>(fault.Number("command", 0, 0xFF));

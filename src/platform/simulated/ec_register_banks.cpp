@@ -106,12 +106,12 @@ std::span<const Placement> PlacementsOf(Generation generation) {
     return {};
 }
 
-std::vector<std::uint8_t> Word(std::uint32_t number) {
+std::vector<std::uint8_t> TwoBytes(std::uint32_t number) {
     return {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8)};
 }
 
 std::vector<std::uint8_t> FanRpm(const EcProfile& profile, std::size_t fan) {
-    return Word(fan < profile.fans.size() ? profile.fans[fan].rpm : 0);
+    return TwoBytes(fan < profile.fans.size() ? profile.fans[fan].rpm : 0);
 }
 
 std::vector<std::uint8_t> MakerName(const std::string& name) {
@@ -137,25 +137,25 @@ std::vector<std::uint8_t> BytesOf(const EcProfile& profile, Signal signal) {
     case Signal::Lid:
         return {profile.lid};
     case Signal::PackMillivolts:
-        return Word(Millivolts(pack.packageVolts));
+        return TwoBytes(Millivolts(pack.packageVolts));
     case Signal::PackMilliamperes:
-        return Word(Milliamperes(pack.amperes));
+        return TwoBytes(Milliamperes(pack.amperes));
     case Signal::PackDecikelvin:
-        return Word(Decikelvin(pack.degrees));
+        return TwoBytes(Decikelvin(pack.degrees));
     case Signal::ChargerMillivolts:
-        return Word(Millivolts(pack.chargingVolts));
+        return TwoBytes(Millivolts(pack.chargingVolts));
     case Signal::PackCycles:
-        return Word(pack.cycles);
+        return TwoBytes(pack.cycles);
     case Signal::PackMaker:
         return MakerName(pack.manufacturer);
     case Signal::Cell1Millivolts:
-        return Word(Millivolts(pack.cellVolts[0]));
+        return TwoBytes(Millivolts(pack.cellVolts[0]));
     case Signal::Cell2Millivolts:
-        return Word(Millivolts(pack.cellVolts[1]));
+        return TwoBytes(Millivolts(pack.cellVolts[1]));
     case Signal::Cell3Millivolts:
-        return Word(Millivolts(pack.cellVolts[2]));
+        return TwoBytes(Millivolts(pack.cellVolts[2]));
     case Signal::Cell4Millivolts:
-        return Word(Millivolts(pack.cellVolts[3]));
+        return TwoBytes(Millivolts(pack.cellVolts[3]));
     case Signal::Fan1Rpm:
         return FanRpm(profile, 0);
     case Signal::Fan2Rpm:

@@ -1,5 +1,7 @@
 #include "platform/simulated/io_driver.h"
 
+#include "platform/simulated/device_words.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -8,46 +10,24 @@ namespace machine {
 namespace {
 
 // The driver's request codes, by function number of device type 0x8010.
-constexpr std::uint32_t Request(std::uint32_t function) {
+constexpr std::uint32_t DriverRequest(std::uint32_t function) {
     return 0x80102000 | function;
 }
 
-constexpr std::uint32_t RequestVersion = Request(0x40);
-constexpr std::uint32_t RequestReferences = Request(0x44);
-constexpr std::uint32_t RequestCpuId = Request(0x68);
-constexpr std::uint32_t RequestEc = Request(0x70);
-constexpr std::uint32_t RequestPowerLimit1 = Request(0x74);
-constexpr std::uint32_t RequestPowerLimit2 = Request(0x78);
-constexpr std::uint32_t RequestPackagePower = Request(0x7C);
+constexpr std::uint32_t RequestVersion = DriverRequest(0x40);
+constexpr std::uint32_t RequestReferences = DriverRequest(0x44);
+constexpr std::uint32_t RequestCpuId = DriverRequest(0x68);
+constexpr std::uint32_t RequestEc = DriverRequest(0x70);
+constexpr std::uint32_t RequestPowerLimit1 = DriverRequest(0x74);
+constexpr std::uint32_t RequestPowerLimit2 = DriverRequest(0x78);
+constexpr std::uint32_t RequestPackagePower = DriverRequest(0x7C);
 
 constexpr std::size_t StatusAt = 12; // of an EC request
 
-constexpr std::uint32_t SharingViolation = 32;
+constexpr std::uint32_t OpenedAlready = 32;
 
 constexpr ControlAnswer Refusal(platform::SystemError error) {
     return {error, {}};
-}
-
-void AppendWord(std::vector<std::byte>& bytes, std::uint32_t word) {
-    for (unsigned shift = 0; shift < 32; shift += 8) {
-        bytes.push_back(static_cast<std::byte>(word >> shift));
-    }
-}
-
-std::uint32_t WordAt(std::span<const std::byte> bytes, std::size_t offset) {
-    std::uint32_t word = 0;
-    for (unsigned index = 0; index < 4; ++index) {
-        word |= std::to_integer<std::uint32_t>(bytes[offset + index]) << (8 * index);
-    }
-    return word;
-}
-
-ControlAnswer Words(std::initializer_list<std::uint32_t> words) {
-    ControlAnswer answer;
-    for (const std::uint32_t word : words) {
-        AppendWord(answer.bytes, word);
-    }
-    return answer;
 }
 
 /// The vendor text as CPUID leaf 0 spells it: EBX, EDX, ECX.
@@ -75,7 +55,7 @@ platform::SystemError IoDriver::Open(std::uint32_t, std::uint32_t shareMode) {
     const bool othersOpen = m_openings != 0 || m_driver.heldBy != DriverHolder::Nobody;
     const bool heldAlone = m_heldAlone || m_driver.heldBy == DriverHolder::Alone;
     if (heldAlone || (alone && othersOpen)) {
-        return SharingViolation;
+        return OpenedAlready;
     }
     ++m_openings;
     m_heldAlone = alone;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr SystemError ServiceNotActive = 1062;
 constexpr SystemError NotSupported = 50;
-constexpr SystemError NotFound = 1168;
+constexpr SystemError NoSuchInterface = 1168;
 constexpr SystemError InvalidState = 5023;
 
 WlanSsid NativeSsid(const std::string& name) {
@@ -42,7 +42,7 @@ Target Aim(const Call& call, WlanClient client, const Guid& guid) {
     const auto& interfaces = Current().profile.wifi.interfaces;
     const auto found = std::ranges::find(interfaces, guid, &machine::WifiInterface::guid);
     if (found == interfaces.end()) {
-        return {.status = NotFound};
+        return {.status = NoSuchInterface};
     }
     return {.interface = &*found};
 }

@@ -23,7 +23,7 @@ bool IsSign(char16_t unit) {
     return unit == u'-' || unit == u'+';
 }
 
-std::optional<std::int64_t> WholeNumber(std::u16string_view text) {
+std::optional<std::int64_t> SignedNumber(std::u16string_view text) {
     const bool negative = text.starts_with(u'-');
     if (!text.empty() && IsSign(text.front())) {
         text.remove_prefix(1);
@@ -136,7 +136,7 @@ private:
         while (length < m_rest.size() && IsDigit(m_rest[length])) {
             ++length;
         }
-        const auto number = WholeNumber(m_rest.substr(0, length));
+        const auto number = SignedNumber(m_rest.substr(0, length));
         m_failed |= !number.has_value();
         m_rest.remove_prefix(length);
         return number.value_or(0);
@@ -159,7 +159,7 @@ std::optional<bool> Compare(const WmiDatum& datum, const std::u16string& literal
         return Equal(literal, *flag ? u"TRUE" : u"FALSE");
     }
     const auto* number = std::get_if<std::int64_t>(&datum.value);
-    const auto wanted = WholeNumber(literal);
+    const auto wanted = SignedNumber(literal);
     return number != nullptr && wanted ? std::optional(*number == *wanted) : std::nullopt;
 }
 
@@ -171,7 +171,7 @@ std::optional<bool> Compare(const WmiDatum& datum, std::int64_t literal) {
         return *flag == (literal != 0);
     }
     const auto* text = std::get_if<std::u16string>(&datum.value);
-    const auto number = text != nullptr ? WholeNumber(*text) : std::nullopt;
+    const auto number = text != nullptr ? SignedNumber(*text) : std::nullopt;
     return number ? std::optional(*number == literal) : std::nullopt;
 }
 

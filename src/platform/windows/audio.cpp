@@ -1,5 +1,7 @@
 #include "platform/audio.h"
 
+#include "platform/windows/interface_pointer.h"
+
 #include <windows.h>
 
 #include <endpointvolume.h>
@@ -9,14 +11,6 @@
 
 namespace platform {
 namespace {
-
-template <class Interface>
-HResult Made(HRESULT status, void* object, Interface& made) {
-    if (SUCCEEDED(status)) {
-        made = Interface{reinterpret_cast<std::uintptr_t>(object)};
-    }
-    return status;
-}
 
 IAudioEndpointVolume* Native(EndpointVolume volume) {
     return reinterpret_cast<IAudioEndpointVolume*>(volume);

@@ -1,5 +1,6 @@
 #include "platform/bluetooth.h"
 
+#include "platform/windows/handle.h"
 #include "platform/windows/system_library.h"
 
 #include <bluetoothapis.h>
@@ -12,10 +13,6 @@ namespace {
 template <class Routine>
 Routine BluetoothRoutine(const char* name) {
     return SystemRoutine<Routine>(L"bthprops.cpl", name);
-}
-
-HANDLE Native(Handle handle) {
-    return reinterpret_cast<HANDLE>(handle);
 }
 
 HBLUETOOTH_RADIO_FIND Native(BluetoothRadioFind search) {

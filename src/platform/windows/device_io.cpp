@@ -1,15 +1,9 @@
 #include "platform/device_io.h"
 
+#include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 
 namespace platform {
-namespace {
-
-HANDLE Native(Handle handle) {
-    return reinterpret_cast<HANDLE>(handle);
-}
-
-} // namespace
 
 Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t shareMode,
                    std::uint32_t creationDisposition, std::uint32_t flagsAndAttributes) {

@@ -1,15 +1,9 @@
 #include "platform/files.h"
 
+#include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 
 namespace platform {
-namespace {
-
-HANDLE Native(Handle handle) {
-    return reinterpret_cast<HANDLE>(handle);
-}
-
-} // namespace
 
 const std::string_view TextLineEnd = "\r\n";
 

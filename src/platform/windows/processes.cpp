@@ -1,16 +1,13 @@
 #include "platform/processes.h"
 
 #include "platform/windows/file_time.h"
+#include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 
 #include <psapi.h>
 
 namespace platform {
 namespace {
-
-HANDLE Native(Handle handle) {
-    return reinterpret_cast<HANDLE>(handle);
-}
 
 static_assert(sizeof(ProcessMemoryCounters) == sizeof(PROCESS_MEMORY_COUNTERS));
 static_assert(offsetof(ProcessMemoryCounters, workingSetSize) ==

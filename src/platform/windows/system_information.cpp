@@ -6,16 +6,6 @@
 #include <ctime>
 
 namespace platform {
-namespace {
-
-template <class Routine>
-Routine RoutineOf(HMODULE module, const char* name) {
-    return module == nullptr
-               ? nullptr
-               : reinterpret_cast<Routine>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
-}
-
-} // namespace
 
 bool RtlGetVersion(OsVersion& version) {
     using Routine = LONG(WINAPI*)(RTL_OSVERSIONINFOEXW*);

@@ -11,15 +11,20 @@ namespace platform {
 /// asked for again.
 HMODULE LoadSystemLibrary(const wchar_t* name);
 
-/// A routine of such a library as a pointer of type `Routine`, or null.
+/// A routine of a loaded library as a pointer of type `Routine`, or null, as for a null library.
 template <class Routine>
-Routine SystemRoutine(const wchar_t* library, const char* name) {
-    const HMODULE module = LoadSystemLibrary(library);
+Routine RoutineOf(HMODULE module, const char* name) {
     if (module == nullptr) {
         return nullptr;
     }
     // By way of void*, since no cast between function types tells the compiler that this is meant.
     return reinterpret_cast<Routine>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
+}
+
+/// The same of a library that is loaded for it.
+template <class Routine>
+Routine SystemRoutine(const wchar_t* library, const char* name) {
+    return RoutineOf<Routine>(LoadSystemLibrary(library), name);
 }
 
 } // namespace platform

@@ -36,7 +36,7 @@ HANDLE Native(WlanClient client) {
     return reinterpret_cast<HANDLE>(client);
 }
 
-const GUID* Native(const Guid& guid) {
+const GUID* NativeAddress(const Guid& guid) {
     static_assert(sizeof(Guid) == sizeof(GUID));
     return reinterpret_cast<const GUID*>(&guid);
 }
@@ -100,8 +100,8 @@ SystemError Query(WlanClient client, const Guid& interfaceGuid, std::uint32_t op
     }
     DWORD size = 0;
     void* data = nullptr;
-    const DWORD status = query(Native(client), Native(interfaceGuid), static_cast<WLAN_INTF_OPCODE>(opcode),
-                               nullptr, &size, &data, nullptr);
+    const DWORD status = query(Native(client), NativeAddress(interfaceGuid),
+                               static_cast<WLAN_INTF_OPCODE>(opcode), nullptr, &size, &data, nullptr);
     if (status != ERROR_SUCCESS) {
         return status;
     }
@@ -187,7 +187,7 @@ SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, 
         return ::GetLastError();
     }
     WLAN_BSS_LIST* list = nullptr;
-    const DWORD status = getList(Native(client), Native(interfaceGuid), nullptr,
+    const DWORD status = getList(Native(client), NativeAddress(interfaceGuid), nullptr,
                                  static_cast<DOT11_BSS_TYPE>(bssType), securityEnabled, nullptr, &list);
     if (status != ERROR_SUCCESS || list == nullptr) {
         return status;

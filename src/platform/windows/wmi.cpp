@@ -6,6 +6,7 @@
 #include "platform/wmi.h"
 
 #include "platform/windows/bstr.h"
+#include "platform/windows/interface_pointer.h"
 #include "platform/windows/variant_value.h"
 #include "platform/windows/wide.h"
 
@@ -28,15 +29,6 @@ IEnumWbemClassObject* Native(WbemEnumerator rows) {
 
 IWbemClassObject* Native(WbemObject object) {
     return reinterpret_cast<IWbemClassObject*>(object);
-}
-
-/// Hands an interface pointer over, if the operation gave one.
-template <class Interface>
-HResult Made(HRESULT status, void* object, Interface& made) {
-    if (SUCCEEDED(status)) {
-        made = Interface{reinterpret_cast<std::uintptr_t>(object)};
-    }
-    return status;
 }
 
 } // namespace

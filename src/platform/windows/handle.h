@@ -1,0 +1,14 @@
+// The kernel's handles as the operating system's headers have them.
+#pragma once
+
+#include "platform/types.h"
+
+#include <windows.h>
+
+namespace platform {
+
+inline HANDLE Native(Handle handle) {
+    return reinterpret_cast<HANDLE>(handle);
+}
+
+} // namespace platform
