@@ -7,8 +7,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <ostream>
-#include <span>
 #include <stdexcept>
 
 namespace test {
@@ -54,78 +52,15 @@ void StartDriver() {
     }
 }
 
-/// A text into a protocol field, which is zeroed.
-template <std::size_t Room>
-void CopyName(std::wstring_view name, std::uint16_t (&field)[Room]) {
-    if (name.empty() || name.size() >= Room) {
-        throw std::invalid_argument("stand-in driver: a device's name has 1 to 127 characters");
-    }
-    std::ranges::copy(name, field);
-}
-
-template <std::size_t Room>
-std::uint32_t CopyBytes(const Bytes& bytes, std::uint8_t (&field)[Room]) {
-    if (bytes.size() > Room) {
-        throw std::invalid_argument("stand-in driver: too many bytes for a rule");
-    }
-    std::ranges::copy(bytes, field);
-    return static_cast<std::uint32_t>(bytes.size());
-}
-
-bool IsNamed(const StandInLogEntry& entry, std::wstring_view name) {
-    return std::equal(name.begin(), name.end(), entry.device) && entry.device[name.size()] == 0;
-}
-
-DriverRequest RequestOf(const StandInLogEntry& entry) {
-    const auto kept = std::min<std::size_t>(entry.inputSize, std::size(entry.input));
-    return {entry.code, ToHex(Bytes(entry.input, entry.input + kept)), entry.outputRoom, entry.status};
-}
-
 } // namespace
-
-Bytes FromHex(std::string_view pairs) {
-    Bytes bytes;
-    std::string digits;
-    for (const char digit : pairs) {
-        if (digit != ' ') {
-            digits += digit;
-        }
-        if (digits.size() == 2) {
-            bytes.push_back(static_cast<std::uint8_t>(std::stoul(digits, nullptr, 16)));
-            digits.clear();
-        }
-    }
-    return bytes;
-}
-
-std::string ToHex(const Bytes& bytes) {
-    constexpr const char* Digits = "0123456789abcdef";
-    std::string pairs;
-    for (const std::uint8_t byte : bytes) {
-        pairs += Digits[byte >> 4];
-        pairs += Digits[byte & 0xF];
-    }
-    return pairs;
-}
-
-Bytes Words(std::initializer_list<std::uint32_t> words) {
-    Bytes bytes;
-    for (const std::uint32_t word : words) {
-        for (unsigned shift = 0; shift < 32; shift += 8) {
-            bytes.push_back(static_cast<std::uint8_t>(word >> shift));
-        }
-    }
-    return bytes;
-}
-
-void PrintTo(const DriverRequest& request, std::ostream* out) {
-    *out << std::hex << "0x" << request.code << " in " << (request.in.empty() ? "-" : request.in) << " room "
-         << std::dec << request.room << std::hex << " = 0x" << request.status << std::dec;
-}
 
 DriverStand::DriverStand() {
     constexpr ULONGLONG Patience = 10'000; // milliseconds
     StartDriver();
+    m_waiting = ::CreateEventW(nullptr, FALSE, FALSE, L"Global\\VeskStandIn");
+    if (m_waiting == nullptr) {
+        Fail("CreateEventW");
+    }
     // A closing reaches the driver a moment after CloseHandle, so that the last owner may still be leaving.
     const ULONGLONG end = ::GetTickCount64() + Patience;
     while (!OpenControl()) {
@@ -143,7 +78,7 @@ bool DriverStand::OpenControl() {
         Fail("CreateFileW");
     }
     DWORD written = 0;
-    if (::DeviceIoControl(m_control, STAND_IN_CLEAR_LOG, nullptr, 0, nullptr, 0, &written, nullptr)) {
+    if (::DeviceIoControl(m_control, STAND_IN_SERVE, nullptr, 0, nullptr, 0, &written, nullptr)) {
         return true;
     }
     ::CloseHandle(m_control); // it answers to another owner
@@ -152,78 +87,16 @@ bool DriverStand::OpenControl() {
 
 DriverStand::~DriverStand() {
     ::CloseHandle(m_control);
-    if (m_waiting != nullptr) {
-        ::CloseHandle(m_waiting);
-    }
+    ::CloseHandle(m_waiting);
 }
 
 void DriverStand::AddDevice(std::wstring_view name) {
     StandInDevice request{};
-    CopyName(name, request.name);
+    if (name.empty() || name.size() >= std::size(request.name)) {
+        throw std::invalid_argument("stand-in driver: a device's name has 1 to 127 characters");
+    }
+    std::ranges::copy(name, request.name);
     Control(STAND_IN_ADD_DEVICE, &request, sizeof request);
-}
-
-void DriverStand::RemoveDevice(std::wstring_view name) {
-    StandInDevice request{};
-    CopyName(name, request.name);
-    Control(STAND_IN_REMOVE_DEVICE, &request, sizeof request);
-}
-
-void DriverStand::Answer(std::wstring_view name, const Rule& rule) {
-    StandInRule request{};
-    CopyName(name, request.device);
-    request.code = rule.code;
-    request.prefixSize = CopyBytes(rule.prefix, request.prefix);
-    request.status = rule.status;
-    request.outputSize = CopyBytes(rule.output, request.output);
-    request.uses = rule.uses;
-    Control(STAND_IN_ADD_RULE, &request, sizeof request);
-}
-
-void DriverStand::ForgetRules() {
-    Control(STAND_IN_CLEAR_RULES, nullptr, 0);
-}
-
-void DriverStand::ForgetLog() {
-    Control(STAND_IN_CLEAR_LOG, nullptr, 0);
-}
-
-std::vector<DriverRequest> DriverStand::Log(std::wstring_view name) const {
-    constexpr std::uint32_t AtOnce = 256;
-    std::vector<DriverRequest> requests;
-    for (std::uint32_t first = 0;; first += AtOnce) {
-        const Bytes bytes =
-            Control(STAND_IN_READ_LOG, &first, sizeof first, AtOnce * sizeof(StandInLogEntry));
-        std::vector<StandInLogEntry> entries(bytes.size() / sizeof(StandInLogEntry));
-        std::ranges::copy(bytes, reinterpret_cast<std::uint8_t*>(entries.data()));
-        for (const StandInLogEntry& entry : entries) {
-            if (IsNamed(entry, name)) {
-                requests.push_back(RequestOf(entry));
-            }
-        }
-        if (entries.size() < AtOnce) {
-            return requests;
-        }
-    }
-}
-
-std::vector<DriverRequest> DriverStand::Requests(std::wstring_view name) const {
-    std::vector<DriverRequest> requests = Log(name);
-    std::erase_if(requests, [](const DriverRequest& request) {
-        return request.code == Opening || request.code == Closing;
-    });
-    return requests;
-}
-
-HANDLE DriverStand::Serve() {
-    if (m_waiting == nullptr) {
-        m_waiting = ::CreateEventW(nullptr, FALSE, FALSE, L"Global\\VeskStandIn");
-        if (m_waiting == nullptr) {
-            Fail("CreateEventW");
-        }
-        Control(STAND_IN_SERVE, nullptr, 0);
-    }
-    return m_waiting;
 }
 
 std::optional<WaitingRequest> DriverStand::Take() {
@@ -242,7 +115,11 @@ void DriverStand::Reply(const WaitingRequest& request, std::uint32_t status, con
     const auto reply = std::make_unique<StandInReply>();
     reply->number = request.number;
     reply->status = status;
-    reply->outputSize = CopyBytes(output, reply->output);
+    if (output.size() > std::size(reply->output)) {
+        throw std::invalid_argument("stand-in driver: too many bytes for a reply");
+    }
+    reply->outputSize = static_cast<std::uint32_t>(output.size());
+    std::ranges::copy(output, reply->output);
     Control(STAND_IN_REPLY, reply.get(), sizeof *reply);
 }
 

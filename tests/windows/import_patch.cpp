@@ -17,6 +17,10 @@ struct Redirections {
 
 Redirections Redirected;
 
+// The real ones, also where this program's own imports are replaced.
+const auto RealGetProcAddress = &::GetProcAddress;
+const auto RealLoadLibraryW = &::LoadLibraryW;
+
 template <class Type>
 const Type* At(HMODULE module, std::size_t offset) {
     return reinterpret_cast<const Type*>(reinterpret_cast<const std::byte*>(module) + offset);
@@ -64,7 +68,7 @@ FARPROC WINAPI RedirectedGetProcAddress(HMODULE module, const char* name) {
     const std::string key = number <= 0xFFFF ? '#' + std::to_string(number) : name;
     const auto found = Redirected.routines.find(key);
     if (found == Redirected.routines.end()) {
-        return ::GetProcAddress(module, name);
+        return RealGetProcAddress(module, name);
     }
     ::SetLastError(found->second != nullptr ? ERROR_SUCCESS : ERROR_PROC_NOT_FOUND);
     return reinterpret_cast<FARPROC>(found->second);
@@ -75,7 +79,7 @@ HMODULE WINAPI RedirectedLoadLibraryW(const wchar_t* path) {
     const std::size_t nameAt = whole.find_last_of(L"\\/") + 1; // 0 where there is no directory
     const auto found = Redirected.libraries.find(whole.substr(nameAt));
     if (found == Redirected.libraries.end()) {
-        return ::LoadLibraryW(path);
+        return RealLoadLibraryW(path);
     }
     if (!found->second) {
         ::SetLastError(ERROR_MOD_NOT_FOUND);

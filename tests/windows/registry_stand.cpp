@@ -49,12 +49,13 @@ private:
 } // namespace
 
 RegistryValue DwordValue(std::uint32_t number) {
-    return {REG_DWORD, Words({number})};
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(&number);
+    return {REG_DWORD, {bytes, bytes + sizeof number}};
 }
 
 RegistryValue TextValue(const std::wstring& text, DWORD type) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.c_str());
-    return {type, Bytes(bytes, bytes + (text.size() + 1) * sizeof(wchar_t))};
+    return {type, {bytes, bytes + (text.size() + 1) * sizeof(wchar_t)}};
 }
 
 RegistryStand::RegistryStand(std::wstring key, HKEY root) : m_root(root), m_key(std::move(key)) {
@@ -97,17 +98,8 @@ std::optional<RegistryValue> RegistryStand::Get(const std::wstring& name, const 
     return value;
 }
 
-void RegistryStand::Delete(const std::wstring& name) {
-    const OpenedKey key(m_root, m_key);
-    Check(::RegDeleteValueW(key.Get(), name.c_str()), "RegDeleteValueW");
-}
-
 void RegistryStand::DeleteKey() {
     ::RegDeleteTreeW(m_root, m_key.c_str());
-}
-
-bool RegistryStand::KeyExists() const {
-    return static_cast<bool>(OpenedKey(m_root, m_key));
 }
 
 std::wstring RegistryStand::PathOf(const std::wstring& subKey) const {

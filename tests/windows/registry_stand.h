@@ -1,13 +1,12 @@
 // A registry key at a test's disposal.
 #pragma once
 
-#include "driver_stand.h"
-
 #include <windows.h>
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace test {
 
@@ -16,7 +15,7 @@ inline constexpr const wchar_t* ProductKey = L"SOFTWARE\\Vesk\\Vesk Kelvane\\Ves
 
 struct RegistryValue {
     DWORD type = REG_NONE;
-    Bytes data;
+    std::vector<std::uint8_t> data;
 
     friend bool operator==(const RegistryValue&, const RegistryValue&) = default;
 };
@@ -37,11 +36,9 @@ public:
     void Set(const std::wstring& name, const RegistryValue& value, const std::wstring& subKey = {});
     [[nodiscard]] std::optional<RegistryValue> Get(const std::wstring& name,
                                                    const std::wstring& subKey = {}) const;
-    void Delete(const std::wstring& name);
-    void DeleteKey();
-    [[nodiscard]] bool KeyExists() const;
 
 private:
+    void DeleteKey();
     [[nodiscard]] std::wstring PathOf(const std::wstring& subKey) const;
 
     HKEY m_root;

@@ -1,9 +1,13 @@
 // The registry operations on a real registry.
+#include "import_patch.h"
 #include "registry_stand.h"
 
 #include "frame/registry_store.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <vector>
 
 namespace {
 
@@ -25,7 +29,7 @@ protected:
 
     void Set(const wchar_t* name, DWORD type, std::wstring_view text) {
         const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-        m_registry.Set(name, {type, test::Bytes(bytes, bytes + text.size() * sizeof(wchar_t))});
+        m_registry.Set(name, {type, {bytes, bytes + text.size() * sizeof(wchar_t)}});
     }
 
     test::RegistryStand m_registry{L"SOFTWARE\\Vesk Test\\Store"};
@@ -35,8 +39,8 @@ TEST_F(RegistryStoreTest, NumbersAreUnsignedAndOfOneType) {
     m_registry.Set(L"zero", test::DwordValue(0));
     m_registry.Set(L"most", test::DwordValue(4294967295u));
     m_registry.Set(L"digits", TextValue(L"12"));
-    m_registry.Set(L"short", {REG_DWORD, test::FromHex("0501")});
-    m_registry.Set(L"long", {REG_DWORD, test::FromHex("0501000000000000")});
+    m_registry.Set(L"short", {REG_DWORD, {5, 1}});
+    m_registry.Set(L"long", {REG_DWORD, {5, 1, 0, 0, 0, 0, 0, 0}});
     EXPECT_EQ(ReadDword(u"zero"), u"0");
     EXPECT_EQ(ReadDword(u"MOST"), u"4294967295");
     EXPECT_EQ(ReadDword(u"digits"), Sentinel);
@@ -75,6 +79,31 @@ TEST_F(RegistryStoreTest, WritingMakesTheWholePath) {
     EXPECT_EQ(m_registry.Get(L"text", L"A\\B"), TextValue(L"caf\u00E9"));
     EXPECT_TRUE(sondrel::WriteRegString(Key::LocalMachine, StoreKey + u"\\A\\B", u"number", u"now a text"));
     EXPECT_EQ(m_registry.Get(L"number", L"A\\B"), TextValue(L"now a text"));
+}
+
+std::vector<REGSAM> Rights;
+
+LSTATUS WINAPI RefuseToOpen(HKEY, const wchar_t*, DWORD options, REGSAM rights, HKEY*) {
+    EXPECT_EQ(options, 0u);
+    Rights.push_back(rights);
+    return ERROR_ACCESS_DENIED;
+}
+
+LSTATUS WINAPI RefuseToCreate(HKEY, const wchar_t*, DWORD, wchar_t*, DWORD options, REGSAM rights,
+                              SECURITY_ATTRIBUTES*, HKEY*, DWORD*) {
+    EXPECT_EQ(options, 0u); // kept beyond a restart
+    Rights.push_back(rights);
+    return ERROR_ACCESS_DENIED;
+}
+
+// This Windows grants every right; another one does not give all of them to everybody.
+TEST_F(RegistryStoreTest, AsksForTheRightsThatItNeeds) {
+    test::ImportPatch patch(::GetModuleHandleW(nullptr));
+    patch.Replace("RegOpenKeyExW", &RefuseToOpen);
+    patch.Replace("RegCreateKeyExW", &RefuseToCreate);
+    EXPECT_EQ(ReadDword(u"absent"), Sentinel);
+    EXPECT_FALSE(sondrel::WriteRegDword(Key::LocalMachine, StoreKey, u"number", 1));
+    EXPECT_THAT(Rights, ::testing::ElementsAre(REGSAM{KEY_READ}, REGSAM{KEY_WRITE}, REGSAM{KEY_ALL_ACCESS}));
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 /*
- * A kernel driver that stands in for others: it makes devices of any name, and answers by rules or as its owner
- * replies.
+ * A kernel driver that stands in for others: it makes devices of any name, and answers as its owner replies.
  */
 #include "stand_in_driver.h"
 
@@ -9,19 +8,9 @@ static const WCHAR ControlName[] = L"VeskStandIn";
 static PDRIVER_OBJECT Driver;
 static PDEVICE_OBJECT Control;
 static PFILE_OBJECT Owner; /* the one opening of the control device that counts */
-static StandInLogEntry* Log;
-static uint32_t LogLength;
 static uint32_t DevicesMade;
 
 /* ---- Names --------------------------------------------------------------------------------------------- */
-
-BOOLEAN SameName(const WCHAR* left, const WCHAR* right) {
-    ULONG index = 0;
-    while (left[index] != 0 && left[index] == right[index]) {
-        ++index;
-    }
-    return left[index] == right[index];
-}
 
 static BOOLEAN IsTerminated(const WCHAR* name) {
     for (ULONG index = 0; index < STAND_IN_NAME_ROOM; ++index) {
@@ -51,15 +40,6 @@ static UNICODE_STRING LinkOf(const WCHAR* name, WCHAR (*room)[STAND_IN_NAME_ROOM
 
 static Device* DataOf(PDEVICE_OBJECT device) {
     return device->DeviceExtension;
-}
-
-static PDEVICE_OBJECT FindDevice(const WCHAR* name) {
-    for (PDEVICE_OBJECT device = Driver->DeviceObject; device != NULL; device = device->NextDevice) {
-        if (device != Control && !DataOf(device)->retired && SameName(DataOf(device)->name, name)) {
-            return device;
-        }
-    }
-    return NULL;
 }
 
 static NTSTATUS MakeDevice(const WCHAR* name, PDEVICE_OBJECT* made) {
@@ -110,42 +90,10 @@ static void DeleteRetired(void) {
     }
 }
 
-/* ---- The log ------------------------------------------------------------------------------------------- */
-
-static void WriteEntry(const Device* device, uint32_t code, const void* input, uint32_t inputSize,
-                       uint32_t outputRoom, NTSTATUS status) {
-    if (LogLength == STAND_IN_LOG_ROOM) {
-        return;
-    }
-    StandInLogEntry* entry = &Log[LogLength++];
-    RtlZeroMemory(entry, sizeof *entry);
-    RtlCopyMemory(entry->device, device->name, sizeof entry->device);
-    entry->code = code;
-    entry->inputSize = inputSize;
-    entry->outputRoom = outputRoom;
-    entry->status = (uint32_t)status;
-    RtlCopyMemory(entry->input, input, Smaller(inputSize, STAND_IN_PREFIX_ROOM));
-}
-
-void LogRequest(const Request* request, NTSTATUS status) {
-    WriteEntry(request->device, request->code, request->buffer, request->inputSize, request->outputRoom,
-               status);
-}
-
-static Answer ReadLog(uint32_t first, uint8_t* buffer, uint32_t outputRoom) {
-    const uint32_t from = Smaller(first, LogLength);
-    const uint32_t count = Smaller(LogLength - from, outputRoom / (uint32_t)sizeof(StandInLogEntry));
-    const uint32_t size = count * (uint32_t)sizeof(StandInLogEntry);
-    RtlCopyMemory(buffer, &Log[from], size);
-    return (Answer){STATUS_SUCCESS, size};
-}
-
 /* ---- Requests ------------------------------------------------------------------------------------------ */
 
 static void ForgetEverything(void) {
     StopServing();
-    ClearRules(NULL);
-    LogLength = 0;
     for (PDEVICE_OBJECT device = Driver->DeviceObject; device != NULL; device = device->NextDevice) {
         if (device != Control && !DataOf(device)->retired) {
             RetireDevice(device);
@@ -153,64 +101,29 @@ static void ForgetEverything(void) {
     }
 }
 
-static NTSTATUS AddDevice(const WCHAR* name) {
+static NTSTATUS AddDevice(const StandInDevice* device) {
     PDEVICE_OBJECT made = NULL;
-    if (!IsTerminated(name)) {
-        return STATUS_INVALID_PARAMETER;
-    }
-    return FindDevice(name) != NULL ? STATUS_SUCCESS : MakeDevice(name, &made);
-}
-
-static NTSTATUS RemoveDevice(const WCHAR* name) {
-    PDEVICE_OBJECT device = IsTerminated(name) ? FindDevice(name) : NULL;
-    if (device == NULL) {
-        return STATUS_NO_SUCH_DEVICE;
-    }
-    ClearRules(name);
-    RetireDevice(device);
-    return STATUS_SUCCESS;
-}
-
-static NTSTATUS AddRuleFor(const StandInRule* rule) {
-    const WCHAR* name = (const WCHAR*)rule->device;
-    return IsTerminated(name) && FindDevice(name) != NULL ? AddRule(rule) : STATUS_NO_SUCH_DEVICE;
+    return IsTerminated(device->name) ? MakeDevice(device->name, &made) : STATUS_INVALID_PARAMETER;
 }
 
 /* What the owner asks for. */
 static Answer AnswerControl(const Request* request) {
-    const uint32_t code = request->code;
-    const uint32_t inputSize = request->inputSize;
-    uint8_t* buffer = request->buffer;
     DeleteRetired();
-    if ((code == STAND_IN_ADD_DEVICE || code == STAND_IN_REMOVE_DEVICE) &&
-        inputSize == sizeof(StandInDevice)) {
-        const WCHAR* name = (const WCHAR*)((const StandInDevice*)buffer)->name;
-        return (Answer){code == STAND_IN_ADD_DEVICE ? AddDevice(name) : RemoveDevice(name), 0};
-    }
-    if (code == STAND_IN_ADD_RULE && inputSize == sizeof(StandInRule)) {
-        return (Answer){AddRuleFor((const StandInRule*)buffer), 0};
-    }
-    if (code == STAND_IN_CLEAR_RULES) {
-        ClearRules(NULL);
-        return (Answer){STATUS_SUCCESS, 0};
-    }
-    if (code == STAND_IN_CLEAR_LOG) {
-        LogLength = 0;
-        return (Answer){STATUS_SUCCESS, 0};
-    }
-    if (code == STAND_IN_READ_LOG && inputSize == sizeof(uint32_t)) {
-        return ReadLog(*(const uint32_t*)buffer, buffer, request->outputRoom);
-    }
-    if (code == STAND_IN_SERVE) {
+    switch (request->code) {
+    case STAND_IN_ADD_DEVICE:
+        return (Answer){request->inputSize == sizeof(StandInDevice)
+                            ? AddDevice((const StandInDevice*)request->buffer)
+                            : STATUS_INVALID_PARAMETER,
+                        0};
+    case STAND_IN_SERVE:
         return (Answer){StartServing(), 0};
+    case STAND_IN_TAKE:
+        return TakeWaiting((StandInWaiting*)request->buffer, request->outputRoom);
+    case STAND_IN_REPLY:
+        return (Answer){Reply((const StandInReply*)request->buffer, request->inputSize), 0};
+    default:
+        return (Answer){STATUS_INVALID_PARAMETER, 0};
     }
-    if (code == STAND_IN_TAKE) {
-        return TakeWaiting((StandInWaiting*)buffer, request->outputRoom);
-    }
-    if (code == STAND_IN_REPLY) {
-        return (Answer){Reply((const StandInReply*)buffer, inputSize), 0};
-    }
-    return (Answer){STATUS_INVALID_PARAMETER, 0};
 }
 
 NTSTATUS Complete(PIRP packet, Answer answer) {
@@ -236,35 +149,21 @@ static NTSTATUS WINAPI OnControl(PDEVICE_OBJECT device, PIRP packet) {
         const BOOLEAN isOwner = IoGetCurrentIrpStackLocation(packet)->FileObject == Owner;
         return Complete(packet, isOwner ? AnswerControl(&request) : (Answer){STATUS_SHARING_VIOLATION, 0});
     }
-    const StandInRule* rule = FindRule(&request);
-    if (rule != NULL) {
-        return Complete(packet, ApplyRule(rule, &request));
-    }
-    if (IsServing()) {
-        return AwaitReply(&request);
-    }
-    LogRequest(&request, STATUS_INVALID_DEVICE_REQUEST);
-    return Complete(packet, (Answer){STATUS_INVALID_DEVICE_REQUEST, 0});
+    return IsServing() ? AwaitReply(&request) : Complete(packet, (Answer){STATUS_INVALID_DEVICE_REQUEST, 0});
 }
 
 /* Every opening is granted: Wine hands out the handle whatever a driver says to it. */
 static NTSTATUS WINAPI OnOpen(PDEVICE_OBJECT device, PIRP packet) {
-    const PIO_STACK_LOCATION location = IoGetCurrentIrpStackLocation(packet);
     ++DataOf(device)->openings;
-    if (device != Control) {
-        const uint32_t shareMode = location->Parameters.Create.ShareAccess;
-        WriteEntry(DataOf(device), STAND_IN_OPENING, &shareMode, sizeof shareMode, 0, STATUS_SUCCESS);
-    } else if (Owner == NULL) {
-        Owner = location->FileObject;
+    if (device == Control && Owner == NULL) {
+        Owner = IoGetCurrentIrpStackLocation(packet)->FileObject;
     }
     return Complete(packet, (Answer){STATUS_SUCCESS, 0});
 }
 
 static NTSTATUS WINAPI OnClose(PDEVICE_OBJECT device, PIRP packet) {
     --DataOf(device)->openings;
-    if (device != Control) {
-        WriteEntry(DataOf(device), STAND_IN_CLOSING, NULL, 0, 0, STATUS_SUCCESS);
-    } else if (IoGetCurrentIrpStackLocation(packet)->FileObject == Owner) {
+    if (device == Control && IoGetCurrentIrpStackLocation(packet)->FileObject == Owner) {
         ForgetEverything();
         Owner = NULL;
     }
@@ -277,16 +176,11 @@ static VOID WINAPI OnUnload(PDRIVER_OBJECT driver) {
     while (driver->DeviceObject != NULL) {
         IoDeleteDevice(driver->DeviceObject);
     }
-    ExFreePool(Log);
 }
 
 NTSTATUS WINAPI DriverEntry(PDRIVER_OBJECT driver, PUNICODE_STRING registryPath) {
     (void)registryPath;
     Driver = driver;
-    Log = ExAllocatePool(NonPagedPool, STAND_IN_LOG_ROOM * sizeof *Log);
-    if (Log == NULL) {
-        return STATUS_INSUFFICIENT_RESOURCES;
-    }
     driver->MajorFunction[IRP_MJ_CREATE] = OnOpen;
     driver->MajorFunction[IRP_MJ_CLOSE] = OnClose;
     driver->MajorFunction[IRP_MJ_DEVICE_CONTROL] = OnControl;

@@ -32,33 +32,11 @@ typedef struct Answer {
     uint32_t returned; /* bytes of output */
 } Answer;
 
-BOOLEAN SameName(const WCHAR* left, const WCHAR* right);
-
-static inline uint32_t Smaller(uint32_t left, uint32_t right) {
-    return left < right ? left : right;
-}
-
 /* ---- stand_in_driver.c --------------------------------------------------------------------------------- */
 
 Request RequestOf(PIRP packet);
 
-/* Writes a request to the log, while its buffer still holds the input. */
-void LogRequest(const Request* request, NTSTATUS status);
-
 NTSTATUS Complete(PIRP packet, Answer answer);
-
-/* ---- stand_in_rules.c: answers that were given beforehand ---------------------------------------------- */
-
-NTSTATUS AddRule(const StandInRule* what);
-
-/* Forgets the rules of one device, or all where there is no name. */
-void ClearRules(const WCHAR* device);
-
-/* The newest rule that matches, or null. */
-const StandInRule* FindRule(const Request* request);
-
-/* Logs the request and does what the rule says; the rule may be gone afterwards. */
-Answer ApplyRule(const StandInRule* rule, const Request* request);
 
 /* ---- stand_in_served.c: answers that the owner gives while the request waits ---------------------------- */
 

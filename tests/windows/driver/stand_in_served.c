@@ -56,7 +56,9 @@ Answer TakeWaiting(StandInWaiting* waiting, uint32_t room) {
     waiting->code = request->code;
     waiting->inputSize = request->inputSize;
     waiting->outputRoom = request->outputRoom;
-    RtlCopyMemory(waiting->input, request->buffer, Smaller(request->inputSize, STAND_IN_SERVED_ROOM));
+    const uint32_t kept =
+        request->inputSize < STAND_IN_SERVED_ROOM ? request->inputSize : STAND_IN_SERVED_ROOM;
+    RtlCopyMemory(waiting->input, request->buffer, kept);
     return (Answer){STATUS_SUCCESS, sizeof *waiting};
 }
 
@@ -85,7 +87,6 @@ NTSTATUS Reply(const StandInReply* reply, uint32_t size) {
     if (answer.returned > request->outputRoom) {
         answer = (Answer){STATUS_BUFFER_TOO_SMALL, 0};
     }
-    LogRequest(request, answer.status);
     RtlCopyMemory(request->buffer, reply->output, answer.returned);
     End(place, answer);
     return STATUS_SUCCESS;

@@ -10,23 +10,21 @@ namespace {
 
 /// The driver's status for what the models tell as the error that a program sees in the end.
 std::uint32_t StatusOf(platform::SystemError error) {
-    constexpr std::uint32_t InvalidParameter = 0xC000000D;
-    constexpr std::uint32_t NoSuchFile = 0xC000000F;
     switch (error) {
     case platform::error::Success:
-        return test::nt_status::Success;
+        return 0;
     case ERROR_INVALID_FUNCTION:
-        return test::nt_status::InvalidDeviceRequest;
+        return 0xC0000010; // STATUS_INVALID_DEVICE_REQUEST
     case platform::error::FileNotFound:
-        return NoSuchFile;
+        return 0xC000000F; // STATUS_NO_SUCH_FILE
     case platform::error::AccessDenied:
-        return test::nt_status::AccessDenied;
+        return 0xC0000022; // STATUS_ACCESS_DENIED
     case platform::error::InvalidParameter:
-        return InvalidParameter;
+        return 0xC000000D; // STATUS_INVALID_PARAMETER
     case platform::error::InsufficientBuffer:
-        return test::nt_status::BufferTooSmall;
+        return 0xC0000023; // STATUS_BUFFER_TOO_SMALL
     default:
-        return test::nt_status::Unsuccessful;
+        return 0xC0000001; // STATUS_UNSUCCESSFUL
     }
 }
 
@@ -34,23 +32,22 @@ std::uint32_t StatusOf(platform::SystemError error) {
 
 ServedMachine::ServedMachine(machine::Machine& machine) {
     if (machine.profile.driver.present) {
-        m_devices[test::device::IoDriver] = &machine.driver;
+        m_devices[L"VESKHWIO"] = &machine.driver;
     }
     if (machine.profile.acpi.present) {
-        m_devices[test::device::Acpi] = &machine.acpi;
+        m_devices[L"ZRNACPI"] = &machine.acpi;
     }
     for (const auto& [name, device] : m_devices) {
         m_stand.AddDevice(name);
     }
     for (unsigned place = 0; place < machine.batteries.size(); ++place) {
         m_batteries.emplace_back(m_stand, place);
-        m_devices[test::BatteryStand::DeviceOf(place)] = &machine.batteries[place];
+        m_devices[BatteryStand::DeviceOf(place)] = &machine.batteries[place];
     }
-    m_stand.Serve();
 }
 
 void ServedMachine::ServeWhile(HANDLE process) {
-    const std::array<HANDLE, 2> handles{process, m_stand.Serve()};
+    const std::array<HANDLE, 2> handles{process, m_stand.Waiting()};
     while (::WaitForMultipleObjects(handles.size(), handles.data(), FALSE, INFINITE) == WAIT_OBJECT_0 + 1) {
         AnswerWaiting();
     }

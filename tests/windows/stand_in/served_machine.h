@@ -25,7 +25,7 @@ private:
     void AnswerWaiting();
 
     test::DriverStand m_stand;
-    std::list<test::BatteryStand> m_batteries;
+    std::list<BatteryStand> m_batteries;
     std::map<std::wstring, machine::Device*> m_devices;
 };
 

@@ -38,6 +38,8 @@ json.dump(profile, open(sys.argv[2], "w", encoding="utf-8"))
 STILL
         profile=$reports/$machine.profile
     fi
+    # What a program that was ended halfway left is not this machine's.
+    rm -rf "${WINEPREFIX:?}/drive_c/ProgramData/Vesk"
     "$native/twin" "$profile" >"$reports/$machine.native.json"
     wine "$windows/twin.exe" "$profile" >"$reports/$machine.windows.json" </dev/null
 done

@@ -18,7 +18,8 @@ void PutUpDesktop(test::ImportPatch& patch);  // windows, processes
 void PutUpPackages(test::ImportPatch& patch); // packages, device nodes
 void PutUpFirmware(
     test::ImportPatch& patch);              // variables and the privilege for them, who may open the devices
-void PutUpSystem(test::ImportPatch& patch); // version, lockdown mode, nation, time, power, sound
+void PutUpSystem(test::ImportPatch& patch); // version, lockdown mode, nation, time, power
+void PutUpCom(test::ImportPatch& patch);    // WMI, sound
 
 /// What the DLL took and has not given back, beside what the machine's own ledger tells.
 std::size_t BlocksOut();   // of the WLAN service's memory

@@ -1,12 +1,9 @@
 #include "shims.h"
 
-#include <objbase.h>
-
 #include "platform/simulated/machine.h"
 #include "platform/system_information.h"
 #include "platform/system_power.h"
 #include "platform/time.h"
-#include "scripted_audio.h"
 
 #include <time.h>
 
@@ -100,30 +97,6 @@ VOID WINAPI Wait(DWORD milliseconds) {
     platform::Sleep(milliseconds);
 }
 
-/// Sound is asked for in apartments of either kind, and a class that this program registers is seen in one of them
-/// only. Everything else is made by COM.
-HRESULT WINAPI CreateObject(REFCLSID classId, LPUNKNOWN outer, DWORD context, REFIID id, LPVOID* object) {
-    constexpr CLSID DeviceEnumerator = {
-        0xBCDE0395, 0xE52F, 0x467C, {0x8E, 0x3D, 0xC4, 0x57, 0x92, 0x91, 0x69, 0x2E}};
-    APTTYPE apartment{};
-    APTTYPEQUALIFIER qualifier{};
-    if (classId != DeviceEnumerator || (context & CLSCTX_INPROC_SERVER) == 0 ||
-        FAILED(::CoGetApartmentType(&apartment, &qualifier))) {
-        return ::CoCreateInstance(classId, outer, context, id, object);
-    }
-    return test::ScriptedAudio::MakeEnumerator(id, object);
-}
-
-void PutUpSound(test::ImportPatch& patch) {
-    constexpr auto NoSuchElement = static_cast<HRESULT>(0x80070490);
-    const machine::AudioProfile& audio = machine::Current().profile.audio;
-    test::AudioScript& script = test::ScriptedAudio::Script();
-    script.getDefaultEndpoint = audio.present ? S_OK : NoSuchElement;
-    script.level = audio.volume;
-    script.muted = audio.muted;
-    patch.Replace("CoCreateInstance", &CreateObject);
-}
-
 } // namespace
 
 void PutUpSystem(test::ImportPatch& patch) {
@@ -136,7 +109,6 @@ void PutUpSystem(test::ImportPatch& patch) {
     patch.Replace("GetSystemTimes", &ProcessorTimes);
     patch.Replace("GetSystemPowerStatus", &PowerStatus);
     patch.Replace("Sleep", &Wait);
-    PutUpSound(patch);
 }
 
 } // namespace twin

@@ -1,0 +1,73 @@
+// What the DLL reads from the services that Wine has itself, with nothing in their place.
+#include "library.h"
+#include "registry_stand.h"
+
+#include <gtest/gtest.h>
+
+#include <objbase.h>
+
+#include <ctime>
+#include <string>
+#include <thread>
+
+namespace {
+
+class RealServicesTest : public ::testing::Test {
+protected:
+    std::wstring Text(const char* name, std::uint8_t initCom) {
+        std::wstring out(65536, L'?');
+        m_library.Export<void(VeskChar16*, std::uint8_t)>(name)(out.data(), initCom);
+        return out.c_str();
+    }
+
+    test::Library m_library;
+};
+
+TEST_F(RealServicesTest, WmiAnswersInEitherApartmentAndRefusesTheOtherOne) {
+    wchar_t name[256]{};
+    DWORD size = sizeof name;
+    ASSERT_EQ(::RegGetValueW(HKEY_LOCAL_MACHINE, L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0",
+                             L"ProcessorNameString", RRF_RT_REG_SZ, nullptr, name, &size),
+              ERROR_SUCCESS);
+    EXPECT_EQ(Text("WMIGetCPUInfo", 1), name);
+    std::thread([&] {
+        ASSERT_EQ(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+        EXPECT_EQ(Text("WMIGetCPUInfo", 1), L"") << "the thread is in an apartment of the other kind";
+        EXPECT_EQ(Text("WMIGetCPUInfo", 0), name);
+        // Left as often as it was entered: the thread is still in its apartment.
+        EXPECT_EQ(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_FALSE);
+        ::CoUninitialize();
+        ::CoUninitialize();
+    }).join();
+}
+
+TEST_F(RealServicesTest, TheVolumeIsThatOfTheDefaultEndpoint) {
+    const auto level = VESK_CALL(m_library, System_Read_VolumeLevel);
+    EXPECT_EQ(level(1), 100);
+    EXPECT_EQ(level(0), -1) << "the apartment is not left";
+}
+
+TEST_F(RealServicesTest, TheCountryIsTheUsersOwn) {
+    const GEOID former = ::GetUserGeoID(GEOCLASS_NATION);
+    std::wstring out(16, L'?');
+    ASSERT_TRUE(::SetUserGeoID(94));
+    VESK_CALL(m_library, System_GetCountryCode_ISO2)(out.data());
+    EXPECT_STREQ(out.c_str(), L"DE");
+    ::SetUserGeoID(former);
+}
+
+TEST_F(RealServicesTest, TheLocalTimeIsNow) {
+    const auto now = [] {
+        char text[20];
+        const std::time_t time = std::time(nullptr);
+        std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::localtime(&time));
+        return std::string(text);
+    };
+    char out[20];
+    const std::string before = now();
+    VESK_CALL(m_library, System_Read_LocalTime)(out);
+    EXPECT_LE(before, out);
+    EXPECT_LE(out, now());
+}
+
+} // namespace
