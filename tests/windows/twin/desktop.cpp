@@ -77,17 +77,13 @@ DWORD WINAPI ThreadAndProcess(HWND window, LPDWORD process) {
     return *process == 0 ? 0 : SomeThread;
 }
 
-HANDLE WINAPI Open(DWORD access, WINBOOL, DWORD id) {
+HANDLE WINAPI OpenTheProcess(DWORD access, WINBOOL, DWORD id) {
     const platform::Handle process = WithLastError(platform::OpenProcess(access, id));
     return process == platform::Handle::Null ? nullptr : Marked(process);
 }
 
 DWORD WINAPI ModuleFileName(HANDLE process, HMODULE, LPWSTR path, DWORD size) {
     return WithLastError(platform::K32GetModuleFileNameExW(Unmarked(process), Plain(path), size));
-}
-
-FILETIME NativeTime(std::uint64_t ticks) {
-    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
 }
 
 WINBOOL WINAPI Times(HANDLE process, LPFILETIME creation, LPFILETIME exit, LPFILETIME kernel,
@@ -129,7 +125,7 @@ void PutUpDesktop(test::ImportPatch& patch) {
     patch.Replace("GetWindowTextW", &TextOf<platform::GetWindowTextW>);
     patch.Replace("FindWindowExW", &FindWindowBehind);
     patch.Replace("GetWindowThreadProcessId", &ThreadAndProcess);
-    patch.Replace("OpenProcess", &Open);
+    patch.Replace("OpenProcess", &OpenTheProcess);
     patch.Replace("K32GetModuleFileNameExW", &ModuleFileName);
     patch.Replace("GetProcessTimes", &Times);
     patch.Replace("K32GetProcessMemoryInfo", &Memory);

@@ -22,8 +22,8 @@ machine::Device* DeviceAt(const wchar_t* path) {
 }
 
 /// No driver can refuse an opening under Wine, so that the machine's device is asked before it.
-HANDLE WINAPI Open(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security, DWORD disposition,
-                   DWORD flags, HANDLE likeness) {
+HANDLE WINAPI OpenDevice(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+                         DWORD disposition, DWORD flags, HANDLE likeness) {
     const std::lock_guard lock(machine::MachineMutex());
     machine::Device* const device = DeviceAt(path);
     if (device != nullptr) {
@@ -89,7 +89,7 @@ std::size_t DevicesOpen() {
 }
 
 void PutUpFirmware(test::ImportPatch& patch) {
-    patch.Replace("CreateFileW", &Open);
+    patch.Replace("CreateFileW", &OpenDevice);
     patch.Replace("CloseHandle", &Close);
     patch.Replace("AdjustTokenPrivileges", &Adjust);
     patch.Replace("GetFirmwareEnvironmentVariableW", &ReadVariable);

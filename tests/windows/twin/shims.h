@@ -51,6 +51,10 @@ inline BOOL Truth(bool answer) {
     return answer ? TRUE : FALSE;
 }
 
+inline FILETIME NativeTime(std::uint64_t ticks) {
+    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
 inline char16_t* Plain(wchar_t* text) {
     return reinterpret_cast<char16_t*>(text);
 }

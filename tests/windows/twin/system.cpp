@@ -65,10 +65,6 @@ errno_t LocalTime(tm* local, const __time64_t* time) {
     return 0;
 }
 
-FILETIME NativeTime(std::uint64_t ticks) {
-    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-}
-
 WINBOOL WINAPI ProcessorTimes(LPFILETIME idle, LPFILETIME kernel, LPFILETIME user) {
     platform::SystemTimes times;
     if (!WithLastError(platform::GetSystemTimes(times))) {
