@@ -83,7 +83,9 @@ std::string StateFault(std::uint64_t apartments) {
 Stage::Stage(Situation situation)
     : m_situation(std::move(situation)),
       m_text(ChangedProfile(m_situation)),
-      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {}
+      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {
+    machine::ObserveCalls({heap::EnterMachine, heap::LeaveMachine});
+}
 
 void Stage::Restart() {
     machine::Start(m_profile, ":memory:");
