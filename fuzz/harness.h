@@ -1,7 +1,9 @@
 // What the fuzz targets share.
 #pragma once
 
+#include "platform/simulated/devices.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 #include "platform/simulated/wide_text.h"
 #include "vesk_sondrel.h"
 

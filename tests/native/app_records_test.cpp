@@ -1,6 +1,7 @@
 #include "application_test.h"
 #include "apps/app_records.h"
 #include "apps/versions.h"
+#include "platform/simulated/registry_hive.h"
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include "vesk_sondrel.h"
 
+#include "platform/simulated/registry_hive.h"
+
 #include <unistd.h>
 
 #include <cstring>

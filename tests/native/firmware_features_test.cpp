@@ -3,6 +3,9 @@
 #include "firmware/app_path.h"
 #include "firmware/settings_file.h"
 #include "platform/files.h"
+#include "platform/simulated/file_system.h"
+#include "platform/simulated/firmware_features.h"
+#include "platform/simulated/trace_sink.h"
 #include "platform/simulated/wide_text.h"
 #include "vesk_sondrel.h"
 

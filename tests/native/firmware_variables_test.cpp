@@ -2,6 +2,8 @@
 
 #include "vesk_sondrel.h"
 
+#include "platform/simulated/firmware_store.h"
+
 #include <algorithm>
 #include <array>
 #include <filesystem>

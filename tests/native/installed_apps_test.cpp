@@ -1,5 +1,6 @@
 #include "application_test.h"
 #include "apps/installed_apps.h"
+#include "platform/simulated/registry_hive.h"
 
 namespace {
 

@@ -1,7 +1,9 @@
 // What moves on a machine whose profile has a course.
 #include "ec_traffic.h"
 
+#include "platform/simulated/clock.h"
 #include "platform/simulated/machine_course.h"
+#include "platform/simulated/profile.h"
 
 namespace {
 

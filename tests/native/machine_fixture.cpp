@@ -2,6 +2,8 @@
 
 #include "frame/diagnostics.h"
 #include "frame/session.h"
+#include "platform/simulated/profile.h"
+#include "platform/simulated/trace_sink.h"
 #include "platform/simulated/wide_text.h"
 
 #include <nlohmann/json.hpp>

@@ -1,5 +1,6 @@
 #include "machine_fixture.h"
 
+#include "platform/simulated/profile.h"
 #include "platform/simulated/wide_text.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"

@@ -3,6 +3,8 @@
 
 #include "machine_fixture.h"
 
+#include "platform/simulated/trace_sink.h"
+
 #include "vesk_sondrel.h"
 
 #include <nlohmann/json.hpp>

@@ -1,8 +1,10 @@
 // The simulated WMI service: queries, values and methods.
 #include "wmi_fixture.h"
 
+#include "platform/simulated/profile.h"
 #include "platform/simulated/profile_reader.h"
 #include "platform/simulated/wide_text.h"
+#include "platform/simulated/wmi_repository.h"
 #include "platform/wmi.h"
 #include "wmi/wmi_query.h"
 

@@ -4,6 +4,8 @@
 #include "planted.h"
 #include "sweep.h"
 
+#include "platform/simulated/trace_sink.h"
+
 #include <unistd.h>
 
 #include <algorithm>

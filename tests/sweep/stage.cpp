@@ -7,6 +7,7 @@
 #include "platform/com.h"
 #include "platform/simulated/apartments.h"
 #include "platform/simulated/built_in_machines.h"
+#include "platform/simulated/trace_sink.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"

@@ -14,6 +14,8 @@
 #include "wine_state.h"
 #include "wmi_service.h"
 
+#include "platform/simulated/profile.h"
+
 #include <future>
 #include <iostream>
 #include <stdexcept>
