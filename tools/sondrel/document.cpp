@@ -66,7 +66,7 @@ private:
 } // namespace
 
 std::optional<Json> ParseDocument(std::string_view text) {
-    Json document = NestsTooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
+    auto document = ParsedJson<Json>(text);
     return document.is_discarded() ? std::nullopt : std::optional(std::move(document));
 }
 
