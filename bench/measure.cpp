@@ -1,41 +1,15 @@
 #include "measure.h"
 
 #include "frame/session.h"
+#include "heap.h"
 #include "platform/device_io.h"
-#include "platform/simulated/call_observer.h"
 #include "vesk_sondrel.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <cstdlib>
-#include <new>
-
-namespace {
-
-std::atomic<std::uint64_t> Allocations{0};
-
-} // namespace
-
-// Replaced so that every allocation of the process is counted. The others come down to these.
-void* operator new(std::size_t size) {
-    Allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* const memory = std::malloc(size != 0 ? size : 1)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace bench {
 namespace {
@@ -45,31 +19,24 @@ using Seconds = std::chrono::duration<double>;
 
 /// What an observer of the calls saw.
 struct Observation {
-    double whole = 0;  // seconds
-    double behind = 0; // those of them behind the boundary
-    std::uint64_t allocationsBehind = 0;
-    std::uint64_t allocations = 0;
+    double whole = 0;              // seconds
+    double behind = 0;             // those of them behind the boundary
+    std::uint64_t allocations = 0; // the library's
     std::uint64_t calls = 0;
 };
 
 Observation Seen;
-unsigned Depth = 0; // of calls within calls
 Clock::time_point Began;
-std::uint64_t AllocationsAtBegin = 0;
 
 void OnBegan() {
-    if (Depth++ == 0) {
-        ++Seen.calls;
-        AllocationsAtBegin = Allocations;
-        Began = Clock::now();
-    }
+    heap::EnterMachine();
+    ++Seen.calls;
+    Began = Clock::now();
 }
 
 void OnEnded() {
-    if (--Depth == 0) {
-        Seen.behind += Seconds(Clock::now() - Began).count();
-        Seen.allocationsBehind += Allocations - AllocationsAtBegin;
-    }
+    Seen.behind += Seconds(Clock::now() - Began).count();
+    heap::LeaveMachine();
 }
 
 double SecondsOf(const std::function<void()>& work) {
@@ -81,16 +48,19 @@ double SecondsOf(const std::function<void()>& work) {
 Observation Observed(const std::function<void()>& work) {
     Seen = {};
     machine::ObserveCalls({OnBegan, OnEnded});
-    const std::uint64_t allocations = Allocations;
-    Seen.whole = SecondsOf(work);
-    Seen.allocations = Allocations - allocations - Seen.allocationsBehind;
+    heap::Restart();
+    {
+        const heap::InLibrary here;
+        Seen.whole = SecondsOf(work);
+    }
+    Seen.allocations = heap::Count();
     machine::ObserveCalls({});
     return Seen;
 }
 
 /// What observing does to the figures of one call, learnt from calls that do nothing.
 struct Bias {
-    double before = 0; // the way in and out, which belongs to the call and is not seen in it
+    double before = 0; // what it takes unobserved above what is seen of it
     double around = 0; // what lies outside the call with an observer, of which nothing is the library's
 };
 

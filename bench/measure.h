@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 
 #include <cstddef>
 #include <functional>

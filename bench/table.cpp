@@ -19,23 +19,12 @@ struct Figures {
 /// By number of items.
 using Line = std::map<double, Figures>;
 
-/// The slope of a straight line through the logarithms: 1 is in proportion to the items, 2 their square.
+/// The slope of the line through the logarithms, whose middle point does not tilt it: 1 is in proportion to the items,
+/// 2 their square.
 double Growth(const Line& line) {
-    double n = 0;
-    double sumX = 0;
-    double sumY = 0;
-    double sumXX = 0;
-    double sumXY = 0;
-    for (const auto& [items, figures] : line) {
-        const double x = std::log(items);
-        const double y = std::log(figures.seconds * items);
-        n += 1;
-        sumX += x;
-        sumY += y;
-        sumXX += x * x;
-        sumXY += x * y;
-    }
-    return (n * sumXY - sumX * sumY) / (n * sumXX - sumX * sumX);
+    const auto& [few, least] = *line.begin();
+    const auto& [many, most] = *line.rbegin();
+    return std::log(most.seconds * many / (least.seconds * few)) / std::log(many / few);
 }
 
 std::string Formatted(const char* format, double number) {

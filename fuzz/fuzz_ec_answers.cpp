@@ -1,40 +1,14 @@
-// Everything that is asked of the EC and the driver, on a machine of any family, with a driver that answers
-// anything.
+// Every number and text that is asked of the EC and the driver, on a machine of any family, with a driver that
+// answers anything.
 #include "harness.h"
 
+#include "every_export.h"
 #include "frame/registry_store.h"
+#include "platform/simulated/battery_device.h"
 
 namespace {
 
 constexpr std::u16string_view Families[] = {u"CF", u"AB", u"AR", u"KL", u"??"};
-
-constexpr std::uint32_t (*Numbers[])() = {GetDriverVersion,
-                                          GetRefCount,
-                                          Battery_Get_LidStatus,
-                                          Battery_Read_ChargingVoltage,
-                                          Battery_Read_PackageVoltage,
-                                          Battery_Read_Temperature,
-                                          Battery_Read_CycleCount,
-                                          Battery_Read_DesignedCapacity,
-                                          Battery_Read_FullChargedCapcity,
-                                          Battery_Read_Capacity,
-                                          Battery_Read_DesignVoltage,
-                                          Battery_Read_CapacityPercentage,
-                                          Thermal_Read_Cpu_Temperature,
-                                          Thermal_Read_BoardTS0L_Temperature,
-                                          Thermal_Read_BoardTS0R_Temperature,
-                                          Thermal_Read_GpuTS1L_Temperature,
-                                          Thermal_Read_GpuTS1R_Temperature,
-                                          Thermal_Read_BatteryConnector_Temperature,
-                                          Thermal_Read_ACFET_Temperature,
-                                          Thermal_Read_ChargerChoke_Temperature,
-                                          Thermal_Read_GpuVrm_Temperature,
-                                          Thermal_Read_UpCpu_Temperature,
-                                          Thermal_Read_GpuVram_Temperature,
-                                          Thermal_Read_CpuPackagePower,
-                                          Thermal_Read_CpuDptf_PowerLimit1,
-                                          Thermal_Read_CpuDptf_PowerLimit2,
-                                          System_Read_TabletMode};
 
 void KeepIdentity(std::u16string_view family, std::uint32_t chip) {
     const auto keep = [](const char16_t* name, std::uint32_t number) {
@@ -52,6 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::AnsweringDevice battery(machine::BatteryDevice::PathOf(0), input);
     KeepIdentity(input.PickValueInArray(Families), input.ConsumeIntegralInRange(0u, 2u));
     const bool session = InitializeSondrel() == 1;
+    static const auto Numbers = test::ExportsOfType<std::uint32_t()>();
     for (const auto read : Numbers) {
         read();
     }

@@ -1,6 +1,10 @@
 // The firmware's switches and variables, with methods that answer anything and variables of any size.
 #include "harness.h"
 
+#include "platform/simulated/firmware_features.h"
+#include "platform/simulated/firmware_store.h"
+#include "platform/simulated/wmi_repository.h"
+
 namespace {
 
 class Methods : public machine::WmiMethods {

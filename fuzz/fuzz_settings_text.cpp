@@ -1,7 +1,8 @@
 // Settings files: the number in any text is what a text stream extracts from it, however the text is cut.
+#include "harness.h"
+
 #include "firmware/settings_file.h"
 
-#include <cstdlib>
 #include <sstream>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -19,8 +20,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (scanner.Feed(std::string_view(text).substr(0, cut))) {
         scanner.Feed(std::string_view(text).substr(cut));
     }
-    if (scanner.Number(Start) != expected) {
-        std::abort();
-    }
+    fuzz::Demand(scanner.Number(Start) == expected);
     return 0;
 }

@@ -3,6 +3,7 @@
 #include "harness.h"
 
 #include "firmware/disk_temperature.h"
+#include "platform/simulated/wmi_repository.h"
 
 namespace {
 

@@ -1,39 +1,9 @@
 // Everything that is read from WMI's rows, with values of any type and content in them.
 #include "harness.h"
 
-namespace {
+#include "every_export.h"
 
-constexpr void (*Texts[])(VeskChar16*, std::uint8_t) = {WMIGet90Number,
-                                                        WMIGetBiosManufacture,
-                                                        WMIGetBiosReleaseDate,
-                                                        WMIGetBiosVersion,
-                                                        WMIGetBoardUUID,
-                                                        WMIGetCPUInfo,
-                                                        WMIGetComputerFamilyName,
-                                                        WMIGetGPUInfo,
-                                                        WMIGetHDDCaption,
-                                                        WMIGetHDDInfo,
-                                                        WMIGetHDDModel,
-                                                        WMIGetHDDSize,
-                                                        WMIGetLCDModel,
-                                                        WMIGetMacAddress,
-                                                        WMIGetMemManufacture,
-                                                        WMIGetMemModel,
-                                                        WMIGetMemSize,
-                                                        WMIGetModelName,
-                                                        WMIGetOSCountryCode,
-                                                        WMIGetOSInfo,
-                                                        WMIGetProductName,
-                                                        WMIGetSN,
-                                                        WMIGetSSDModel,
-                                                        WMIGetSystemChassisTypes,
-                                                        WMIGetWiFiCardName,
-                                                        WMIGetWiFiBytesPersec,
-                                                        WMIGetHDDTemp};
-
-constexpr void (*Lists[])(VeskChar16*) = {AppList_CpuUsage, AppList_MemUsage, AppList_HardwareConfig};
-
-} // namespace
+#include "platform/simulated/wmi_repository.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t Room = 1 << 14; // more than any input fills
@@ -52,11 +22,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     fuzz::TheMachine().wmi = machine::WmiRepository(profile);
     // Each input reads once: the longer ones would only read the same rows again.
-    const auto which = input.ConsumeIntegralInRange<std::size_t>(0, std::size(Texts) + std::size(Lists));
-    if (which < std::size(Texts)) {
+    static const auto Texts = test::ExportsOfType<void(VeskChar16*, std::uint8_t)>();
+    constexpr std::array Lists{AppList_CpuUsage, AppList_MemUsage, AppList_HardwareConfig};
+    const auto which = input.ConsumeIntegralInRange<std::size_t>(0, Texts.size() + Lists.size());
+    if (which < Texts.size()) {
         fuzz::TextOf(Room, Texts[which], 1);
-    } else if (which - std::size(Texts) < std::size(Lists)) {
-        fuzz::TextOf(Room, Lists[which - std::size(Texts)]);
+    } else if (which - Texts.size() < Lists.size()) {
+        fuzz::TextOf(Room, Lists[which - Texts.size()]);
     } else {
         fuzz::Demand(WMIGetExternMonitorNum(1) >= -1);
         WMIGetCPUUsg(1);

@@ -1,7 +1,9 @@
 // What the fuzz targets share.
 #pragma once
 
+#include "platform/simulated/devices.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 #include "platform/simulated/wide_text.h"
 #include "vesk_sondrel.h"
 
@@ -65,32 +67,24 @@ inline std::u16string Text(Input& input, std::size_t most) {
 inline machine::WmiDatum Datum(Input& input) {
     constexpr std::int64_t Low = std::numeric_limits<std::int32_t>::min();
     constexpr std::int64_t High = std::numeric_limits<std::uint32_t>::max();
-    machine::WmiDatum datum;
-    datum.lowerBound = input.ConsumeIntegralInRange<std::int32_t>(-1, 2);
+    const auto bound = input.ConsumeIntegralInRange<std::int32_t>(-1, 2);
     const auto count = input.ConsumeIntegralInRange<std::size_t>(0, 6);
     switch (input.ConsumeIntegralInRange(0, 6)) {
     case 1:
-        datum.value = input.ConsumeBool();
-        break;
+        return {input.ConsumeBool(), bound};
     case 2:
-        datum.value = input.ConsumeIntegralInRange(Low, High);
-        break;
+        return {input.ConsumeIntegralInRange(Low, High), bound};
     case 3:
-        datum.value = Text(input, 24);
-        break;
+        return {Text(input, 24), bound};
     case 4:
-        datum.value = std::vector<std::int64_t>(count, input.ConsumeIntegralInRange(Low, High));
-        break;
+        return {std::vector<std::int64_t>(count, input.ConsumeIntegralInRange(Low, High)), bound};
     case 5:
-        datum.value = std::vector<std::u16string>(count, Text(input, 12));
-        break;
+        return {std::vector<std::u16string>(count, Text(input, 12)), bound};
     case 6:
-        datum.value = Bytes(input, 24);
-        break;
-    default: // no value
-        break;
+        return {Bytes(input, 24), bound};
+    default:
+        return {{}, bound}; // no value
     }
-    return datum;
 }
 
 /// A device that refuses a request or answers it with any bytes, few or many, as the input has it. It stands in

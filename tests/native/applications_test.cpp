@@ -1,5 +1,7 @@
 #include "machine_fixture.h"
 
+#include "platform/simulated/registry_hive.h"
+
 #include "apps/versions.h"
 
 #include <optional>

@@ -1,5 +1,6 @@
 #include "machine_fixture.h"
 
+#include "platform/simulated/battery_device.h"
 #include "telemetry/battery_device.h"
 
 #include <array>

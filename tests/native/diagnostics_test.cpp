@@ -1,6 +1,7 @@
 #include "machine_fixture.h"
 
 #include "frame/diagnostics.h"
+#include "platform/simulated/trace_sink.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include "acpi/acpi_device.h"
 #include "acpi/eeprom_record.h"
+#include "platform/simulated/profile.h"
 #include "platform/simulated/wide_text.h"
 
 #include <algorithm>

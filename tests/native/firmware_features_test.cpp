@@ -4,6 +4,10 @@
 #include "firmware/settings_file.h"
 #include "platform/com.h"
 #include "platform/files.h"
+#include "platform/simulated/file_system.h"
+#include "platform/simulated/firmware_features.h"
+#include "platform/simulated/trace_sink.h"
+#include "platform/simulated/wide_text.h"
 
 #include <fstream>
 #include <iterator>

@@ -2,6 +2,7 @@
 
 #include "firmware/firmware_method.h"
 #include "platform/com.h"
+#include "platform/simulated/trace_sink.h"
 #include "platform/simulated/wide_text.h"
 
 namespace {

@@ -1,5 +1,6 @@
 #include "machine_fixture.h"
 
+#include "platform/simulated/firmware_store.h"
 #include <algorithm>
 #include <array>
 #include <numeric>

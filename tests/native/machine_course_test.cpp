@@ -1,5 +1,8 @@
 // What moves on a machine whose profile has a course.
 #include "machine_fixture.h"
+#include "platform/simulated/clock.h"
+#include "platform/simulated/machine_course.h"
+#include "platform/simulated/profile.h"
 
 namespace {
 

@@ -3,6 +3,8 @@
 #include "firmware/disk_temperature.h"
 #include "frame/diagnostics.h"
 #include "frame/session.h"
+#include "platform/simulated/profile.h"
+#include "platform/simulated/trace_sink.h"
 #include "platform/simulated/wide_text.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"

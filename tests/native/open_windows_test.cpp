@@ -1,3 +1,5 @@
+#include "platform/simulated/clock.h"
+#include "platform/simulated/window_stack.h"
 #include "usage/open_windows.h"
 
 #include "machine_fixture.h"

@@ -1,6 +1,7 @@
 #include "machine_fixture.h"
 
 #include "frame/registry_store.h"
+#include "platform/simulated/registry_hive.h"
 
 #include <span>
 

@@ -2,7 +2,11 @@
 #include "machine_fixture.h"
 
 #include "platform/registry.h"
+#include "platform/simulated/clock.h"
+#include "platform/simulated/profile.h"
 #include "platform/simulated/profile_reader.h"
+#include "platform/simulated/registry_hive.h"
+#include "platform/simulated/store.h"
 
 #include <array>
 #include <fstream>

@@ -1,6 +1,7 @@
 // What the temperature, fan and battery exports make of the EC's bytes.
 #include "machine_fixture.h"
 
+#include "platform/simulated/profile.h"
 #include "telemetry/thermistor_curves.h"
 
 namespace {

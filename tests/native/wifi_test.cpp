@@ -1,5 +1,7 @@
 #include "machine_fixture.h"
 
+#include "platform/simulated/profile.h"
+#include "platform/simulated/wide_text.h"
 #include "radio/wifi_snapshot.h"
 
 #include <thread>

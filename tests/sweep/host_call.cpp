@@ -16,10 +16,9 @@
 namespace sweep {
 namespace {
 
-/// The arguments of exports that take some, one for all runs.
-constexpr std::uint32_t Leaf = 0;
-constexpr std::int32_t Level = 2;
-constexpr const char16_t* AppPath = u"C:\\ProgramData\\Vesk\\VeskTessaly";
+using Byte = std::uint8_t;
+using Word = std::uint32_t;
+using Number = std::int32_t;
 
 template <class Unit>
 class GuardedBuffer {
@@ -36,9 +35,10 @@ public:
 
     [[nodiscard]] bool Untouched() const { return IsFill(0, m_units.size()); }
 
-    /// Nothing in front, and nothing from the room's unit number `end` on.
-    [[nodiscard]] bool KeptTo(std::size_t end) const {
-        return IsFill(0, Guard) && IsFill(Guard + end, m_units.size());
+    /// What to say of a library that wrote in front, or from the room's unit number `end` on.
+    [[nodiscard]] std::string Beyond(std::size_t end) const {
+        const bool kept = IsFill(0, Guard) && IsFill(Guard + end, m_units.size());
+        return kept ? "" : "something was written outside the text";
     }
 
 private:
@@ -58,6 +58,15 @@ private:
     std::vector<Unit> m_units;
 };
 
+/// A call that fills a buffer of so many units.
+template <class Unit, class Read>
+GuardedBuffer<Unit> Filled(std::size_t room, const Read& read) {
+    GuardedBuffer<Unit> buffer(room);
+    const heap::InLibrary here;
+    read(buffer.Start());
+    return buffer;
+}
+
 std::string ToUtf8(std::span<const char16_t> text) {
     return tool::Utf8({text.data(), text.size()});
 }
@@ -74,168 +83,148 @@ HostAnswer TextIn(const GuardedBuffer<Unit>& buffer, bool fixedSize = false) {
     }
     const std::span room = buffer.Room();
     const auto length = static_cast<std::size_t>(std::ranges::find(room, Unit{}) - room.begin());
-    HostAnswer answer{ToUtf8(room.first(length)), ""};
-    if (length == room.size()) {
-        answer.fault = "the text has no terminator in its room of " + std::to_string(room.size());
-    } else if (!buffer.KeptTo(fixedSize ? room.size() : length + 1)) {
-        answer.fault = "something was written outside the text";
-    }
-    return answer;
+    return {ToUtf8(room.first(length)),
+            length == room.size() ? "the text has no terminator in its room of " + std::to_string(length)
+                                  : buffer.Beyond(fixedSize ? room.size() : length + 1)};
+}
+
+template <class Function>
+Function* As(void* address) {
+    return reinterpret_cast<Function*>(address);
 }
 
 template <class Function, class... Arguments>
 auto Invoke(void* address, Arguments... arguments) {
     const heap::InLibrary here;
-    return reinterpret_cast<Function*>(address)(arguments...);
+    return As<Function>(address)(arguments...);
 }
 
-template <class Number>
-HostAnswer NumberAnswer(Number number) {
-    if constexpr (std::is_floating_point_v<Number>) {
-        std::array<char, 64> digits{};
-        return {{digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr}, ""};
-    } else {
-        return {std::to_string(number), ""};
-    }
+/// How the host calls: the export, and what differs between hosts.
+struct HostSide {
+    void* address;
+    const tool::Export& row;
+    std::uint8_t initCom;
+    std::size_t room;
+};
+
+HostAnswer CallNothing(const HostSide& side) {
+    Invoke<void()>(side.address);
+    return {};
 }
 
-template <class Function, class... Arguments>
-HostCall Numeric(void* address, Arguments... arguments) {
-    return [=] {
-        return NumberAnswer(Invoke<Function>(address, arguments...));
-    };
+HostAnswer NumberAnswer(auto number) {
+    std::array<char, 64> digits{};
+    return {{digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr}, ""};
 }
 
-HostAnswer ReadBytes(void* address, std::size_t size) {
-    GuardedBuffer<std::uint8_t> buffer(size);
-    const std::uint32_t code = Invoke<std::uint32_t(std::uint8_t*)>(address, buffer.Start());
-    HostAnswer answer{buffer.Untouched() ? std::string(tool::BufferUntouched) : tool::Hex(buffer.Room()),
-                      buffer.KeptTo(size) ? "" : "something was written outside the field"};
-    if (code != 0) {
-        answer.text += " error " + std::to_string(code);
-    }
-    return answer;
+/// With the arguments that are given here, and initCom behind them if the export takes it.
+template <class Function, auto... Given>
+HostAnswer CallNumber(const HostSide& side) {
+    const auto number = [&side] {
+        if constexpr (std::is_invocable_v<Function, decltype(Given)..., Byte>) {
+            return Invoke<Function>(side.address, Given..., side.initCom);
+        } else {
+            return Invoke<Function>(side.address, Given...);
+        }
+    }();
+    return NumberAnswer(number);
 }
 
-HostAnswer ReadLeaf(void* address) {
-    GuardedBuffer<std::uint32_t> words(4);
-    std::uint32_t* const out = words.Start();
-    Invoke<void(std::uint32_t, std::uint32_t*, std::uint32_t*, std::uint32_t*, std::uint32_t*)>(
-        address, Leaf, out, out + 1, out + 2, out + 3);
+HostAnswer CallSetPath(const HostSide& side) {
+    return NumberAnswer(Invoke<Number(const char16_t*, Byte)>(
+        side.address, u"C:\\ProgramData\\Vesk\\VeskTessaly", side.initCom));
+}
+
+HostAnswer CallStringObject(const HostSide& side) {
+    const std::string object = Invoke<std::string()>(side.address);
+    return {std::string(object.data(), object.size()), ""}; // a block of our own
+}
+
+HostAnswer CallNarrowText(const HostSide& side) {
+    // The date, the name and the time fill their buffers to the last byte whatever they say.
+    constexpr std::string_view Fixed[] = {"Battery_Read_ManufactureDate", "Battery_Read_ManufactureName",
+                                          "System_Read_LocalTime"};
+    return TextIn(Filled<char>(side.row.traits.size, As<void(char*)>(side.address)),
+                  std::ranges::find(Fixed, side.row.name) != std::end(Fixed));
+}
+
+HostAnswer CallWideText(const HostSide& side) {
+    return CallWide(As<void(char16_t*)>(side.address), side.room);
+}
+
+HostAnswer CallWideTextCom(const HostSide& side) {
+    return CallWide([&](char16_t* out) { As<void(char16_t*, Byte)>(side.address)(out, side.initCom); },
+                    side.room);
+}
+
+HostAnswer CallReadBytes(const HostSide& side) {
+    const std::size_t size = side.row.traits.size;
+    Word code = 0;
+    const auto buffer = Filled<Byte>(size, [&](Byte* out) { code = As<Word(Byte*)>(side.address)(out); });
+    return {(buffer.Untouched() ? std::string(tool::BufferUntouched) : tool::Hex(buffer.Room()))
+                .append(code != 0 ? " error " + std::to_string(code) : ""),
+            buffer.Beyond(size)};
+}
+
+HostAnswer CallWriteBytes(const HostSide& side) {
+    const std::vector<Byte> bytes(side.row.traits.size, Byte{'7'});
+    return NumberAnswer(Invoke<Word(const Byte*)>(side.address, bytes.data()));
+}
+
+HostAnswer CallProcessorLeaf(const HostSide& side) {
+    const auto words = Filled<Word>(4, [&](Word* out) {
+        As<void(Word, Word*, Word*, Word*, Word*)>(side.address)(0, out, out + 1, out + 2, out + 3);
+    });
     if (words.Untouched()) {
         return {std::string(tool::BufferUntouched), ""};
     }
-    HostAnswer answer{"", words.KeptTo(4) ? "" : "something was written outside the words"};
-    for (const std::uint32_t word : words.Room()) {
+    HostAnswer answer{"", words.Beyond(4)};
+    for (const Word word : words.Room()) {
         answer.text += std::to_string(word) + ' ';
     }
     return answer;
 }
 
-/// The date, the name and the time fill their buffers to the last byte whatever they say.
-bool HasFixedSize(std::string_view name) {
-    constexpr std::array Fixed{"Battery_Read_ManufactureDate", "Battery_Read_ManufactureName",
-                               "System_Read_LocalTime"};
-    return std::ranges::find(Fixed, name) != Fixed.end();
-}
+struct Way {
+    const tool::Shape* shape;
+    HostAnswer (*call)(const HostSide& side);
+};
 
-HostAnswer ReadNarrow(void* address, const tool::Export& row) {
-    GuardedBuffer<char> buffer(row.traits.size);
-    Invoke<void(char*)>(address, buffer.Start());
-    return TextIn(buffer, HasFixedSize(row.name));
-}
+constexpr Way Ways[] = {
+    {&tool::shape::Nothing, CallNothing},
+    {&tool::shape::Signed, CallNumber<Number()>},
+    {&tool::shape::Unsigned, CallNumber<Word()>},
+    {&tool::shape::Float, CallNumber<float()>},
+    {&tool::shape::Double, CallNumber<double()>},
+    {&tool::shape::SignedCom, CallNumber<Number(Byte)>},
+    {&tool::shape::SetNumberCom, CallNumber<Number(Number, Byte), 2>},
+    {&tool::shape::SetByteCom, CallNumber<Number(Byte, Byte), Byte{2}>},
+    {&tool::shape::SetPathCom, CallSetPath},
+    {&tool::shape::AddOne, CallNumber<Word(Word), Word{1}>},
+    {&tool::shape::StringObject, CallStringObject},
+    {&tool::shape::NarrowText, CallNarrowText},
+    {&tool::shape::WideText, CallWideText},
+    {&tool::shape::WideTextCom, CallWideTextCom},
+    {&tool::shape::ReadBytes, CallReadBytes},
+    {&tool::shape::WriteBytes, CallWriteBytes},
+    {&tool::shape::ProcessorLeaf, CallProcessorLeaf},
+};
 
 } // namespace
 
 HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t room) {
-    GuardedBuffer<char16_t> buffer(room);
-    {
-        const heap::InLibrary here;
-        read(buffer.Start());
-    }
-    return TextIn(buffer);
+    return TextIn(Filled<char16_t>(room, read));
 }
 
 HostCall CallOf(const tool::Export& row, std::uint8_t initCom, std::size_t room) {
-    using Byte = std::uint8_t;
-    using Word = std::uint32_t;
-    using Number = std::int32_t;
-    namespace shape = tool::shape;
     void* const address = ::dlsym(RTLD_DEFAULT, std::string(row.name).c_str());
-    if (address == nullptr) {
-        throw std::runtime_error(std::string(row.name) + " is not linked in");
+    const auto* const way = std::ranges::find(Ways, row.shape, &Way::shape);
+    if (address == nullptr || way == std::end(Ways)) {
+        throw std::runtime_error(std::string(row.name) + " is not linked in, or called in an unknown way");
     }
-    const tool::Shape* const form = row.shape;
-    if (form == &shape::Nothing) {
-        return [=] {
-            return Invoke<void()>(address), HostAnswer{};
-        };
-    }
-    if (form == &shape::Signed) {
-        return Numeric<Number()>(address);
-    }
-    if (form == &shape::Unsigned) {
-        return Numeric<Word()>(address);
-    }
-    if (form == &shape::Float) {
-        return Numeric<float()>(address);
-    }
-    if (form == &shape::Double) {
-        return Numeric<double()>(address);
-    }
-    if (form == &shape::SignedCom) {
-        return Numeric<Number(Byte)>(address, initCom);
-    }
-    if (form == &shape::SetNumberCom) {
-        return Numeric<Number(Number, Byte)>(address, Level, initCom);
-    }
-    if (form == &shape::SetByteCom) {
-        return Numeric<Number(Byte, Byte)>(address, static_cast<Byte>(Level), initCom);
-    }
-    if (form == &shape::SetPathCom) {
-        return Numeric<Number(const char16_t*, Byte)>(address, AppPath, initCom);
-    }
-    if (form == &shape::AddOne) {
-        return Numeric<Word(Word)>(address, Word{1});
-    }
-    if (form == &shape::StringObject) {
-        return [=] {
-            const std::string object = Invoke<std::string()>(address);
-            return HostAnswer{std::string(object.data(), object.size()), ""}; // a block of our own
-        };
-    }
-    if (form == &shape::NarrowText) {
-        return [=, &row] {
-            return ReadNarrow(address, row);
-        };
-    }
-    if (form == &shape::WideText) {
-        return [=] {
-            return CallWide(reinterpret_cast<void (*)(char16_t*)>(address), room);
-        };
-    }
-    if (form == &shape::WideTextCom) {
-        const auto read = reinterpret_cast<void (*)(char16_t*, Byte)>(address);
-        return [=] {
-            return CallWide([=](char16_t* out) { read(out, initCom); }, room);
-        };
-    }
-    if (form == &shape::ReadBytes) {
-        return [=, &row] {
-            return ReadBytes(address, row.traits.size);
-        };
-    }
-    if (form == &shape::WriteBytes) {
-        return [=, bytes = std::vector<Byte>(row.traits.size, Byte{'7'})] {
-            return NumberAnswer(Invoke<Word(const Byte*)>(address, bytes.data()));
-        };
-    }
-    if (form == &shape::ProcessorLeaf) {
-        return [=] {
-            return ReadLeaf(address);
-        };
-    }
-    throw std::runtime_error(std::string(row.name) + " is called in a way that the sweep does not know");
+    return [side = HostSide{address, row, initCom, room}, call = way->call] {
+        return call(side);
+    };
 }
 
 } // namespace sweep

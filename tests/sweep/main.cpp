@@ -4,6 +4,8 @@
 #include "planted.h"
 #include "sweep.h"
 
+#include "platform/simulated/trace_sink.h"
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -23,14 +25,6 @@ using enum tool::Family;
 constexpr int Interrupted = 128 + SIGINT;
 
 volatile std::sig_atomic_t InterruptCame = 0;
-
-void OnInterrupt(int) {
-    InterruptCame = 1;
-}
-
-bool GoOn() {
-    return InterruptCame == 0;
-}
 
 /// One machine in one situation, with the families of exports for which it differs from the others.
 struct Scene {
@@ -90,9 +84,9 @@ void Play(const Scene& scene, Tally& tally) {
     Stage stage(scene.situation);
     for (const tool::Export& row : tool::AllExports()) {
         const bool belongs = scene.families.empty() || std::ranges::count(scene.families, row.family) != 0;
-        if (belongs && GoOn()) {
+        if (belongs && InterruptCame == 0) {
             TellProgress(scene.situation, row.name);
-            SweepReading(stage, {&row, CallOf(row, scene.situation.initCom, RoomOf(row))}, GoOn, tally);
+            SweepReading(stage, {&row, CallOf(row, scene.situation.initCom, RoomOf(row))}, tally);
         }
     }
 }
@@ -118,14 +112,14 @@ int SweepAll() {
         std::cout << complaint << '\n';
     }
     const auto missing = Missing(tally);
-    std::cout << tally.callFaults << " failed calls and " << tally.heapFaults << " failed allocations in "
-              << Scenes().size() << " situations; " << tally.reached.size() - missing.size() << " of "
-              << tally.reached.size() << " operations reached; " << tally.complaints.size()
-              << " complaints\n";
     for (const std::string_view name : missing) {
         std::cout << "never reached: " << name << '\n';
     }
-    return GoOn() ? (tally.complaints.empty() && missing.empty() ? 0 : 1) : Interrupted;
+    std::cout << tally.callFaults << " failed calls and " << tally.heapFaults << " failed allocations in "
+              << Scenes().size() << " situations, " << tally.reached.size() - missing.size() << " of "
+              << tally.reached.size() << " operations reached: " << tally.complaints.size()
+              << " complaints\n";
+    return InterruptCame != 0 ? Interrupted : tally.complaints.empty() && missing.empty() ? 0 : 1;
 }
 
 int SweepPlanted() {
@@ -136,7 +130,7 @@ int SweepPlanted() {
         const auto call = [&planted] {
             return CallWide(planted.read, 512);
         };
-        SweepReading(stage, {tool::FindExport("GetInfVersion"), call}, GoOn, tally);
+        SweepReading(stage, {tool::FindExport("GetInfVersion"), call}, tally);
         const auto said = std::ranges::count_if(tally.complaints, [&](const std::string& complaint) {
             return complaint.find(planted.complaint) != std::string::npos;
         });
@@ -155,13 +149,11 @@ int Obey(std::span<const std::string_view> arguments) {
     if (arguments.size() == 1 && arguments[0] == "--planted") {
         return SweepPlanted();
     }
-    if (arguments.size() == 2 && arguments[0] == "--costs") {
-        return CompareCosts(std::string(arguments[1])) ? 0 : 1;
+    if (arguments.size() == 1 && arguments[0] == "--costs") {
+        PrintCosts(std::cout);
+        return std::cout.flush() ? 0 : 1;
     }
-    if (arguments.size() == 2 && arguments[0] == "--renew") {
-        return RenewCosts(std::string(arguments[1])) ? 0 : 1;
-    }
-    std::cerr << "usage: fault_sweep [--planted | --costs FILE | --renew FILE]\n";
+    std::cerr << "usage: fault_sweep [--planted | --costs]\n";
     return 2;
 }
 
@@ -172,7 +164,7 @@ int main(int count, char** arguments) {
     if (std::filesystem::is_directory("/dev/shm")) {
         ::setenv("TMPDIR", "/dev/shm", 1);
     }
-    std::signal(SIGINT, OnInterrupt);
+    std::signal(SIGINT, [](int) { InterruptCame = 1; });
     constexpr std::uint8_t EveryLevel = 0;
     machine::Traces().Attach(EveryLevel);
     try {

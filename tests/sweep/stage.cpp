@@ -7,6 +7,7 @@
 #include "platform/com.h"
 #include "platform/simulated/apartments.h"
 #include "platform/simulated/built_in_machines.h"
+#include "platform/simulated/trace_sink.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"
@@ -83,7 +84,9 @@ std::string StateFault(std::uint64_t apartments) {
 Stage::Stage(Situation situation)
     : m_situation(std::move(situation)),
       m_text(ChangedProfile(m_situation)),
-      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {}
+      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {
+    machine::ObserveCalls({heap::EnterMachine, heap::LeaveMachine});
+}
 
 void Stage::Restart() {
     machine::Start(m_profile, ":memory:");

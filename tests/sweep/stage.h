@@ -5,6 +5,7 @@
 
 #include "heap.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 
 #include <cstdint>
 #include <string>

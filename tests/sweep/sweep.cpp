@@ -6,12 +6,20 @@ namespace {
 using machine::Failure;
 using machine::Operation;
 
-constexpr Failure Kinds[] = {Failure::Refused, Failure::ShortAnswer, Failure::Nothing, Failure::Status};
+struct Kind {
+    Failure failure;
+    std::string_view name;
+};
+
+constexpr Kind Kinds[] = {{Failure::Refused, "refused"},
+                          {Failure::ShortAnswer, "short"},
+                          {Failure::Nothing, "nothing"},
+                          {Failure::Status, "status"}};
 
 class Sweep {
 public:
-    Sweep(Stage& stage, const Subject& subject, const std::function<bool()>& goOn, Tally& tally)
-        : m_stage(stage), m_subject(subject), m_goOn(goOn), m_tally(tally) {
+    Sweep(Stage& stage, const Subject& subject, Tally& tally)
+        : m_stage(stage), m_subject(subject), m_tally(tally) {
         m_stage.Restart();
         m_good = m_stage.Play(m_subject.call);
         m_then = m_stage.Play(m_subject.call);
@@ -27,10 +35,10 @@ public:
             const Operation operation = m_good.calls[place - 1];
             const std::uint8_t ways = machine::RowOf(operation).failures;
             Reached(operation) += ways == machine::failures::Never ? 1 : 0;
-            for (const Failure kind : Kinds) {
+            for (const Kind& kind : Kinds) {
                 for (const bool andLater : {false, true}) {
-                    if ((ways & static_cast<std::uint8_t>(kind)) != 0 && m_goOn()) {
-                        FailCall(place, {.operation = operation, .kind = kind, .andLater = andLater});
+                    if ((ways & static_cast<std::uint8_t>(kind.failure)) != 0) {
+                        FailCall(place, kind.name, {operation, kind.failure, andLater});
                     }
                 }
             }
@@ -40,13 +48,11 @@ public:
     void FailAllocations() {
         for (std::uint64_t place = 1; place <= m_good.allocations; ++place) {
             for (const bool andLater : {false, true}) {
-                if (m_goOn()) {
-                    m_stage.Renew();
-                    const Run run = m_stage.Play(m_subject.call, {}, {place, andLater});
-                    ++m_tally.heapFaults;
-                    Check("allocation " + std::to_string(place) + (andLater ? " and later" : ""),
-                          {.heap = true}, run);
-                }
+                m_stage.Renew();
+                const Run run = m_stage.Play(m_subject.call, {}, {place, andLater});
+                ++m_tally.heapFaults;
+                Check("allocation " + std::to_string(place) + (andLater ? " and later" : ""), {.heap = true},
+                      run);
             }
         }
     }
@@ -56,7 +62,7 @@ private:
         return m_tally.reached[static_cast<std::size_t>(operation)];
     }
 
-    void FailCall(std::size_t place, Fault fault) {
+    void FailCall(std::size_t place, std::string_view way, Fault fault) {
         const bool andLater = fault.andLater;
         fault.lacking = m_stage.Where().lacking;
         m_stage.Renew();
@@ -70,10 +76,8 @@ private:
             Reached(called) +=
                 andLater || machine::RowOf(called).failures == machine::failures::Never ? 1 : 0;
         }
-        constexpr std::string_view Ways[] = {"refused", "short", "", "nothing", "", "", "", "status"};
         Check("call " + std::to_string(place) + " " + std::string(machine::RowOf(fault.operation).name) +
-                  " " + std::string(Ways[static_cast<std::size_t>(fault.kind) - 1]) +
-                  (andLater ? " and later" : ""),
+                  " " + std::string(way) + (andLater ? " and later" : ""),
               fault, run);
     }
 
@@ -116,7 +120,6 @@ private:
 
     Stage& m_stage;
     const Subject& m_subject;
-    const std::function<bool()>& m_goOn;
     Tally& m_tally;
     Run m_good;
     Run m_then;
@@ -124,8 +127,8 @@ private:
 
 } // namespace
 
-void SweepReading(Stage& stage, const Subject& subject, const std::function<bool()>& goOn, Tally& tally) {
-    Sweep sweep(stage, subject, goOn, tally);
+void SweepReading(Stage& stage, const Subject& subject, Tally& tally) {
+    Sweep sweep(stage, subject, tally);
     sweep.FailCalls();
     sweep.FailAllocations();
 }

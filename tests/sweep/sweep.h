@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,7 +26,6 @@ struct Tally {
     std::vector<std::string> complaints;
 };
 
-/// `goOn` is asked before every fault; the sweep ends where it says no.
-void SweepReading(Stage& stage, const Subject& subject, const std::function<bool()>& goOn, Tally& tally);
+void SweepReading(Stage& stage, const Subject& subject, Tally& tally);
 
 } // namespace sweep

@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -15,9 +14,12 @@
 
 namespace {
 
+void Put(char* out, std::string_view text) {
+    *std::ranges::copy(text, out).out = '\0';
+}
+
 void Put(char16_t* out, std::u16string_view text) {
-    std::ranges::copy(text, out);
-    out[text.size()] = 0;
+    *std::ranges::copy(text, out).out = u'\0';
 }
 
 std::string Setting(const char* name) {
@@ -30,142 +32,92 @@ std::int32_t Told(const char* what, bool expected) {
     return expected ? 1 : 0;
 }
 
+constexpr char16_t Unpaired = 0xD83D;
+
+/// A document of many megabytes.
+std::u16string LongDocument() {
+    std::u16string text = u"[{\"machine\":[";
+    for (int i = 0; i < 100000; ++i) {
+        text += std::u16string(i == 0 ? u"" : u",") + u"{\"name\":\"An application\",\"version\":\"1.2\"}";
+    }
+    return text + u"]},{\"user\":[]}]";
+}
+
+/// Never comes back where a test wants that.
+bool Hangs() {
+    while (!Setting("DOUBLE_HANGS").empty()) {
+        pause();
+    }
+    return false;
+}
+
 } // namespace
 
-DOUBLE_API std::int32_t InitializeSondrel() {
-    return Told("open", Setting("DOUBLE_REFUSES").empty());
-}
+/// What always gives the same.
+#define GIVES(type, name, value)                                                                             \
+    DOUBLE_API type name() {                                                                                 \
+        return value;                                                                                        \
+    }
 
-DOUBLE_API void ShutdownSondrel() {
-    Told("close", true);
-}
+#define WRITES(name, character, text)                                                                        \
+    DOUBLE_API void name(character* out) {                                                                   \
+        Put(out, text);                                                                                      \
+    }
 
-DOUBLE_API std::uint32_t EC_ReadEcChipId() {
-    return 0xFFFFFFFF;
-}
+#define WRITES_COM(name, text)                                                                               \
+    DOUBLE_API void name(char16_t* out, [[maybe_unused]] std::uint8_t initCom) {                             \
+        Put(out, text);                                                                                      \
+    }
 
-DOUBLE_API std::uint32_t Thermal_Read_Cpu_Temperature() {
-    return 52;
-}
+/// What takes just one value.
+#define SETS(name, type, expected)                                                                           \
+    DOUBLE_API std::int32_t name(type value, std::uint8_t) {                                                 \
+        return Told("set", value == expected);                                                               \
+    }
 
-DOUBLE_API std::uint32_t Thermal_Read_ACFET_Temperature() {
-    return 0;
-}
-
-DOUBLE_API std::uint32_t Thermal_Read_UpCpu_Temperature() {
-    return 0x7FFFFFFF;
-}
-
-DOUBLE_API std::uint32_t Power_Read_ACDCMode() {
-    return 255;
-}
-
-DOUBLE_API std::int32_t RF_WiFiRssi() {
-    return -57;
-}
-
-DOUBLE_API std::int32_t RF_WiFiChannel() {
-    return -1000;
-}
-
-DOUBLE_API float Battery_Read_ASOC() {
-    return std::strtof(Setting("DOUBLE_RATIO").c_str(), nullptr);
-}
-
-DOUBLE_API double CPU_ReadCPUUsage() {
-    return 0.1 + 0.2;
-}
-
-DOUBLE_API void Battery_Read_CellVoltage(char* out) {
-    std::strcpy(out, "4150;2147483647;0;0");
-}
-
-DOUBLE_API void Thermal_Read_Fan(char* out) {
-    std::strcpy(out, "2147483647;2147483647;2147483647;2147483647");
-}
-
-DOUBLE_API void Battery_Read_ManufactureName(char* out) {
-    std::strcpy(out, "A name of more than ten characters");
-}
+GIVES(std::int32_t, InitializeSondrel, Told("open", Setting("DOUBLE_REFUSES").empty()))
+GIVES(void, ShutdownSondrel, static_cast<void>(Told("close", true)))
+GIVES(std::uint32_t, EC_ReadEcChipId, 0xFFFFFFFF)
+GIVES(std::uint32_t, Thermal_Read_Cpu_Temperature, 52)
+GIVES(std::uint32_t, Thermal_Read_ACFET_Temperature, 0)
+GIVES(std::uint32_t, Thermal_Read_UpCpu_Temperature, 0x7FFFFFFF)
+GIVES(std::uint32_t, Power_Read_ACDCMode, 255)
+GIVES(std::int32_t, RF_WiFiRssi, -57)
+GIVES(std::int32_t, RF_WiFiChannel, -1000)
+GIVES(float, Battery_Read_ASOC, std::strtof(Setting("DOUBLE_RATIO").c_str(), nullptr))
+GIVES(double, CPU_ReadCPUUsage, 0.1 + 0.2)
+WRITES(Battery_Read_CellVoltage, char, "4150;2147483647;0;0")
+WRITES(Thermal_Read_Fan, char, "2147483647;2147483647;2147483647;2147483647")
+WRITES(Battery_Read_ManufactureName, char, "A name of more than ten characters")
+WRITES(RF_AP_MAC, char, "")
+WRITES(GetEEPROM_Data, char16_t, u"{\"version\":\"say \"so\"\u0007\"}")
+WRITES(GetSENSOR_WMI_Data, char16_t, u"{\"p_sensor\":\"0x10001\"}")
+WRITES(AppList_OpenWindows, char16_t, std::u16string(u"Ä€\U0001F600") + Unpaired)
+WRITES(GetApplist_x64, char16_t, LongDocument())
+WRITES(GetApplist_x86, char16_t, std::u16string(1000000, u'[')) // nested so deep that nobody should follow it
+WRITES(GetInfVersion, char16_t, u"")
+WRITES_COM(WMIGetSN, initCom == 1 ? u"in COM" : u"as it is")
+WRITES_COM(WMIGetMemSize, u"8589934592;8589934592")
+WRITES_COM(WMIGetProductName, u"<script>console.error('ran')</script> & \"\u4E2D\u6587\"") // is shown as text
+WRITES_COM(WMIGetModelName, Hangs() ? u"" : u"A model")
+SETS(WMISetBatteryHealth, std::int32_t, -80)
+SETS(WMISetQuietFan, std::uint8_t, 255)
+SETS(WMISetAppPath, const char16_t*, std::u16string_view(u"C:\\Ä \U0001F600"))
 
 DOUBLE_API void Battery_Read_ManufactureDate(char* out) {
     std::ranges::copy(std::string_view("2017-10-28x"), out);
 }
 
-DOUBLE_API void RF_AP_MAC(char* out) {
-    out[0] = '\0';
-}
-
 DOUBLE_API void System_Read_LocalTime(char*) {}
 
-DOUBLE_API void GetEEPROM_Data(char16_t* out) {
-    Put(out, u"{\"version\":\"say \"so\"\u0007\"}");
-}
-
-DOUBLE_API void GetSENSOR_WMI_Data(char16_t* out) {
-    Put(out, u"{\"p_sensor\":\"0x10001\"}");
-}
-
-DOUBLE_API void AppList_OpenWindows(char16_t* out) {
-    constexpr char16_t Unpaired = 0xD83D;
-    Put(out, std::u16string(u"Ä€\U0001F600") + Unpaired);
-}
-
-/// A document of many megabytes.
-DOUBLE_API void GetApplist_x64(char16_t* out) {
-    std::u16string text = u"[{\"machine\":[";
-    for (int i = 0; i < 100000; ++i) {
-        text += std::u16string(i == 0 ? u"" : u",") + u"{\"name\":\"An application\",\"version\":\"1.2\"}";
-    }
-    Put(out, text + u"]},{\"user\":[]}]");
-}
-
-/// Nested so deep that nobody should follow it.
-DOUBLE_API void GetApplist_x86(char16_t* out) {
-    Put(out, std::u16string(1000000, u'['));
-}
-
 DOUBLE_API void GetUWPVersion(char16_t*) {}
-
-DOUBLE_API void GetInfVersion(char16_t* out) {
-    Put(out, u"");
-}
-
-DOUBLE_API void WMIGetSN(char16_t* out, std::uint8_t initCom) {
-    Put(out, initCom == 1 ? u"in COM" : u"as it is");
-}
-
-DOUBLE_API void WMIGetMemSize(char16_t* out, std::uint8_t) {
-    Put(out, u"8589934592;8589934592");
-}
-
-/// Markup, to be shown as the text that it is.
-DOUBLE_API void WMIGetProductName(char16_t* out, std::uint8_t) {
-    Put(out, u"<script>console.error('ran')</script> & \"\u4E2D\u6587\"");
-}
-
-/// Never comes back where a test wants that.
-DOUBLE_API void WMIGetModelName(char16_t* out, std::uint8_t) {
-    while (!Setting("DOUBLE_HANGS").empty()) {
-        pause();
-    }
-    Put(out, u"A model");
-}
 
 DOUBLE_API std::int32_t WMIGetQuietFan(std::uint8_t initCom) {
     return initCom;
 }
 
-DOUBLE_API std::int32_t WMISetBatteryHealth(std::int32_t value, std::uint8_t) {
-    return Told("set", value == -80);
-}
-
-DOUBLE_API std::int32_t WMISetQuietFan(std::uint8_t value, std::uint8_t) {
-    return Told("set", value == 255);
-}
-
-DOUBLE_API std::int32_t WMISetAppPath(const char16_t* path, std::uint8_t) {
-    return Told("set", std::u16string_view(path) == u"C:\\Ä \U0001F600");
+DOUBLE_API std::uint32_t wmiadd(std::uint32_t value) {
+    return value + 1;
 }
 
 DOUBLE_API std::uint32_t GPNV_Get_RandomUUID(std::uint8_t* out) {
@@ -202,14 +154,6 @@ DOUBLE_API void CPU_ReadCpuId(std::uint32_t leaf, std::uint32_t* eax, std::uint3
 #if defined(__clang__)
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
 #endif
-DOUBLE_API std::string RF_PhyMode() {
-    return "802.11ax, told in more characters than fit into a string without memory of its own";
-}
-
-DOUBLE_API std::string RF_BTConnectedType() {
-    return "Phone;\xff;";
-}
-
-DOUBLE_API std::uint32_t wmiadd(std::uint32_t value) {
-    return value + 1;
-}
+GIVES(std::string, RF_PhyMode,
+      "802.11ax, told in more characters than fit into a string without memory of its own")
+GIVES(std::string, RF_BTConnectedType, "Phone;\xff;")

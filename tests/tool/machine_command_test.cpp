@@ -8,8 +8,6 @@
 #include <nlohmann/json.hpp>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace {
 
@@ -21,11 +19,6 @@ using ::testing::StartsWith;
 
 class MachineCommandTest : public test::ToolTest {
 protected:
-    static std::string ContentOf(const std::filesystem::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     static bool ReaderTakes(const std::string& profile) {
         try {
             machine::ParseProfile(profile, "profile");

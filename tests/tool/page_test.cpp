@@ -3,9 +3,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <fstream>
-#include <iterator>
-
 namespace {
 
 using nlohmann::json;
@@ -33,11 +30,6 @@ enum class Scheme { Dark, Light }; // as Chromium counts them
 
 class PageTest : public test::ToolTest {
 protected:
-    static std::string ContentOf(const std::string& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     [[nodiscard]] test::Outcome Browse(const std::string& file, Scheme scheme,
                                        const std::string& size) const {
         const test::Outcome run =

@@ -11,7 +11,6 @@ namespace {
 using nlohmann::json;
 using ::testing::AllOf;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
@@ -56,32 +55,22 @@ TEST_F(SimulatedTest, ReportsAMachineWithoutAFaultInItsBuffers) {
     const json report = json::parse(run.out);
     EXPECT_EQ(report["machine"], "default");
     EXPECT_EQ(report["exports"].size(), 114u);
-    std::size_t answered = 0;
     for (const json& object : report["exports"]) {
-        EXPECT_NE(object["status"], "faulty") << object;
-        EXPECT_NE(object["status"], "untouched") << object;
-        answered += object["status"] == "ok" ? 1 : 0;
+        EXPECT_THAT(object["status"], ::testing::AnyOf("ok", "absent", "not run")) << object;
     }
-    EXPECT_GE(answered, 8u); // the nine oldest exports but ShutdownSondrel
 }
 
-TEST_F(SimulatedTest, TracesToStandardErrorOnly) {
-    const std::vector<std::string> quiet{"call", "EC_ReadEcFwRev", "--store", ":memory:"};
-    std::vector<std::string> traced = quiet;
-    traced.emplace_back("--trace");
-    EXPECT_THAT(Tool(quiet).err, IsEmpty());
-    const test::Outcome run = Tool(traced);
-    EXPECT_EQ(run.out, "19276\n");
-    EXPECT_THAT(run.err, AllOf(StartsWith("debug: [RwEcCmd] cmd: 0xbb"), Not(HasSubstr("19276"))));
-}
-
-TEST_F(SimulatedTest, KeepsTheMachinesStateInTheStore) {
+TEST_F(SimulatedTest, TracesToStandardErrorOnlyAndKeepsTheMachinesStateInTheStore) {
+    EXPECT_EQ(Tool({"call", "EC_ReadEcFwRev", "--store", ":memory:"}).err, "");
     const std::vector<std::string> call{"call", "EC_ReadEcFwRev", "--trace", "--store",
                                         Path("machine.sqlite")};
-    EXPECT_THAT(Tool(call).err, HasSubstr("[RwEcCmd]"));
+    const test::Outcome asked = Tool(call);
+    EXPECT_THAT(asked.err, AllOf(StartsWith("debug: [RwEcCmd] cmd: 0xbb"), Not(HasSubstr("19276"))));
     const test::Outcome kept = Tool(call);
-    EXPECT_EQ(kept.out, "19276\n");
     EXPECT_THAT(kept.err, Not(HasSubstr("[RwEcCmd]")));
+    for (const test::Outcome& run : {asked, kept}) {
+        EXPECT_EQ(run.out, "19276\n");
+    }
 }
 
 TEST_F(SimulatedTest, StartsAProfileOfTheUsers) {
@@ -90,21 +79,8 @@ TEST_F(SimulatedTest, StartsAProfileOfTheUsers) {
     EXPECT_EQ(Tool({"call", "EC_ReadEcFwRev", "--machine", profile, "--store", ":memory:"}).out, "18252\n");
     const test::Outcome report = Tool({"report", "--machine", profile, "--store", ":memory:"});
     EXPECT_THAT(report.out, AllOf(HasSubstr("mine.json (simulated)"), HasSubstr("18252 (GL)")));
-}
-
-TEST_F(SimulatedTest, PassesOnTheMachinesOwnErrors) {
-    const auto refused = [&](const std::vector<std::string>& options, const std::string& problem) {
-        std::vector<std::string> line{"report"};
-        line.insert(line.end(), options.begin(), options.end());
-        const test::Outcome run = Tool(line);
-        EXPECT_EQ(run.status, 2);
-        EXPECT_THAT(run.out, IsEmpty());
-        EXPECT_THAT(run.err, AllOf(StartsWith("sondrel: "), HasSubstr(problem)));
-    };
-    refused({"--machine", "nowhere"}, "nowhere");
-    refused({"--machine", Profile("bad.json", R"({"ec": {"chip_id": 300}})")}, "chip_id");
-    refused({"--machine", Write("worse.json", "{")}, "worse.json");
-    refused({"--store", Write("damaged.sqlite", std::string(5000, 'x'))}, "damaged.sqlite");
+    ExpectRefused(Tool({"report", "--machine", Profile("bad.json", R"({"ec": {"chip_id": 300}})")}),
+                  "chip_id");
 }
 
 TEST_F(SimulatedTest, RunsTheExampleHost) {

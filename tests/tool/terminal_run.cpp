@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <regex>
+#include <sstream>
 #include <stdexcept>
 
 namespace test {
@@ -119,20 +120,12 @@ termios TerminalRun::Modes() const {
 }
 
 std::vector<std::string> TerminalRun::VisibleLines(const std::string& output) {
+    static const std::regex Erased("[^\n]*\r\x1b\\[K");
     static const std::regex Sequence("\x1b\\[[?0-9;]*[A-Za-z]|\r");
-    static const std::string Erased = "\r\x1b[K";
-    std::string kept = output;
-    for (std::size_t at = kept.find(Erased); at != std::string::npos; at = kept.find(Erased, at)) {
-        const std::size_t start = kept.rfind('\n', at) + 1; // 0 in the first line
-        kept.erase(start, at + Erased.size() - start);
-        at = start;
-    }
-    const std::string text = std::regex_replace(kept, Sequence, "");
+    std::istringstream text(std::regex_replace(std::regex_replace(output, Erased, ""), Sequence, ""));
     std::vector<std::string> lines;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        lines.push_back(text.substr(start, end - start));
-        start = end + 1;
+    for (std::string line; std::getline(text, line);) {
+        lines.push_back(line);
     }
     return lines;
 }

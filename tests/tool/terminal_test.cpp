@@ -8,8 +8,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace {
 
@@ -114,9 +112,7 @@ TEST_F(TerminalTest, WatchDrawsWithinTheTerminalAndLeavesItAsItWas) {
     run.Type("abc" + CtrlC);
     ExpectInterrupted(run);
     EXPECT_THAT(run.Output(), EndsWith("\x1b[?7h\x1b[?25h\x1b[?1049lclose\r\n"));
-    std::ifstream in(Path("kept.csv"), std::ios::binary);
-    const std::string kept{std::istreambuf_iterator<char>(in), {}};
-    EXPECT_THAT(kept, EndsWith(",52,,4150,,,,0.30000000000000004\r\n"));
+    EXPECT_THAT(ContentOf(Path("kept.csv")), EndsWith(",52,,4150,,,,0.30000000000000004\r\n"));
 }
 
 TEST_F(TerminalTest, AnInterruptedPageLeavesTheOldFileAlone) {
@@ -126,8 +122,7 @@ TEST_F(TerminalTest, AnInterruptedPageLeavesTheOldFileAlone) {
     ASSERT_TRUE(run.ReadUntil("sample 1 of 20 ... ")) << run.Output();
     run.Type(CtrlC);
     ExpectInterrupted(run);
-    std::ifstream in(file);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "before");
+    EXPECT_EQ(ContentOf(file), "before");
     const std::filesystem::directory_iterator files(Path(""));
     EXPECT_EQ(std::distance(begin(files), end(files)), 1); // no draft
 }

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -18,11 +19,6 @@ std::string Quoted(const std::string& word) {
         text += character == '\'' ? "'\\''" : std::string(1, character);
     }
     return text + "'";
-}
-
-std::string ContentOf(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 } // namespace
@@ -68,6 +64,20 @@ Outcome ToolTest::WithDouble(std::vector<std::string> arguments,
 std::string ToolTest::Write(const std::string& name, const std::string& text) const {
     std::ofstream(m_directory / name, std::ios::binary) << text;
     return Path(name);
+}
+
+std::string ToolTest::ContentOf(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void ToolTest::ExpectRefused(const Outcome& run, const std::string& reason) {
+    EXPECT_EQ(run.status, 2) << reason;
+    EXPECT_EQ(run.out, "") << reason;
+    const std::string session = "open\nclose\n"; // as the double tells it
+    const std::string told = run.err.substr(run.err.starts_with(session) ? session.size() : 0);
+    EXPECT_THAT(told, ::testing::AllOf(::testing::StartsWith("sondrel: "), ::testing::HasSubstr(reason)));
+    EXPECT_EQ(std::ranges::count(told, '\n'), 1) << told;
 }
 
 } // namespace test

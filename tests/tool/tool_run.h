@@ -38,6 +38,11 @@ protected:
 
     [[nodiscard]] std::string Path(const std::string& name) const { return (m_directory / name).string(); }
 
+    [[nodiscard]] static std::string ContentOf(const std::filesystem::path& file);
+
+    /// The tool has said in one line why it does not do it, and done nothing.
+    static void ExpectRefused(const Outcome& run, const std::string& reason);
+
 private:
     std::filesystem::path m_directory;
 };

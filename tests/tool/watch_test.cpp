@@ -2,7 +2,6 @@
 #include "tool_run.h"
 
 #include <fstream>
-#include <iterator>
 #include <regex>
 
 namespace {
@@ -18,11 +17,6 @@ protected:
     [[nodiscard]] test::Outcome Sample(const std::string& file, std::vector<std::string> names) const {
         names.insert(names.begin(), {"watch", "--count", "2", "--interval", "0.01", "--csv", file});
         return WithDouble(names);
-    }
-
-    static std::string ContentOf(const std::string& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
     }
 };
 
@@ -60,27 +54,8 @@ TEST_F(WatchTest, KeepsSamplesAsCsv) {
     EXPECT_TRUE(std::regex_match(ContentOf(file),
                                  std::regex(header + line + line + "2026-01-01T00:00\r\n" + line + line)));
     const std::string before = ContentOf(file);
-    const test::Outcome other = Sample(file, {"RF_WiFiChannel"});
-    EXPECT_EQ(other.status, 2);
-    EXPECT_THAT(other.err, HasSubstr("holds something else than samples of these readings"));
+    ExpectRefused(Sample(file, {"RF_WiFiChannel"}), "holds something else than samples of these readings");
     EXPECT_EQ(ContentOf(file), before);
-}
-
-TEST_F(WatchTest, RefusesWhatCannotBeWatched) {
-    const auto refused = [&](const std::vector<std::string>& arguments, const char* problem) {
-        const test::Outcome run = WithDouble(arguments);
-        EXPECT_EQ(run.status, 2) << problem;
-        EXPECT_EQ(run.out, "");
-        EXPECT_THAT(run.err, HasSubstr(problem));
-    };
-    refused({"watch", "WMISetQuietFan"}, "WMISetQuietFan changes something");
-    refused({"watch", "RF_WiFiMaxRate"}, "does not export");
-    refused({"watch", "Thermal_Read_Fans"}, "did you mean Thermal_Read_Fan?");
-    refused({"watch", "--interval", "0"}, "--interval");
-    refused({"watch", "--count", "0"}, "--count");
-    refused({"watch", "--csv", Path("no/directory.csv")}, "cannot be written");
-    refused({"report", "--samples", "3"}, "--html");
-    refused({"report", "--html", Path("")}, "is a directory");
 }
 
 TEST_F(WatchTest, TracesACallAsItRuns) {

@@ -36,15 +36,12 @@ struct Host {
     std::string machineName;
 };
 
-/// Throws Trouble unless the export is called with so many arguments.
-void CheckArgumentCount(const Export& row, const std::vector<std::string>& arguments);
+/// Throws Trouble for an export that this library lacks.
+Address AddressOf(const Library& library, const Export& row);
 
 /// Opens the session and tells on standard error if it is refused: what can be read without one is read all the
 /// same.
 void OpenSession(std::optional<Session>& session, const Host& host);
-
-/// Gives back the session that a call of InitializeSondrel has opened.
-void GiveBackSession(const Host& host, const Export& row, const Answer& answer);
 
 /// One export as a report finds it.
 struct Reading {

@@ -66,8 +66,7 @@ private:
 } // namespace
 
 std::optional<OrderedJson> ParseDocument(std::string_view text) {
-    OrderedJson document = NestsTooDeep(text) ? OrderedJson(OrderedJson::value_t::discarded)
-                                              : OrderedJson::parse(text, nullptr, false);
+    auto document = ParsedJson<OrderedJson>(text);
     return document.is_discarded() ? std::nullopt : std::optional(std::move(document));
 }
 

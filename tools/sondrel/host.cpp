@@ -51,6 +51,14 @@ const Export& ExportNamed(std::string_view name) {
         (nearest.empty() ? "; sondrel list tells them all" : "; did you mean " + std::string(nearest) + "?"));
 }
 
+Address AddressOf(const Library& library, const Export& row) {
+    const Address address = library.Find(row.name);
+    if (address == nullptr) {
+        throw Trouble("this library does not export " + std::string(row.name));
+    }
+    return address;
+}
+
 void OpenSession(std::optional<Session>& session, const Host& host) {
     session.emplace(host.library);
     if (!session->IsOpen()) {

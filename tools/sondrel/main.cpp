@@ -1,5 +1,4 @@
 // sondrel: calls the library's exports from a command line.
-#include "commands.h"
 #include "interrupt.h"
 #include "options.h"
 #include "system.h"
@@ -11,30 +10,10 @@
 
 namespace {
 
-int Run(const tool::Options& options) {
-    if (options.run != nullptr) {
-        return options.run(options);
-    }
-    switch (options.command) {
-    case tool::Command::List:
-        return tool::ListExports(options);
-    case tool::Command::Call:
-        return tool::CallExport(options);
-    case tool::Command::Report:
-        return tool::Report(options);
-    case tool::Command::Watch:
-        return tool::Watch(options);
-    case tool::Command::Trace:
-        return tool::TraceExport(options);
-    case tool::Command::None:
-        break;
-    }
-    return tool::ExitDone;
-}
-
 int RunToTheEnd(const std::vector<std::string>& arguments) {
     try {
-        const int status = Run(tool::ParseCommandLine(arguments));
+        const tool::Options options = tool::ParseCommandLine(arguments);
+        const int status = options.run != nullptr ? options.run(options) : tool::ExitDone;
         if (!std::cout.flush()) {
             throw tool::Trouble("the output could not be written");
         }

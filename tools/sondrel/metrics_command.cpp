@@ -2,11 +2,11 @@
 #include "commands.h"
 #include "metric_table.h"
 #include "output_file.h"
+#include "readable.h"
 #include "text.h"
 #include "trouble.h"
 
 #include <charconv>
-#include <cmath>
 
 namespace tool {
 namespace {
@@ -63,20 +63,14 @@ private:
     std::string m_text;
 };
 
-bool IsValue(const Judgement& judgement) {
-    return judgement.status == Status::Ok || judgement.status == Status::Partly;
-}
-
 /// A place's number in the base unit; nothing where it failed, or is none.
 std::optional<double> NumberAt(const Reading& reading, std::string_view place, const Conversion& conversion) {
     const Meaning* const meaning = MeaningOf(reading.row, place);
-    double number = 0;
-    const auto [end, problem] = std::from_chars(place.data(), place.data() + place.size(), number);
-    if (problem != std::errc{} || end != place.data() + place.size() || !std::isfinite(number) ||
-        (meaning != nullptr && meaning->status != Status::Ok)) {
+    const std::optional<double> number = NumberIn(place);
+    if (!number || (meaning != nullptr && meaning->status != Status::Ok)) {
         return std::nullopt;
     }
-    return (number * conversion.factor + conversion.offset) / conversion.divisor;
+    return (*number * conversion.factor + conversion.offset) / conversion.divisor;
 }
 
 std::string LabelOfPlace(const Metric& metric, std::size_t place) {
@@ -88,7 +82,7 @@ std::string LabelOfPlace(const Metric& metric, std::size_t place) {
 
 /// What one export adds to its metric. False where the reading failed, in a place or altogether.
 bool AddSamples(Page& page, const Metric& metric, const Reading& reading) {
-    if (!IsValue(reading.judgement)) {
+    if (!HasValue(reading)) {
         return reading.judgement.status == Status::Absent || reading.judgement.status == Status::NotRead;
     }
     if (reading.row.traits.display != Display::List) {
@@ -144,7 +138,7 @@ private:
         std::string labels;
         for (const Identity& identity : AllIdentities()) {
             const Reading reading = ReadOne(m_host, m_options, *FindExport(identity.exportName), m_session);
-            if (IsValue(reading.judgement)) {
+            if (HasValue(reading)) {
                 labels.append(labels.empty() ? "" : ",").append(Label(identity.label, reading.answer.bare));
             }
         }

@@ -1,5 +1,6 @@
 #include "options.h"
 
+#include "commands.h"
 #include "text.h"
 #include "trouble.h"
 
@@ -85,10 +86,12 @@ Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
     AddInterval(*watch, options.watchSampling, "Seconds between two samples (2)");
     AddCount(*watch, options.watchSampling, "--count", "End after so many samples");
     watch->add_option("--csv", options.csv, "Keep the samples in this file")->type_name("FILE");
+    watch->callback([&options] { options.run = Watch; });
 
     CLI::App* const trace = app.add_subcommand("trace", "Show what one call does, with times");
     trace->add_option("NAME", options.name, "The export")->required();
     trace->add_option("ARG", options.arguments, "What it takes");
+    trace->callback([&options] { options.run = TraceExport; });
     return {watch, trace};
 }
 
@@ -134,11 +137,14 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
 
     CLI::App* const list = app.add_subcommand("list", "List all exports; mark those this library lacks");
     list->add_option("NAME", options.name, "Tell all about this one");
+    list->callback([&options] { options.run = ListExports; });
     CLI::App* const call = app.add_subcommand("call", "Call one export and print its bare result");
     call->add_option("NAME", options.name, "The export")->required();
     call->add_option("ARG", options.arguments, "What it takes; `sondrel list NAME` tells");
+    call->callback([&options] { options.run = CallExport; });
     CLI::App* const report = app.add_subcommand("report", "Call every reading and print what they say");
     report->add_flag("--json", options.json, "As one JSON object");
+    report->callback([&options] { options.run = Report; });
     const auto [watch, trace] = AddDrawings(app, *report, options);
     for (CLI::App* const command : {list, call, report, watch, trace}) {
         command->fallthrough();
@@ -155,13 +161,7 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     } catch (const CLI::ParseError& problem) {
         throw Trouble(ReasonOf(problem) + " (sondrel --help)");
     }
-    options.command = list->parsed()     ? Command::List
-                      : call->parsed()   ? Command::Call
-                      : report->parsed() ? Command::Report
-                      : watch->parsed()  ? Command::Watch
-                      : trace->parsed()  ? Command::Trace
-                                         : Command::None;
-    if (options.command == Command::None && options.run == nullptr) {
+    if (options.run == nullptr) {
         throw Trouble("a command is needed, list, call or report for a start (sondrel --help)");
     }
     return options;

@@ -14,8 +14,6 @@ class App;
 
 namespace tool {
 
-enum class Command : std::uint8_t { None, List, Call, Report, Watch, Trace };
-
 enum class ColourWish : std::uint8_t { Auto, Always, Never };
 
 /// What is read again and again.
@@ -26,7 +24,8 @@ struct Sampling {
 };
 
 struct Options {
-    Command command = Command::None;
+    /// The command that was chosen. Null when help or the version was asked for and has been printed.
+    int (*run)(const Options& options) = nullptr;
     /// `call`, `trace`: the export. `list`: the export to be told in full, or empty.
     std::string name;
     std::vector<std::string> arguments;
@@ -40,8 +39,6 @@ struct Options {
     /// `machine new`: the machine to start from, if it is not a family's.
     std::string from;
 
-    /// Commands that are not listed above bring their own routine.
-    int (*run)(const Options& options) = nullptr;
     ColourWish colour = ColourWish::Auto;
     /// `report`: the page to be written, or empty.
     std::string html;
@@ -65,8 +62,7 @@ void AddComparingCommands(CLI::App& app, Options& options);
 /// `machine`.
 void AddMachineCommands(CLI::App& app, Options& options);
 
-/// Throws Trouble for a command line that is none. Command::None when help or the version was asked for and
-/// has been printed.
+/// Throws Trouble for a command line that is none.
 Options ParseCommandLine(const std::vector<std::string>& arguments);
 
 } // namespace tool

@@ -3,6 +3,8 @@
 #include "text.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <cstdio>
 
 namespace tool {
@@ -108,6 +110,13 @@ std::string NoValueOf(const Reading& reading) {
 
 bool HasValue(const Reading& reading) {
     return reading.judgement.status == Status::Ok || reading.judgement.status == Status::Partly;
+}
+
+std::optional<double> NumberIn(std::string_view place) {
+    double number = 0;
+    const auto [end, problem] = std::from_chars(place.data(), place.data() + place.size(), number);
+    const bool whole = problem == std::errc() && end == place.data() + place.size();
+    return whole && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 Readable ReadableOf(const Reading& reading, std::size_t columns) {

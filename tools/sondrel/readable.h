@@ -26,4 +26,7 @@ std::string OnOneLine(const Readable& readable);
 /// Whether the reading gave what it is there for, in whole or in part.
 bool HasValue(const Reading& reading);
 
+/// The number that a place of a list is; nothing for what is none, or not finite.
+std::optional<double> NumberIn(std::string_view place);
+
 } // namespace tool

@@ -6,20 +6,10 @@
 #include "text.h"
 #include "trouble.h"
 
-#include <charconv>
-#include <cmath>
-
 namespace tool {
 namespace {
 
 constexpr std::size_t LongestText = 60;
-
-std::optional<double> NumberIn(std::string_view text) {
-    double number = 0;
-    const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool whole = problem == std::errc() && end == text.data() + text.size();
-    return whole && std::isfinite(number) ? std::optional(number) : std::nullopt;
-}
 
 std::optional<double> NumberOf(const Answer& answer) {
     if (const auto* const whole = std::get_if<std::int64_t>(&answer.number); whole != nullptr) {
@@ -69,9 +59,7 @@ const Export& ReadableExport(const Host& host, const std::string& name) {
     if (row.traits.report == InReport::Left) {
         throw Trouble(name + " changes something; only readings can be watched");
     }
-    if (host.library.Find(row.name) == nullptr) {
-        throw Trouble("this library does not export " + name);
-    }
+    AddressOf(host.library, row);
     return row;
 }
 

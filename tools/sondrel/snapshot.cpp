@@ -2,11 +2,11 @@
 
 #include "json_depth.h"
 #include "output_file.h"
+#include "reading_json.h"
 #include "text.h"
 #include "trouble.h"
 
 #include <charconv>
-#include <cmath>
 
 namespace tool {
 namespace {
@@ -14,12 +14,6 @@ namespace {
 /// What is written keeps its order. What is read need not, and a file of somebody else's may be large.
 using Written = nlohmann::ordered_json;
 using Loaded = nlohmann::json;
-
-/// Parses a JSON text; discarded where it is none, or too deep.
-template <class Json>
-Json Parsed(std::string_view text) {
-    return NestsTooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
-}
 
 Written NumberOr(std::string_view text) {
     std::int64_t number = 0;
@@ -68,30 +62,23 @@ void CheckKind(const Loaded& document, const std::string& file) {
 } // namespace
 
 Written KeptValue(const Reading& reading) {
-    const Answer& answer = reading.answer;
-    if (const auto* const whole = std::get_if<std::int64_t>(&answer.number); whole != nullptr) {
-        return *whole;
+    Written value = ValueOf(reading);
+    if (!value.is_string()) {
+        return value;
     }
-    if (const auto* const floating = std::get_if<double>(&answer.number); floating != nullptr) {
-        return std::isfinite(*floating) ? Written(*floating) : Written(answer.bare);
-    }
-    const Status status = reading.judgement.status;
-    if (answer.untouched || status == Status::NotExported || status == Status::NotRun ||
-        reading.row.shape == &shape::Nothing) {
-        return {};
-    }
+    const std::string text = WellFormed(reading.answer.bare);
     if (reading.row.traits.display == Display::List) {
-        return KeptList(reading.row, WellFormed(answer.bare));
+        return KeptList(reading.row, text);
     }
     if (reading.row.traits.display == Display::Document) {
-        auto document = Parsed<Written>(answer.bare);
-        return document.is_structured() ? document : Written(WellFormed(answer.bare));
+        auto document = ParsedJson<Written>(reading.answer.bare);
+        return document.is_structured() ? document : Written(text);
     }
-    return WellFormed(answer.bare);
+    return text;
 }
 
 Snapshot LoadSnapshot(const std::string& file) {
-    const auto document = Parsed<Loaded>(ReadFile(file));
+    const auto document = ParsedJson<Loaded>(ReadFile(file));
     if (document.is_discarded()) {
         Refuse(file, "not a snapshot of this tool's, or a damaged one: no well-formed JSON");
     }

@@ -1,5 +1,6 @@
 // sondrel snapshot FILE
 #include "output_file.h"
+#include "reading_json.h"
 #include "snapshot.h"
 #include "text.h"
 #include "trouble.h"
@@ -18,25 +19,13 @@ std::string Now() {
     return utc != nullptr && std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", utc) != 0 ? text : "";
 }
 
-OrderedJson ReadingObject(const Reading& reading) {
-    OrderedJson object;
-    object["family"] = TitleOf(reading.row.family);
-    object["status"] = TextOf(reading.judgement.status);
-    object["value"] = KeptValue(reading);
-    object["unit"] = reading.row.traits.unit;
-    if (!reading.judgement.meaning.empty()) {
-        object["meaning"] = reading.judgement.meaning;
-    }
-    return object;
-}
-
 } // namespace
 
 int TakeSnapshot(const Options& options) {
     const Host host(options);
     OrderedJson readings = OrderedJson::object();
     ReadAll(host, options, [&](const Reading& reading) {
-        readings[std::string(reading.row.name)] = ReadingObject(reading);
+        Describe(reading, KeptValue(reading), readings[std::string(reading.row.name)]);
     });
     OrderedJson snapshot;
     snapshot["format"] = SnapshotFormat;

@@ -1,8 +1,8 @@
 // sondrel trace [--] NAME [ARG...]
-#include "commands.h"
 #include "interrupt.h"
 #include "paint.h"
 #include "readable.h"
+#include "single_call.h"
 #include "text.h"
 #include "trouble.h"
 #include "vesk_sondrel_machine.h"
@@ -154,33 +154,21 @@ void TellResult(const Export& row, const Answer& answer, const Paint& paint) {
 } // namespace
 
 int TraceExport(const Options& options) {
-    const Export& row = ExportNamed(options.name);
-    CheckArgumentCount(row, options.arguments);
-    const Host host(options);
-    const Address address = host.library.Find(row.name);
-    if (address == nullptr) {
-        throw Trouble("this library does not export " + std::string(row.name));
-    }
-    std::optional<Session> session; // its opening is not part of the call
-    if (options.session && row.traits.session) {
-        OpenSession(session, host);
-    }
-    const CallInputs inputs{options.arguments.empty() ? "" : options.arguments.front(), options.initCom};
-    const Paint paint(options.colour, terminal::Stream::Out);
+    const SingleCall call(options); // opening the session is not part of it
     Answer answer;
-    if (host.machine) {
-        Transcript transcript(*host.machine, options.colour);
-        answer = row.shape->call(address, row, inputs);
+    if (const SimulatedMachine* const machine = call.Machine(); machine != nullptr) {
+        Transcript transcript(*machine, options.colour);
+        answer = call.Make();
         transcript.TellEnd();
     } else {
         const Clock::time_point begin = Clock::now();
-        answer = row.shape->call(address, row, inputs);
+        answer = call.Make();
         std::cout << "time    " << Milliseconds(Clock::now() - begin).substr(1) << " ms\n";
         std::cerr << "sondrel: " << NotToldHere << host_system::WhereTraceLinesAre() << '\n';
     }
-    GiveBackSession(host, row, answer);
+    call.GiveBackSession(answer);
     interrupt::Check();
-    TellResult(row, answer, paint);
+    TellResult(call.Row(), answer, Paint(options.colour, terminal::Stream::Out));
     return answer.fault.empty() ? ExitDone : ExitFault;
 }
 

@@ -1,14 +1,14 @@
 // The firmware's pass-through device, as a profile describes it.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace machine {
+
+class ProfileReader;
 
 /// What the firmware does behind the last record of its event log. It always tells the end once, but for a log
 /// without one.

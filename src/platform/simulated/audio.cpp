@@ -3,6 +3,7 @@
 #include "platform/simulated/audio_objects.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 
 #include <memory>
 

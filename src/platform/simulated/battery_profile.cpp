@@ -1,5 +1,7 @@
 #include "platform/simulated/battery_profile.h"
 
+#include "platform/simulated/profile_reader.h"
+
 namespace machine {
 
 std::vector<BatteryProfile> ReadBatteries(ProfileReader& reader) {

@@ -1,12 +1,12 @@
 // The battery devices of a profile, as the operating system knows them.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <cstdint>
 #include <vector>
 
 namespace machine {
+
+class ProfileReader;
 
 struct BatteryProfile {
     std::uint32_t tag = 1;     // 0: the bay is empty

@@ -2,6 +2,8 @@
 
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
+#include "platform/simulated/radios.h"
 
 #include <algorithm>
 #include <span>

@@ -2,7 +2,10 @@
 #include "vesk_sondrel_machine.h"
 
 #include "platform/simulated/built_in_machines.h"
+#include "platform/simulated/clock.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
+#include "platform/simulated/trace_sink.h"
 #include "platform/simulated/wide_text.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "platform/simulated/course_profile.h"
 
+#include "platform/simulated/profile_reader.h"
+
 #include <algorithm>
 #include <iterator>
 

@@ -2,8 +2,6 @@
 // charged. A profile without a course stands still.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -12,6 +10,8 @@
 #include <vector>
 
 namespace machine {
+
+class ProfileReader;
 
 /// Everything that a load can warm, in the order of `EcTemperatures` and `EcSensors`; the battery last.
 inline constexpr std::string_view WarmedParts[] = {

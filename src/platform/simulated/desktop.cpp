@@ -3,6 +3,7 @@
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
 #include "platform/simulated/wide_text.h"
+#include "platform/simulated/window_stack.h"
 
 #include <algorithm>
 

@@ -1,7 +1,11 @@
 #include "platform/device_io.h"
 
+#include "platform/simulated/devices.h"
+#include "platform/simulated/file_system.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/radios.h"
+#include "platform/simulated/store.h"
 #include "platform/simulated/wide_text.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "platform/simulated/ec_profile.h"
 
+#include "platform/simulated/profile_reader.h"
+
 #include <algorithm>
 #include <charconv>
 #include <string_view>

@@ -2,14 +2,14 @@
 // misbehaves.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace machine {
+
+class ProfileReader;
 
 /// A command that the EC fails to carry out.
 struct EcFault {

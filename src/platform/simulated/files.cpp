@@ -1,7 +1,9 @@
 #include "platform/files.h"
 
+#include "platform/simulated/file_system.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/store.h"
 #include "platform/simulated/wide_text.h"
 
 namespace platform {

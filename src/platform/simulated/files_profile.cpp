@@ -1,5 +1,6 @@
 #include "platform/simulated/files_profile.h"
 
+#include "platform/simulated/profile_reader.h"
 #include "platform/simulated/wide_text.h"
 
 namespace machine {

@@ -1,12 +1,12 @@
 // Files and directories of the simulated machine, as a profile describes them.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <string>
 #include <vector>
 
 namespace machine {
+
+class ProfileReader;
 
 struct FileProfile {
     std::u16string path;

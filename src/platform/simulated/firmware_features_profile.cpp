@@ -1,5 +1,7 @@
 #include "platform/simulated/firmware_features_profile.h"
 
+#include "platform/simulated/profile_reader.h"
+
 namespace machine {
 namespace {
 

@@ -1,12 +1,12 @@
 // The firmware's switchable features, as a profile describes them.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <cstdint>
 #include <string>
 
 namespace machine {
+
+class ProfileReader;
 
 struct FeatureProfile {
     std::u16string name; // under which the firmware keeps the setting

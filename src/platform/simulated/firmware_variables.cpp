@@ -1,5 +1,6 @@
 #include "platform/firmware_variables.h"
 
+#include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
 #include "platform/simulated/wide_text.h"

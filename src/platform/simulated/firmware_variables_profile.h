@@ -1,13 +1,13 @@
 // The firmware's variables, as a profile describes them.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace machine {
+
+class ProfileReader;
 
 struct FirmwareVariable {
     std::u16string guid; // with braces, in lower case

@@ -1,6 +1,5 @@
 #include "platform/simulated/gate.h"
 
-#include "platform/simulated/call_observer.h"
 #include "platform/simulated/machine.h"
 
 #include <cstdio>
@@ -13,21 +12,20 @@ CallObserver TheObserver;
 
 } // namespace
 
-bool InsideCall() {
-    return CallsUnderWay != 0;
+void ObserveCalls(CallObserver observer) {
+    TheObserver = observer;
 }
 
 Call::Inside::Inside() {
-    ++CallsUnderWay;
+    if (CallsUnderWay++ == 0 && TheObserver.began != nullptr) {
+        TheObserver.began();
+    }
 }
 
 Call::Inside::~Inside() {
-    --CallsUnderWay;
-}
-
-void ObserveCalls(CallObserver observer) {
-    const std::lock_guard lock(MachineMutex());
-    TheObserver = observer;
+    if (--CallsUnderWay == 0 && TheObserver.ended != nullptr) {
+        TheObserver.ended();
+    }
 }
 
 void Gate::Restart(FaultPlan plan) {
@@ -76,9 +74,6 @@ Call::Call(Operation operation)
       m_operation(operation),
       m_failure(Current().gate.Enter(operation)),
       m_transcribing(Current().gate.Transcribing()) {
-    if (TheObserver.began != nullptr) {
-        TheObserver.began();
-    }
     if (m_transcribing) {
         m_line = RowOf(operation).name;
     }
@@ -87,9 +82,6 @@ Call::Call(Operation operation)
 Call::~Call() {
     if (m_transcribing && Current().gate.Transcribing()) {
         Current().gate.Write(m_line);
-    }
-    if (TheObserver.ended != nullptr) {
-        TheObserver.ended();
     }
 }
 

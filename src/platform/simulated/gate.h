@@ -69,8 +69,15 @@ private:
     std::uintptr_t m_nextNumber = 0x1000;
 };
 
-/// Whether this thread is behind the boundary: what is allocated meanwhile is the machine's, not the library's.
-bool InsideCall();
+/// Somebody who is told where a thread goes behind the boundary and where it comes back: what passes between is the
+/// machine's, not the library's. Calls within calls are not told.
+struct CallObserver {
+    void (*began)() = nullptr;
+    void (*ended)() = nullptr;
+};
+
+/// For one thread at a time that calls; an empty observer ends it.
+void ObserveCalls(CallObserver observer);
 
 /// One boundary call, from its entry to its answer. Holds the machine for itself meanwhile.
 class Call {
@@ -114,7 +121,7 @@ public:
 private:
     void AppendAnswer(const char* base, std::int64_t answer);
 
-    /// First to come and last to go.
+    /// What the observer sees: first to come and last to go.
     struct Inside {
         Inside();
         Inside(const Inside&) = delete;

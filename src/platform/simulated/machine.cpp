@@ -1,4 +1,23 @@
 #include "platform/simulated/machine.h"
+#include "platform/simulated/acpi_firmware.h"
+#include "platform/simulated/battery_device.h"
+#include "platform/simulated/clock.h"
+#include "platform/simulated/com_objects.h"
+#include "platform/simulated/embedded_controller.h"
+#include "platform/simulated/file_system.h"
+#include "platform/simulated/firmware_features.h"
+#include "platform/simulated/firmware_store.h"
+#include "platform/simulated/io_driver.h"
+#include "platform/simulated/machine_course.h"
+#include "platform/simulated/package_store.h"
+#include "platform/simulated/profile.h"
+#include "platform/simulated/radios.h"
+#include "platform/simulated/registry_hive.h"
+#include "platform/simulated/store.h"
+#include "platform/simulated/system_power.h"
+#include "platform/simulated/trace_sink.h"
+#include "platform/simulated/window_stack.h"
+#include "platform/simulated/wmi_repository.h"
 
 #include "platform/audio.h"
 #include "platform/device_io.h"
@@ -39,25 +58,73 @@ thread_local platform::SystemError LastError = platform::error::Success;
 
 } // namespace
 
-Machine::Machine(Profile machineProfile, const std::string& storePath)
-    : profile(std::move(machineProfile)),
-      store(storePath),
-      registry(store, profile.registry),
-      controller(profile.ec),
-      driver(profile.driver, profile.processor, controller),
-      batteries(profile.batteries.begin(), profile.batteries.end()),
-      processorTimes(profile.systemPower),
-      acpi(profile.acpi),
-      firmwareStore(store, profile.firmwareVariables),
-      firmwareFeatures(profile.firmwareFeatures, firmwareStore),
-      files(storePath, store.IsNew(), profile.files),
-      wmi(profile.wmi),
-      packages(profile.packages),
-      windows(profile.windows),
-      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}} {
-    if (profile.course) {
-        course.emplace(*profile.course, profile.ec, profile.systemPower, profile.batteries);
+/// In the order in which they are made of each other.
+struct Machine::Models {
+    Models(Profile machineProfile, const std::string& storePath)
+        : profile(std::move(machineProfile)),
+          store(storePath),
+          registry(store, profile.registry),
+          controller(profile.ec),
+          driver(profile.driver, profile.processor, controller),
+          batteries(profile.batteries.begin(), profile.batteries.end()),
+          processorTimes(profile.systemPower),
+          acpi(profile.acpi),
+          firmwareStore(store, profile.firmwareVariables),
+          firmwareFeatures(profile.firmwareFeatures, firmwareStore),
+          files(storePath, store.IsNew(), profile.files),
+          wmi(profile.wmi),
+          packages(profile.packages),
+          windows(profile.windows) {
+        if (profile.course) {
+            course.emplace(*profile.course, profile.ec, profile.systemPower, profile.batteries);
+        }
     }
+
+    const Profile profile;
+    Clock clock;
+    std::optional<MachineCourse> course;
+    Store store;
+    RegistryHive registry;
+    EmbeddedController controller;
+    IoDriver driver;
+    std::vector<BatteryDevice> batteries;
+    ProcessorTimes processorTimes;
+    AcpiFirmware acpi;
+    FirmwareStore firmwareStore;
+    FirmwareFeatures firmwareFeatures;
+    FileSystem files;
+    WmiRepository wmi;
+    ComObjects com;
+    PackageStore packages;
+    WindowStack windows;
+    Radios radios;
+    std::map<std::uintptr_t, OpenKey> openKeys;
+    std::vector<LoggedEvent> eventLog;
+};
+
+Machine::Machine(Profile machineProfile, const std::string& storePath)
+    : m_models(std::make_unique<Models>(std::move(machineProfile), storePath)),
+      profile(m_models->profile),
+      clock(m_models->clock),
+      course(m_models->course),
+      store(m_models->store),
+      registry(m_models->registry),
+      controller(m_models->controller),
+      driver(m_models->driver),
+      batteries(m_models->batteries),
+      processorTimes(m_models->processorTimes),
+      acpi(m_models->acpi),
+      firmwareStore(m_models->firmwareStore),
+      firmwareFeatures(m_models->firmwareFeatures),
+      files(m_models->files),
+      wmi(m_models->wmi),
+      com(m_models->com),
+      packages(m_models->packages),
+      windows(m_models->windows),
+      radios(m_models->radios),
+      devices{{Folded(u"\\\\.\\VESKHWIO"), &driver}, {Folded(u"\\\\.\\ZRNACPI"), &acpi}},
+      openKeys(m_models->openKeys),
+      eventLog(m_models->eventLog) {
     for (std::size_t index = 0; index < batteries.size(); ++index) {
         devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
     }
@@ -70,6 +137,8 @@ Machine::Machine(Profile machineProfile, const std::string& storePath)
                       return std::make_shared<DeviceEnumeratorObject>();
                   }});
 }
+
+Machine::~Machine() = default;
 
 void Machine::CatchUp() {
     if (!course || !course->MoveTo(clock.Now())) {

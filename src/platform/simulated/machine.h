@@ -1,28 +1,10 @@
 // The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
 #pragma once
 
-#include "platform/simulated/acpi_firmware.h"
-#include "platform/simulated/battery_device.h"
-#include "platform/simulated/clock.h"
-#include "platform/simulated/com_objects.h"
-#include "platform/simulated/devices.h"
-#include "platform/simulated/embedded_controller.h"
-#include "platform/simulated/file_system.h"
-#include "platform/simulated/firmware_features.h"
-#include "platform/simulated/firmware_store.h"
 #include "platform/simulated/gate.h"
-#include "platform/simulated/io_driver.h"
-#include "platform/simulated/machine_course.h"
-#include "platform/simulated/package_store.h"
-#include "platform/simulated/profile.h"
-#include "platform/simulated/radios.h"
-#include "platform/simulated/registry_hive.h"
-#include "platform/simulated/store.h"
-#include "platform/simulated/system_power.h"
-#include "platform/simulated/trace_sink.h"
-#include "platform/simulated/window_stack.h"
-#include "platform/simulated/wmi_repository.h"
+#include "platform/types.h"
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -33,57 +15,79 @@
 
 namespace machine {
 
-/// A registry key that is open, with the rights it was opened with.
-struct OpenKey {
-    std::int64_t number;
-    std::uint32_t access;
-    RegistryHive::Listing subkeys{};
-};
+class AcpiFirmware;
+class BatteryDevice;
+class Clock;
+class ComObjects;
+class Device;
+class EmbeddedController;
+class FileSystem;
+class FirmwareFeatures;
+class FirmwareStore;
+class IoDriver;
+class MachineCourse;
+class PackageStore;
+class ProcessorTimes;
+class RegistryHive;
+class Store;
+class TraceSink;
+class WindowStack;
+class WmiRepository;
+struct LoggedEvent;
+struct OpenKey;
+struct ProcessProfile;
+struct Profile;
+struct Radios;
 
+/// Its models are made in one place: who asks one of them includes that one's header.
 class Machine {
+    struct Models;
+    const std::unique_ptr<Models> m_models;
+
 public:
     /// Throws ProfileError or StoreError.
     Machine(Profile machineProfile, const std::string& storePath);
 
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
+    ~Machine();
 
     /// Brings what moves to the present moment. Whoever answers with something that is measured asks for it first.
     void CatchUp();
 
-    const Profile profile;
+    const Profile& profile;
     Gate gate;
-    Clock clock;
-    std::optional<MachineCourse> course;
-    Store store;
-    RegistryHive registry;
-    EmbeddedController controller;
-    IoDriver driver;
-    std::vector<BatteryDevice> batteries;
-    ProcessorTimes processorTimes;
-    AcpiFirmware acpi;
-    FirmwareStore firmwareStore;
-    FirmwareFeatures firmwareFeatures;
-    FileSystem files;
-    WmiRepository wmi;
-    ComObjects com;
-    PackageStore packages;
-    WindowStack windows;
+    Clock& clock;
+    std::optional<MachineCourse>& course;
+    Store& store;
+    RegistryHive& registry;
+    EmbeddedController& controller;
+    IoDriver& driver;
+    std::vector<BatteryDevice>& batteries;
+    ProcessorTimes& processorTimes;
+    AcpiFirmware& acpi;
+    FirmwareStore& firmwareStore;
+    FirmwareFeatures& firmwareFeatures;
+    FileSystem& files;
+    WmiRepository& wmi;
+    ComObjects& com;
+    PackageStore& packages;
+    WindowStack& windows;
+    Radios& radios;
 
     /// By path, folded.
     std::map<std::u16string, Device*> devices;
     /// By handle.
     std::map<std::uintptr_t, Device*> openDevices;
 
-    std::map<std::uintptr_t, OpenKey> openKeys;
+    std::map<std::uintptr_t, OpenKey>& openKeys;
 
     std::map<std::uintptr_t, const ProcessProfile*> openProcesses;
     /// By handle, with the number of interfaces in the set.
     std::map<std::uintptr_t, std::size_t> deviceInfoSets;
-    Radios radios;
 
     std::map<std::uintptr_t, std::u16string> eventSources;
-    std::vector<LoggedEvent> eventLog;
+    std::vector<LoggedEvent>& eventLog;
     std::function<void(const LoggedEvent&)> onLoggedEvent;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/com.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/package_store.h"
 #include "platform/simulated/wide_text.h"
 
 #include <algorithm>

@@ -1,7 +1,9 @@
 #include "platform/processes.h"
 
+#include "platform/simulated/clock.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 
 #include <algorithm>
 

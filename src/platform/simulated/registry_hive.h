@@ -78,4 +78,11 @@ private:
     Statement m_foreignChanges;
 };
 
+/// A registry key that is open, with the rights it was opened with.
+struct OpenKey {
+    std::int64_t number;
+    std::uint32_t access;
+    RegistryHive::Listing subkeys{};
+};
+
 } // namespace machine

@@ -1,8 +1,11 @@
 #include "platform/system_information.h"
 
+#include "platform/com.h"
 #include "platform/device_io.h"
+#include "platform/simulated/clock.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 #include "platform/simulated/wide_text.h"
 
 #include <algorithm>

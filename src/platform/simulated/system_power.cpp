@@ -1,7 +1,10 @@
 #include "platform/simulated/system_power.h"
 
+#include "platform/simulated/clock.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/machine_course.h"
+#include "platform/simulated/profile.h"
 #include "platform/system_power.h"
 
 namespace machine {

@@ -1,5 +1,7 @@
 #include "platform/simulated/system_power_profile.h"
 
+#include "platform/simulated/profile_reader.h"
+
 namespace machine {
 
 SystemPowerProfile ReadSystemPower(ProfileReader reader) {

@@ -1,12 +1,12 @@
 // How busy a profile's processors are, and what the machine runs on.
 #pragma once
 
-#include "platform/simulated/profile_reader.h"
-
 #include <cstdint>
 #include <vector>
 
 namespace machine {
+
+class ProfileReader;
 
 /// The counters of the operating system at one moment, in units of 100 ns.
 struct SystemTimesSample {

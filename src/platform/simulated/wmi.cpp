@@ -1,9 +1,11 @@
 #include "platform/wmi.h"
 
+#include "platform/simulated/com_objects.h"
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
 #include "platform/simulated/wide_text.h"
 #include "platform/simulated/wmi_objects.h"
+#include "platform/simulated/wmi_repository.h"
 
 #include <algorithm>
 

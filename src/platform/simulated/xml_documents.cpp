@@ -2,6 +2,7 @@
 
 #include "platform/simulated/gate.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/package_store.h"
 #include "platform/simulated/wide_text.h"
 #include "platform/simulated/xml_check.h"
 #include "platform/xml_document.h"

@@ -7,6 +7,8 @@
 #include "registry_stand.h"
 #include "served_machine.h"
 
+#include "platform/simulated/profile.h"
+
 #include <cstdio>
 #include <exception>
 #include <iostream>

@@ -1,5 +1,10 @@
 #include "served_machine.h"
 
+#include "platform/simulated/acpi_firmware.h"
+#include "platform/simulated/battery_device.h"
+#include "platform/simulated/io_driver.h"
+#include "platform/simulated/profile.h"
+
 #include <algorithm>
 #include <array>
 #include <mutex>

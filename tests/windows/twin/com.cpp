@@ -1,6 +1,7 @@
 #include "com_unused.h"
 #include "shims.h"
 
+#include "platform/simulated/com_objects.h"
 #include "platform/simulated/machine.h"
 
 #include <bit>

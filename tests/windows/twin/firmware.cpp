@@ -2,7 +2,10 @@
 
 #include "shims.h"
 
+#include "platform/simulated/devices.h"
+#include "platform/simulated/firmware_store.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/radios.h"
 #include "platform/simulated/wide_text.h"
 
 #include <cstring>

@@ -11,6 +11,8 @@
 #include "shims.h"
 #include "wine_state.h"
 
+#include "platform/simulated/profile.h"
+
 #include <iostream>
 #include <sstream>
 #include <stdexcept>

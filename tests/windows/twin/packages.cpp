@@ -4,6 +4,7 @@
 
 #include "platform/device_nodes.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/package_store.h"
 
 namespace twin {
 namespace {

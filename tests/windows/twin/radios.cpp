@@ -10,6 +10,7 @@
 #include "platform/bluetooth.h"
 #include "platform/network_adapters.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 #include "platform/wlan.h"
 
 #include <algorithm>

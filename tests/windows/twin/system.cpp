@@ -1,6 +1,7 @@
 #include "shims.h"
 
 #include "platform/simulated/machine.h"
+#include "platform/simulated/profile.h"
 #include "platform/system_information.h"
 #include "platform/system_power.h"
 #include "platform/time.h"

@@ -1,5 +1,6 @@
 #include "wine_state.h"
 
+#include "platform/simulated/profile.h"
 #include "platform/simulated/wide_text.h"
 
 #include <fstream>

@@ -2,7 +2,9 @@
 #include "safe_array.h"
 #include "shims.h"
 
+#include "platform/simulated/com_objects.h"
 #include "platform/simulated/machine.h"
+#include "platform/simulated/wmi_objects.h"
 #include "platform/wmi.h"
 
 #include <cstring>

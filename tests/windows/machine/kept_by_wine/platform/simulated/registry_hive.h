@@ -8,9 +8,9 @@ namespace machine {
 
 class RegistryHive {
 public:
-    struct Listing {};
-
     RegistryHive(const Store&, const RegistryProfile&) {}
 };
+
+struct OpenKey {};
 
 } // namespace machine

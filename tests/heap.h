@@ -1,11 +1,12 @@
 // The heap as the library sees it: its allocations are counted, and one of them can be made to fail.
 //
-// What the simulated machine allocates behind a boundary call is its own affair and never fails.
+// What the simulated machine allocates behind a boundary call is its own affair and never fails: whoever counts makes
+// these the observer of its calls.
 #pragma once
 
 #include <cstdint>
 
-namespace sweep::heap {
+namespace heap {
 
 /// Which allocations fail, counted from 1. 0: none.
 struct Plan {
@@ -28,6 +29,10 @@ private:
     bool m_before;
 };
 
+/// The library has called the machine, or has its answer.
+void EnterMachine();
+void LeaveMachine();
+
 /// The library's allocations, and those that failed, since the last restart.
 std::uint64_t Count();
 std::uint64_t Injected();
@@ -35,4 +40,4 @@ std::uint64_t Injected();
 /// How many blocks the library has allocated and not given back.
 std::int64_t Live();
 
-} // namespace sweep::heap
+} // namespace heap

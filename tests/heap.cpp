@@ -1,16 +1,15 @@
 #include "heap.h"
 
-#include "platform/simulated/gate.h"
-
 #include <cstddef>
 #include <cstdlib>
 #include <new>
 #include <utility>
 
-namespace sweep::heap {
+namespace heap {
 namespace {
 
 bool Watching = false;
+bool Behind = false; // the boundary
 Plan ThePlan;
 std::uint64_t Counted = 0;
 std::uint64_t Failures = 0;
@@ -26,7 +25,7 @@ bool Meant() {
 }
 
 void* Allocate(std::size_t size) {
-    const bool counted = Watching && !machine::InsideCall();
+    const bool counted = Watching && !Behind;
     if (counted && (++Counted, Meant())) {
         ++Failures;
         throw std::bad_alloc();
@@ -70,6 +69,14 @@ InLibrary::~InLibrary() {
     Watching = m_before;
 }
 
+void EnterMachine() {
+    Behind = true;
+}
+
+void LeaveMachine() {
+    Behind = false;
+}
+
 std::uint64_t Count() {
     return Counted;
 }
@@ -82,45 +89,45 @@ std::int64_t Live() {
     return Blocks;
 }
 
-} // namespace sweep::heap
+} // namespace heap
 
 // All forms, since a sanitizer brings its own for each that is left out.
 void* operator new(std::size_t size) {
-    return sweep::heap::Allocate(size);
+    return ::heap::Allocate(size);
 }
 
 void* operator new[](std::size_t size) {
-    return sweep::heap::Allocate(size);
+    return ::heap::Allocate(size);
 }
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return sweep::heap::AllocateOrNull(size);
+    return ::heap::AllocateOrNull(size);
 }
 
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return sweep::heap::AllocateOrNull(size);
+    return ::heap::AllocateOrNull(size);
 }
 
 void operator delete(void* memory) noexcept {
-    sweep::heap::Free(memory);
+    ::heap::Free(memory);
 }
 
 void operator delete[](void* memory) noexcept {
-    sweep::heap::Free(memory);
+    ::heap::Free(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept {
-    sweep::heap::Free(memory);
+    ::heap::Free(memory);
 }
 
 void operator delete[](void* memory, std::size_t) noexcept {
-    sweep::heap::Free(memory);
+    ::heap::Free(memory);
 }
 
 void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    sweep::heap::Free(memory);
+    ::heap::Free(memory);
 }
 
 void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    sweep::heap::Free(memory);
+    ::heap::Free(memory);
 }

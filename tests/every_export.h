@@ -1,0 +1,27 @@
+// Every export of the library, made from the list that the library is linked by. `#define EXPORT(name)` and include
+// exports.inc for something else of each.
+#pragma once
+
+#include "vesk_sondrel.h"
+
+#include <type_traits>
+#include <vector>
+
+namespace test {
+
+/// The exports that are called in one way.
+template <class Function>
+std::vector<Function*> ExportsOfType() {
+    std::vector<Function*> found;
+    const auto look = [&found](auto* candidate) {
+        if constexpr (std::is_same_v<decltype(candidate), Function*>) {
+            found.push_back(candidate);
+        }
+    };
+#define EXPORT(name) look(name);
+#include "exports.inc"
+#undef EXPORT
+    return found;
+}
+
+} // namespace test
