@@ -32,6 +32,8 @@ TEST(Profile, AMistakeIsToldWithFilePlaceAndExpectation) {
         "revision, sensors, tablet_mode, temperatures");
     EXPECT_THAT(mistakeIn("{\n  \"name\": oops\n}"),
                 AllOf(StartsWith("x.json: not a JSON text: "), HasSubstr("line 2, column")));
+    EXPECT_THAT(mistakeIn(R"({"name": 2e999})"),
+                AllOf(StartsWith("x.json: not a JSON text: "), HasSubstr("2e999")));
     EXPECT_THROW(machine::LoadProfile("no such machine"), machine::ProfileError);
 }
 

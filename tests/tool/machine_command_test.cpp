@@ -167,6 +167,9 @@ TEST_F(MachineCommandTest, TellsAllMistakesWithTheirLines) {
         Tool({"machine", "check", Write("broken.json", "{\n \"name\": \"a\",\n \"ec\" 3}")});
     EXPECT_EQ(broken.status, 1);
     EXPECT_THAT(broken.out, HasSubstr("broken.json:3:7: no well-formed JSON: "));
+    const std::string huge = Write("huge.json", "{\n \"name\": 2e999}");
+    EXPECT_EQ(Tool({"machine", "check", huge}).out,
+              huge + ":2:10: a number beyond all that any field takes\n");
     // Whatever a file holds, it is answered.
     for (const std::string& text : {std::string(200'000, '['), std::string(), std::string("\"\xFF\""),
                                     R"({"ec": {"revision": ")" + std::string(1'000'000, 'K') + "\"}}"}) {

@@ -207,6 +207,11 @@ std::vector<Mistake> MistakesOf(std::string_view text) {
         return {{PlaceOfByte(text, byte),
                  OnOneLine(std::string("no well-formed JSON: ")
                                .append(whole.substr(reason == std::string_view::npos ? 0 : reason + 2)))}};
+    } catch (const Json::out_of_range& problem) {
+        // "[json.exception.out_of_range.406] number overflow parsing '1e999'"
+        const std::vector<std::string_view> parts = Split(problem.what(), '\'');
+        const std::string_view number = parts.size() == 3 ? parts[1] : std::string_view();
+        return {{PlaceOfByte(text, text.find(number)), "a number beyond all that any field takes"}};
     }
     Checker checker(text);
     checker.Check(profile);

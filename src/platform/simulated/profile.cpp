@@ -155,6 +155,8 @@ Profile ParseProfile(std::string_view text, const std::string& source) {
         return profile;
     } catch (const nlohmann::json::parse_error& problem) {
         throw ProfileError(source + ": not a JSON text: " + problem.what());
+    } catch (const nlohmann::json::out_of_range& problem) { // a number that no double holds
+        throw ProfileError(source + ": not a JSON text: " + problem.what());
     } catch (const ProfileError& problem) {
         throw ProfileError(source + ": " + problem.what());
     }
