@@ -30,7 +30,8 @@ sources_in() {
 tidy() {
     build=$1
     shift
-    xargs -P "$(nproc)" -n 1 clang-tidy -p "build/$build" --quiet --checks=-bugprone-suspicious-include "$@" 2>/dev/null
+    xargs -P "$(nproc)" -n 1 clang-tidy -p "build/$build" --quiet --checks=-bugprone-suspicious-include \
+        --header-filter="^$PWD/(src|tools|examples)/.*\.(h|cpp)\$" "$@" 2>/dev/null
 }
 
 echo "clang-tidy"

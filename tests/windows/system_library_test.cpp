@@ -13,16 +13,16 @@ namespace {
 
 using ::testing::ElementsAre;
 
-std::vector<std::wstring> Calls;
+std::vector<std::wstring> Loads;
 
 HMODULE WINAPI Load(const wchar_t* path) {
-    Calls.emplace_back(path);
+    Loads.emplace_back(path);
     return ::GetModuleHandleW(nullptr); // it has no routines but those that are replaced
 }
 
 BOOL WINAPI Free(HMODULE module) {
     EXPECT_EQ(module, ::GetModuleHandleW(nullptr));
-    Calls.emplace_back(L"free");
+    Loads.emplace_back(L"free");
     return TRUE;
 }
 
@@ -45,10 +45,10 @@ TEST(SystemLibraryTest, ComesFromTheSystemDirectoryOnly) {
     };
     EXPECT_EQ(VESK_CALL(library, System_Check_S_Mode)(), 1);
     // The second one for the trace provider, with the first debug line.
-    EXPECT_THAT(Calls, ElementsAre(there(L"\\wldp.dll"), there(L"\\advapi32.dll"), L"free"));
-    Calls.clear();
+    EXPECT_THAT(Loads, ElementsAre(there(L"\\wldp.dll"), there(L"\\advapi32.dll"), L"free"));
+    Loads.clear();
     EXPECT_EQ(VESK_CALL(library, RF_WiFiIsConnected)(), 0x7FFFFFFF);
-    EXPECT_THAT(Calls, ElementsAre(there(L"\\wlanapi.dll")));
+    EXPECT_THAT(Loads, ElementsAre(there(L"\\wlanapi.dll")));
 }
 
 } // namespace
