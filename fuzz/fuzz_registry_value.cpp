@@ -69,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                  (number.size() <= 10 && number.find_first_not_of(u"0123456789") == number.npos));
     const std::u16string text = sondrel::ReadRegString(platform::Key::LocalMachine, u"key", u"value");
     fuzz::Demand(text.size() < 256 && text.find(u'\0') == text.npos);
-    fuzz::TextOf(128, GetInfVersion);
+    fuzz::TextOf(512, GetInfVersion);
     fuzz::TextOf(Room, App_Get_Win32App);
     const std::u16string list = sondrel::GetApplist_Machine(u"key");
     // No quote of a name or a version gets out of its text.
