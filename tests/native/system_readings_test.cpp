@@ -118,6 +118,10 @@ TEST_F(SystemReadingsTest, EveryStepToTheVolumeMayFail) {
     std::u16string text;
     RunFailing(Operation::GetMute, 1, Failure::Refused, [&] { text = sondrel::getvolume(); });
     EXPECT_EQ(text, u"34");
+    StartMachine(R"({"audio": {"muted": true}})");
+    RunFailing(Operation::GetMasterVolumeLevelScalar, 1, Failure::Refused,
+               [&] { text = sondrel::getvolume(); });
+    EXPECT_EQ(text, u"0") << "a muted endpoint needs no level";
 }
 
 } // namespace
