@@ -1,7 +1,7 @@
 // What walks a list, of any length.
 #include "measure.h"
 
-#include "platform/simulated/wide_text.h"
+#include "machine/text/wide_text.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"

@@ -1,8 +1,8 @@
 // A road of the library to the machine, and how it is measured.
 #pragma once
 
-#include "platform/simulated/machine.h"
-#include "platform/simulated/profile.h"
+#include "machine/machine.h"
+#include "machine/profile/profile.h"
 
 #include <cstddef>
 #include <functional>

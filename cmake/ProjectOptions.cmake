@@ -19,7 +19,7 @@ else()
     "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=." "-ffile-prefix-map=${CMAKE_BINARY_DIR}=build")
 endif()
 target_include_directories(project_options INTERFACE
-  ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
+  ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
 
 if(WIN32)
   # Windows 7 is the oldest system the library loads on.

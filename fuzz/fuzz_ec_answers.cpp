@@ -4,7 +4,7 @@
 
 #include "every_export.h"
 #include "frame/registry_store.h"
-#include "platform/simulated/battery_device.h"
+#include "machine/models/battery_device.h"
 
 namespace {
 

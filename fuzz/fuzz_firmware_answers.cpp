@@ -1,9 +1,9 @@
 // The firmware's switches and variables, with methods that answer anything and variables of any size.
 #include "harness.h"
 
-#include "platform/simulated/firmware_features.h"
-#include "platform/simulated/firmware_store.h"
-#include "platform/simulated/wmi_repository.h"
+#include "machine/models/firmware_features.h"
+#include "machine/models/storage/firmware_store.h"
+#include "machine/models/wmi/wmi_repository.h"
 
 namespace {
 

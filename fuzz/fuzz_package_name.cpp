@@ -3,7 +3,7 @@
 #include "harness.h"
 
 #include "apps/packages.h"
-#include "platform/simulated/package_store.h"
+#include "machine/models/storage/package_store.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::u16string text =

@@ -1,7 +1,7 @@
 // Machine profiles of any text: one is refused with its reason, or the machine starts.
 #include "harness.h"
 
-#include "platform/simulated/profile_reader.h"
+#include "machine/profile/profile_reader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {

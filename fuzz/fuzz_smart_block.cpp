@@ -3,7 +3,7 @@
 #include "harness.h"
 
 #include "firmware/disk_temperature.h"
-#include "platform/simulated/wmi_repository.h"
+#include "machine/models/wmi/wmi_repository.h"
 
 namespace {
 

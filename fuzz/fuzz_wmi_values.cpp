@@ -3,7 +3,7 @@
 
 #include "every_export.h"
 
-#include "platform/simulated/wmi_repository.h"
+#include "machine/models/wmi/wmi_repository.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t Room = 1 << 14; // more than any input fills

@@ -2,7 +2,7 @@
 // the service or the library stumble.
 #include "harness.h"
 
-#include "platform/simulated/wql.h"
+#include "machine/models/wmi/wql.h"
 #include "wmi/wmi_readers.h"
 
 namespace {

@@ -1,10 +1,10 @@
 // What the fuzz targets share.
 #pragma once
 
-#include "platform/simulated/devices.h"
-#include "platform/simulated/machine.h"
-#include "platform/simulated/profile.h"
-#include "platform/simulated/wide_text.h"
+#include "machine/machine.h"
+#include "machine/profile/profile.h"
+#include "machine/services/devices.h"
+#include "machine/text/wide_text.h"
 #include "vesk_sondrel.h"
 
 #include <fuzzer/FuzzedDataProvider.h>

@@ -1,5 +1,5 @@
 // The table against what it describes.
-#include "export_table.h"
+#include "exports/export_table.h"
 
 #include "every_export.h"
 

@@ -1,9 +1,9 @@
 // sondrel machine, and the profile's schema against the reader that a machine is made with.
 #include "tool_run.h"
 
-#include "platform/simulated/profile.h"
-#include "platform/simulated/profile_reader.h"
-#include "profile_check.h"
+#include "machine/profile/profile.h"
+#include "machine/profile/profile_reader.h"
+#include "machines/profile_check.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,5 +1,5 @@
 // What a user at a terminal sees: colour, width, progress; and what Ctrl-C leaves behind.
-#include "text.h"
+#include "base/text.h"
 
 #include "terminal_run.h"
 #include "tool_run.h"

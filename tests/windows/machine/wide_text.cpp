@@ -1,5 +1,5 @@
 // The simulated machine's text conversions, by Windows: its own are the C library's.
-#include "platform/simulated/wide_text.h"
+#include "machine/text/wide_text.h"
 
 #include <windows.h>
 

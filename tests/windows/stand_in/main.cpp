@@ -7,7 +7,7 @@
 #include "registry_stand.h"
 #include "served_machine.h"
 
-#include "platform/simulated/profile.h"
+#include "machine/profile/profile.h"
 
 #include <cstdio>
 #include <exception>

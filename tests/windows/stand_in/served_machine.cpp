@@ -1,9 +1,9 @@
 #include "served_machine.h"
 
-#include "platform/simulated/acpi_firmware.h"
-#include "platform/simulated/battery_device.h"
-#include "platform/simulated/io_driver.h"
-#include "platform/simulated/profile.h"
+#include "machine/models/acpi_firmware.h"
+#include "machine/models/battery_device.h"
+#include "machine/models/ec/io_driver.h"
+#include "machine/profile/profile.h"
 
 #include <algorithm>
 #include <array>

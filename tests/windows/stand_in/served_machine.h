@@ -4,7 +4,7 @@
 #include "battery_stand.h"
 #include "driver_stand.h"
 
-#include "platform/simulated/machine.h"
+#include "machine/machine.h"
 
 #include <list>
 #include <map>

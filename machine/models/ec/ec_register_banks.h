@@ -1,0 +1,31 @@
+// The registers that the EC's firmware shows, with the signals it puts there.
+#pragma once
+
+#include "machine/profile/ec_profile.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <unordered_map>
+
+namespace machine {
+
+/// Bytes by command and address. How many address bytes a command takes belongs to it.
+class EcRegisterBanks {
+public:
+    explicit EcRegisterBanks(const EcProfile& profile);
+
+    [[nodiscard]] std::optional<std::uint8_t> Find(std::uint8_t command,
+                                                   std::span<const std::uint8_t> address) const;
+
+private:
+    void Put(std::uint8_t command, std::uint32_t address, std::uint8_t byte);
+    void LayOutSensors(const EcProfile& profile);
+
+    std::unordered_map<std::uint32_t, std::uint8_t> m_bytes;
+};
+
+/// Whether a command reads a bank at all.
+bool ReadsBank(std::uint8_t command);
+
+} // namespace machine

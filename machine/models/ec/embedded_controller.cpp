@@ -1,0 +1,77 @@
+#include "machine/models/ec/embedded_controller.h"
+
+#include <utility>
+
+namespace machine {
+namespace {
+
+// The firmware's own command set.
+constexpr std::uint8_t CommandModeQuery = 0x8E;
+constexpr std::uint8_t CommandIdentityRead = 0xBB;
+
+constexpr std::uint8_t ModeTablet = 0x33;
+
+// The identity register file.
+constexpr std::uint8_t RegisterRevisionFirst = 0x03;
+constexpr std::uint8_t RegisterRevisionSecond = 0x04;
+constexpr std::uint8_t RegisterChipId = 0x10;
+constexpr std::uint8_t RegisterChipName = 0x12; // and the three behind it
+
+} // namespace
+
+EmbeddedController::EmbeddedController(EcProfile profile)
+    : m_profile(std::move(profile)), m_firmware(m_profile) {}
+
+void EmbeddedController::Measure(const MachineCourse& course) {
+    course.Measure(m_profile);
+    m_firmware.Measure(m_profile);
+}
+
+const EcFault* EmbeddedController::FaultOf(std::uint8_t command) {
+    const std::uint32_t use = ++m_uses[command];
+    for (const EcFault& fault : m_profile.faults) {
+        if (fault.command == command && (fault.use == 0 || fault.use == use)) {
+            return &fault;
+        }
+    }
+    return nullptr;
+}
+
+std::uint8_t EmbeddedController::IdentityRegister(std::uint8_t number) const {
+    switch (number) {
+    case RegisterRevisionFirst:
+        return static_cast<std::uint8_t>(m_profile.revision[0]);
+    case RegisterRevisionSecond:
+        return static_cast<std::uint8_t>(m_profile.revision[1]);
+    case RegisterChipId:
+        return m_profile.chipId;
+    default:
+        break;
+    }
+    if (number >= RegisterChipName && number < RegisterChipName + m_profile.chipName.size()) {
+        return static_cast<std::uint8_t>(m_profile.chipName[number - RegisterChipName]);
+    }
+    return 0;
+}
+
+EcAnswer EmbeddedController::CarryOut(std::uint8_t command, std::span<const std::uint8_t> data) {
+    if (const EcFault* const fault = FaultOf(command); fault != nullptr) {
+        return {fault->status, fault->byte};
+    }
+    switch (command) {
+    case CommandIdentityRead:
+        if (data.size() != 1) {
+            return {ec_status::BadData};
+        }
+        return {0, IdentityRegister(data[0])};
+    case CommandModeQuery:
+        if (data.size() != 2 || data[0] != ModeTablet || data[1] != 0) {
+            return {ec_status::BadData};
+        }
+        return {0, m_profile.tabletMode};
+    default:
+        return m_firmware.CarryOut(command, data);
+    }
+}
+
+} // namespace machine

@@ -1,0 +1,34 @@
+// The kernel I/O driver VESKHWIO: the device and its seven requests.
+#pragma once
+
+#include "machine/models/ec/embedded_controller.h"
+#include "machine/profile/profile.h"
+#include "machine/services/devices.h"
+
+namespace machine {
+
+class IoDriver final : public Device {
+public:
+    IoDriver(const DriverProfile& driver, ProcessorProfile processor, EmbeddedController& controller);
+
+    /// Other values are measured now.
+    void Measure(const MachineCourse& course);
+
+    platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
+    void Close() override;
+    ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) override;
+    bool SayFailed(std::uint32_t code, ControlAnswer& answer) override;
+
+private:
+    ControlAnswer EcExchange(std::span<const std::byte> in);
+    [[nodiscard]] ControlAnswer CpuId(std::span<const std::byte> in) const;
+    [[nodiscard]] ControlAnswer PowerLimits(std::span<const std::byte> in) const;
+
+    DriverProfile m_driver;
+    ProcessorProfile m_processor;
+    EmbeddedController& m_controller;
+    unsigned m_openings = 0;
+    bool m_heldAlone = false;
+};
+
+} // namespace machine

@@ -1,0 +1,88 @@
+// The registry of the simulated machine, in its store.
+#pragma once
+
+#include "machine/models/storage/store.h"
+#include "machine/profile/profile.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace machine {
+
+/// Keys are known by number; the two hives are there from the start. Names of keys and values compare without
+/// regard to case; both are listed in the order of their folded names.
+class RegistryHive {
+public:
+    static constexpr std::int64_t LocalMachine = 1;
+    static constexpr std::int64_t CurrentUser = 2;
+
+    /// Puts the profile's keys and values into a new store.
+    RegistryHive(const Store& store, const RegistryProfile& profile);
+
+    /// A key by its path below another, which may be empty for that key itself.
+    std::optional<std::int64_t> Find(std::int64_t root, std::u16string_view path);
+    /// The same, with everything made that is missing.
+    std::int64_t Create(std::int64_t root, std::u16string_view path);
+
+    /// Whether nothing may be written at this path.
+    [[nodiscard]] bool IsReadOnly(std::u16string_view path) const;
+
+    /// A key's path from its hive's short name on: "HKLM\SOFTWARE\...".
+    std::u16string PathOf(std::int64_t key);
+
+    struct Value {
+        std::u16string name;
+        std::uint32_t type = 0;
+        std::vector<std::byte> data;
+    };
+
+    std::optional<Value> Get(std::int64_t key, std::u16string_view name);
+    void Set(std::int64_t key, std::u16string_view name, std::uint32_t type, std::span<const std::byte> data);
+
+    /// Removes a key with everything below it.
+    void Remove(std::int64_t key);
+
+    std::vector<std::u16string> SubkeyNames(std::int64_t key);
+
+    /// A key's subkeys as they stood at one moment. An enumeration by index keeps one, so that its cost is in
+    /// proportion to the number of subkeys.
+    struct Listing {
+        std::vector<std::u16string> names;
+        std::optional<std::uint64_t> state; // none: never taken
+    };
+
+    /// Takes the listing anew if the keys have changed since it was taken, by this process or another: an
+    /// enumeration by index sees what goes and comes meanwhile.
+    void Refresh(std::int64_t key, Listing& listing);
+
+private:
+    void Seed(const RegistryProfile& profile);
+    std::optional<std::int64_t> Child(std::int64_t parent, std::u16string_view name);
+    std::int64_t KeyAt(std::u16string_view pathWithHive);
+
+    /// A number that differs whenever the keys may differ.
+    std::uint64_t KeyState();
+
+    const Store& m_store;
+    std::uint64_t m_changes = 0;
+    std::vector<std::u16string> m_readOnly;
+    Statement m_findChild;
+    Statement m_addChild;
+    Statement m_describe;
+    Statement m_getValue;
+    Statement m_setValue;
+    Statement m_children;
+    Statement m_foreignChanges;
+};
+
+/// A registry key that is open, with the rights it was opened with.
+struct OpenKey {
+    std::int64_t number;
+    std::uint32_t access;
+    RegistryHive::Listing subkeys{};
+};
+
+} // namespace machine

@@ -1,0 +1,104 @@
+// The WMI service of the simulated machine: namespaces, classes, instances, queries and methods.
+#pragma once
+
+#include "machine/models/wmi/wql.h"
+#include "machine/profile/wmi_profile.h"
+#include "machine/services/com_objects.h"
+#include "platform/types.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace machine {
+
+/// The arguments of a method, by name as its definition spells them. Each is an unsigned 32-bit number.
+using WmiArguments = std::map<std::u16string, std::uint32_t>;
+
+struct WmiMethodAnswer {
+    platform::HResult status = 0;
+    /// What the method gives back; a method without any output gives no object at all.
+    std::optional<WmiRow> out;
+};
+
+/// The methods of a class, answered by a model of what stands behind it.
+class WmiMethods {
+public:
+    WmiMethods() = default;
+    WmiMethods(const WmiMethods&) = delete;
+    WmiMethods& operator=(const WmiMethods&) = delete;
+    virtual ~WmiMethods() = default;
+
+    /// The names of a method's inputs; nothing when there is no such method. Methods are known without regard
+    /// to case.
+    [[nodiscard]] virtual std::optional<std::vector<std::u16string>>
+    Inputs(std::u16string_view method) const = 0;
+
+    /// Carries a method out on the instance with this path. An input that was not put is missing in `in`.
+    virtual WmiMethodAnswer Execute(std::u16string_view instance, std::u16string_view method,
+                                    const WmiArguments& in) = 0;
+};
+
+/// An instance as a query gives it.
+struct WmiInstance {
+    WmiRow properties; // by folded name
+    std::u16string path;
+};
+
+/// A class with its instances, which every object made from it keeps alive.
+struct WmiClass {
+    std::u16string name;
+    std::set<std::u16string> propertyNames; // folded; of all instances together
+    std::vector<WmiInstance> instances;
+    WmiMethods* methods = nullptr;
+};
+
+/// A namespace's classes, by folded name.
+using WmiNamespace = std::map<std::u16string, std::shared_ptr<WmiClass>>;
+
+/// What a query comes to. As with the real service, a query that cannot be carried out starts all the same and
+/// tells its trouble with the first row.
+struct WmiQueryResult {
+    platform::HResult status = 0;
+    std::vector<std::u16string> selected; // folded; empty: every property
+    std::shared_ptr<const WmiClass> source;
+    std::vector<std::size_t> rows; // numbers of instances
+};
+
+class WmiRepository {
+public:
+    explicit WmiRepository(const WmiProfile& profile);
+
+    /// A namespace by its path, which may begin with a computer's name; null when there is none.
+    [[nodiscard]] const WmiNamespace* FindNamespace(std::u16string_view path) const;
+
+    /// Puts a model behind a class's methods. A class that the profile does not have is not made.
+    void AnswerMethods(std::u16string_view space, std::u16string_view className, WmiMethods& methods);
+
+    /// Gives all instances of a class another value of a property that they have.
+    void Measure(std::u16string_view space, std::u16string_view className, std::u16string_view property,
+                 const WmiDatum& datum);
+
+    static WmiQueryResult Run(const WmiNamespace& space, std::u16string_view query);
+
+    /// The class of the instance with this path; null when there is no such instance.
+    static std::shared_ptr<WmiClass> FindInstance(const WmiNamespace& space, std::u16string_view path);
+
+private:
+    std::map<std::u16string, WmiNamespace> m_namespaces; // by folded path
+};
+
+/// Every object of the service that has properties: an instance, a class, the arguments of a method.
+class WbemThing : public ComObject {
+public:
+    [[nodiscard]] std::string_view InterfaceName() const override { return "IWbemClassObject"; }
+
+    virtual platform::HResult Get(std::u16string_view name, WmiDatum& datum) const = 0;
+    virtual platform::HResult Put(std::u16string_view name, std::u16string_view text, std::int32_t cimType);
+};
+
+} // namespace machine

@@ -1,0 +1,176 @@
+// The fault sweep: whatever fails, no export crashes, leaks, writes beyond its buffer or takes a failure for an
+// answer, and the next call is right again.
+#include "golden.h"
+#include "planted.h"
+#include "sweep.h"
+
+#include "machine/services/trace_sink.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <span>
+#include <string_view>
+
+namespace {
+
+using namespace sweep;
+using tool::Family;
+using enum tool::Family;
+
+constexpr int Interrupted = 128 + SIGINT;
+
+volatile std::sig_atomic_t InterruptCame = 0;
+
+/// One machine in one situation, with the families of exports for which it differs from the others.
+struct Scene {
+    Situation situation;
+    std::vector<Family> families; // none: all
+};
+
+/// Another process keeps the settings files open, so that they have to be written in place.
+constexpr const char* HeldSettings = R"({"files": {
+    "directories": ["C:\\ProgramData\\Vesk\\VeskTessaly"],
+    "files": [{"path": "C:\\ProgramData\\Vesk\\VeskTessaly\\BatteryHealthSetting.txt", "text": "60\n"},
+              {"path": "C:\\ProgramData\\Vesk\\VeskTessaly\\QuietFanSetting.txt", "text": "3\n"}],
+    "held_open": ["C:\\ProgramData\\Vesk\\VeskTessaly\\BatteryHealthSetting.txt",
+                  "C:\\ProgramData\\Vesk\\VeskTessaly\\QuietFanSetting.txt"]}})";
+
+/// A packaged application is minimised: its core window stands beside its frame.
+constexpr const char* MinimisedFrame = R"({"windows": [
+    {"name": "frame", "process": 6004, "class": "ApplicationFrameWindow", "title": "Calculator", "minimised": true},
+    {"name": "core", "process": 6248, "class": "Windows.UI.Core.CoreWindow", "title": "Calculator",
+     "visible": false}]})";
+
+std::vector<Scene> Scenes() {
+    const std::vector<Family> ec{Identity, Battery, Thermal, Processor, System};
+    const std::vector<Family> radios{WiFi, Bluetooth, Adapters};
+    const std::vector<Family> firmware{EventLog, Variables, Features};
+    std::vector<Scene> scenes{
+        {{}, {}},
+        {{.used = true}, {}},
+        {{.session = false}, {}},
+        {{.used = true, .initCom = 0}, {Features, Disks, Inventory, Adapters, System}},
+        {{.machine = "awkward-wmi", .lacking = true}, {Disks, Inventory, Adapters, Usage}},
+        {{.machine = "bare-firmware", .used = true, .lacking = true}, firmware},
+        {{.used = true, .changes = HeldSettings}, {Features}},
+        {{.changes = MinimisedFrame}, {Usage}},
+        {{.machine = "ab"}, ec}, // the EC is identified on the way
+    };
+    for (const char* name : {"ab", "ab-chip-1", "ar", "cf", "gl", "kl-chip-1", "kl-chip-2", "pc", "wl",
+                             "awkward-battery", "awkward-sensors", "no-identity", "unknown-code"}) {
+        scenes.push_back({{.machine = name, .used = true}, ec});
+    }
+    for (const char* name : {"radios-none", "radios-two", "wifi-he", "wifi-ht", "wifi-open", "wifi-vht160"}) {
+        scenes.push_back({{.machine = name}, radios});
+    }
+    return scenes;
+}
+
+/// On a terminal only; in a pipe nobody reads it.
+void TellProgress(const Situation& where, std::string_view name) {
+    static const bool Terminal = ::isatty(STDERR_FILENO) != 0;
+    if (Terminal) {
+        std::cerr << "\r\033[K" << where.machine << (where.used ? ", used" : "") << "  " << name
+                  << std::flush;
+    }
+}
+
+void Play(const Scene& scene, Tally& tally) {
+    Stage stage(scene.situation);
+    for (const tool::Export& row : tool::AllExports()) {
+        const bool belongs = scene.families.empty() || std::ranges::count(scene.families, row.family) != 0;
+        if (belongs && InterruptCame == 0) {
+            TellProgress(scene.situation, row.name);
+            SweepReading(stage, {&row, CallOf(row, scene.situation.initCom, RoomOf(row))}, tally);
+        }
+    }
+}
+
+/// The operations that the sweep has not reached. None has a reason to be missing.
+std::vector<std::string_view> Missing(const Tally& tally) {
+    std::vector<std::string_view> missing;
+    for (std::size_t place = 0; place < tally.reached.size(); ++place) {
+        if (tally.reached[place] == 0) {
+            missing.push_back(machine::OperationTable[place].name);
+        }
+    }
+    return missing;
+}
+
+int SweepAll() {
+    Tally tally;
+    for (const Scene& scene : Scenes()) {
+        Play(scene, tally);
+    }
+    TellProgress({}, "");
+    for (const std::string& complaint : tally.complaints) {
+        std::cout << complaint << '\n';
+    }
+    const auto missing = Missing(tally);
+    for (const std::string_view name : missing) {
+        std::cout << "never reached: " << name << '\n';
+    }
+    std::cout << tally.callFaults << " failed calls and " << tally.heapFaults << " failed allocations in "
+              << Scenes().size() << " situations, " << tally.reached.size() - missing.size() << " of "
+              << tally.reached.size() << " operations reached: " << tally.complaints.size()
+              << " complaints\n";
+    return InterruptCame != 0 ? Interrupted : tally.complaints.empty() && missing.empty() ? 0 : 1;
+}
+
+int SweepPlanted() {
+    Stage stage({});
+    bool caught = true;
+    for (const Planted& planted : PlantedReadings()) {
+        Tally tally;
+        const auto call = [&planted] {
+            return CallWide(planted.read, 512);
+        };
+        SweepReading(stage, {tool::FindExport("GetInfVersion"), call}, tally);
+        const auto said = std::ranges::count_if(tally.complaints, [&](const std::string& complaint) {
+            return complaint.find(planted.complaint) != std::string::npos;
+        });
+        const bool right = planted.complaint.empty() ? tally.complaints.empty() : said != 0;
+        std::cout << (right ? "right: " : "WRONG: ") << planted.mistake << ": " << tally.complaints.size()
+                  << " complaints\n";
+        caught = caught && right;
+    }
+    return caught ? 0 : 1;
+}
+
+int Obey(std::span<const std::string_view> arguments) {
+    if (arguments.empty()) {
+        return SweepAll();
+    }
+    if (arguments.size() == 1 && arguments[0] == "--planted") {
+        return SweepPlanted();
+    }
+    if (arguments.size() == 1 && arguments[0] == "--costs") {
+        PrintCosts(std::cout);
+        return std::cout.flush() ? 0 : 1;
+    }
+    std::cerr << "usage: fault_sweep [--planted | --costs]\n";
+    return 2;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    // The machines' files are made and flushed many thousand times.
+    if (std::filesystem::is_directory("/dev/shm")) {
+        ::setenv("TMPDIR", "/dev/shm", 1);
+    }
+    std::signal(SIGINT, [](int) { InterruptCame = 1; });
+    constexpr std::uint8_t EveryLevel = 0;
+    machine::Traces().Attach(EveryLevel);
+    try {
+        return Obey(std::vector<std::string_view>(arguments + 1, arguments + count));
+    } catch (const std::exception& problem) {
+        std::cerr << "fault_sweep: " << problem.what() << '\n';
+        return 2;
+    }
+}

@@ -1,0 +1,161 @@
+#include "stage.h"
+
+#include "acpi/acpi_device.h"
+#include "firmware/disk_temperature.h"
+#include "frame/diagnostics.h"
+#include "frame/session.h"
+#include "machine/profile/built_in_machines.h"
+#include "machine/services/apartments.h"
+#include "machine/services/trace_sink.h"
+#include "platform/com.h"
+#include "radio/bluetooth_snapshot.h"
+#include "radio/wifi_snapshot.h"
+#include "vesk_sondrel.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <exception>
+#include <stdexcept>
+#include <utility>
+
+namespace sweep {
+namespace {
+
+void ForgetRecords() {
+    sondrel::WiFiSnapshot = {};
+    sondrel::BluetoothSnapshot = {};
+    sondrel::SmartDiskTable = {};
+}
+
+/// The library as it is at load. Its first debug line registers the trace provider.
+void ResetLibrary() {
+    sondrel::DriverHandle = platform::Handle::Invalid;
+    sondrel::SessionOpen = 0;
+    sondrel::SessionRefCount = 0;
+    sondrel::ZrnAcpiHandle = platform::Handle::Null;
+    sondrel::TraceProvider.TraceRegistered = false;
+    sondrel::TraceProvider.TraceLevelPlus1 = 0;
+    sondrel::TraceProvider.TraceRegHandle = 0;
+    ForgetRecords();
+}
+
+/// Whether the machine may keep something of it that no later run undoes.
+bool IsKept(machine::Operation operation) {
+    using enum machine::Operation;
+    constexpr machine::Operation Keeping[] = {
+        RegCreateKeyExW,       RegSetValueExW, SetFirmwareEnvironmentVariableW,
+        AdjustTokenPrivileges, WriteFile,      SetEndOfFile,
+        MoveFileExW,           DeleteFileW,    ExecMethod};
+    return std::ranges::find(Keeping, operation) != std::end(Keeping);
+}
+
+std::string ChangedProfile(const Situation& situation) {
+    const auto machines = machine::BuiltInMachineTexts();
+    const auto found = std::ranges::find(machines, situation.machine, &machine::BuiltInMachine::name);
+    if (found == machines.end()) {
+        throw std::runtime_error("there is no machine " + situation.machine);
+    }
+    nlohmann::json profile = nlohmann::json::parse(found->text);
+    profile.merge_patch(nlohmann::json::parse(situation.changes));
+    return profile.dump();
+}
+
+/// What is wrong with the state that a run has left behind.
+std::string StateFault(std::uint64_t apartments) {
+    std::vector<std::string> open = machine::Current().gate.OpenThings();
+    if (sondrel::SessionOpen != 0) {
+        std::erase(open, "file \\\\.\\VESKHWIO");
+    }
+    if (!open.empty()) {
+        return "left open: " + open.front();
+    }
+    if (machine::CurrentApartment().entered > apartments) {
+        return "an apartment was not left";
+    }
+    if ((sondrel::SessionOpen != 0) != (sondrel::SessionRefCount != 0)) {
+        return "the session and its count do not agree";
+    }
+    return sondrel::ZrnAcpiHandle == platform::Handle::Null ? "" : "the firmware's device counts as open";
+}
+
+} // namespace
+
+Stage::Stage(Situation situation)
+    : m_situation(std::move(situation)),
+      m_text(ChangedProfile(m_situation)),
+      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {
+    machine::ObserveCalls({heap::EnterMachine, heap::LeaveMachine});
+}
+
+void Stage::Restart() {
+    machine::Start(m_profile, ":memory:");
+    machine::Current().gate.KeepHistory(true);
+    machine::CurrentApartment() = {};
+    m_changed = false;
+    ResetLibrary();
+    InitializeSondrel();
+    if (m_situation.used) {
+        EC_ReadEcFwRev();
+        EC_ReadEcChipId();
+        EC_ReadEcChipName();
+        WMISetAppPath(u"C:\\ProgramData\\Vesk\\VeskTessaly", 1);
+        WMISetBatteryHealth(60, 1);
+        WMISetQuietFan(3, 1);
+    }
+    ShutdownSondrel();
+    SetUp();
+    if (m_situation.initCom == 0) {
+        platform::CoInitializeEx(platform::apartment::Multithreaded);
+    }
+}
+
+void Stage::Renew() {
+    if (m_changed) {
+        Restart();
+    } else {
+        SetUp();
+    }
+}
+
+void Stage::SetUp() {
+    if (sondrel::SessionOpen != 0) {
+        platform::CloseHandle(sondrel::DriverHandle);
+    }
+    ResetLibrary();
+    if (m_situation.session) {
+        InitializeSondrel();
+    }
+    m_blocks = heap::Live();
+}
+
+Run Stage::Play(const HostCall& call, machine::FaultPlan fault, heap::Plan heapFault) {
+    machine::Gate& gate = machine::Current().gate;
+    const auto apartments = machine::CurrentApartment().entered;
+    Run run;
+    gate.Restart(fault);
+    heap::Restart(heapFault);
+    try {
+        run.answer = call();
+    } catch (const std::exception& raised) {
+        run.fault = std::string("raised across the boundary: ") + raised.what();
+    }
+    run.calls = gate.History();
+    m_changed = m_changed || std::ranges::any_of(run.calls, IsKept) || !run.fault.empty();
+    run.allocations = heap::Count();
+    run.injected = gate.Injected() + heap::Injected();
+    gate.Restart();
+    heap::Restart();
+    machine::Traces().Take();
+    if (run.fault.empty()) {
+        run.fault = !run.answer.fault.empty() ? run.answer.fault : StateFault(apartments);
+    }
+    return run;
+}
+
+std::int64_t Stage::LeakedBlocks() {
+    ForgetRecords();
+    return heap::Live() - m_blocks;
+}
+
+} // namespace sweep

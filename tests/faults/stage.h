@@ -1,0 +1,76 @@
+// The stage of one run: a machine, and the library in its state at load.
+#pragma once
+
+#include "host_call.h"
+
+#include "heap.h"
+#include "machine/machine.h"
+#include "machine/profile/profile.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sweep {
+
+/// Where a run begins.
+struct Situation {
+    std::string machine = "default";
+    bool session = true;
+    /// The library was used here before: the EC's identity is kept, there is an app path with settings in it.
+    bool used = false;
+    /// What the exports get that use COM; 0: this thread has entered an apartment.
+    std::uint8_t initCom = 1;
+    /// The machine has values missing of its own.
+    bool lacking = false;
+    /// A JSON merge patch on the machine's profile.
+    std::string changes = "{}";
+};
+
+struct Run {
+    HostAnswer answer;
+    /// The boundary calls that were made, in their order.
+    std::vector<machine::Operation> calls;
+    std::uint64_t allocations = 0;
+    /// Failures that were injected, of either kind.
+    std::uint64_t injected = 0;
+    /// What is not as it has to be whatever failed: open things, broken state, an exception, a bad write.
+    std::string fault;
+};
+
+class Stage {
+public:
+    explicit Stage(Situation situation);
+
+    /// Sets everything up anew.
+    void Restart();
+
+    /// The same for the library; the machine is started again only if the last runs may have changed it, or if
+    /// somebody has found it changed.
+    void Renew();
+
+    void FoundChanged() { m_changed = true; }
+
+    /// One run from where the last one left off.
+    Run Play(const HostCall& call, machine::FaultPlan fault = {}, heap::Plan heapFault = {});
+
+    /// Blocks that the library has not given back since the restart, its records aside, which this forgets.
+    std::int64_t LeakedBlocks();
+
+    [[nodiscard]] const Situation& Where() const { return m_situation; }
+
+    /// The machine's profile.
+    [[nodiscard]] std::string_view MachineText() const { return m_text; }
+
+private:
+    void SetUp();
+
+    Situation m_situation;
+    bool m_changed = true;
+    std::string m_text;
+    machine::Profile m_profile;
+    std::int64_t m_blocks = 0;
+};
+
+} // namespace sweep

@@ -1,0 +1,41 @@
+#include "com_unused.h"
+#include "shims.h"
+
+#include "machine/machine.h"
+#include "machine/services/com_objects.h"
+
+#include <bit>
+#include <mutex>
+
+namespace twin {
+namespace {
+
+/// WMI and sound are the machine's, in apartments of either kind. Everything else is made by COM, and so is what is
+/// asked for in a way that the machine does not know.
+HRESULT WINAPI CreateObject(REFCLSID classId, LPUNKNOWN outer, DWORD context, REFIID id, LPVOID* object) {
+    const std::lock_guard lock(machine::MachineMutex());
+    machine::ComObjects& com = machine::Current().com;
+    const machine::ComClass* const row = com.FindClass(std::bit_cast<platform::Guid>(classId));
+    APTTYPE apartment{};
+    APTTYPEQUALIFIER qualifier{};
+    const bool known = row != nullptr && row->interfaceId == std::bit_cast<platform::Guid>(id) &&
+                       outer == nullptr && (context & CLSCTX_INPROC_SERVER) != 0 &&
+                       SUCCEEDED(::CoGetApartmentType(&apartment, &qualifier));
+    if (known && id == __uuidof(IWbemLocator)) {
+        *object = NewWmiLocator(com.HandOut<platform::Unknown>(row->make()));
+        return S_OK;
+    }
+    if (known && id == __uuidof(IMMDeviceEnumerator)) {
+        *object = NewSoundEnumerator(com.HandOut<platform::Unknown>(row->make()));
+        return S_OK;
+    }
+    return ::CoCreateInstance(classId, outer, context, id, object);
+}
+
+} // namespace
+
+void PutUpCom(test::ImportPatch& patch) {
+    patch.Replace("CoCreateInstance", &CreateObject);
+}
+
+} // namespace twin

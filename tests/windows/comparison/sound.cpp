@@ -1,0 +1,81 @@
+#include "com_unused.h"
+
+#include "machine/machine.h"
+#include "platform/audio.h"
+
+#include <bit>
+
+namespace twin {
+namespace {
+
+class VolumeFront final : public UnusedVolumeMethods<platform::EndpointVolume> {
+public:
+    using UnusedVolumeMethods::UnusedVolumeMethods;
+
+    HRESULT STDMETHODCALLTYPE GetMasterVolumeLevelScalar(float* level) override {
+        return platform::GetMasterVolumeLevelScalar(Machines(), *level);
+    }
+
+    HRESULT STDMETHODCALLTYPE GetMute(WINBOOL* muted) override {
+        bool answer = false;
+        const HRESULT status = platform::GetMute(Machines(), answer);
+        *muted = answer ? TRUE : FALSE;
+        return status;
+    }
+};
+
+class DeviceFront final : public Front<IMMDevice, platform::AudioDevice> {
+public:
+    using Front::Front;
+
+    HRESULT STDMETHODCALLTYPE Activate(REFIID id, DWORD context, PROPVARIANT* parameters,
+                                       void** object) override {
+        if (context != CLSCTX_INPROC_SERVER || parameters != nullptr) {
+            return E_INVALIDARG;
+        }
+        platform::EndpointVolume volume{};
+        const HRESULT status =
+            platform::Activate(Machines(), std::bit_cast<platform::Guid>(id), context, volume);
+        return InFront<VolumeFront>(status, volume, reinterpret_cast<IAudioEndpointVolume**>(object));
+    }
+
+    HRESULT STDMETHODCALLTYPE OpenPropertyStore(DWORD, IPropertyStore**) override { return E_NOTIMPL; }
+
+    HRESULT STDMETHODCALLTYPE GetId(LPWSTR*) override { return E_NOTIMPL; }
+
+    HRESULT STDMETHODCALLTYPE GetState(DWORD*) override { return E_NOTIMPL; }
+};
+
+class EnumeratorFront final : public Front<IMMDeviceEnumerator, platform::DeviceEnumerator> {
+public:
+    using Front::Front;
+
+    HRESULT STDMETHODCALLTYPE GetDefaultAudioEndpoint(EDataFlow flow, ERole role,
+                                                      IMMDevice** device) override {
+        platform::AudioDevice found{};
+        const HRESULT status = platform::GetDefaultAudioEndpoint(Machines(), flow, role, found);
+        return InFront<DeviceFront>(status, found, device);
+    }
+
+    HRESULT STDMETHODCALLTYPE EnumAudioEndpoints(EDataFlow, DWORD, IMMDeviceCollection**) override {
+        return E_NOTIMPL;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetDevice(LPCWSTR, IMMDevice**) override { return E_NOTIMPL; }
+
+    HRESULT STDMETHODCALLTYPE RegisterEndpointNotificationCallback(IMMNotificationClient*) override {
+        return E_NOTIMPL;
+    }
+
+    HRESULT STDMETHODCALLTYPE UnregisterEndpointNotificationCallback(IMMNotificationClient*) override {
+        return E_NOTIMPL;
+    }
+};
+
+} // namespace
+
+IUnknown* NewSoundEnumerator(platform::Unknown behind) {
+    return new EnumeratorFront(platform::DeviceEnumerator{static_cast<std::uintptr_t>(behind)});
+}
+
+} // namespace twin

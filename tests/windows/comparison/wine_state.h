@@ -1,0 +1,34 @@
+// What a machine keeps, put into Wine's own registry and onto its own drives.
+#pragma once
+
+#include "registry_stand.h"
+
+#include "machine/profile/profile.h"
+
+#include <filesystem>
+#include <list>
+#include <string>
+#include <vector>
+
+namespace twin {
+
+/// The machine's keys, values, directories and files, in the place of whatever stood there; all is as it was when
+/// destroyed. Throws std::runtime_error for what Wine cannot keep.
+class WineState {
+public:
+    explicit WineState(const machine::Profile& profile);
+    ~WineState();
+    WineState(const WineState&) = delete;
+    WineState& operator=(const WineState&) = delete;
+
+private:
+    void AddKey(const std::u16string& path);
+    void AddDirectory(const std::filesystem::path& path);
+    void AddFile(const std::filesystem::path& path, const std::string& text);
+
+    std::list<test::RegistryStand> m_keys;
+    std::vector<std::wstring> m_stoodFor; // keys with the hive's short name in front
+    std::vector<std::filesystem::path> m_made;
+};
+
+} // namespace twin

@@ -1,0 +1,306 @@
+#include "base/text.h"
+
+#include "terminal/column_width.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+namespace tool {
+namespace {
+
+constexpr char32_t Replacement = 0xFFFD;
+
+void Append(std::string& text, char32_t code) {
+    const auto byte = [&](char32_t value) {
+        text.push_back(static_cast<char>(value));
+    };
+    if (code < 0x80) {
+        byte(code);
+    } else if (code < 0x800) {
+        byte(0xC0 | code >> 6);
+        byte(0x80 | (code & 0x3F));
+    } else if (code < 0x10000) {
+        byte(0xE0 | code >> 12);
+        byte(0x80 | (code >> 6 & 0x3F));
+        byte(0x80 | (code & 0x3F));
+    } else {
+        byte(0xF0 | code >> 18);
+        byte(0x80 | (code >> 12 & 0x3F));
+        byte(0x80 | (code >> 6 & 0x3F));
+        byte(0x80 | (code & 0x3F));
+    }
+}
+
+/// How many bytes a character has by its first one, and the smallest code that needs so many.
+struct Lead {
+    std::size_t length;
+    char32_t bits;
+    char32_t smallest;
+};
+
+Lead LeadOf(unsigned char first) {
+    if (first < 0x80) {
+        return {1, first, 0};
+    }
+    if (first >= 0xC2 && first < 0xE0) {
+        return {2, first & 0x1Fu, 0x80};
+    }
+    if (first >= 0xE0 && first < 0xF0) {
+        return {3, first & 0x0Fu, 0x800};
+    }
+    if (first >= 0xF0 && first < 0xF5) {
+        return {4, first & 0x07u, 0x10000};
+    }
+    return {0, 0, 0};
+}
+
+/// Takes one character off the front of a text that is not empty.
+char32_t TakeUtf8(std::string_view& rest) {
+    const Lead lead = LeadOf(static_cast<unsigned char>(rest.front()));
+    char32_t code = lead.bits;
+    std::size_t taken = 1;
+    while (taken < lead.length && taken < rest.size() &&
+           (static_cast<unsigned char>(rest[taken]) & 0xC0u) == 0x80u) {
+        code = code << 6 | (static_cast<unsigned char>(rest[taken]) & 0x3Fu);
+        ++taken;
+    }
+    const bool good = lead.length != 0 && taken == lead.length && code >= lead.smallest && code <= 0x10FFFF &&
+                      (code < 0xD800 || code > 0xDFFF);
+    rest.remove_prefix(taken);
+    return good ? code : Replacement;
+}
+
+char32_t TakeUtf16(std::u16string_view& rest) {
+    const char32_t first = rest.front();
+    rest.remove_prefix(1);
+    if (first < 0xD800 || first > 0xDFFF) {
+        return first;
+    }
+    if (first > 0xDBFF || rest.empty() || rest.front() < 0xDC00 || rest.front() > 0xDFFF) {
+        return Replacement;
+    }
+    const char32_t second = rest.front();
+    rest.remove_prefix(1);
+    return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
+}
+
+int DigitOf(char character) {
+    if (character >= '0' && character <= '9') {
+        return character - '0';
+    }
+    if (character >= 'a' && character <= 'f') {
+        return character - 'a' + 10;
+    }
+    return character >= 'A' && character <= 'F' ? character - 'A' + 10 : -1;
+}
+
+/// Takes as many characters off the front of a text as fit.
+std::string Piece(std::string_view& text, std::size_t columns) {
+    std::string piece;
+    while (!text.empty()) {
+        std::string_view rest = text;
+        const char32_t next = TakeUtf8(rest);
+        const std::size_t width = ColumnsOf(next);
+        if (width > columns) {
+            break;
+        }
+        columns -= width;
+        Append(piece, next);
+        text = rest;
+    }
+    return piece;
+}
+
+std::string LowerCase(std::string_view text) {
+    std::string lower(text);
+    std::ranges::transform(lower, lower.begin(), [](char character) {
+        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+    });
+    return lower;
+}
+
+/// How many characters have to be put in, left out or replaced to make one text of the other.
+std::size_t Distance(std::string_view left, std::string_view right) {
+    std::vector<std::size_t> row(right.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 1; i <= left.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i;
+        for (std::size_t j = 1; j <= right.size(); ++j) {
+            const std::size_t replaced = diagonal + (left[i - 1] == right[j - 1] ? 0 : 1);
+            diagonal = row[j];
+            row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
+        }
+    }
+    return row.back();
+}
+
+} // namespace
+
+std::string Utf8(std::u16string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        Append(result, TakeUtf16(text));
+    }
+    return result;
+}
+
+std::u16string Utf16(std::string_view text) {
+    std::u16string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const char32_t code = TakeUtf8(text);
+        if (code < 0x10000) {
+            result.push_back(static_cast<char16_t>(code));
+        } else {
+            result.push_back(static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10)));
+            result.push_back(static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
+        }
+    }
+    return result;
+}
+
+std::string WellFormed(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        Append(result, TakeUtf8(text));
+    }
+    return result;
+}
+
+std::size_t Columns(std::string_view text) {
+    std::size_t columns = 0;
+    while (!text.empty()) {
+        if (static_cast<unsigned char>(text.front()) < 0x80) {
+            text.remove_prefix(1);
+            ++columns;
+        } else {
+            columns += ColumnsOf(TakeUtf8(text));
+        }
+    }
+    return columns;
+}
+
+std::string OnOneLine(std::string_view text) {
+    std::string result;
+    while (!text.empty()) {
+        const char32_t code = TakeUtf8(text);
+        if (code < 0x20 || (code >= 0x7F && code < 0xA0)) {
+            const auto byte = static_cast<std::uint8_t>(code);
+            result += "\\x" + Hex({&byte, 1});
+        } else {
+            Append(result, code);
+        }
+    }
+    return result;
+}
+
+std::string Shortened(std::string_view text, std::size_t columns) {
+    if (text.size() <= columns || Columns(text) <= columns) {
+        return std::string(text);
+    }
+    constexpr std::string_view Mark = "...";
+    const std::size_t room = columns - std::min(columns, Mark.size());
+    return Piece(text, room).append(Mark.substr(0, columns));
+}
+
+std::vector<std::string> Wrapped(std::string_view text, std::size_t columns) {
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        std::string_view rest = text;
+        std::string line = Piece(rest, columns);
+        if (line.empty()) {
+            Append(line, TakeUtf8(rest)); // wider than the line itself
+        }
+        const std::size_t blank = line.rfind(' ');
+        if (!rest.empty() && rest.front() != ' ' && blank != std::string::npos && blank != 0) {
+            line.resize(blank);
+            rest = text.substr(blank);
+        }
+        while (!rest.empty() && rest.front() == ' ') {
+            rest.remove_prefix(1);
+        }
+        lines.push_back(std::move(line));
+        text = rest;
+    }
+    return lines;
+}
+
+std::string Hex(std::span<const std::uint8_t> bytes) {
+    constexpr std::string_view Digits = "0123456789abcdef";
+    std::string text;
+    text.reserve(bytes.size() * 2);
+    for (const std::uint8_t byte : bytes) {
+        text.push_back(Digits[byte >> 4]);
+        text.push_back(Digits[byte & 15]);
+    }
+    return text;
+}
+
+std::optional<std::vector<std::uint8_t>> BytesOfHex(std::string_view text) {
+    std::vector<std::uint8_t> bytes;
+    int high = -1;
+    for (const char character : text) {
+        const int digit = DigitOf(character);
+        const bool between = high < 0 && (character == ' ' || character == ':' || character == '-');
+        if (between) {
+            continue;
+        }
+        if (digit < 0) {
+            return std::nullopt;
+        }
+        if (high < 0) {
+            high = digit;
+        } else {
+            bytes.push_back(static_cast<std::uint8_t>(high * 16 + digit));
+            high = -1;
+        }
+    }
+    return high < 0 ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+std::vector<std::string_view> Split(std::string_view text, char separator) {
+    std::vector<std::string_view> pieces;
+    for (std::size_t end = text.find(separator); end != std::string_view::npos; end = text.find(separator)) {
+        pieces.push_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    pieces.push_back(text);
+    return pieces;
+}
+
+std::string_view Nearest(std::string_view name, std::span<const std::string_view> candidates) {
+    constexpr std::size_t LongestName = 64; // nobody mistypes by more
+    if (name.empty() || name.size() > LongestName) {
+        return {};
+    }
+    const std::string wanted = LowerCase(name);
+    std::string_view best;
+    std::size_t bestDistance = std::max<std::size_t>(3, name.size() / 3) + 1;
+    for (const std::string_view candidate : candidates) {
+        const std::string lower = LowerCase(candidate);
+        std::size_t distance = Distance(wanted, lower);
+        if (wanted.size() >= 4 && lower.find(wanted) != std::string::npos) {
+            distance = std::min<std::size_t>(distance, 3); // a piece of a name
+        }
+        if (distance < bestDistance) {
+            best = candidate;
+            bestDistance = distance;
+        }
+    }
+    return best;
+}
+
+std::filesystem::path PathOf(std::string_view utf8) {
+    return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+std::string Utf8Of(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+} // namespace tool

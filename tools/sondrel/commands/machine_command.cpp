@@ -1,0 +1,134 @@
+// sondrel machine: profiles of simulated machines, made, checked and told. No library is loaded.
+#include "commands/machine_command.h"
+
+#include "base/output_file.h"
+#include "base/text.h"
+#include "base/trouble.h"
+#include "machine/profile/built_in_machines.h"
+#include "machines/json_places.h"
+#include "machines/machine_words.h"
+#include "machines/profile_check.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+
+namespace tool {
+namespace {
+
+/// Where a profile of a family starts.
+struct FamilyStart {
+    std::string_view code;
+    std::string_view machine;
+};
+
+constexpr FamilyStart FamilyStarts[] = {{"AB", "ab"},      {"AR", "ar"}, {"CF", "cf"}, {"GL", "gl"},
+                                        {"KL", "default"}, {"PC", "pc"}, {"WL", "wl"}};
+
+const machine::BuiltInMachine* FindBuiltIn(std::string_view name) {
+    const auto machines = machine::BuiltInMachineTexts();
+    const auto found = std::ranges::find(machines, name, &machine::BuiltInMachine::name);
+    return found != machines.end() ? &*found : nullptr;
+}
+
+std::string TextOf(const std::string& nameOrFile) {
+    const machine::BuiltInMachine* const builtIn = FindBuiltIn(nameOrFile);
+    if (builtIn != nullptr) {
+        return std::string(builtIn->text);
+    }
+    std::error_code problem;
+    if (!std::filesystem::exists(PathOf(nameOrFile), problem)) {
+        throw Trouble(std::string("there is no machine and no file \"").append(OnOneLine(nameOrFile)) +
+                      "\"; sondrel machine list tells the built-in ones");
+    }
+    return ReadFile(nameOrFile);
+}
+
+std::string LineOf(const std::string& file, const Mistake& mistake) {
+    return OnOneLine(file) + ':' + std::to_string(mistake.place.line) + ':' +
+           std::to_string(mistake.place.column) + ": " + mistake.text;
+}
+
+/// A profile without a mistake. Throws Trouble with the first one.
+std::string GoodTextOf(const std::string& nameOrFile) {
+    std::string text = TextOf(nameOrFile);
+    if (const std::vector<Mistake> mistakes = MistakesOf(text); !mistakes.empty()) {
+        throw Trouble(LineOf(nameOrFile, mistakes.front()));
+    }
+    return text;
+}
+
+std::string FamilyMachine(const std::string& family) {
+    std::string code = family;
+    std::ranges::transform(code, code.begin(), [](char letter) {
+        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+    });
+    const auto* const found = std::ranges::find(FamilyStarts, code, &FamilyStart::code);
+    if (found == std::end(FamilyStarts)) {
+        std::string known;
+        for (const FamilyStart& each : FamilyStarts) {
+            known.append(known.empty() ? "" : ", ").append(each.code);
+        }
+        throw Trouble(std::string("there is no family \"").append(OnOneLine(family)) +
+                      "\"; expected one of " + known);
+    }
+    return std::string(found->machine);
+}
+
+std::string QuotedName(const Options& options) {
+    const bool named = !options.output.empty() && options.output != "-";
+    const std::string name = named ? Utf8Of(PathOf(options.output).stem()) : "my-machine";
+    return nlohmann::json(name).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+} // namespace
+
+int NewMachine(const Options& options) {
+    if (options.from.empty() == options.name.empty()) {
+        throw Trouble("machine new takes a family or --from NAME (sondrel machine new --help)");
+    }
+    std::string text = GoodTextOf(options.from.empty() ? FamilyMachine(options.name) : options.from);
+    const ByteRange name = JsonPlaces(text).ValueOf("/name");
+    text.replace(name.begin, name.end - name.begin, QuotedName(options));
+    std::error_code problem;
+    if (options.output != "-" && std::filesystem::is_regular_file(PathOf(options.output), problem)) {
+        throw Trouble(OnOneLine(options.output) + ": is there already, and is left as it is");
+    }
+    WriteOutput(options.output, text);
+    return ExitDone;
+}
+
+int CheckMachines(const Options& options) {
+    std::size_t wrong = 0;
+    for (const std::string& file : options.files) {
+        const std::vector<Mistake> mistakes = MistakesOf(ReadFile(file));
+        for (const Mistake& mistake : mistakes) {
+            std::cout << LineOf(file, mistake) << '\n';
+        }
+        if (mistakes.empty()) {
+            std::cout << OnOneLine(file) << ": a good profile\n";
+        }
+        wrong += mistakes.empty() ? 0 : 1;
+    }
+    return wrong == 0 ? ExitDone : ExitMistakes;
+}
+
+int ShowMachine(const Options& options) {
+    const std::string text = GoodTextOf(options.name);
+    std::cout << MachineInWords(nlohmann::json::parse(text));
+    return ExitDone;
+}
+
+int ListMachines(const Options&) {
+    constexpr std::size_t NameColumn = 20;
+    for (const machine::BuiltInMachine& builtIn : machine::BuiltInMachineTexts()) {
+        std::string line(builtIn.name);
+        line.resize(std::max(line.size() + 1, NameColumn), ' ');
+        std::cout << line << nlohmann::json::parse(builtIn.text).value("description", "") << '\n';
+    }
+    return ExitDone;
+}
+
+} // namespace tool

@@ -1,0 +1,37 @@
+// The command lines of `machine`.
+#include "commands/machine_command.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tool {
+
+void AddMachineCommands(CLI::App& app, Options& options) {
+    CLI::App* const machine =
+        app.add_subcommand("machine", "Make, check and show profiles of simulated machines");
+    machine->require_subcommand(1);
+
+    CLI::App* const fresh = machine->add_subcommand("new", "Start a profile");
+    fresh->add_option("FAMILY", options.name, "A family's code: AB, AR, CF, GL, KL, PC, WL")->type_name("");
+    fresh->add_option("--from", options.from, "A built-in machine or another profile")
+        ->type_name("NAME|FILE");
+    fresh->add_option("--output,-o", options.output, "The new profile; one that is there is left alone")
+        ->type_name("FILE");
+    fresh->callback([&options] { options.run = NewMachine; });
+
+    CLI::App* const check = machine->add_subcommand("check", "Tell all mistakes with their lines");
+    check->add_option("FILE", options.files, "Profiles")->required()->type_name("");
+    check->callback([&options] { options.run = CheckMachines; });
+
+    CLI::App* const show = machine->add_subcommand("show", "Tell a machine in words");
+    show->add_option("NAME", options.name, "A built-in machine or a profile")->required()->type_name("");
+    show->callback([&options] { options.run = ShowMachine; });
+
+    CLI::App* const list = machine->add_subcommand("list", "The built-in machines");
+    list->callback([&options] { options.run = ListMachines; });
+
+    for (CLI::App* const command : {machine, fresh, check, show, list}) {
+        command->fallthrough();
+    }
+}
+
+} // namespace tool

@@ -1,0 +1,37 @@
+// sondrel: calls the library's exports from a command line.
+#include "base/trouble.h"
+#include "commands/options.h"
+#include "terminal/interrupt.h"
+#include "terminal/system.h"
+#include "terminal/terminal.h"
+
+#include <exception>
+#include <iostream>
+
+namespace {
+
+int RunToTheEnd(const std::vector<std::string>& arguments) {
+    try {
+        const tool::Options options = tool::ParseCommandLine(arguments);
+        const int status = options.run != nullptr ? options.run(options) : tool::ExitDone;
+        if (!std::cout.flush()) {
+            throw tool::Trouble("the output could not be written");
+        }
+        tool::interrupt::Check();
+        return status;
+    } catch (const tool::interrupt::Interruption&) {
+        std::cout.flush();
+        tool::interrupt::End();
+    } catch (const std::exception& problem) {
+        std::cerr << "sondrel: " << problem.what() << '\n';
+        return tool::ExitTrouble;
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    tool::interrupt::Listen();
+    const tool::terminal::Console console;
+    return RunToTheEnd(tool::host_system::Arguments(count, arguments));
+}

@@ -1,0 +1,43 @@
+// sondrel snapshot FILE
+#include "base/output_file.h"
+#include "base/text.h"
+#include "base/trouble.h"
+#include "output/reading_json.h"
+#include "readings/snapshot.h"
+
+#include <ctime>
+
+namespace tool {
+namespace {
+
+using OrderedJson = nlohmann::ordered_json;
+
+std::string Now() {
+    const std::time_t now = std::time(nullptr);
+    const std::tm* const utc = std::gmtime(&now);
+    char text[32];
+    return utc != nullptr && std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", utc) != 0 ? text : "";
+}
+
+} // namespace
+
+int TakeSnapshot(const Options& options) {
+    const Host host(options);
+    OrderedJson readings = OrderedJson::object();
+    ReadAll(host, options, [&](const Reading& reading) {
+        Describe(reading, KeptValue(reading), readings[std::string(reading.row.name)]);
+    });
+    OrderedJson snapshot;
+    snapshot["format"] = SnapshotFormat;
+    snapshot["version"] = SnapshotVersion;
+    snapshot["tool"] = SONDREL_VERSION;
+    snapshot["taken"] = Now();
+    snapshot["machine"] = WellFormed(host.machineName);
+    snapshot["simulated"] = host.machine.has_value();
+    snapshot["readings"] = std::move(readings);
+    WriteOutput(options.files.front(),
+                snapshot.dump(2, ' ', false, OrderedJson::error_handler_t::replace) + '\n');
+    return ExitDone;
+}
+
+} // namespace tool

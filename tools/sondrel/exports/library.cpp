@@ -1,0 +1,57 @@
+#include "exports/library.h"
+
+#include "base/text.h"
+#include "base/trouble.h"
+
+#include <cstdint>
+#include <string>
+#include <system_error>
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The library beside the tool, or where an installed kit has it: in lib, with the tool in bin.
+fs::path OwnLibrary() {
+    const fs::path directory = host_system::OwnDirectory();
+    const fs::path beside = directory / host_system::LibraryFileName();
+    const fs::path installed = directory.parent_path() / "lib" / host_system::LibraryFileName();
+    std::error_code problem;
+    return !fs::exists(beside, problem) && fs::exists(installed, problem) ? installed : beside;
+}
+
+fs::path FullPathOf(std::string_view file) {
+    fs::path path = file.empty() ? OwnLibrary() : fs::absolute(PathOf(file));
+    std::error_code problem;
+    if (!fs::exists(path, problem)) {
+        throw Trouble("there is no library " + Utf8Of(path) +
+                      (file.empty() ? "; --library FILE names another" : ""));
+    }
+    return path;
+}
+
+} // namespace
+
+Library::Library(std::string_view file) : m_file(FullPathOf(file)), m_library(m_file) {}
+
+Address Library::Find(std::string_view exportName) const {
+    return m_library.Find(std::string(exportName).c_str());
+}
+
+Session::Session(const Library& library) : m_library(library) {
+    if (const Address open = library.Find("InitializeSondrel"); open != nullptr) {
+        m_open = reinterpret_cast<std::int32_t (*)()>(open)() != 0;
+    }
+}
+
+Session::~Session() {
+    if (!m_open) {
+        return;
+    }
+    if (const Address close = m_library.Find("ShutdownSondrel"); close != nullptr) {
+        close();
+    }
+}
+
+} // namespace tool

@@ -1,0 +1,77 @@
+#include "machines/simulated_machine.h"
+
+#include "base/text.h"
+#include "base/trouble.h"
+#include "vesk_sondrel_machine.h"
+
+#include <array>
+#include <iostream>
+#include <system_error>
+
+namespace tool {
+namespace {
+
+void TellLine(void*, int kind, const char* line) {
+    std::string_view text(line);
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) {
+        text.remove_suffix(1);
+    }
+    std::cerr << (kind == VESK_MACHINE_EVENT_LINE ? "event: " : "debug: ") << OnOneLine(text) << '\n';
+}
+
+} // namespace
+
+template <class Function>
+Function* SimulatedMachine::Routine(const char* name) const {
+    const Address address = m_library.Find(name);
+    if (address == nullptr) {
+        throw Trouble("the simulated machine beside the library has no " + std::string(name));
+    }
+    return reinterpret_cast<Function*>(address);
+}
+
+std::optional<SimulatedMachine> SimulatedMachine::Beside(const std::filesystem::path& libraryFile) {
+    const std::string_view name = host_system::MachineFileName();
+    const std::filesystem::path file = libraryFile.parent_path() / name;
+    std::error_code problem;
+    if (name.empty() || !std::filesystem::exists(file, problem)) {
+        return std::nullopt;
+    }
+    return SimulatedMachine(SharedLibrary(file));
+}
+
+void SimulatedMachine::Start(const std::string& machine, const std::optional<std::string>& store) {
+    std::array<char, 2048> problem{};
+    const auto start = Routine<decltype(VeskMachine_Start)>("VeskMachine_Start");
+    if (start(machine.c_str(), store ? store->c_str() : nullptr, problem.data(), problem.size()) == 0) {
+        throw Trouble(OnOneLine(problem.data()));
+    }
+}
+
+void SimulatedMachine::Trace() {
+    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(TellLine, nullptr, 0);
+}
+
+void SimulatedMachine::ListenToCalls(Listener listener, void* context) const {
+    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(listener, context, 1);
+}
+
+void SimulatedMachine::TieToRealTime() const {
+    Routine<decltype(VeskMachine_TieToRealTime)>("VeskMachine_TieToRealTime")(1);
+}
+
+void SimulatedMachine::PassTime(std::chrono::microseconds time) const {
+    Routine<decltype(VeskMachine_PassTime)>("VeskMachine_PassTime")(static_cast<std::uint64_t>(time.count()));
+}
+
+std::chrono::microseconds SimulatedMachine::Now() const {
+    return std::chrono::microseconds(
+        Routine<decltype(VeskMachine_Microseconds)>("VeskMachine_Microseconds")());
+}
+
+std::string SimulatedMachine::DefaultName() const {
+    const char* const name = Routine<decltype(VeskMachine_BuiltIn)>("VeskMachine_BuiltIn")(0);
+    return name != nullptr ? name : "";
+}
+
+} // namespace tool

@@ -1,0 +1,19 @@
+// Readings as SVG drawings for the page.
+#pragma once
+
+#include "readings/telemetry.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tool {
+
+/// A curve over the samples, with a gap where a sample has no number.
+std::string CurveSvg(std::span<const std::optional<double>> numbers, Range range, std::string_view title);
+
+/// A bar up to the newest number, and a line over the range that the numbers went through.
+std::string BarSvg(std::span<const std::optional<double>> numbers, Range range, std::string_view title);
+
+} // namespace tool

@@ -1,0 +1,142 @@
+// What sondrel diff tells a reader.
+#include "base/text.h"
+#include "readings/diff.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tool {
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr std::size_t LongestValue = 80;
+constexpr std::size_t NameColumn = 44;
+constexpr std::string_view Missing = "(not in this snapshot)";
+
+/// The characters that a number is packed of, the first in the highest byte.
+std::string LettersOf(std::uint64_t number) {
+    std::string letters;
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        const auto letter = static_cast<char>(number >> shift & 0xFF);
+        if (letter != '\0') {
+            letters.push_back(letter);
+        }
+    }
+    return std::string(1, '"').append(OnOneLine(WellFormed(letters))).append(1, '"');
+}
+
+/// A number as the export's kind asks for it.
+std::string NumberWords(const Json& value, Display display) {
+    char text[32];
+    if (!value.is_number_integer() && display != Display::Fraction) {
+        return value.dump();
+    }
+    switch (display) {
+    case Display::Hexadecimal:
+        std::snprintf(text, sizeof text, "0x%08llx",
+                      static_cast<unsigned long long>(value.get<std::int64_t>()));
+        return text;
+    case Display::Letters:
+        return LettersOf(static_cast<std::uint64_t>(value.get<std::int64_t>()));
+    case Display::Fraction:
+        std::snprintf(text, sizeof text, "%.3g", value.get<double>());
+        return text;
+    default:
+        return value.dump();
+    }
+}
+
+std::string Words(const Json& value, Display display) {
+    if (value.is_null()) {
+        return "failed"; // one place of a list
+    }
+    if (value.is_number()) {
+        return NumberWords(value, display);
+    }
+    return Shortened(OnOneLine(value.dump(-1, ' ', false, Json::error_handler_t::replace)), LongestValue);
+}
+
+std::string WordsOf(const KeptReading* reading, Display display) {
+    if (reading == nullptr) {
+        return std::string(Missing);
+    }
+    if (reading->status == TextOf(Status::Ok) || reading->status == TextOf(Status::Partly)) {
+        return Words(reading->value, display);
+    }
+    const std::string text = reading->status + (reading->meaning.empty() ? "" : ": ") + reading->meaning;
+    return Shortened(OnOneLine(text), LongestValue);
+}
+
+std::string WithUnit(std::string text, const std::string& unit) {
+    return unit.empty() ? text : text.append(1, ' ').append(OnOneLine(unit));
+}
+
+std::string LineOf(const Change& change, Display display, const std::string& unit) {
+    std::string line = change.place.empty() ? std::string() : Shortened(change.place, LongestValue) + ": ";
+    if (!change.before || !change.after) {
+        line += change.after ? "new " : "gone ";
+        return WithUnit(line + Words(change.after ? *change.after : *change.before, display), unit);
+    }
+    return WithUnit(line + Words(*change.before, display) + " -> " + Words(*change.after, display), unit);
+}
+
+std::vector<std::string> LinesOf(const Difference& difference) {
+    const Export* const row = FindExport(difference.name);
+    const Display display = row != nullptr ? row->traits.display : Display::Plain;
+    const std::string before = difference.before != nullptr ? difference.before->unit : "";
+    const std::string after = difference.after != nullptr ? difference.after->unit : "";
+    const bool oneUnit = before == after;
+    std::vector<std::string> lines;
+    for (const Change& change : difference.changes) {
+        lines.push_back(LineOf(change, display, oneUnit ? after : ""));
+    }
+    if (lines.empty()) {
+        lines.push_back(WordsOf(difference.before, display) + " -> " + WordsOf(difference.after, display));
+    }
+    if (!oneUnit && difference.before != nullptr && difference.after != nullptr) {
+        lines.push_back(std::string("unit: \"")
+                            .append(OnOneLine(before))
+                            .append("\" -> \"")
+                            .append(OnOneLine(after))
+                            .append(1, '"'));
+    }
+    return lines;
+}
+
+std::string HeadOf(std::string_view side, const std::string& file, const Snapshot& snapshot) {
+    std::string line(side);
+    return line.append("  ").append(OnOneLine(file)) + ": " + OnOneLine(snapshot.machine) + ", taken " +
+           OnOneLine(snapshot.taken.empty() ? "at a time not told" : snapshot.taken) + '\n';
+}
+
+} // namespace
+
+std::string DifferencesAsText(const Options& options, const Snapshot& before, const Snapshot& after,
+                              const Differences& differences) {
+    std::string text =
+        HeadOf("before", options.files.at(0), before) + HeadOf("after ", options.files.at(1), after);
+    std::string family;
+    for (const Difference& difference : differences.all) {
+        if (difference.family != family) {
+            family = difference.family;
+            text.append(1, '\n').append(OnOneLine(family)).append(1, '\n');
+        }
+        std::string name = std::string("  ").append(OnOneLine(difference.name));
+        for (const std::string& line : LinesOf(difference)) {
+            name.resize(std::max(name.size() + 1, NameColumn), ' ');
+            text.append(name).append(line).append(1, '\n');
+            name.clear();
+        }
+    }
+    text += std::string(1, '\n').append(std::to_string(differences.all.size())) + " of " +
+            std::to_string(differences.compared) + " readings differ";
+    if (differences.leftOut != 0) {
+        text.append("; ")
+            .append(std::to_string(differences.leftOut))
+            .append(" that always move were left out");
+    }
+    return text + '\n';
+}
+
+} // namespace tool

@@ -1,0 +1,167 @@
+// sondrel report, for the eye.
+#include "base/text.h"
+#include "commands/commands.h"
+#include "exports/document.h"
+#include "output/readable.h"
+#include "terminal/paint.h"
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+
+namespace tool {
+namespace {
+
+constexpr std::size_t LongestLine = 100;
+constexpr std::size_t MostLines = 24;
+
+/// Where names and values stand.
+struct Layout {
+    /// Columns before a value.
+    std::size_t margin;
+    /// Columns for a value.
+    std::size_t room;
+    /// The value stands below its name: the terminal is too narrow for both.
+    bool below;
+};
+
+Layout LayoutFor(std::size_t longestName) {
+    constexpr std::size_t Fair = 28;
+    constexpr std::size_t Least = 16;
+    const Layout wide{longestName + 4, LongestLine, false};
+    if (!terminal::IsTerminal(terminal::Stream::Out)) {
+        return wide;
+    }
+    const std::size_t columns = terminal::SizeOf(terminal::Stream::Out).columns;
+    if (columns >= wide.margin + Fair) {
+        return {wide.margin, std::min(LongestLine, columns - wide.margin), false};
+    }
+    constexpr std::size_t Indent = 4;
+    return {Indent, std::max(Least, columns - std::min(columns, Indent)), true};
+}
+
+class TextReport {
+public:
+    TextReport(std::ostream& out, ColourWish colour) : m_out(out), m_paint(colour, terminal::Stream::Out) {
+        for (const Export& row : AllExports()) {
+            m_width = std::max(m_width, row.name.size());
+        }
+        m_layout = LayoutFor(m_width);
+    }
+
+    void Begin(const Host& host) const {
+        Tell("Library  " + OnOneLine(Utf8Of(host.library.File())));
+        Tell("Machine  " + OnOneLine(host.machineName) + (host.machine ? " (simulated)" : ""));
+    }
+
+    void Add(const Reading& reading) {
+        const auto status = static_cast<std::size_t>(reading.judgement.status);
+        ++m_counts[status];
+        if (reading.judgement.status == Status::NotExported) {
+            return;
+        }
+        if (reading.judgement.status == Status::NotRun) {
+            m_notRun.append(m_notRun.empty() ? "" : ", ").append(reading.row.name);
+            return;
+        }
+        if (reading.row.family != m_family) {
+            m_family = reading.row.family;
+            m_out << '\n'
+                  << m_paint(Style::Title, Shortened(TitleOf(m_family), m_layout.margin + m_layout.room))
+                  << '\n';
+        }
+        m_out << "  " << reading.row.name;
+        std::string lead =
+            m_layout.below ? "\n    " : std::string(m_width - reading.row.name.size() + 2, ' ');
+        for (const std::string& line : LinesOf(reading)) {
+            m_out << lead << line << '\n';
+            lead.assign(m_layout.margin, ' ');
+        }
+        m_out.flush(); // the next reading may take its time
+    }
+
+    void End() const {
+        m_out << '\n';
+        Tell(CountsInWords());
+        if (!m_notRun.empty()) {
+            Tell("not run by a report: " + m_notRun);
+        }
+        if (const std::size_t count = m_counts[static_cast<std::size_t>(Status::NotExported)]; count != 0) {
+            Tell("not exported by this library: " + std::to_string(count) + " names");
+        }
+    }
+
+private:
+    [[nodiscard]] std::vector<std::string> LinesOf(const Reading& reading) const {
+        const Style style = StyleOf(reading.judgement.status);
+        if (HasValue(reading) && reading.row.traits.display == Display::Document) {
+            return DocumentOf(reading);
+        }
+        const Readable readable = ReadableOf(reading, LongestLine);
+        const std::string whole = OnOneLine(readable);
+        if (Columns(whole) <= m_layout.room || !terminal::IsTerminal(terminal::Stream::Out)) {
+            const std::string_view rest = std::string_view(whole).substr(readable.value.size());
+            return {m_paint(style, readable.value) + m_paint(Style::Quiet, rest)};
+        }
+        std::vector<std::string> lines = Wrapped(whole, m_layout.room);
+        for (std::string& line : lines) {
+            line = m_paint(style, line);
+        }
+        return lines;
+    }
+
+    [[nodiscard]] std::vector<std::string> DocumentOf(const Reading& reading) const {
+        std::vector<std::string> lines = DocumentLines(reading.answer.bare, m_layout.room);
+        if (lines.size() > MostLines) {
+            const std::size_t left = lines.size() - (MostLines - 1);
+            lines.resize(MostLines - 1);
+            const std::string more =
+                "... " + std::to_string(left) + " more lines: sondrel call " + std::string(reading.row.name);
+            for (const std::string& line : Wrapped(more, m_layout.room)) {
+                lines.push_back(m_paint(Style::Quiet, line));
+            }
+        }
+        return lines;
+    }
+
+    /// "97 readings: 88 ok, 7 absent, 2 failed"
+    [[nodiscard]] std::string CountsInWords() const {
+        std::size_t all = 0;
+        std::string text;
+        for (std::size_t i = 0; i < static_cast<std::size_t>(Status::NotExported); ++i) {
+            all += m_counts[i];
+            if (m_counts[i] != 0) {
+                text.append(text.empty() ? "" : ", ").append(std::to_string(m_counts[i])).append(1, ' ');
+                text.append(TextOf(static_cast<Status>(i)));
+            }
+        }
+        return std::to_string(all) + " readings: " + text;
+    }
+
+    void Tell(const std::string& text) const {
+        const bool wraps = terminal::IsTerminal(terminal::Stream::Out);
+        for (const std::string& line :
+             wraps ? Wrapped(text, m_layout.margin + m_layout.room) : std::vector<std::string>{text}) {
+            m_out << line << '\n';
+        }
+    }
+
+    std::ostream& m_out;
+    Paint m_paint;
+    std::size_t m_width = 0;
+    Layout m_layout{};
+    Family m_family = Family::Count;
+    std::array<std::size_t, static_cast<std::size_t>(Status::NotRun) + 1> m_counts{};
+    std::string m_notRun;
+};
+
+} // namespace
+
+void ReportAsText(const Host& host, const Options& options) {
+    TextReport report(std::cout, options.colour);
+    report.Begin(host);
+    ReadAll(host, options, [&](const Reading& reading) { report.Add(reading); });
+    report.End();
+}
+
+} // namespace tool

@@ -1,0 +1,41 @@
+// What `watch` shows: the newest sample, and where each reading came from.
+#pragma once
+
+#include "readings/sampler.h"
+#include "terminal/paint.h"
+#include "terminal/terminal.h"
+
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace tool {
+
+class WatchScreen {
+public:
+    /// `title` is the line above the readings.
+    WatchScreen(const std::vector<Series>& series, std::string title, Paint paint);
+
+    void Add(const Sample& sample);
+
+    /// The whole screen, from its upper left corner on. No line is wider than the terminal.
+    [[nodiscard]] std::string Draw(terminal::Size size) const;
+
+    /// The newest sample for a file or a pipe: a line for each reading.
+    [[nodiscard]] std::string Lines() const;
+
+private:
+    [[nodiscard]] std::string LineOf(std::size_t index, std::size_t nameWidth, std::size_t columns) const;
+    [[nodiscard]] std::string HistoryOf(std::size_t index, std::size_t columns) const;
+
+    const std::vector<Series>& m_series;
+    std::string m_title;
+    Paint m_paint;
+    Sample m_newest;
+    std::size_t m_count = 0;
+    /// The numbers of each series, the newest last; nothing where there was none.
+    std::vector<std::deque<std::optional<double>>> m_histories;
+};
+
+} // namespace tool

@@ -1,0 +1,121 @@
+#include "readings/telemetry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace tool {
+namespace {
+
+constexpr UnitKind Kinds[] = {
+    {.unit = "°C", .shown = "°C", .leastSpan = 10},
+    {.unit = "rpm", .shown = "rpm", .leastSpan = 500},
+    {.unit = "%", .shown = "%", .highest = 100},
+    {.unit = "fraction", .factor = 100, .shown = "%", .digits = 1, .highest = 100},
+    {.unit = "mV", .shown = "mV", .leastSpan = 100},
+    {.unit = "mWh", .shown = "mWh", .leastSpan = 1000},
+    {.unit = "dBm", .shown = "dBm", .lowest = -100, .highest = 0},
+    {.unit = "raw", .shown = "raw", .leastSpan = 10},
+    {.unit = "", .shown = "", .leastSpan = 1},
+};
+
+/// The cells of a battery are there to be compared with each other.
+constexpr UnitKind Cells{.unit = "raw", .shown = "raw", .leastSpan = 50, .drawing = Drawing::Bars};
+constexpr std::string_view CellReading = "Battery_Read_CellVoltage";
+
+struct Places {
+    std::string_view name;
+    std::size_t count;
+};
+
+constexpr Places Lists[] = {{CellReading, 4}, {"Thermal_Read_Fan", 4}};
+
+constexpr std::string_view Usual[] = {
+    "Thermal_Read_Cpu_Temperature",
+    "Thermal_Read_BoardTS0L_Temperature",
+    "Thermal_Read_BoardTS0R_Temperature",
+    "Thermal_Read_GpuTS1L_Temperature",
+    "Thermal_Read_GpuTS1R_Temperature",
+    "Thermal_Read_BatteryConnector_Temperature",
+    "Thermal_Read_Fan",
+    CellReading,
+    "Battery_Read_CapacityPercentage",
+    "Battery_Read_Current",
+    "Thermal_Read_CpuPackagePower",
+    "CPU_ReadCPUUsage",
+};
+
+constexpr std::string_view Temperatures[] = {
+    "Thermal_Read_Cpu_Temperature",       "Thermal_Read_BoardTS0L_Temperature",
+    "Thermal_Read_BoardTS0R_Temperature", "Thermal_Read_GpuTS1L_Temperature",
+    "Thermal_Read_GpuTS1R_Temperature",   "Thermal_Read_BatteryConnector_Temperature",
+    "Thermal_Read_ACFET_Temperature",     "Thermal_Read_ChargerChoke_Temperature",
+    "Thermal_Read_GpuVrm_Temperature",    "Thermal_Read_UpCpu_Temperature",
+    "Thermal_Read_GpuVram_Temperature",
+};
+constexpr std::string_view Fans[] = {"Thermal_Read_Fan"};
+constexpr std::string_view BatteryCells[] = {CellReading};
+constexpr std::string_view Usage[] = {"CPU_ReadCPUUsage", "Thermal_Read_CpuPackagePower",
+                                      "Battery_Read_CapacityPercentage", "Battery_Read_Current"};
+
+constexpr Chart Charts[] = {
+    {"Temperatures", Temperatures},
+    {"Fans", Fans},
+    {"Battery cells", BatteryCells},
+    {"Usage and power", Usage},
+};
+
+} // namespace
+
+const UnitKind& KindOf(const Export& row) {
+    if (row.name == CellReading) {
+        return Cells;
+    }
+    const auto found = std::ranges::find(Kinds, row.traits.unit, &UnitKind::unit);
+    return found != std::end(Kinds) ? *found : *std::prev(std::end(Kinds));
+}
+
+std::size_t PlacesIn(const Export& row) {
+    const auto found = std::ranges::find(Lists, row.name, &Places::name);
+    return found != std::end(Lists) ? found->count : 1;
+}
+
+std::string NumberText(const UnitKind& kind, double number) {
+    char text[400]; // the largest double in full has 309 digits
+    const double shown = number * kind.factor;
+    const bool whole = kind.digits == 0 && shown == std::round(shown);
+    std::snprintf(text, sizeof text, "%.*f", whole ? 0 : std::max(kind.digits, 1), shown);
+    return text;
+}
+
+Range RangeFor(const UnitKind& kind, std::span<const double> numbers) {
+    if (numbers.empty()) {
+        return {kind.lowest / kind.factor, kind.highest / kind.factor};
+    }
+    const auto [low, high] = std::ranges::minmax(numbers);
+    Range range{low, high};
+    if (kind.lowest < kind.highest) {
+        range = {std::min(low, kind.lowest / kind.factor), std::max(high, kind.highest / kind.factor)};
+    }
+    const double missing = kind.leastSpan / kind.factor - (range.high - range.low);
+    if (missing > 0) {
+        const bool fromZero = low >= 0 && low < missing / 2;
+        range = {fromZero ? 0 : low - missing / 2,
+                 fromZero ? low + missing + (high - low) : high + missing / 2};
+    }
+    if (kind.digits == 0) {
+        range = {std::floor(range.low * kind.factor) / kind.factor,
+                 std::ceil(range.high * kind.factor) / kind.factor};
+    }
+    return range;
+}
+
+std::span<const std::string_view> UsualReadings() {
+    return Usual;
+}
+
+std::span<const Chart> PageCharts() {
+    return Charts;
+}
+
+} // namespace tool

@@ -1,0 +1,165 @@
+// Interrupts as signals.
+#include "terminal/interrupt_posix.h"
+#include "terminal/interrupt.h"
+#include "terminal/terminal.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+
+namespace tool::interrupt {
+namespace {
+
+/// How long an interrupted command may go on, in seconds.
+constexpr unsigned Patience = 2;
+
+volatile std::sig_atomic_t TheSignal = 0;
+volatile std::sig_atomic_t RedrawWanted = 0;
+std::array<int, 2> WakePipe{-1, -1};
+std::array<char, PATH_MAX> FileToRemove{};
+void (*BeforeStop)() = nullptr;
+void (*AfterStop)() = nullptr;
+
+void WakeUp() {
+    const int kept = errno;
+    [[maybe_unused]] const ssize_t written = write(WakePipe[1], "", 1);
+    errno = kept;
+}
+
+/// The program dies of the signal, so that a shell sees an interrupt and not a program that chose to end.
+[[noreturn]] void DieOf(int signal) {
+    std::signal(signal, SIG_DFL);
+    sigset_t only;
+    sigemptyset(&only);
+    sigaddset(&only, signal);
+    raise(signal);
+    pthread_sigmask(SIG_UNBLOCK, &only, nullptr);
+    _exit(128 + signal);
+}
+
+[[noreturn]] void ForceEnd(int signal) {
+    terminal::PutBack();
+    if (FileToRemove[0] != '\0') {
+        unlink(FileToRemove.data());
+    }
+    DieOf(signal);
+}
+
+void OnInterrupt(int signal) {
+    if (TheSignal != 0) {
+        ForceEnd(TheSignal);
+    }
+    TheSignal = signal;
+    alarm(Patience);
+    WakeUp();
+}
+
+void OnPatienceEnded(int) {
+    ForceEnd(TheSignal != 0 ? TheSignal : SIGALRM);
+}
+
+void OnResized(int) {
+    RedrawWanted = 1;
+    WakeUp();
+}
+
+void OnStop(int) {
+    if (BeforeStop != nullptr) {
+        BeforeStop();
+    }
+    kill(getpid(), SIGSTOP); // comes back when somebody lets the program go on
+    if (AfterStop != nullptr) {
+        AfterStop();
+    }
+    OnResized(0);
+}
+
+void Catch(int signal, void (*handler)(int)) {
+    struct sigaction action {};
+
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
+void Listen() {
+    if (pipe2(WakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+        return; // no file left: the system's own way of ending remains
+    }
+    for (const int signal : {SIGINT, SIGTERM}) {
+        Catch(signal, OnInterrupt);
+    }
+
+    struct sigaction present {};
+
+    if (sigaction(SIGHUP, nullptr, &present) == 0 && present.sa_handler != SIG_IGN) { // nohup
+        Catch(SIGHUP, OnInterrupt);
+    }
+    Catch(SIGALRM, OnPatienceEnded);
+    Catch(SIGWINCH, OnResized);
+}
+
+void WhenStopped(void (*before)(), void (*after)()) {
+    BeforeStop = before;
+    AfterStop = after;
+    Catch(SIGTSTP, OnStop);
+}
+
+bool Came() {
+    return TheSignal != 0;
+}
+
+void Check() {
+    if (Came()) {
+        throw Interruption();
+    }
+}
+
+Wake WaitFor(std::chrono::milliseconds time) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point end = Clock::now() + time;
+    for (;;) {
+        std::array<char, 64> bytes{};
+        while (read(WakePipe[0], bytes.data(), bytes.size()) > 0) {
+        }
+        if (Came()) {
+            return Wake::Interrupt;
+        }
+        if (RedrawWanted != 0) {
+            RedrawWanted = 0;
+            return Wake::Redraw;
+        }
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        if (left.count() <= 0) {
+            return Wake::TimeUp;
+        }
+        pollfd wake{.fd = WakePipe[0], .events = POLLIN, .revents = 0};
+        poll(&wake, 1, static_cast<int>(std::min<std::chrono::milliseconds::rep>(left.count(), INT_MAX)));
+    }
+}
+
+void End() {
+    ForceEnd(TheSignal);
+}
+
+void RemoveWhenForced(const std::filesystem::path& file) {
+    const std::string& name = file.native();
+    FileToRemove[0] = '\0';
+    if (!name.empty() && name.size() < FileToRemove.size()) {
+        std::copy(name.begin() + 1, name.end(), FileToRemove.begin() + 1);
+        FileToRemove[name.size()] = '\0';
+        FileToRemove[0] = name.front(); // only now is it a name
+    }
+}
+
+} // namespace tool::interrupt

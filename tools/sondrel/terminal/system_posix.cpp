@@ -1,0 +1,70 @@
+// The tool on systems with dlopen.
+#include "base/trouble.h"
+#include "terminal/system.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <utility>
+
+namespace tool {
+
+SharedLibrary::SharedLibrary(const std::filesystem::path& file)
+    : m_handle(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    if (m_handle == nullptr) {
+        const char* const reason = dlerror(); // names the file
+        throw Trouble("cannot load the library: " + std::string(reason != nullptr ? reason : file.c_str()));
+    }
+}
+
+SharedLibrary::SharedLibrary(SharedLibrary&& other) noexcept
+    : m_handle(std::exchange(other.m_handle, nullptr)) {}
+
+SharedLibrary::~SharedLibrary() {
+    if (m_handle != nullptr) {
+        dlclose(m_handle);
+    }
+}
+
+Address SharedLibrary::Find(const char* name) const {
+    return reinterpret_cast<Address>(dlsym(m_handle, name));
+}
+
+namespace host_system {
+
+std::string_view LibraryFileName() {
+    return "libVeskSondrel64.so";
+}
+
+std::string_view MachineFileName() {
+    return "libVeskMachine.so";
+}
+
+std::string_view WhereTraceLinesAre() {
+    return "--trace shows the lines of a simulated machine, and this library has none beside it";
+}
+
+std::filesystem::path OwnDirectory() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path();
+}
+
+std::vector<std::string> Arguments(int count, const char* const* arguments) {
+    return count > 0 ? std::vector<std::string>(arguments + 1, arguments + count)
+                     : std::vector<std::string>();
+}
+
+unsigned long ProcessNumber() {
+    return static_cast<unsigned long>(getpid());
+}
+
+void FlushToDisk(const std::filesystem::path& file) {
+    const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (opened >= 0) {
+        fsync(opened);
+        close(opened);
+    }
+}
+
+} // namespace host_system
+} // namespace tool
