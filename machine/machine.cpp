@@ -18,6 +18,7 @@
 #include "machine/services/radios.h"
 #include "machine/services/system_power.h"
 #include "machine/services/trace_sink.h"
+#include "platform/back_end.h"
 
 #include "machine/models/wmi/wmi_objects.h"
 #include "machine/services/audio_objects.h"
@@ -204,10 +205,10 @@ std::string DefaultStorePath(const Profile& profile) {
 
 } // namespace machine
 
-namespace platform {
+namespace VESK_BACK_END {
 
 SystemError GetLastError() {
     return machine::LastError;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,6 +1,7 @@
 #include "machine/services/apartments.h"
 
 #include "observer/gate.h"
+#include "platform/back_end.h"
 #include "platform/com.h"
 
 #include <string>
@@ -14,7 +15,7 @@ ThreadApartment& CurrentApartment() {
 
 } // namespace machine
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Operation;
@@ -41,4 +42,4 @@ void CoUninitialize() {
     }
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -4,10 +4,11 @@
 #include "machine/profile/profile.h"
 #include "machine/services/audio_objects.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <memory>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -64,4 +65,4 @@ HResult GetMute(EndpointVolume volume, bool& muted) {
     });
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -4,11 +4,12 @@
 #include "machine/profile/profile.h"
 #include "machine/services/radios.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 #include <span>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -129,4 +130,4 @@ void BluetoothFindDeviceClose(BluetoothDeviceFind search) {
     Current().radios.bluetoothDeviceSearches.erase(number);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

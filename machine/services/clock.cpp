@@ -2,6 +2,7 @@
 
 #include "machine/machine.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 #include "platform/time.h"
 
 #include <thread>
@@ -24,7 +25,7 @@ void Clock::TieToRealTime(bool tied) {
 
 } // namespace machine
 
-namespace platform {
+namespace VESK_BACK_END {
 
 void Sleep(std::uint32_t milliseconds) {
     const std::chrono::milliseconds time(milliseconds);
@@ -43,4 +44,4 @@ void Sleep(std::uint32_t milliseconds) {
     }
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -3,6 +3,7 @@
 #include "machine/machine.h"
 #include "machine/services/apartments.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 #include <string>
@@ -34,7 +35,7 @@ std::string_view ComObjects::Release(std::uintptr_t pointer) {
 
 } // namespace machine
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -75,4 +76,4 @@ void Release(Unknown held) {
     call.Note([&] { return std::string(name); });
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

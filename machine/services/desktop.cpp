@@ -4,10 +4,11 @@
 #include "machine/models/window_stack.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -165,4 +166,4 @@ std::uint32_t GetWindowThreadProcessId(Window window) {
                [](const StackedWindow& found) { return found.profile->process; });
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

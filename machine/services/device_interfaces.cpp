@@ -4,10 +4,11 @@
 #include "machine/models/battery_device.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <cstring>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::BatteryDevice;
 using machine::Call;
@@ -92,4 +93,4 @@ void SetupDiDestroyDeviceInfoList(DeviceInfoSet set) {
     Current().deviceInfoSets.erase(number);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -7,11 +7,12 @@
 #include "machine/services/radios.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 #include <cstdio>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -126,4 +127,4 @@ void CloseHandle(Handle handle) {
     machine.files.Close(number);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

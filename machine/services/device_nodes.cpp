@@ -4,11 +4,12 @@
 #include "machine/profile/profile.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 #include <cstring>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -110,4 +111,4 @@ ConfigReturn CM_Get_DevNode_Registry_PropertyW(DeviceNode node, std::uint32_t pr
     return call.Answered(config_return::Success);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -4,8 +4,9 @@
 #include "machine/services/trace_sink.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -48,4 +49,4 @@ void DeregisterEventSource(EventSource source) {
     Current().eventSources.erase(number);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -5,8 +5,9 @@
 #include "machine/models/storage/store.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -94,4 +95,4 @@ bool DeleteFileW(const char16_t* path) {
     return Perform(call, [&] { return Current().files.Delete(path); });
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

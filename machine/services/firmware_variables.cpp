@@ -4,11 +4,12 @@
 #include "machine/models/storage/firmware_store.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 #include <string_view>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -130,4 +131,4 @@ bool SetFirmwareEnvironmentVariableW(const char16_t* name, const char16_t* guid,
     }
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -4,11 +4,12 @@
 #include "machine/profile/profile.h"
 #include "machine/services/radios.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 #include <span>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -47,4 +48,4 @@ SystemError GetAdaptersInfo(std::uint32_t& size, std::vector<NetworkAdapter>& ad
     return call.Answered(error::Success);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

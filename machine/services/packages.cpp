@@ -4,11 +4,12 @@
 #include "machine/models/storage/package_store.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 #include "platform/com.h"
 
 #include <algorithm>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -125,4 +126,4 @@ HResult SHLoadIndirectString(const char16_t* source, char16_t* out, std::uint32_
     return call.Answered(hresult::Ok);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

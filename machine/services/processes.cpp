@@ -4,10 +4,11 @@
 #include "machine/profile/profile.h"
 #include "machine/services/clock.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -89,4 +90,4 @@ bool K32GetProcessMemoryInfo(Handle process, ProcessMemoryCounters& counters, st
     });
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

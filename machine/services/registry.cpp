@@ -5,10 +5,11 @@
 #include "machine/models/storage/store.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -220,4 +221,4 @@ void RegCloseKey(Key key) {
     Current().openKeys.erase(number);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

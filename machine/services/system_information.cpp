@@ -5,13 +5,14 @@
 #include "machine/services/clock.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 #include "platform/com.h"
 #include "platform/device_io.h"
 
 #include <algorithm>
 #include <chrono>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -119,4 +120,4 @@ bool LocalTime64(std::int64_t time, CalendarTime& local) {
     return call.Answered(true);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -5,6 +5,7 @@
 #include "machine/profile/profile.h"
 #include "machine/services/clock.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 #include "platform/system_power.h"
 
 namespace machine {
@@ -32,7 +33,7 @@ SystemTimesSample ProcessorTimes::Now(const Clock& clock, const MachineCourse* c
 
 } // namespace machine
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -70,4 +71,4 @@ bool GetSystemPowerStatus(SystemPowerStatus& status) {
     return call.Answered(true);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

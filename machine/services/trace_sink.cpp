@@ -3,6 +3,7 @@
 #include "machine/machine.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <cstring>
 #include <string_view>
@@ -115,7 +116,7 @@ std::vector<TraceEvent> TraceSink::Take() {
 
 } // namespace machine
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Operation;
@@ -150,4 +151,4 @@ SystemError EventWriteTransfer(std::uint64_t registration, const EventDescriptor
     return call.Answered(error::Success);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

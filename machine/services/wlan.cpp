@@ -5,10 +5,11 @@
 #include "machine/services/radios.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -153,4 +154,4 @@ SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, 
     return call.Answered(error::Success);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

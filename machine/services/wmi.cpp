@@ -6,10 +6,11 @@
 #include "machine/services/com_objects.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 
 #include <algorithm>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -202,4 +203,4 @@ HResult ExecMethod(WbemServices services, const char16_t* objectPath, const char
         });
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -5,6 +5,7 @@
 #include "machine/models/xml_check.h"
 #include "machine/text/wide_text.h"
 #include "observer/gate.h"
+#include "platform/back_end.h"
 #include "platform/xml_document.h"
 
 #include <new>
@@ -32,7 +33,7 @@ ComClass XmlDocumentClass() {
 
 } // namespace machine
 
-namespace platform {
+namespace VESK_BACK_END {
 
 using machine::Call;
 using machine::Current;
@@ -117,4 +118,4 @@ HResult get_xml(XmlDocument document, std::u16string& xml) {
     return call.Answered(hresult::Ok);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,5 +1,6 @@
 #include "platform/audio.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/interface_pointer.h"
 
 #include <windows.h>
@@ -9,7 +10,7 @@
 
 #include <bit>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 IAudioEndpointVolume* Native(EndpointVolume volume) {
@@ -47,4 +48,4 @@ HResult GetMute(EndpointVolume volume, bool& muted) {
     return status;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

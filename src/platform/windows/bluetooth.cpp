@@ -1,11 +1,12 @@
 #include "platform/bluetooth.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/system_library.h"
 
 #include <bluetoothapis.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 // bthprops.cpl has these on every Windows that has them at all; bluetoothapis.dll came later. Where it is
@@ -112,4 +113,4 @@ void BluetoothFindDeviceClose(BluetoothDeviceFind search) {
     }
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,6 +1,7 @@
 // Texts as COM passes them.
 #pragma once
 
+#include "platform/back_end.h"
 #include "platform/windows/wide.h"
 
 #include <oleauto.h>
@@ -9,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 /// An allocated BSTR. Throws std::bad_alloc when there is no memory for it.
 class Bstr {
@@ -49,4 +50,4 @@ inline std::u16string_view ViewOf(BSTR text) {
     return {reinterpret_cast<const char16_t*>(text), ::SysStringLen(text)};
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,12 +1,13 @@
 #include "platform/com.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/wide.h"
 
 #include <objbase.h>
 
 #include <bit>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 HResult CoInitializeEx(std::uint32_t apartmentKind) {
     return ::CoInitializeEx(nullptr, apartmentKind);
@@ -37,4 +38,4 @@ void Release(Unknown held) {
     reinterpret_cast<IUnknown*>(held)->Release();
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

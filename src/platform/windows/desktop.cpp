@@ -1,10 +1,11 @@
 #include "platform/desktop.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/wide.h"
 
 #include <exception>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 HWND Native(Window window) {
@@ -99,4 +100,4 @@ std::uint32_t GetWindowThreadProcessId(Window window) {
     return process;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

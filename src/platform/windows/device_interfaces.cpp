@@ -1,5 +1,6 @@
 #include "platform/device_interfaces.h"
 
+#include "platform/back_end.h"
 #include "platform/battery.h"
 
 #include <windows.h>
@@ -11,7 +12,7 @@
 
 #include <cstddef>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 HDEVINFO Native(DeviceInfoSet set) {
@@ -81,4 +82,4 @@ void SetupDiDestroyDeviceInfoList(DeviceInfoSet set) {
     ::SetupDiDestroyDeviceInfoList(Native(set));
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,9 +1,10 @@
 #include "platform/device_io.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 
 Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t shareMode,
                    std::uint32_t creationDisposition, std::uint32_t flagsAndAttributes) {
@@ -29,4 +30,4 @@ SystemError GetLastError() {
     return ::GetLastError();
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

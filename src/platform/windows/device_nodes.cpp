@@ -1,10 +1,11 @@
 #include "platform/device_nodes.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/wide.h"
 
 #include <cfgmgr32.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 ConfigReturn CM_Get_Device_ID_List_SizeW(std::uint32_t& length, std::uint32_t flags) {
     ULONG found = length;
@@ -33,4 +34,4 @@ ConfigReturn CM_Get_DevNode_Registry_PropertyW(DeviceNode node, std::uint32_t pr
     return status;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

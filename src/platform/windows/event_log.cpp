@@ -1,8 +1,9 @@
 #include "platform/event_log.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/wide.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 HANDLE Native(EventSource source) {
@@ -26,4 +27,4 @@ void DeregisterEventSource(EventSource source) {
     ::DeregisterEventSource(Native(source));
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

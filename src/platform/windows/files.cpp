@@ -1,9 +1,10 @@
 #include "platform/files.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 
 const std::string_view TextLineEnd = "\r\n";
 
@@ -43,4 +44,4 @@ bool DeleteFileW(const char16_t* path) {
     return ::DeleteFileW(Wide(path)) != FALSE;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

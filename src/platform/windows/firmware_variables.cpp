@@ -1,8 +1,9 @@
 #include "platform/firmware_variables.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/wide.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 
 bool OpenProcessToken(std::uint32_t access, Handle& token) {
     HANDLE opened = nullptr;
@@ -38,4 +39,4 @@ bool SetFirmwareEnvironmentVariableW(const char16_t* name, const char16_t* guid,
                                              static_cast<DWORD>(data.size())) != FALSE;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,13 +1,14 @@
 // Interface pointers on their way out of a call.
 #pragma once
 
+#include "platform/back_end.h"
 #include "platform/types.h"
 
 #include <windows.h>
 
 #include <cstdint>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 /// Hands an interface pointer over, if the operation gave one.
 template <class Interface>
@@ -18,4 +19,4 @@ HResult Made(HRESULT status, void* object, Interface& made) {
     return status;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

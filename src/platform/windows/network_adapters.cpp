@@ -1,12 +1,14 @@
 #include "platform/network_adapters.h"
 
+#include "platform/back_end.h"
+
 #include <winsock2.h>
 
 #include <iphlpapi.h>
 
 #include <cstdint>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 /// The record at `place`, or null where no whole record lies there.
@@ -40,4 +42,4 @@ SystemError GetAdaptersInfo(std::uint32_t& size, std::vector<NetworkAdapter>& ad
     return status;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

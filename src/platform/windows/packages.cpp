@@ -1,11 +1,12 @@
 #include "platform/packages.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 
 #include <shlwapi.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 using PackagesByFamily = LONG(WINAPI*)(PCWSTR, UINT32*, PCWSTR*, UINT32*, WCHAR*);
@@ -39,4 +40,4 @@ HResult SHLoadIndirectString(const char16_t* source, char16_t* out, std::uint32_
     return ::SHLoadIndirectString(Wide(source), Wide(out), outSize, nullptr);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,12 +1,13 @@
 #include "platform/processes.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/file_time.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 
 #include <psapi.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 static_assert(sizeof(ProcessMemoryCounters) == sizeof(PROCESS_MEMORY_COUNTERS));
@@ -40,4 +41,4 @@ bool K32GetProcessMemoryInfo(Handle process, ProcessMemoryCounters& counters, st
                                      size) != FALSE;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

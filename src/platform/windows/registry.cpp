@@ -1,8 +1,9 @@
 #include "platform/registry.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/wide.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 HKEY Native(Key key) {
@@ -69,4 +70,4 @@ void RegCloseKey(Key key) {
     ::RegCloseKey(Native(key));
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

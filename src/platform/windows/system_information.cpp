@@ -1,11 +1,12 @@
 #include "platform/system_information.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 
 #include <ctime>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 bool RtlGetVersion(OsVersion& version) {
     using Routine = LONG(WINAPI*)(RTL_OSVERSIONINFOEXW*);
@@ -68,4 +69,4 @@ bool LocalTime64(std::int64_t time, CalendarTime& local) {
     return true;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,8 +1,10 @@
 #include "platform/windows/system_library.h"
 
+#include "platform/back_end.h"
+
 #include <string>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 HMODULE LoadSystemLibrary(const wchar_t* name) {
     wchar_t directory[MAX_PATH];
@@ -14,4 +16,4 @@ HMODULE LoadSystemLibrary(const wchar_t* name) {
     return ::LoadLibraryW((std::wstring(directory, length) + L'\\' + name).c_str());
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

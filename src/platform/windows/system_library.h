@@ -2,9 +2,11 @@
 // them.
 #pragma once
 
+#include "platform/back_end.h"
+
 #include <windows.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 /// Loads a library from the system directory only, wherever the process runs and whatever lies beside it.
 /// Null with the last error set when it is not there. The library stays loaded: what was asked for once is
@@ -27,4 +29,4 @@ Routine SystemRoutine(const wchar_t* library, const char* name) {
     return RoutineOf<Routine>(LoadSystemLibrary(library), name);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,8 +1,9 @@
 #include "platform/system_power.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/file_time.h"
 
-namespace platform {
+namespace VESK_BACK_END {
 
 bool GetSystemTimes(SystemTimes& times) {
     FILETIME idle{};
@@ -24,4 +25,4 @@ bool GetSystemPowerStatus(SystemPowerStatus& status) {
     return done != FALSE;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

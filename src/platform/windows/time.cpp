@@ -1,11 +1,13 @@
 #include "platform/time.h"
 
+#include "platform/back_end.h"
+
 #include <windows.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 void Sleep(std::uint32_t milliseconds) {
     ::Sleep(milliseconds);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,10 +1,11 @@
 #include "platform/tracing.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/system_library.h"
 
 #include <evntprov.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 // ETW's callback has two arguments that ours leaves out, so that one is kept behind the other. A process
@@ -57,4 +58,4 @@ SystemError EventWriteTransfer(std::uint64_t registration, const EventDescriptor
                                 nullptr, static_cast<ULONG>(native.size()), native.data());
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,5 +1,6 @@
 #include "platform/windows/variant_value.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/bstr.h"
 
 #include <charconv>
@@ -7,7 +8,7 @@
 #include <cstring>
 #include <span>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 /// The elements of a one-dimensional array in order, whatever its lower bound. Holds the array meanwhile.
@@ -149,4 +150,4 @@ WmiValue ValueOf(const VARIANT& variant) {
     }
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

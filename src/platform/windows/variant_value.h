@@ -1,13 +1,14 @@
 // What a VARIANT holds, as a plain value.
 #pragma once
 
+#include "platform/back_end.h"
 #include "platform/wmi.h"
 
 #include <windows.h>
 
 #include <oleauto.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 
 /// A VARIANT that starts empty and is cleared at the end.
 class OwnedVariant {
@@ -27,4 +28,4 @@ private:
 
 WmiValue ValueOf(const VARIANT& variant);
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -1,5 +1,6 @@
 #include "platform/wlan.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/system_library.h"
 
 #include <windot11.h>
@@ -11,7 +12,7 @@
 #include <memory>
 #include <span>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 // A server or an older client may come without the wireless services.
@@ -199,4 +200,4 @@ SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, 
     return status;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

@@ -5,6 +5,7 @@
 
 #include "platform/wmi.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/bstr.h"
 #include "platform/windows/interface_pointer.h"
 #include "platform/windows/variant_value.h"
@@ -12,7 +13,7 @@
 
 #include <wbemidl.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 IWbemLocator* Native(WbemLocator locator) {
@@ -110,4 +111,4 @@ HResult ExecMethod(WbemServices services, const char16_t* objectPath, const char
     return Made(status, out, outParameters);
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END

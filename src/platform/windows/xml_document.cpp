@@ -1,10 +1,11 @@
 #include "platform/xml_document.h"
 
+#include "platform/back_end.h"
 #include "platform/windows/bstr.h"
 
 #include <msxml2.h>
 
-namespace platform {
+namespace VESK_BACK_END {
 namespace {
 
 IXMLDOMDocument* Native(XmlDocument document) {
@@ -48,4 +49,4 @@ HResult get_xml(XmlDocument document, std::u16string& xml) {
     return status;
 }
 
-} // namespace platform
+} // namespace VESK_BACK_END
