@@ -37,7 +37,9 @@ bool Perform(Call& call, Body body) {
 
 } // namespace
 
-const std::string_view TextLineEnd = "\n";
+std::string_view TextLineEnd() {
+    return "\n";
+}
 
 std::uint32_t GetFileAttributesW(const char16_t* path) {
     Call call(Operation::GetFileAttributesW);

@@ -111,7 +111,7 @@ std::int32_t ReadSetting(const std::u16string& path, std::int32_t start) {
 
 void WriteSetting(const std::u16string& path, std::int32_t number) {
     std::string text = std::to_string(number);
-    text += platform::TextLineEnd;
+    text += platform::TextLineEnd();
     const NewFile outcome = Replace(path, text);
     // A disk too full for the new file leaves the old one as it is: writing over it could lose both numbers.
     if (outcome == NewFile::NotMade || outcome == NewFile::NotMoved) {

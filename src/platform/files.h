@@ -27,8 +27,9 @@ inline constexpr std::uint32_t ReplaceExisting = 1; // MOVEFILE_REPLACE_EXISTING
 inline constexpr std::uint32_t WriteThrough = 8;    // MOVEFILE_WRITE_THROUGH
 } // namespace move_file
 
-/// What a text stream of this platform writes for a line end.
-extern const std::string_view TextLineEnd;
+/// What a text stream of this platform writes for a line end. A function, so that a recording of one platform can
+/// answer it on another.
+std::string_view TextLineEnd();
 
 /// `file_attribute::Invalid` when there is nothing at the path.
 std::uint32_t GetFileAttributesW(const char16_t* path);

@@ -6,7 +6,9 @@
 
 namespace VESK_BACK_END {
 
-const std::string_view TextLineEnd = "\r\n";
+std::string_view TextLineEnd() {
+    return "\r\n";
+}
 
 std::uint32_t GetFileAttributesW(const char16_t* path) {
     return ::GetFileAttributesW(Wide(path));
