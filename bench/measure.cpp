@@ -2,6 +2,8 @@
 
 #include "frame/session.h"
 #include "heap.h"
+#include "observer/back_end.h"
+#include "observer/observer.h"
 #include "platform/device_io.h"
 #include "vesk_sondrel.h"
 
@@ -17,27 +19,13 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-/// What an observer of the calls saw.
+/// What one run costs.
 struct Observation {
     double whole = 0;              // seconds
-    double behind = 0;             // those of them behind the boundary
+    double below = 0;              // those of them in the machine
     std::uint64_t allocations = 0; // the library's
     std::uint64_t calls = 0;
 };
-
-Observation Seen;
-Clock::time_point Began;
-
-void OnBegan() {
-    heap::EnterMachine();
-    ++Seen.calls;
-    Began = Clock::now();
-}
-
-void OnEnded() {
-    Seen.behind += Seconds(Clock::now() - Began).count();
-    heap::LeaveMachine();
-}
 
 double SecondsOf(const std::function<void()>& work) {
     const auto start = Clock::now();
@@ -46,43 +34,44 @@ double SecondsOf(const std::function<void()>& work) {
 }
 
 Observation Observed(const std::function<void()>& work) {
-    Seen = {};
-    machine::ObserveCalls({OnBegan, OnEnded});
+    Observation seen;
+    observer::Restart();
     heap::Restart();
     {
         const heap::InLibrary here;
-        Seen.whole = SecondsOf(work);
+        seen.whole = SecondsOf(work);
     }
-    Seen.allocations = heap::Count();
-    machine::ObserveCalls({});
-    return Seen;
+    const observer::Costs costs = observer::CurrentCosts();
+    seen.allocations = heap::Count();
+    seen.below = Seconds(costs.inBackEnd).count();
+    seen.calls = costs.calls;
+    return seen;
 }
 
-/// What observing does to the figures of one call, learnt from calls that do nothing.
+/// What the observer does to the figures of one call, learnt from calls that do nothing.
 struct Bias {
-    double before = 0; // what it takes unobserved above what is seen of it
-    double around = 0; // what lies outside the call with an observer, of which nothing is the library's
+    double before = 0; // what a call takes without the observer beyond what the observer measures
+    double around = 0; // what the observer itself takes outside of what it measures
 };
 
 Bias BiasOfObserving() {
     constexpr unsigned Calls = 1000;
-    const auto work = [] {
+    const auto repeat = [](void (*close)(platform::Handle)) {
         for (unsigned call = 0; call < Calls; ++call) {
-            platform::CloseHandle(platform::Handle::Null);
+            close(platform::Handle::Null);
         }
     };
     double plain = 1;
     Observation least{.whole = 1};
     for (unsigned attempt = 0; attempt < 500; ++attempt) {
-        plain = std::min(plain, SecondsOf(work));
-        if (const Observation seen = Observed(work); seen.whole < least.whole) {
-            least = seen;
-        }
+        plain = std::min(plain, SecondsOf([&] { repeat(platform::back_end::CloseHandle); }));
+        const Observation seen = Observed([&] { repeat(platform::CloseHandle); });
+        least = seen.whole < least.whole ? seen : least;
     }
-    return {(plain - least.behind) / Calls, (least.whole - least.behind) / Calls};
+    return {(plain - least.below) / Calls, (least.whole - least.below) / Calls};
 }
 
-/// Puts the library on a fresh machine that keeps nothing, with a session open and its identity kept. A machine
+/// Puts the library on a fresh machine that keeps nothing, with a session open and its identity cached. A machine
 /// that is there already stays: some take longer to build than to measure.
 void GoTo(const Road& road, std::size_t items) {
     static std::string Present;
@@ -118,8 +107,8 @@ void Measure(benchmark::State& state, const Road& road) {
         least = seen.whole < least.whole ? seen : least;
     }
     const auto calls = static_cast<double>(least.calls);
-    const double bare = least.behind + calls * OfObserving.before;
-    const double above = std::max(0.0, least.whole - least.behind - calls * OfObserving.around);
+    const double bare = least.below + calls * OfObserving.before;
+    const double above = std::max(0.0, least.whole - least.below - calls * OfObserving.around);
     const auto gone = static_cast<double>(times * items);
     state.counters["seconds"] = (bare + above) / gone;
     state.counters["ratio"] = (bare + above) / bare;

@@ -23,12 +23,12 @@ std::vector<Road> GrowingRoads();
 /// Roads that are always as long.
 std::vector<Road> SingleRoads();
 
-/// Makes the road a benchmark. An observer of the machine's calls tells in each run what they cost by themselves; the
-/// rest is the library's. Of all iterations of a repetition the one that was disturbed least counts. The counters:
+/// Makes the road a benchmark. The observer measures in each run what the calls cost by themselves; the rest is the
+/// library's. Of all iterations of a repetition the one that was disturbed least counts. The counters:
 ///
 ///   seconds       for one item
 ///   ratio         of the whole to the platform calls alone
-///   allocations   of the heap for one item, without those behind the boundary
+///   allocations   of the heap for one item, without those below the boundary
 ///   calls         that crossed the boundary for one item
 void Register(const Road& road, bool grows);
 

@@ -2,9 +2,11 @@
 # Nothing in it names the place it was built in or installed to, so that it can be unpacked anywhere.
 #
 #   bin/                                   the tool; on Windows also VeskSondrel64.dll
+#   bin/observed/                          on Windows: the observed VeskSondrel64.dll
 #   lib/                                   the import library and VeskSondrel64.def, or the shared libraries
 #   lib/cmake/VeskSondrel64, lib/pkgconfig how CMake and pkg-config find it
-#   include/                               the header, which is the manual; natively also the simulated machine's
+#   include/                               the header, which is the manual, and the observer's; natively also the
+#                                          simulated machine's
 #   share/vesk-sondrel/                    machine profiles and examples
 #   share/doc/vesk-sondrel/                pages for engineers, licences of what is linked in
 set(kit_data share/vesk-sondrel)
@@ -12,8 +14,9 @@ set(kit_documents share/doc/vesk-sondrel)
 
 set_target_properties(sondrel PROPERTIES INSTALL_RPATH "")
 install(TARGETS VeskSondrel64 sondrel RUNTIME DESTINATION bin LIBRARY DESTINATION lib ARCHIVE DESTINATION lib)
-install(FILES include/vesk_sondrel.h DESTINATION include)
+install(FILES include/vesk_sondrel.h include/vesk_sondrel_observer.h DESTINATION include)
 if(WIN32)
+  install(TARGETS VeskSondrel64Observed RUNTIME DESTINATION bin/observed)
   install(FILES ${VESK_EXPORTS} DESTINATION lib)
 else()
   install(TARGETS VeskMachine LIBRARY DESTINATION lib)
@@ -64,5 +67,5 @@ include(CPack)
 
 add_custom_target(kit
   COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake -B ${CMAKE_BINARY_DIR}
-  DEPENDS sondrel VeskSondrel64
+  DEPENDS sondrel VeskSondrel64 $<TARGET_NAME_IF_EXISTS:VeskSondrel64Observed>
   USES_TERMINAL VERBATIM)

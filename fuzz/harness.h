@@ -2,8 +2,8 @@
 #pragma once
 
 #include "machine/machine.h"
+#include "machine/models/device.h"
 #include "machine/profile/profile.h"
-#include "machine/services/devices.h"
 #include "machine/text/wide_text.h"
 #include "vesk_sondrel.h"
 
@@ -29,14 +29,14 @@ inline void Demand(bool holds) {
 }
 
 inline void DemandNothingOpen() {
-    Demand(machine::Current().gate.OpenThings().empty());
+    Demand(machine::Current()->handles.Kinds().empty());
 }
 
 /// The default machine, started with the first input and used by all that follow.
 inline machine::Machine& TheMachine() {
     static const bool Started = (machine::Start(machine::LoadProfile("default"), ":memory:"), true);
     static_cast<void>(Started);
-    return machine::Current();
+    return *machine::Current();
 }
 
 /// The text that an export writes into exactly so much room, where the sanitizer sees one character too many.

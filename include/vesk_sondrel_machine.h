@@ -1,8 +1,8 @@
 /**
  * @file
- * The simulated machine behind libVeskSondrel64.so: what a tool or a test says to it.
+ * The simulated machine that libVeskSondrel64.so reads: what a tool or a test sets on it.
  *
- * It is a shared library of its own (libVeskMachine.so). A host that says nothing gets the built-in machine
+ * It is a shared library of its own (libVeskMachine.so). A host that sets nothing gets the built-in machine
  * "default". Only the native library has it; on Windows the machine is the real one.
  */
 #ifndef VESK_SONDREL_MACHINE_H
@@ -23,33 +23,30 @@ extern "C" {
  */
 int VeskMachine_Start(const char* machine, const char* store, char* problem, size_t size);
 
-/** The name of built-in machine number `index`, or null behind the last one. The first is the default. */
+/** The name of built-in machine number `index`, or null after the last one. The first is the default. */
 const char* VeskMachine_BuiltIn(size_t index);
 
-#define VESK_MACHINE_DEBUG_LINE 1 /**< A debug line, as a trace consumer sees it. */
+#define VESK_MACHINE_DEBUG_LINE 1 /**< A debug line, as a trace consumer receives it. */
 #define VESK_MACHINE_EVENT_LINE 2 /**< A warning in the event log. */
-#define VESK_MACHINE_CALL_LINE 3  /**< One call of the library across its boundary, with its answer. */
 
-/** Is told a line, of one of the kinds above, with the context that it was handed over with. */
+/** Receives a line, of one of the kinds above, with the context that was given with the listener. */
 typedef void (*VeskMachine_Listener)(void* context, int kind, const char* line);
 
 /**
- * Tells debug and event lines, and boundary calls if `calls` is not 0, to the listener as they are written. A
- * null listener ends it. Debug lines need a consumer: this attaches one for every level.
+ * Passes debug and event lines to the listener as they are written. A null listener ends it. Debug lines need a trace
+ * consumer: this attaches one for every level. The calls of the library themselves are the observer's
+ * (vesk_sondrel_observer.h).
  */
-void VeskMachine_Listen(VeskMachine_Listener listener, void* context, int calls);
+void VeskMachine_Listen(VeskMachine_Listener listener, void* context);
 
 /** Ties the machine's clock to real time, so that its waits take as long as they say, or frees it again. */
 void VeskMachine_TieToRealTime(int tied);
 
-/** Lets the machine's own time go on by so much at once, on top of whatever else moves it. */
+/** Advances the machine's own time at once, on top of whatever else moves it. */
 void VeskMachine_PassTime(uint64_t microseconds);
 
 /** The machine's own time since its start, in microseconds. */
 uint64_t VeskMachine_Microseconds(void);
-
-/** How many things are open on the machine that were opened and not given back. */
-size_t VeskMachine_OpenThings(void);
 
 #ifdef __cplusplus
 } /* extern "C" */

@@ -2,18 +2,17 @@
 #include "vesk_sondrel_machine.h"
 
 #include "machine/machine.h"
+#include "machine/models/trace_sink.h"
 #include "machine/profile/built_in_machines.h"
-#include "machine/profile/profile.h"
-#include "machine/services/clock.h"
-#include "machine/services/trace_sink.h"
 #include "machine/text/wide_text.h"
+#include "observer/observer.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
-void Tell(const std::string& problem, char* out, std::size_t size) {
+void CopyProblem(const std::string& problem, char* out, std::size_t size) {
     if (out == nullptr || size == 0) {
         return;
     }
@@ -26,32 +25,23 @@ void Tell(const std::string& problem, char* out, std::size_t size) {
 struct Listening {
     VeskMachine_Listener listener = nullptr;
     void* context = nullptr;
-    bool calls = false;
 
     void Apply() const {
         using namespace machine;
-        const Listening self = *this;
-        const auto tell = [self](int kind, const std::string& line) {
-            self.listener(self.context, kind, line.c_str());
-        };
+        const auto machine = Current();
         if (listener == nullptr) {
             Traces().Detach();
             Traces().OnEvent({});
-            Current().onLoggedEvent = {};
-            Current().gate.Transcribe({});
+            machine->onLoggedEvent = {};
             return;
         }
-        Traces().OnEvent(
-            [tell](const TraceEvent& event) { tell(VESK_MACHINE_DEBUG_LINE, Utf8FromWide(event.text)); });
-        Current().onLoggedEvent = [tell](const LoggedEvent& event) {
-            tell(VESK_MACHINE_EVENT_LINE, Utf8FromWide(event.strings.back()));
+        const auto pass = [self = *this](int kind, const std::u16string& line) {
+            self.listener(self.context, kind, Utf8FromWide(line).c_str());
         };
-        if (calls) {
-            Current().gate.Transcribe(
-                [tell](const std::string& line) { tell(VESK_MACHINE_CALL_LINE, line); });
-        } else {
-            Current().gate.Transcribe({});
-        }
+        Traces().OnEvent([pass](const TraceEvent& event) { pass(VESK_MACHINE_DEBUG_LINE, event.text); });
+        machine->onLoggedEvent = [pass](const LoggedEvent& event) {
+            pass(VESK_MACHINE_EVENT_LINE, event.strings.back());
+        };
         constexpr std::uint8_t EveryLevel = 0;
         Traces().Attach(EveryLevel);
     }
@@ -66,12 +56,13 @@ int VeskMachine_Start(const char* machineName, const char* store, char* problem,
         machine::Profile profile = machine::LoadProfile(machineName);
         const std::string path = store != nullptr ? store : machine::DefaultStorePath(profile);
         machine::Start(std::move(profile), path);
+        observer::ForgetOpenThings();
         if (TheListening.listener != nullptr) {
             TheListening.Apply();
         }
         return 1;
     } catch (const std::exception& failure) {
-        Tell(failure.what(), problem, size);
+        CopyProblem(failure.what(), problem, size);
         return 0;
     }
 }
@@ -81,28 +72,20 @@ const char* VeskMachine_BuiltIn(size_t index) {
     return index < machines.size() ? machines[index].name.data() : nullptr;
 }
 
-void VeskMachine_Listen(VeskMachine_Listener listener, void* context, int calls) {
-    const std::lock_guard lock(machine::MachineMutex());
-    TheListening = {listener, context, calls != 0};
+void VeskMachine_Listen(VeskMachine_Listener listener, void* context) {
+    const auto machine = machine::Current();
+    TheListening = {listener, context};
     TheListening.Apply();
 }
 
 void VeskMachine_TieToRealTime(int tied) {
-    const std::lock_guard lock(machine::MachineMutex());
-    machine::Current().clock.TieToRealTime(tied != 0);
+    machine::Current()->clock.TieToRealTime(tied != 0);
 }
 
 void VeskMachine_PassTime(uint64_t microseconds) {
-    const std::lock_guard lock(machine::MachineMutex());
-    machine::Current().clock.Advance(std::chrono::microseconds(microseconds));
+    machine::Current()->clock.Advance(std::chrono::microseconds(microseconds));
 }
 
 uint64_t VeskMachine_Microseconds(void) {
-    const std::lock_guard lock(machine::MachineMutex());
-    return static_cast<uint64_t>(machine::Current().clock.Now().count());
-}
-
-size_t VeskMachine_OpenThings(void) {
-    const std::lock_guard lock(machine::MachineMutex());
-    return machine::Current().gate.OpenThings().size();
+    return static_cast<uint64_t>(machine::Current()->clock.Now().count());
 }

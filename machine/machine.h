@@ -1,13 +1,25 @@
-// The simulated machine: everything that stands behind the boundary, in memory, beside one store on disk.
+// The simulated machine: its models, in memory, and its storage on disk.
 #pragma once
 
-#include "observer/gate.h"
-#include "platform/types.h"
+#include "machine/models/acpi_firmware.h"
+#include "machine/models/battery_device.h"
+#include "machine/models/clock.h"
+#include "machine/models/com/com_objects.h"
+#include "machine/models/ec/embedded_controller.h"
+#include "machine/models/ec/io_driver.h"
+#include "machine/models/event_log.h"
+#include "machine/models/firmware_features.h"
+#include "machine/models/handle_table.h"
+#include "machine/models/machine_course.h"
+#include "machine/models/processor_times.h"
+#include "machine/models/storage/package_store.h"
+#include "machine/models/storage/storage.h"
+#include "machine/models/window_stack.h"
+#include "machine/models/wmi/wmi_repository.h"
+#include "machine/profile/profile.h"
 
-#include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -15,99 +27,67 @@
 
 namespace machine {
 
-class AcpiFirmware;
-class BatteryDevice;
-class Clock;
-class ComObjects;
-class Device;
-class EmbeddedController;
-class FileSystem;
-class FirmwareFeatures;
-class FirmwareStore;
-class IoDriver;
-class MachineCourse;
-class PackageStore;
-class ProcessorTimes;
-class RegistryHive;
-class Store;
-class TraceSink;
-class WindowStack;
-class WmiRepository;
-struct LoggedEvent;
-struct OpenKey;
-struct ProcessProfile;
-struct Profile;
-struct Radios;
-
-/// Its models are made in one place: who asks one of them includes that one's header.
-class Machine {
-    struct Models;
-    const std::unique_ptr<Models> m_models;
-
-public:
-    /// Throws ProfileError or StoreError.
-    Machine(Profile machineProfile, const std::string& storePath);
-
+/// The models, in the order in which they are made of each other.
+struct Machine {
+    Machine(Profile machineProfile, Storage machineStorage);
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
-    ~Machine();
 
-    /// Brings what moves to the present moment. Whoever answers with something that is measured asks for it first.
-    void CatchUp();
+    /// Moves what a course moves to the present moment: before something that is measured is reported.
+    void AdvanceModels();
 
-    const Profile& profile;
-    Gate gate;
-    Clock& clock;
-    std::optional<MachineCourse>& course;
-    Store& store;
-    RegistryHive& registry;
-    EmbeddedController& controller;
-    IoDriver& driver;
-    std::vector<BatteryDevice>& batteries;
-    ProcessorTimes& processorTimes;
-    AcpiFirmware& acpi;
-    FirmwareStore& firmwareStore;
-    FirmwareFeatures& firmwareFeatures;
-    FileSystem& files;
-    WmiRepository& wmi;
-    ComObjects& com;
-    PackageStore& packages;
-    WindowStack& windows;
-    Radios& radios;
-
+    const Profile profile;
+    const Storage storage;
+    HandleTable handles;
+    Clock clock;
+    std::optional<MachineCourse> course;
+    EmbeddedController controller{profile.ec};
+    IoDriver driver{profile.driver, profile.processor, controller};
+    std::vector<BatteryDevice> batteries{profile.batteries.begin(), profile.batteries.end()};
+    ProcessorTimes processorTimes{profile.systemPower};
+    AcpiFirmware acpi{profile.acpi};
+    FirmwareFeatures firmwareFeatures{profile.firmwareFeatures, *storage.firmwareVariables};
+    WmiRepository wmi{profile.wmi};
+    ComObjects com{handles};
+    PackageStore packages{profile.packages};
+    WindowStack windows{profile.windows};
     /// By path, folded.
     std::map<std::u16string, Device*> devices;
-    /// By handle.
-    std::map<std::uintptr_t, Device*> openDevices;
-
-    std::map<std::uintptr_t, OpenKey>& openKeys;
-
-    std::map<std::uintptr_t, const ProcessProfile*> openProcesses;
-    /// By handle, with the number of interfaces in the set.
-    std::map<std::uintptr_t, std::size_t> deviceInfoSets;
-
-    std::map<std::uintptr_t, std::u16string> eventSources;
-    std::vector<LoggedEvent>& eventLog;
+    std::vector<LoggedEvent> eventLog;
     std::function<void(const LoggedEvent&)> onLoggedEvent;
+    std::size_t adapterListings = 0; // how often the list of adapters has been read
+};
+
+/// The machine, held for the calling thread as long as this lives. A thread may hold it several times.
+class HeldMachine {
+public:
+    HeldMachine();
+
+    Machine* operator->() const { return &m_machine; }
+
+    Machine& operator*() const { return m_machine; }
+
+private:
+    std::unique_lock<std::recursive_mutex> m_lock;
+    Machine& m_machine;
 };
 
 /// The machine of this process. The first use starts the default one if none has been started.
-Machine& Current();
+inline HeldMachine Current() {
+    return {};
+}
 
 /// Puts another machine in place of the present one. What was open on that is forgotten with it.
+void Start(Profile profile, Storage storage);
+
+/// The same with its storage in a file.
 void Start(Profile profile, const std::string& storePath);
 
-/// ETW outlives a machine that is replaced: a provider registers once per process.
-TraceSink& Traces();
-
-/// Held during every boundary call.
-std::recursive_mutex& MachineMutex();
-
-/// The calling thread's last error.
-void SetLastError(platform::SystemError error);
-
-/// Where a machine keeps its state unless it is told otherwise: a file per machine below the user's state
-/// directory. Throws StoreError when there is no such directory to be had.
+/// Where a machine's storage is unless another place is named: a file for each machine below the user's state directory.
+/// Throws StoreError when there is no such directory.
 std::string DefaultStorePath(const Profile& profile);
+
+/// What a host gets that never says which machine it wants.
+void StartDefault();
 
 } // namespace machine

@@ -1,5 +1,7 @@
 #include "heap.h"
 
+#include "observer/observer.h"
+
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -9,7 +11,6 @@ namespace heap {
 namespace {
 
 bool Watching = false;
-bool Behind = false; // the boundary
 Plan ThePlan;
 std::uint64_t Counted = 0;
 std::uint64_t Failures = 0;
@@ -25,7 +26,7 @@ bool Meant() {
 }
 
 void* Allocate(std::size_t size) {
-    const bool counted = Watching && !Behind;
+    const bool counted = Watching && !observer::IsBelowBoundary();
     if (counted && (++Counted, Meant())) {
         ++Failures;
         throw std::bad_alloc();
@@ -67,14 +68,6 @@ InLibrary::InLibrary() : m_before(std::exchange(Watching, true)) {}
 
 InLibrary::~InLibrary() {
     Watching = m_before;
-}
-
-void EnterMachine() {
-    Behind = true;
-}
-
-void LeaveMachine() {
-    Behind = false;
 }
 
 std::uint64_t Count() {

@@ -1,7 +1,6 @@
-// The heap as the library sees it: its allocations are counted, and one of them can be made to fail.
+// The library's own use of the heap: its allocations are counted, and one of them can be made to fail.
 //
-// What the simulated machine allocates behind a boundary call is its own affair and never fails: whoever counts makes
-// these the observer of its calls.
+// What the observer and the simulated machine allocate below the boundary is not counted and never fails.
 #pragma once
 
 #include <cstdint>
@@ -28,10 +27,6 @@ public:
 private:
     bool m_before;
 };
-
-/// The library has called the machine, or has its answer.
-void EnterMachine();
-void LeaveMachine();
 
 /// The library's allocations, and those that failed, since the last restart.
 std::uint64_t Count();

@@ -1,8 +1,8 @@
 // The pass-through device ZRNACPI, with the part of the firmware that answers behind it.
 #pragma once
 
+#include "machine/models/device.h"
 #include "machine/profile/acpi_profile.h"
-#include "machine/services/devices.h"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
 // A battery behind the battery class driver.
 #pragma once
 
+#include "machine/models/device.h"
 #include "machine/models/machine_course.h"
 #include "machine/profile/battery_profile.h"
-#include "machine/services/devices.h"
 
 #include <string>
 

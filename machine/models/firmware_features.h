@@ -1,7 +1,7 @@
 // The firmware's features, behind the methods of its WMI class. What is set survives the process.
 #pragma once
 
-#include "machine/models/storage/firmware_store.h"
+#include "machine/models/storage/firmware_variable_store.h"
 #include "machine/models/wmi/wmi_repository.h"
 #include "machine/profile/firmware_features_profile.h"
 
@@ -11,7 +11,7 @@ namespace machine {
 
 class FirmwareFeatures final : public WmiMethods {
 public:
-    FirmwareFeatures(FirmwareFeaturesProfile profile, FirmwareStore& store)
+    FirmwareFeatures(FirmwareFeaturesProfile profile, FirmwareVariableStore& store)
         : m_profile(std::move(profile)), m_store(store) {}
 
     [[nodiscard]] std::optional<std::vector<std::u16string>>
@@ -31,7 +31,7 @@ private:
     WmiMethodAnswer Control(const FeatureProfile* feature, const WmiArguments& in);
 
     FirmwareFeaturesProfile m_profile;
-    FirmwareStore& m_store;
+    FirmwareVariableStore& m_store;
 };
 
 } // namespace machine

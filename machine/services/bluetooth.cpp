@@ -1,41 +1,34 @@
 #include "platform/bluetooth.h"
 
 #include "machine/machine.h"
-#include "machine/profile/profile.h"
-#include "machine/services/radios.h"
-#include "observer/gate.h"
+#include "machine/models/radio_searches.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
 #include <algorithm>
 #include <span>
 
 namespace VESK_BACK_END {
-
-using machine::Call;
-using machine::Current;
-using machine::Operation;
-
 namespace {
 
-const std::vector<machine::BluetoothRadio>& AllRadios() {
-    return Current().profile.bluetooth.radios;
+using machine::BluetoothDeviceSearchState;
+using machine::BluetoothRadioSearch;
+using machine::Machine;
+using machine::OpenBluetoothRadio;
+
+Handle OpenRadio(Machine& machine, std::size_t index) {
+    return Handle{machine.handles.Open("Bluetooth radio", OpenBluetoothRadio{index})};
 }
 
-Handle OpenRadio(std::size_t index) {
-    const std::uintptr_t number = Current().gate.Opened("Bluetooth radio " + AllRadios()[index].name);
-    Current().radios.bluetoothRadios[number] = index;
-    return Handle{number};
-}
-
-/// Moves the cursor behind the next device that is connected. False at the end of the radio's devices.
-bool Advance(machine::BluetoothDeviceCursor& cursor, BluetoothDevice& device) {
-    const auto rest = std::span(AllRadios()[cursor.radio].devices).subspan(cursor.next);
+/// Moves the search past the next device that is connected. False at the end of the radio's devices.
+bool Advance(const Machine& machine, BluetoothDeviceSearchState& search, BluetoothDevice& device) {
+    const auto rest = std::span(machine.profile.bluetooth.radios[search.radio].devices).subspan(search.next);
     const auto found = std::ranges::find(rest, true, &machine::BluetoothPeer::connected);
-    cursor.next += static_cast<std::size_t>(found - rest.begin());
+    search.next += static_cast<std::size_t>(found - rest.begin());
     if (found == rest.end()) {
         return false;
     }
-    ++cursor.next;
+    ++search.next;
     device.classOfDevice = found->classOfDevice;
     return true;
 }
@@ -43,91 +36,65 @@ bool Advance(machine::BluetoothDeviceCursor& cursor, BluetoothDevice& device) {
 } // namespace
 
 BluetoothRadioFind BluetoothFindFirstRadio(Handle& radio) {
-    Call call(Operation::BluetoothFindFirstRadio);
-    if (!Current().profile.bluetooth.supported || call.Refused() || AllRadios().empty()) {
-        machine::SetLastError(!Current().profile.bluetooth.supported ? error::ModuleNotFound
-                              : call.Refused()                       ? call.RefusalCode()
-                                                                     : error::NoMoreItems);
-        return call.Answered(BluetoothRadioFind::None);
+    const auto machine = machine::Current();
+    const auto& bluetooth = machine->profile.bluetooth;
+    if (!bluetooth.supported || bluetooth.radios.empty()) {
+        machine::SetLastError(bluetooth.supported ? error::NoMoreItems : error::ModuleNotFound);
+        return BluetoothRadioFind::None;
     }
-    radio = OpenRadio(0);
-    const std::uintptr_t number = Current().gate.Opened("Bluetooth radio search");
-    Current().radios.bluetoothRadioSearches[number] = 1;
-    return call.Answered(BluetoothRadioFind{number});
+    radio = OpenRadio(*machine, 0);
+    return BluetoothRadioFind{machine->handles.Open("Bluetooth radio search", BluetoothRadioSearch{1})};
 }
 
 bool BluetoothFindNextRadio(BluetoothRadioFind search, Handle& radio) {
-    Call call(Operation::BluetoothFindNextRadio);
-    auto& searches = Current().radios.bluetoothRadioSearches;
-    const auto cursor = searches.find(static_cast<std::uintptr_t>(search));
-    if (cursor == searches.end() || call.Refused() || cursor->second >= AllRadios().size()) {
-        machine::SetLastError(cursor == searches.end() ? error::InvalidHandle
-                              : call.Refused()         ? call.RefusalCode()
-                                                       : error::NoMoreItems);
-        return call.Answered(false);
+    const auto machine = machine::Current();
+    auto* const state = machine->handles.Find<BluetoothRadioSearch>(static_cast<std::uintptr_t>(search));
+    if (state == nullptr || state->next >= machine->profile.bluetooth.radios.size()) {
+        return machine::Succeed(state == nullptr ? error::InvalidHandle : error::NoMoreItems);
     }
-    radio = OpenRadio(cursor->second++);
-    return call.Answered(true);
+    radio = OpenRadio(*machine, state->next++);
+    return true;
 }
 
 void BluetoothFindRadioClose(BluetoothRadioFind search) {
-    const Call call(Operation::BluetoothFindRadioClose);
-    const auto number = static_cast<std::uintptr_t>(search);
-    Current().gate.Closed(number);
-    Current().radios.bluetoothRadioSearches.erase(number);
+    machine::Current()->handles.Close(static_cast<std::uintptr_t>(search));
 }
 
 SystemError BluetoothGetRadioInfo(Handle radio) {
-    Call call(Operation::BluetoothGetRadioInfo);
-    if (!Current().radios.bluetoothRadios.contains(static_cast<std::uintptr_t>(radio))) {
-        return call.Answered(error::InvalidHandle);
-    }
-    return call.Answered(call.Refused() ? call.RefusalCode() : error::Success);
+    const auto machine = machine::Current();
+    const auto* const open = machine->handles.Find<OpenBluetoothRadio>(static_cast<std::uintptr_t>(radio));
+    return open == nullptr ? error::InvalidHandle : error::Success;
 }
 
 BluetoothDeviceFind BluetoothFindFirstDevice(const BluetoothDeviceSearch& parameters,
                                              BluetoothDevice& device) {
-    Call call(Operation::BluetoothFindFirstDevice);
-    call.Note([&] {
-        return std::string("authenticated ") + (parameters.returnAuthenticated ? '1' : '0') + " remembered " +
-               (parameters.returnRemembered ? '1' : '0') + " unknown " +
-               (parameters.returnUnknown ? '1' : '0') + " connected " +
-               (parameters.returnConnected ? '1' : '0') + " inquiry " + (parameters.issueInquiry ? '1' : '0');
-    });
-    const auto& radios = Current().radios.bluetoothRadios;
-    const auto radio = radios.find(static_cast<std::uintptr_t>(parameters.radio));
-    if (radio == radios.end() || call.Refused()) {
-        machine::SetLastError(radio == radios.end() ? error::InvalidHandle : call.RefusalCode());
-        return call.Answered(BluetoothDeviceFind::None);
+    const auto machine = machine::Current();
+    const auto* const radio =
+        machine->handles.Find<OpenBluetoothRadio>(static_cast<std::uintptr_t>(parameters.radio));
+    if (radio == nullptr) {
+        machine::SetLastError(error::InvalidHandle);
+        return BluetoothDeviceFind::None;
     }
-    machine::BluetoothDeviceCursor cursor{.radio = radio->second};
-    if (!parameters.returnConnected || !Advance(cursor, device)) {
+    BluetoothDeviceSearchState search{.radio = radio->radio};
+    if (!parameters.returnConnected || !Advance(*machine, search, device)) {
         machine::SetLastError(error::NoMoreItems);
-        return call.Answered(BluetoothDeviceFind::None);
+        return BluetoothDeviceFind::None;
     }
-    const std::uintptr_t number = Current().gate.Opened("Bluetooth device search");
-    Current().radios.bluetoothDeviceSearches[number] = cursor;
-    return call.Answered(BluetoothDeviceFind{number});
+    return BluetoothDeviceFind{machine->handles.Open("Bluetooth device search", search)};
 }
 
 bool BluetoothFindNextDevice(BluetoothDeviceFind search, BluetoothDevice& device) {
-    Call call(Operation::BluetoothFindNextDevice);
-    auto& searches = Current().radios.bluetoothDeviceSearches;
-    const auto cursor = searches.find(static_cast<std::uintptr_t>(search));
-    if (cursor == searches.end() || call.Refused()) {
-        machine::SetLastError(cursor == searches.end() ? error::InvalidHandle : call.RefusalCode());
-        return call.Answered(false);
+    const auto machine = machine::Current();
+    auto* const state =
+        machine->handles.Find<BluetoothDeviceSearchState>(static_cast<std::uintptr_t>(search));
+    if (state == nullptr) {
+        return machine::Succeed(error::InvalidHandle);
     }
-    const bool found = Advance(cursor->second, device);
-    machine::SetLastError(found ? error::Success : error::NoMoreItems);
-    return call.Answered(found);
+    return machine::Succeed(Advance(*machine, *state, device) ? error::Success : error::NoMoreItems);
 }
 
 void BluetoothFindDeviceClose(BluetoothDeviceFind search) {
-    const Call call(Operation::BluetoothFindDeviceClose);
-    const auto number = static_cast<std::uintptr_t>(search);
-    Current().gate.Closed(number);
-    Current().radios.bluetoothDeviceSearches.erase(number);
+    machine::Current()->handles.Close(static_cast<std::uintptr_t>(search));
 }
 
 } // namespace VESK_BACK_END

@@ -1,52 +1,37 @@
 #include "platform/event_log.h"
 
 #include "machine/machine.h"
-#include "machine/services/trace_sink.h"
-#include "machine/text/wide_text.h"
-#include "observer/gate.h"
+#include "machine/models/event_log.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
+
+#include <utility>
 
 namespace VESK_BACK_END {
 
-using machine::Call;
-using machine::Current;
-using machine::Operation;
-
 EventSource RegisterEventSourceW(const char16_t* sourceName) {
-    Call call(Operation::RegisterEventSourceW);
-    call.Note([&] { return machine::Utf8FromWide(sourceName); });
-    if (call.Refused()) {
-        machine::SetLastError(call.RefusalCode());
-        return call.Answered(EventSource::None);
-    }
-    const std::uintptr_t number = Current().gate.Opened("event source " + machine::Utf8FromWide(sourceName));
-    Current().eventSources[number] = sourceName;
-    return call.Answered(EventSource{number});
+    const auto machine = machine::Current();
+    return EventSource{machine->handles.Open("event source", machine::OpenEventSource{sourceName})};
 }
 
 bool ReportEventW(EventSource source, std::uint16_t type, std::uint16_t, std::uint32_t,
                   const std::array<const char16_t*, 2>& insertionStrings) {
-    Call call(Operation::ReportEventW);
-    call.Note([&] { return '"' + machine::Utf8FromWide(insertionStrings[1]) + '"'; });
-    const auto opened = Current().eventSources.find(static_cast<std::uintptr_t>(source));
-    if (call.Refused() || opened == Current().eventSources.end()) {
-        machine::SetLastError(opened == Current().eventSources.end() ? error::InvalidHandle
-                                                                     : call.RefusalCode());
-        return call.Answered(false);
+    const auto machine = machine::Current();
+    const auto* const opened =
+        machine->handles.Find<machine::OpenEventSource>(static_cast<std::uintptr_t>(source));
+    if (opened == nullptr) {
+        return machine::Succeed(error::InvalidHandle);
     }
-    machine::LoggedEvent event{type, opened->second, {insertionStrings[0], insertionStrings[1]}};
-    if (Current().onLoggedEvent) {
-        Current().onLoggedEvent(event);
+    machine::LoggedEvent event{type, opened->name, {insertionStrings[0], insertionStrings[1]}};
+    if (machine->onLoggedEvent) {
+        machine->onLoggedEvent(event);
     }
-    Current().eventLog.push_back(std::move(event));
-    return call.Answered(true);
+    machine->eventLog.push_back(std::move(event));
+    return true;
 }
 
 void DeregisterEventSource(EventSource source) {
-    Call call(Operation::DeregisterEventSource);
-    const auto number = static_cast<std::uintptr_t>(source);
-    Current().gate.Closed(number);
-    Current().eventSources.erase(number);
+    machine::Current()->handles.Close(static_cast<std::uintptr_t>(source));
 }
 
 } // namespace VESK_BACK_END

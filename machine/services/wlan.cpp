@@ -1,21 +1,17 @@
 #include "platform/wlan.h"
 
 #include "machine/machine.h"
-#include "machine/profile/profile.h"
-#include "machine/services/radios.h"
-#include "machine/text/wide_text.h"
-#include "observer/gate.h"
+#include "machine/models/beacon.h"
+#include "machine/models/radio_searches.h"
 #include "platform/back_end.h"
 
 #include <algorithm>
 
 namespace VESK_BACK_END {
-
-using machine::Call;
-using machine::Current;
-using machine::Operation;
-
 namespace {
+
+using machine::Machine;
+using machine::WifiInterface;
 
 constexpr SystemError ServiceNotActive = 1062;
 constexpr SystemError NotSupported = 50;
@@ -29,21 +25,22 @@ WlanSsid NativeSsid(const std::string& name) {
     return ssid;
 }
 
-/// The interface, and what a call on it answers before it is looked at.
+bool IsOpen(Machine& machine, WlanClient client) {
+    return machine.handles.Find<machine::OpenWlanClient>(static_cast<std::uintptr_t>(client)) != nullptr;
+}
+
+/// The interface that is asked about, or why it cannot be.
 struct Target {
     SystemError status = error::Success;
-    const machine::WifiInterface* interface = nullptr;
+    const WifiInterface* interface = nullptr;
 };
 
-Target Aim(const Call& call, WlanClient client, const Guid& guid) {
-    if (!Current().radios.wlanClients.contains(static_cast<std::uintptr_t>(client))) {
+Target TargetOf(Machine& machine, WlanClient client, const Guid& guid) {
+    if (!IsOpen(machine, client)) {
         return {.status = error::InvalidHandle};
     }
-    if (call.Refused()) {
-        return {.status = call.RefusalCode()};
-    }
-    const auto& interfaces = Current().profile.wifi.interfaces;
-    const auto found = std::ranges::find(interfaces, guid, &machine::WifiInterface::guid);
+    const auto& interfaces = machine.profile.wifi.interfaces;
+    const auto found = std::ranges::find(interfaces, guid, &WifiInterface::guid);
     if (found == interfaces.end()) {
         return {.status = NoSuchInterface};
     }
@@ -52,106 +49,80 @@ Target Aim(const Call& call, WlanClient client, const Guid& guid) {
 
 } // namespace
 
-SystemError WlanOpenHandle(std::uint32_t clientVersion, WlanClient& client) {
-    Call call(Operation::WlanOpenHandle);
-    call.Note([&] { return "version " + std::to_string(clientVersion); });
-    switch (Current().profile.wifi.service) {
+SystemError WlanOpenHandle(std::uint32_t, WlanClient& client) {
+    const auto machine = machine::Current();
+    switch (machine->profile.wifi.service) {
     case machine::WifiService::Missing:
-        return call.Answered(error::ModuleNotFound);
+        return error::ModuleNotFound;
     case machine::WifiService::Stopped:
-        return call.Answered(ServiceNotActive);
+        return ServiceNotActive;
     case machine::WifiService::Running:
         break;
     }
-    if (call.Refused()) {
-        return call.Answered(call.RefusalCode());
-    }
-    const std::uintptr_t number = Current().gate.Opened("WLAN client");
-    Current().radios.wlanClients.insert(number);
-    client = WlanClient{number};
-    return call.Answered(error::Success);
+    client = WlanClient{machine->handles.Open("WLAN client", machine::OpenWlanClient{})};
+    return error::Success;
 }
 
 void WlanCloseHandle(WlanClient client) {
-    Call call(Operation::WlanCloseHandle);
-    const auto number = static_cast<std::uintptr_t>(client);
-    Current().gate.Closed(number);
-    Current().radios.wlanClients.erase(number);
+    machine::Current()->handles.Close(static_cast<std::uintptr_t>(client));
 }
 
 SystemError WlanEnumInterfaces(WlanClient client, std::vector<WlanInterface>& interfaces) {
-    Call call(Operation::WlanEnumInterfaces);
+    const auto machine = machine::Current();
     interfaces.clear();
-    if (!Current().radios.wlanClients.contains(static_cast<std::uintptr_t>(client))) {
-        return call.Answered(error::InvalidHandle);
+    if (!IsOpen(*machine, client)) {
+        return error::InvalidHandle;
     }
-    if (call.Refused()) {
-        return call.Answered(call.RefusalCode());
+    for (const WifiInterface& each : machine->profile.wifi.interfaces) {
+        interfaces.push_back({each.guid, each.description, each.state});
     }
-    if (!call.Emptied()) {
-        for (const machine::WifiInterface& each : Current().profile.wifi.interfaces) {
-            interfaces.push_back({each.guid, each.description, each.state});
-        }
-    }
-    return call.Answered(error::Success);
+    return error::Success;
 }
 
 SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std::uint32_t opcode,
                                std::optional<WlanConnection>& connection) {
-    Call call(Operation::WlanQueryInterface);
-    call.Note([&] { return "opcode " + std::to_string(opcode); });
+    const auto machine = machine::Current();
     connection.reset();
-    const Target target = Aim(call, client, interfaceGuid);
+    const Target target = TargetOf(*machine, client, interfaceGuid);
     if (target.interface == nullptr) {
-        return call.Answered(target.status);
+        return target.status;
     }
     if (opcode != wlan::CurrentConnection || target.interface->state != wlan::StateConnected) {
-        return call.Answered(InvalidState);
+        return InvalidState;
     }
-    if (!call.Emptied()) {
-        const machine::WifiConnection& present = target.interface->connection;
-        connection = {NativeSsid(present.ssid), present.bssid, present.phyType};
-    }
-    return call.Answered(error::Success);
+    const machine::WifiConnection& present = target.interface->connection;
+    connection = {NativeSsid(present.ssid), present.bssid, present.phyType};
+    return error::Success;
 }
 
 SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std::uint32_t opcode,
                                std::optional<std::uint32_t>& number) {
-    Call call(Operation::WlanQueryInterface);
-    call.Note([&] { return "opcode " + std::to_string(opcode); });
+    const auto machine = machine::Current();
     number.reset();
-    const Target target = Aim(call, client, interfaceGuid);
+    const Target target = TargetOf(*machine, client, interfaceGuid);
     if (target.interface == nullptr) {
-        return call.Answered(target.status);
+        return target.status;
     }
     if (opcode != wlan::ChannelNumber || !target.interface->channel) {
-        return call.Answered(NotSupported);
+        return NotSupported;
     }
-    if (!call.Emptied()) {
-        number = target.interface->channel;
-    }
-    return call.Answered(error::Success);
+    number = target.interface->channel;
+    return error::Success;
 }
 
-SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, std::uint32_t bssType,
-                                  bool securityEnabled, std::vector<WlanBssEntry>& entries) {
-    Call call(Operation::WlanGetNetworkBssList);
-    call.Note([&] {
-        return "type " + std::to_string(bssType) + " security " + std::to_string(securityEnabled ? 1 : 0);
-    });
+SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, std::uint32_t, bool,
+                                  std::vector<WlanBssEntry>& entries) {
+    const auto machine = machine::Current();
     entries.clear();
-    const Target target = Aim(call, client, interfaceGuid);
+    const Target target = TargetOf(*machine, client, interfaceGuid);
     if (target.interface == nullptr) {
-        return call.Answered(target.status);
+        return target.status;
     }
-    if (!call.Emptied()) {
-        for (const machine::AccessPoint& point : target.interface->accessPoints) {
-            entries.push_back(
-                {NativeSsid(point.beacon.ssid), point.bssid, point.rssi,
-                 point.rawElements ? *point.rawElements : machine::EncodeElements(point.beacon)});
-        }
+    for (const machine::AccessPoint& point : target.interface->accessPoints) {
+        entries.push_back({NativeSsid(point.beacon.ssid), point.bssid, point.rssi,
+                           point.rawElements ? *point.rawElements : machine::EncodeElements(point.beacon)});
     }
-    return call.Answered(error::Success);
+    return error::Success;
 }
 
 } // namespace VESK_BACK_END

@@ -1,7 +1,7 @@
 // The little-endian words of 32 bits that requests and answers of devices are made of.
 #pragma once
 
-#include "machine/services/devices.h"
+#include "machine/models/device.h"
 
 #include <cstddef>
 #include <cstdint>

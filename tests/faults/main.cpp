@@ -1,10 +1,10 @@
 // The fault sweep: whatever fails, no export crashes, leaks, writes beyond its buffer or takes a failure for an
 // answer, and the next call is right again.
-#include "golden.h"
+#include "budget.h"
 #include "planted.h"
 #include "sweep.h"
 
-#include "machine/services/trace_sink.h"
+#include "machine/models/trace_sink.h"
 
 #include <unistd.h>
 
@@ -96,7 +96,7 @@ std::vector<std::string_view> Missing(const Tally& tally) {
     std::vector<std::string_view> missing;
     for (std::size_t place = 0; place < tally.reached.size(); ++place) {
         if (tally.reached[place] == 0) {
-            missing.push_back(machine::OperationTable[place].name);
+            missing.push_back(observer::OperationTable[place].name);
         }
     }
     return missing;
@@ -153,7 +153,10 @@ int Obey(std::span<const std::string_view> arguments) {
         PrintCosts(std::cout);
         return std::cout.flush() ? 0 : 1;
     }
-    std::cerr << "usage: fault_sweep [--planted | --costs]\n";
+    if (arguments.size() == 2 && arguments[0] == "--budget") {
+        return CheckBudget(std::string(arguments[1]), std::cout) ? 0 : 1;
+    }
+    std::cerr << "usage: fault_sweep [--planted | --costs | --budget FILE]\n";
     return 2;
 }
 

@@ -15,8 +15,8 @@
 namespace sweep {
 namespace {
 
-using machine::Failure;
-using machine::Operation;
+using observer::Failure;
+using observer::Operation;
 using tool::Export;
 using tool::Family;
 
@@ -171,7 +171,7 @@ Wanted WantedAfter(const Rule& rule, const Fault& fault) {
     if (fault.lacking) {
         return Wanted::Either;
     }
-    const std::string_view name = machine::RowOf(fault.operation).name;
+    const std::string_view name = observer::RowOf(fault.operation).name;
     if (Has(rule.needs, name)) {
         return Wanted::NotGood;
     }

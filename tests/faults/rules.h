@@ -11,8 +11,8 @@ namespace sweep {
 
 /// What failed: a boundary call in one of its ways, or the heap.
 struct Fault {
-    machine::Operation operation{};
-    machine::Failure kind = machine::Failure::None;
+    observer::Operation operation{};
+    observer::Failure kind = observer::Failure::None;
     bool andLater = false;
     bool heap = false;
     /// The machine has values missing of its own, which no failure can take away.

@@ -4,9 +4,9 @@
 #include "firmware/disk_temperature.h"
 #include "frame/diagnostics.h"
 #include "frame/session.h"
+#include "machine/models/com/apartments.h"
+#include "machine/models/trace_sink.h"
 #include "machine/profile/built_in_machines.h"
-#include "machine/services/apartments.h"
-#include "machine/services/trace_sink.h"
 #include "platform/com.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
@@ -41,9 +41,9 @@ void ResetLibrary() {
 }
 
 /// Whether the machine may keep something of it that no later run undoes.
-bool IsKept(machine::Operation operation) {
-    using enum machine::Operation;
-    constexpr machine::Operation Keeping[] = {
+bool IsKept(observer::Operation operation) {
+    using enum observer::Operation;
+    constexpr observer::Operation Keeping[] = {
         RegCreateKeyExW,       RegSetValueExW, SetFirmwareEnvironmentVariableW,
         AdjustTokenPrivileges, WriteFile,      SetEndOfFile,
         MoveFileExW,           DeleteFileW,    ExecMethod};
@@ -61,17 +61,31 @@ std::string ChangedProfile(const Situation& situation) {
     return profile.dump();
 }
 
-/// What is wrong with the state that a run has left behind.
-std::string StateFault(std::uint64_t apartments) {
-    std::vector<std::string> open = machine::Current().gate.OpenThings();
-    if (sondrel::SessionOpen != 0) {
-        std::erase(open, "file \\\\.\\VESKHWIO");
-    }
-    if (!open.empty()) {
-        return "left open: " + open.front();
-    }
-    if (machine::CurrentApartment().entered > apartments) {
-        return "an apartment was not left";
+} // namespace
+
+Stage::Stage(Situation situation)
+    : m_situation(std::move(situation)),
+      m_text(ChangedProfile(m_situation)),
+      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {
+    observer::AddSink(*this);
+}
+
+Stage::~Stage() {
+    observer::RemoveSink(*this);
+}
+
+void Stage::Ended(const observer::Record& record) {
+    m_calls.push_back(record.operation);
+}
+
+std::string Stage::StateFault() const {
+    for (const observer::OpenThing& thing : observer::OpenThings()) {
+        const std::string what = Printed(thing);
+        const bool isSession = sondrel::SessionOpen != 0 && what == "file \\\\.\\VESKHWIO";
+        const bool isHosts = m_situation.initCom == 0 && thing.count == 1 && what == "apartment";
+        if (!isSession && !isHosts) {
+            return "left open: " + what;
+        }
     }
     if ((sondrel::SessionOpen != 0) != (sondrel::SessionRefCount != 0)) {
         return "the session and its count do not agree";
@@ -79,18 +93,9 @@ std::string StateFault(std::uint64_t apartments) {
     return sondrel::ZrnAcpiHandle == platform::Handle::Null ? "" : "the firmware's device counts as open";
 }
 
-} // namespace
-
-Stage::Stage(Situation situation)
-    : m_situation(std::move(situation)),
-      m_text(ChangedProfile(m_situation)),
-      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {
-    machine::ObserveCalls({heap::EnterMachine, heap::LeaveMachine});
-}
-
 void Stage::Restart() {
     machine::Start(m_profile, ":memory:");
-    machine::Current().gate.KeepHistory(true);
+    observer::ForgetOpenThings();
     machine::CurrentApartment() = {};
     m_changed = false;
     ResetLibrary();
@@ -129,26 +134,25 @@ void Stage::SetUp() {
     m_blocks = heap::Live();
 }
 
-Run Stage::Play(const HostCall& call, machine::FaultPlan fault, heap::Plan heapFault) {
-    machine::Gate& gate = machine::Current().gate;
-    const auto apartments = machine::CurrentApartment().entered;
+Run Stage::Play(const HostCall& call, observer::FaultPlan fault, heap::Plan heapFault) {
     Run run;
-    gate.Restart(fault);
+    m_calls.clear();
+    observer::Restart(fault);
     heap::Restart(heapFault);
     try {
         run.answer = call();
     } catch (const std::exception& raised) {
         run.fault = std::string("raised across the boundary: ") + raised.what();
     }
-    run.calls = gate.History();
+    run.calls = m_calls;
     m_changed = m_changed || std::ranges::any_of(run.calls, IsKept) || !run.fault.empty();
     run.allocations = heap::Count();
-    run.injected = gate.Injected() + heap::Injected();
-    gate.Restart();
+    run.injected = observer::CurrentCosts().injected + heap::Injected();
+    observer::Restart();
     heap::Restart();
     machine::Traces().Take();
     if (run.fault.empty()) {
-        run.fault = !run.answer.fault.empty() ? run.answer.fault : StateFault(apartments);
+        run.fault = !run.answer.fault.empty() ? run.answer.fault : StateFault();
     }
     return run;
 }

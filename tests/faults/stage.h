@@ -6,6 +6,7 @@
 #include "heap.h"
 #include "machine/machine.h"
 #include "machine/profile/profile.h"
+#include "observer/observer.h"
 
 #include <cstdint>
 #include <string>
@@ -18,7 +19,7 @@ namespace sweep {
 struct Situation {
     std::string machine = "default";
     bool session = true;
-    /// The library was used here before: the EC's identity is kept, there is an app path with settings in it.
+    /// The library was used here before: the EC's identity is cached, there is an app path with settings in it.
     bool used = false;
     /// What the exports get that use COM; 0: this thread has entered an apartment.
     std::uint8_t initCom = 1;
@@ -31,7 +32,7 @@ struct Situation {
 struct Run {
     HostAnswer answer;
     /// The boundary calls that were made, in their order.
-    std::vector<machine::Operation> calls;
+    std::vector<observer::Operation> calls;
     std::uint64_t allocations = 0;
     /// Failures that were injected, of either kind.
     std::uint64_t injected = 0;
@@ -39,9 +40,10 @@ struct Run {
     std::string fault;
 };
 
-class Stage {
+class Stage : private observer::Sink {
 public:
     explicit Stage(Situation situation);
+    ~Stage() override;
 
     /// Sets everything up anew.
     void Restart();
@@ -53,7 +55,7 @@ public:
     void FoundChanged() { m_changed = true; }
 
     /// One run from where the last one left off.
-    Run Play(const HostCall& call, machine::FaultPlan fault = {}, heap::Plan heapFault = {});
+    Run Play(const HostCall& call, observer::FaultPlan fault = {}, heap::Plan heapFault = {});
 
     /// Blocks that the library has not given back since the restart, its records aside, which this forgets.
     std::int64_t LeakedBlocks();
@@ -65,12 +67,16 @@ public:
 
 private:
     void SetUp();
+    void Ended(const observer::Record& record) override;
+    /// What is wrong with the state that a run has left behind.
+    [[nodiscard]] std::string StateFault() const;
 
     Situation m_situation;
     bool m_changed = true;
     std::string m_text;
     machine::Profile m_profile;
     std::int64_t m_blocks = 0;
+    std::vector<observer::Operation> m_calls;
 };
 
 } // namespace sweep

@@ -3,8 +3,8 @@
 namespace sweep {
 namespace {
 
-using machine::Failure;
-using machine::Operation;
+using observer::Failure;
+using observer::Operation;
 
 struct Kind {
     Failure failure;
@@ -33,8 +33,8 @@ public:
     void FailCalls() {
         for (std::size_t place = 1; place <= m_good.calls.size(); ++place) {
             const Operation operation = m_good.calls[place - 1];
-            const std::uint8_t ways = machine::RowOf(operation).failures;
-            Reached(operation) += ways == machine::failures::Never ? 1 : 0;
+            const std::uint8_t ways = observer::RowOf(operation).failures;
+            Reached(operation) += ways == 0 ? 1 : 0;
             for (const Kind& kind : Kinds) {
                 for (const bool andLater : {false, true}) {
                     if ((ways & static_cast<std::uint8_t>(kind.failure)) != 0) {
@@ -66,17 +66,17 @@ private:
         const bool andLater = fault.andLater;
         fault.lacking = m_stage.Where().lacking;
         m_stage.Renew();
-        const Run run = m_stage.Play(m_subject.call, {place, andLater, fault.kind});
+        const Run run =
+            m_stage.Play(m_subject.call, {.nth = place, .andLater = andLater, .kind = fault.kind});
         if (run.injected == 0) {
             return; // this device's answers have no status
         }
         ++m_tally.callFaults;
         Reached(fault.operation) += 1;
         for (const Operation called : run.calls) {
-            Reached(called) +=
-                andLater || machine::RowOf(called).failures == machine::failures::Never ? 1 : 0;
+            Reached(called) += andLater || observer::RowOf(called).failures == 0 ? 1 : 0;
         }
-        Check("call " + std::to_string(place) + " " + std::string(machine::RowOf(fault.operation).name) +
+        Check("call " + std::to_string(place) + " " + std::string(observer::RowOf(fault.operation).name) +
                   " " + std::string(way) + (andLater ? " and later" : ""),
               fault, run);
     }

@@ -19,7 +19,7 @@ compile() {
         "$1" "-std=$2" -x "$3" -fsyntax-only -Wall -Wextra -Wpedantic -Werror "-I$include" -
 }
 
-for header in vesk_sondrel.h vesk_sondrel_machine.h; do
+for header in vesk_sondrel.h vesk_sondrel_machine.h vesk_sondrel_observer.h; do
     for standard in c11 c17; do
         compile "$cc" "$standard" c "#include \"$header\""
     done

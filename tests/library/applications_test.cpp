@@ -20,7 +20,7 @@ protected:
     /// Puts a value below the machine's uninstall key.
     static void Put(const std::u16string& subkey, const char16_t* name, std::uint32_t type,
                     const std::vector<std::uint8_t>& data) {
-        auto& registry = TheMachine().registry;
+        auto& registry = *TheMachine()->storage.registry;
         const auto key =
             registry.Create(machine::RegistryHive::LocalMachine, UninstallKey + (u'\\' + subkey));
         registry.Set(key, name, type, std::as_bytes(std::span(data)));
@@ -109,10 +109,10 @@ TEST_F(ApplicationsTest, ASubkeyThatCannotBeOpenedEndsItsHiveOnly) {
     StartBare(R"({"applications": {
         "machine": [{"key": "a", "name": "A"}, {"key": "b", "name": "B"}, {"key": "c", "name": "C"}],
         "user": [{"key": "u", "name": "U"}]}})");
-    TheMachine().gate.Transcribe([](const std::string& line) {
+    AfterCalls([](const CallRecord& call) {
         // It goes between the enumeration and the open.
-        if (line.starts_with("RegEnumKeyExW 1 ")) {
-            auto& registry = TheMachine().registry;
+        if (call.operation == Operation::RegEnumKeyExW && Printed(*call.Input("index")) == "1") {
+            auto& registry = *TheMachine()->storage.registry;
             if (const auto key = registry.Find(machine::RegistryHive::LocalMachine,
                                                UninstallKey + std::u16string(u"\\b"))) {
                 registry.Remove(*key);
@@ -175,7 +175,7 @@ TEST_F(ApplicationsTest, PassesOverWhatCannotBeReadAndGoesOn) {
     EXPECT_EQ(Text(App_Get_Win32App), "A;B;254;C;");
     // Open, count, five names, close; then open, size, close and open, size, data, close for each.
     for (const auto& [nth, list] : {std::pair(3, "B;254;C;"), std::pair(2, ""), std::pair(1, "")}) {
-        TheMachine().gate.Restart({.nth = static_cast<std::uint64_t>(nth)});
+        FailCalls({.nth = static_cast<std::uint64_t>(nth)});
         EXPECT_EQ(Text(App_Get_Win32App), list) << "call " << nth;
     }
 }
@@ -209,10 +209,11 @@ TEST_F(ApplicationsTest, ThePackageVersionIsTheSecondFieldOfTheFirstName) {
         {"full_name": "F3A1C07E.VESKBrisenda_2.3.41.0_x64__r4wkp8tz2yhnc"},
         {"full_name": "F3A1C07E.VESKBrisenda_2.4.0.0_x64__r4wkp8tz2yhnc"}]}})");
     EXPECT_EQ(Text(GetUWPVersion), "2.3.41.0");
-    EXPECT_THAT(CallsOf("GetPackagesByPackageFamily"),
-                ElementsAre(HasSubstr(" room 0 0 = 122"), HasSubstr(" room 2 99 = 0")));
+    EXPECT_THAT(CallsOf(Operation::GetPackagesByPackageFamily),
+                ElementsAre(HasSubstr(" count=0 length=0 -> 122 count=2 length=99"),
+                            HasSubstr(" count=2 length=99 -> 0 ")));
     for (const std::uint64_t nth : {1U, 2U}) {
-        TheMachine().gate.Restart({.nth = nth, .kind = Failure::Nothing});
+        FailCalls({.nth = nth, .kind = Failure::Nothing});
         EXPECT_EQ(Text(GetUWPVersion), "untouched");
     }
     StartBare(R"({"packages": {"supported": false}})");

@@ -31,15 +31,16 @@ TEST_F(BatteryDeviceTest, AsksTheFirstBatteryStepByStep) {
     EXPECT_THAT(
         Calls(),
         ElementsAre(
-            "SetupDiGetClassDevsW flags 18 = 4096", "SetupDiEnumDeviceInterfaces index 0 = 1",
-            "SetupDiGetDeviceInterfaceDetailW room 0 = 0",
-            StartsWith("SetupDiGetDeviceInterfaceDetailW room 120"),
-            "CreateFileW \\\\?\\acpi#pnp0c0a#0#{72631e54-78a4-11d0-bcf7-00aa00b7b32a} access 0xc0000000 "
-            "share 0x3 = 4100",
-            "DeviceIoControl 0x294040 in 00000000 out 03000000 = 1",
-            StartsWith("DeviceIoControl 0x294044 in 030000000000000000000000 out "),
-            StartsWith("DeviceIoControl 0x29404c in 0300000000000000000000000000000000000000 out "),
-            "CloseHandle", "SetupDiDestroyDeviceInfoList"));
+            "SetupDiGetClassDevsW class={72631e54-78a4-11d0-bcf7-00aa00b7b32a} flags=0x12 -> devices#1",
+            AllOf(StartsWith("SetupDiEnumDeviceInterfaces set=devices#1 "), HasSubstr(" index=0 -> true ")),
+            HasSubstr(" detail=0 required=0 -> false required=120 error=122"),
+            HasSubstr(" detail=120 required=120 -> true "),
+            R"(CreateFileW path="\\?\acpi#pnp0c0a#0#{72631e54-78a4-11d0-bcf7-00aa00b7b32a}" access=0xc0000000 )"
+            "share=0x3 disposition=3 flags=0x80 -> file#2",
+            "DeviceIoControl device=file#2 code=0x294040 in=00000000 out=4 -> true out=03000000 returned=4",
+            HasSubstr(" code=0x294044 in=030000000000000000000000 out=36 -> true out="),
+            HasSubstr(" code=0x29404c in=0300000000000000000000000000000000000000 out=16 -> true out="),
+            "CloseHandle handle=file#2", "SetupDiDestroyDeviceInfoList set=devices#1"));
     EXPECT_EQ(Readings(), "57000 51300 43050 11700 0.9 80");
 }
 
@@ -54,7 +55,7 @@ TEST_F(BatteryDeviceTest, WhatTheDeviceDoesNotGiveIsZero) {
     for (const auto& [battery, readings] : batteries) {
         StartBattery(battery);
         EXPECT_EQ(Readings(), readings) << battery;
-        EXPECT_THAT(CallsOf("DeviceIoControl").size(), AnyOf(0u, 6u, 12u, 18u));
+        EXPECT_THAT(CallsOf(Operation::DeviceIoControl).size(), AnyOf(0u, 6u, 12u, 18u));
     }
     // What came before a step that failed is kept.
     StartMachine();
@@ -67,7 +68,7 @@ TEST_F(BatteryDeviceTest, WhatTheDeviceDoesNotGiveIsZero) {
     EXPECT_EQ(battery.voltage, 0u);
     RunFailing(Operation::DeviceIoControl, 1, Failure::Nothing, read);
     EXPECT_EQ(battery.designedCapacity, 0u) << "a tag of zero is no tag";
-    EXPECT_THAT(CallsOf("DeviceIoControl"), SizeIs(1));
+    EXPECT_THAT(CallsOf(Operation::DeviceIoControl), SizeIs(1));
 }
 
 TEST_F(BatteryDeviceTest, CyclesComeFromTheDeviceOrTheEcByCodeAlone) {
@@ -79,7 +80,7 @@ TEST_F(BatteryDeviceTest, CyclesComeFromTheDeviceOrTheEcByCodeAlone) {
                          std::to_string(chipId) + "}}");
             InitializeSondrel();
             EXPECT_EQ(Battery_Read_CycleCount(), device ? 212u : name == "ZX" ? 0u : 138u) << code;
-            EXPECT_THAT(CallsOf("SetupDiGetClassDevsW"), SizeIs(device ? 1 : 0));
+            EXPECT_THAT(CallsOf(Operation::SetupDiGetClassDevsW), SizeIs(device ? 1 : 0));
             EXPECT_EQ(SentTraffic().substr(0, 14),
                       "bb 03, bb 04" + std::string(device || name == "ZX" ? "" : ", "));
         }

@@ -43,18 +43,16 @@ TEST_F(BluetoothTest, ReadsTheConnectedDevicesOnceAndClosesInOrder) {
     EXPECT_THAT(DebugLines(), ElementsAre("[RF] RF_BTIsUsed FLAG FALSE", "RF_ReadBT_Info start",
                                           "BluetoothFindFirstRadio start", "BluetoothGetRadioInfo start",
                                           "BluetoothFindNextDevice error", "RF_ReadBT_Info End"));
-    Lines calls;
-    for (const std::string& call : Calls()) {
-        if (!call.starts_with("Event")) {
-            calls.push_back(call.substr(0, call.find(" =")));
-        }
-    }
     EXPECT_THAT(
-        calls,
-        ElementsAre("BluetoothFindFirstRadio", "BluetoothGetRadioInfo",
-                    "BluetoothFindFirstDevice authenticated 0 remembered 0 unknown 0 connected 1 inquiry 0",
-                    "BluetoothFindNextDevice", "BluetoothFindNextDevice", "BluetoothFindNextRadio",
-                    "CloseHandle", "BluetoothFindRadioClose", "BluetoothFindDeviceClose"));
+        Calls(),
+        ElementsAre("BluetoothFindFirstRadio -> radios#1 radio=radio#2",
+                    "BluetoothGetRadioInfo radio=radio#2 -> 0",
+                    "BluetoothFindFirstDevice parameters={radio=radio#2 authenticated=false remembered=false "
+                    "unknown=false connected=true inquiry=false timeout=0} -> search#3 class=0x240404",
+                    StartsWith("BluetoothFindNextDevice search=search#3 -> true class="),
+                    "BluetoothFindNextDevice search=search#3 -> false error=259",
+                    "BluetoothFindNextRadio search=radios#1 -> false error=259", "CloseHandle handle=radio#2",
+                    "BluetoothFindRadioClose search=radios#1", "BluetoothFindDeviceClose search=search#3"));
     StartMachine(R"({"bluetooth": {"supported": false}})");
     EXPECT_EQ(Fields(), Whole);
     EXPECT_THAT(Calls(), IsEmpty());

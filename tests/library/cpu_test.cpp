@@ -30,7 +30,7 @@ protected:
 TEST_F(CpuTest, UsageIsTheBusyShareOfOneSecond) {
     StartMachine(R"({"system_power": {"processors": 12, "kernel_share": 0.4, "load": 0.25}})");
     EXPECT_NEAR(CPU_ReadCPUUsage(), 0.25, 1e-6);
-    EXPECT_THAT(CallsOf("Sleep"), ElementsAre("Sleep 1000 ms"));
+    EXPECT_THAT(CallsOf(Operation::Sleep), ElementsAre("Sleep milliseconds=1000"));
 
     struct Case {
         const char* first;
@@ -56,10 +56,10 @@ TEST_F(CpuTest, UsageIsTheBusyShareOfOneSecond) {
     StartSamples(R"("idle": 0)",
                  R"("idle": "0xFFFFFFFFFFFFFFFF", "kernel": "0x8000000000000000", "user": 1)");
     EXPECT_TRUE(std::isfinite(CPU_ReadCPUUsage()));
-    TheMachine().gate.Restart({.nth = 1});
+    FailCalls({.nth = 1});
     ForgetCalls();
     EXPECT_EQ(CPU_ReadCPUUsage(), 0.0);
-    EXPECT_THAT(CallsOf("Sleep"), IsEmpty());
+    EXPECT_THAT(CallsOf(Operation::Sleep), IsEmpty());
 }
 
 TEST_F(CpuTest, CpuIdGoesThroughTheDriver) {

@@ -1,7 +1,7 @@
 #include "machine_fixture.h"
 
 #include "frame/diagnostics.h"
-#include "machine/services/trace_sink.h"
+#include "machine/models/trace_sink.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ TEST_F(DiagnosticsTest, LinesReachAConsumerAtLevelFiveOrAboveOrAtEveryLevel) {
     sondrel::TraceLine("nobody listens");
     machine::Traces().Attach(5);
     EXPECT_THAT(DebugLines(), IsEmpty());
-    EXPECT_THAT(CallsOf("EventRegister"), SizeIs(1));
+    EXPECT_THAT(CallsOf(Operation::EventRegister), SizeIs(1));
 }
 
 TEST_F(DiagnosticsTest, AnEventNamesProviderEventAndField) {
@@ -50,13 +50,15 @@ TEST_F(DiagnosticsTest, AnEventNamesProviderEventAndField) {
     EXPECT_EQ(events[0].descriptor.channel, 11);
     EXPECT_EQ(events[0].descriptor.level, 5);
     EXPECT_EQ(events[1].text, u"");
-    EXPECT_THAT(CallsOf("EventSetInformation"), ElementsAre("EventSetInformation class 2, 19 bytes = 0"));
+    EXPECT_THAT(
+        CallsOf(Operation::EventSetInformation),
+        ElementsAre(StartsWith("EventSetInformation registration=provider class=2 information=1300")));
 }
 
 TEST_F(DiagnosticsTest, AFailedRegistrationIsNotTriedAgain) {
-    TheMachine().gate.Restart({.nth = 1});
+    FailCalls({.nth = 1});
     sondrel::TraceLine("first");
-    EXPECT_EQ(TheMachine().gate.Injected(), 1u);
+    EXPECT_EQ(observer::CurrentCosts().injected, 1u);
     sondrel::TraceLine("second");
     EXPECT_THAT(DebugLines(), IsEmpty());
     EXPECT_THAT(Calls(), SizeIs(1));
@@ -64,15 +66,15 @@ TEST_F(DiagnosticsTest, AFailedRegistrationIsNotTriedAgain) {
 
 TEST_F(DiagnosticsTest, AWarningCarriesTheSourceNameAndTheMessage) {
     sondrel::ReportWarningEvent(u"message", sondrel::WarningEvent);
-    ASSERT_THAT(TheMachine().eventLog, SizeIs(1));
-    const machine::LoggedEvent& event = TheMachine().eventLog.front();
+    ASSERT_THAT(TheMachine()->eventLog, SizeIs(1));
+    const machine::LoggedEvent& event = TheMachine()->eventLog.front();
     EXPECT_EQ(event.type, 2);
     EXPECT_EQ(event.source, u"VESKTessaly");
     EXPECT_THAT(event.strings, ElementsAre(u"VESKTessaly", u"message"));
-    EXPECT_THAT(CallsOf("DeregisterEventSource"), SizeIs(1));
-    TheMachine().gate.Restart({.nth = 1, .andLater = true});
+    EXPECT_THAT(CallsOf(Operation::DeregisterEventSource), SizeIs(1));
+    FailCalls({.nth = 1, .andLater = true});
     sondrel::ReportWarningEvent(u"lost", sondrel::WarningEvent);
-    EXPECT_THAT(TheMachine().eventLog, SizeIs(1));
+    EXPECT_THAT(TheMachine()->eventLog, SizeIs(1));
 }
 
 } // namespace

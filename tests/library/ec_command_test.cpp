@@ -67,9 +67,9 @@ TEST_F(EcCommandTest, PassesTheDriversStatusOnAndTakesARefusedRequestForZero) {
     InitializeSondrel();
     EXPECT_EQ(Send<1>(0xBB, {0x03}), (Outcome{0, 'K'}));
     EXPECT_EQ(Send<1>(0xBB, {0x03}), (Outcome{0x80000007, 0}));
-    TheMachine().gate.Restart({.nth = 2}); // the first call writes the debug line
+    FailCalls({.nth = 2}); // the first call writes the debug line
     EXPECT_EQ(Send<1>(0xBB, {0x03}), (Outcome{0, 0}));
-    EXPECT_EQ(TheMachine().gate.Injected(), 1u);
+    EXPECT_EQ(observer::CurrentCosts().injected, 1u);
 }
 
 TEST_F(EcCommandTest, TabletModeIsOneCommandOnEveryMachine) {
@@ -87,7 +87,7 @@ class EcIdentityTest : public test::MachineTest {
 protected:
     /// The number kept under a name, or nothing.
     static std::optional<std::uint32_t> Kept(std::u16string_view name) {
-        auto& registry = TheMachine().registry;
+        auto& registry = *TheMachine()->storage.registry;
         const auto key = registry.Find(machine::RegistryHive::LocalMachine, ProductKey);
         const auto value = key ? registry.Get(*key, name) : std::nullopt;
         if (!value || value->type != TypeDword || value->data.size() != 4) {
@@ -99,7 +99,7 @@ protected:
     }
 
     static void Keep(std::u16string_view name, std::uint32_t number) {
-        auto& registry = TheMachine().registry;
+        auto& registry = *TheMachine()->storage.registry;
         registry.Set(registry.Create(machine::RegistryHive::LocalMachine, ProductKey), name, TypeDword,
                      std::as_bytes(std::span(&number, 1)));
     }
@@ -142,7 +142,7 @@ TEST_F(EcIdentityTest, WhatFailsOrCannotBeKeptIsReadAgain) {
     InitializeSondrel();
     EXPECT_EQ(EC_ReadEcChipName(), 0x7FFFFFFFu);
     EXPECT_EQ(SentTraffic(), "bb 12, bb 13");
-    EXPECT_THAT(CallsOf("RegSetValueExW"), IsEmpty());
+    EXPECT_THAT(CallsOf(Operation::RegSetValueExW), IsEmpty());
     EXPECT_EQ(EC_ReadEcChipName(), 0x4B433031u);
     StartMachine(R"({"registry": {"read_only": ["HKLM\\SOFTWARE\\Vesk"]}})");
     InitializeSondrel();

@@ -1,6 +1,8 @@
 // The command sequence of every reading on every map, written down here a second time by hand.
 #include "machine_fixture.h"
 
+#include "machine/text/wide_text.h"
+
 #include <array>
 #include <map>
 #include <sstream>
@@ -163,10 +165,9 @@ protected:
     /// Which identity values have been asked of the registry, in order.
     [[nodiscard]] std::string IdentityQuestions() const {
         std::string names;
-        for (const std::string& call : CallsOf("RegQueryValueExW")) {
-            if (call.find(" size") != std::string::npos) {
-                const std::string rest = call.substr(call.find(' ') + 1);
-                names += rest.substr(0, rest.find(' ') + 1);
+        for (const CallRecord& call : RecordsOf(Operation::RegQueryValueExW)) {
+            if (call.Output("data") == nullptr) { // the size alone
+                names += machine::Utf8FromWide(std::get<std::u16string>(call.Input("name")->held)) + ' ';
             }
         }
         return names;

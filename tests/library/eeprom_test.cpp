@@ -65,9 +65,9 @@ TEST_F(EepromTest, OpensTheDeviceForEveryRequestAndSendsExactBytes) {
                             control + "e5000000", control + "e5000000", control + "e5000000",
                             control + "e5000000"));
     EXPECT_THAT(
-        CallsOf("CreateFileW"),
-        AllOf(SizeIs(7), Each(StartsWith("CreateFileW \\\\.\\ZRNACPI access 0xc0000000 share 0x3 ="))));
-    EXPECT_THAT(CallsOf("CloseHandle"), SizeIs(7));
+        CallsOf(Operation::CreateFileW),
+        AllOf(SizeIs(7), Each(StartsWith(R"(CreateFileW path="\\.\ZRNACPI" access=0xc0000000 share=0x3 )"))));
+    EXPECT_THAT(CallsOf(Operation::CloseHandle), SizeIs(7));
     ForgetCalls();
     EXPECT_EQ(Sensor(), R"({"p_sensor":"0x10001"})");
     EXPECT_THAT(DriverRequests(), ElementsAre("0x22240c 445354530400000068000600"));
@@ -122,7 +122,7 @@ TEST_F(EepromTest, AnEndlessLogEndsByItsCharacters) {
                        "0x5a 0xa5");
     };
     EXPECT_EQ(events("1, 2, 3", R"({"length": 255})"), 24u); // 31500 - 20 holds 24.6 of them
-    EXPECT_EQ(CallsOf("DeviceIoControl").size(), 2u + 3 + 25)
+    EXPECT_EQ(CallsOf(Operation::DeviceIoControl).size(), 2u + 3 + 25)
         << "the record beyond the limit is the last one read";
     // A record of nine tokens has 44 characters: 4 + 4 + 8 x 4 + 715 x 44 is 31500, which is still kept.
     EXPECT_EQ(events("1, 2, 3, 4, 5, 6, 7, 8", "{}"), 715u);
@@ -157,7 +157,7 @@ TEST_F(EepromTest, ADeviceCallNeedsAnOpenDeviceAndKeepsToTheRoomGiven) {
     EXPECT_FALSE(sondrel::UninitializeZRNACPIDevice());
     EXPECT_THAT(Calls(), IsEmpty());
     ASSERT_TRUE(sondrel::InitializeZRNACPIDevice());
-    TheMachine().gate.Restart({.nth = 1});
+    FailCalls({.nth = 1});
     EXPECT_FALSE(call(10));
     EXPECT_EQ(size, 77u);
     EXPECT_THAT(reply, Each(std::byte{0xEE}));

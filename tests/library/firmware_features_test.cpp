@@ -4,7 +4,7 @@
 #include "firmware/settings_file.h"
 #include "machine/models/firmware_features.h"
 #include "machine/models/storage/file_system.h"
-#include "machine/services/trace_sink.h"
+#include "machine/models/trace_sink.h"
 #include "machine/text/wide_text.h"
 #include "platform/com.h"
 #include "platform/files.h"
@@ -25,21 +25,22 @@ constexpr const char16_t* FanFile = u"C:\\ProgramData\\Vesk\\VeskTessaly\\QuietF
 class FirmwareFeaturesTest : public test::MachineTest {
 protected:
     static std::string TextOf(const char16_t* path) {
-        std::ifstream file(*TheMachine().files.HostPath(path), std::ios::binary);
+        std::ifstream file(*TheMachine()->storage.files->HostPath(path), std::ios::binary);
         return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "none";
     }
 
     static void Put(const char16_t* path, const std::string& text) {
-        std::ofstream(*TheMachine().files.HostPath(path), std::ios::binary) << text;
+        std::ofstream(*TheMachine()->storage.files->HostPath(path), std::ios::binary) << text;
     }
 
     static std::uint32_t HealthOfFirmware() {
-        return TheMachine().firmwareFeatures.SettingOf(TheMachine().firmwareFeatures.Profile().batteryHealth);
+        return TheMachine()->firmwareFeatures.SettingOf(
+            TheMachine()->firmwareFeatures.Profile().batteryHealth);
     }
 
     /// How many files stand in the settings files' directory.
     static auto FileCount() {
-        const std::filesystem::directory_iterator files(*TheMachine().files.HostPath(AppPath));
+        const std::filesystem::directory_iterator files(*TheMachine()->storage.files->HostPath(AppPath));
         return std::distance(begin(files), end(files));
     }
 };
@@ -91,8 +92,9 @@ TEST_F(FirmwareFeaturesTest, SetsRemembersAndReadsBack) {
     for (const std::uint8_t level : std::array<std::uint8_t, 5>{0, 1, 3, 4, 255}) {
         ForgetCalls();
         EXPECT_EQ(WMISetQuietFan(level, 1), 1);
-        EXPECT_THAT(CallsOf("Put"), Contains(level == 0 ? "Put Control_status \"0\" type 19 = 0"
-                                                        : "Put Control_status \"1\" type 19 = 0"));
+        EXPECT_THAT(CallsOf(Operation::Put),
+                    Contains(HasSubstr(level == 0 ? "name=\"Control_status\" text=\"0\" type=19 -> 0"
+                                                  : "name=\"Control_status\" text=\"1\" type=19 -> 0")));
         EXPECT_EQ(TextOf(FanFile), std::to_string(level) + "\n");
         EXPECT_EQ(WMIGetQuietFan(1), level <= 3 ? level : 0);
         EXPECT_EQ(DebugLines().back(), level >= 1 && level <= 3 ? "[WMIGetQuietFan] Quiet Fan On"
@@ -120,7 +122,7 @@ TEST_F(FirmwareFeaturesTest, WithoutADirectoryTheDefaultsStandAndSettingStillWor
         EXPECT_EQ(WMISetQuietFan(2, 1), 1);
         EXPECT_EQ(WMIGetQuietFan(1), 0);
         EXPECT_EQ(HealthOfFirmware(), 80u);
-        EXPECT_THAT(CallsOf("CreateFileW"), IsEmpty());
+        EXPECT_THAT(CallsOf(Operation::CreateFileW), IsEmpty());
     }
     EXPECT_THAT(DebugLines(), Contains("[DirectoryExists] attribs = 4294967295"));
 }
@@ -167,19 +169,18 @@ TEST_F(FirmwareFeaturesTest, AFileThatIsHeldOpenIsWrittenInPlace) {
 TEST_F(FirmwareFeaturesTest, WhateverFailsTheFileHoldsOneOfTheTwoNumbers) {
     WMISetAppPath(AppPath, 1);
     machine::Traces().Detach();
-    TheMachine().gate.KeepHistory(true);
-    TheMachine().gate.Restart();
+    ForgetCalls();
     WMISetBatteryHealth(100, 1);
-    const auto history = TheMachine().gate.History();
+    const std::vector<CallRecord> history = Records();
     for (const auto kind : {Failure::Refused, Failure::ShortAnswer, Failure::Nothing}) {
         for (const bool andLater : {false, true}) {
             for (std::uint64_t nth = 1; nth <= history.size(); ++nth) {
                 Put(HealthFile, "5\n");
-                TheMachine().gate.Restart({.nth = nth, .andLater = andLater, .kind = kind});
+                FailCalls({.nth = nth, .andLater = andLater, .kind = kind});
                 const std::int32_t result = WMISetBatteryHealth(100, 1);
-                TheMachine().gate.Restart();
+                observer::Restart();
                 ASSERT_THAT(TextOf(HealthFile), AnyOf("5\n", "100\n")) << "call " << nth;
-                if (history[nth - 1] == Operation::WriteFile && kind != Failure::Nothing) {
+                if (history[nth - 1].operation == Operation::WriteFile && kind != Failure::Nothing) {
                     ASSERT_EQ(result, 1) << "the firmware took it";
                     ASSERT_EQ(TextOf(HealthFile), "5\n");
                 }

@@ -1,7 +1,7 @@
 #include "machine_fixture.h"
 
 #include "firmware/firmware_method.h"
-#include "machine/services/trace_sink.h"
+#include "machine/models/trace_sink.h"
 #include "machine/text/wide_text.h"
 #include "platform/com.h"
 
@@ -26,19 +26,31 @@ protected:
 TEST_F(FirmwareMethodTest, WalksThirteenStepsAndGivesEverythingBackInOrder) {
     machine::Traces().Detach();
     EXPECT_EQ(Devs(), "1");
-    std::vector<std::string> calls = Calls();
     const std::string path = R"(\\.\ROOT\WMI:VeskZrnWmi_WMNB.InstanceName="ACPI\\PNP0C14\\VESK_0")";
-    EXPECT_THAT(calls,
-                ElementsAre("CoInitializeEx multithreaded = 0", "CoCreateInstance context 1 = 0",
-                            "ConnectServer ROOT\\WMI = 0", "CoSetProxyBlanket 10 0 3 3 0 = 0",
-                            "ExecQuery WQL flags 48 Select * from VeskZrnWmi_WMNB = 0", "Next infinite = 0",
-                            "GetObject VeskZrnWmi_WMNB = 0", "GetMethod DEVS = 0", HasSubstr("SpawnInstance"),
-                            "Put Control_status \"80\" type 19 = 0", "Put Device_ID \"1179735\" type 19 = 0",
-                            "Get __PATH = 0", "ExecMethod DEVS on " + path + " = 0", "Get result = 0",
-                            "Release IWbemClassObject", "Release IWbemClassObject",
-                            "Release IWbemClassObject", "Release IWbemClassObject",
-                            "Release IWbemClassObject", "Release IEnumWbemClassObject",
-                            "Release IWbemLocator", "Release IWbemServices", "CoUninitialize"));
+    EXPECT_THAT(
+        Calls(),
+        ElementsAre(
+            "CoInitializeEx kind=0 -> 0", HasSubstr(" context=1 "),
+            R"(ConnectServer locator=IWbemLocator#2 resource="ROOT\WMI" -> 0 services=IWbemServices#3)",
+            "CoSetProxyBlanket proxy=IWbemServices#3 blanket={authentication=10 authorization=0 level=3 "
+            "impersonation=3 capabilities=0} -> 0",
+            "ExecQuery services=IWbemServices#3 language=\"WQL\" query=\"Select * from VeskZrnWmi_WMNB\" "
+            "flags=48 "
+            "-> 0 rows=IEnumWbemClassObject#4",
+            "Next rows=IEnumWbemClassObject#4 timeout=0xffffffff -> 0 row=IWbemClassObject#5 returned=1",
+            "GetObject services=IWbemServices#3 path=\"VeskZrnWmi_WMNB\" -> 0 definition=IWbemClassObject#6",
+            "GetMethod definition=IWbemClassObject#6 name=\"DEVS\" -> 0 signature=IWbemClassObject#7",
+            "SpawnInstance definition=IWbemClassObject#7 -> 0 instance=IWbemClassObject#8",
+            "Put object=IWbemClassObject#8 name=\"Control_status\" text=\"80\" type=19 -> 0",
+            "Put object=IWbemClassObject#8 name=\"Device_ID\" text=\"1179735\" type=19 -> 0",
+            "Get object=IWbemClassObject#5 name=\"__PATH\" -> 0 value=\"" + path + "\"",
+            "ExecMethod services=IWbemServices#3 path=\"" + path +
+                "\" method=\"DEVS\" parameters=IWbemClassObject#8 -> 0 out=IWbemClassObject#9",
+            "Get object=IWbemClassObject#9 name=\"result\" -> 0 value=1",
+            StartsWith("Release object=IWbemClassObject"), StartsWith("Release object=IWbemClassObject"),
+            StartsWith("Release object=IWbemClassObject"), StartsWith("Release object=IWbemClassObject"),
+            StartsWith("Release object=IWbemClassObject"), "Release object=IEnumWbemClassObject#4",
+            "Release object=IWbemLocator#2", "Release object=IWbemServices#3", "CoUninitialize"));
 }
 
 TEST_F(FirmwareMethodTest, LeavesTheCallersApartmentAlone) {
@@ -46,9 +58,9 @@ TEST_F(FirmwareMethodTest, LeavesTheCallersApartmentAlone) {
     ASSERT_EQ(platform::CoInitializeEx(platform::apartment::SingleThreaded), platform::hresult::Ok);
     EXPECT_EQ(Dsts(u"1179735", 0), "65536");
     EXPECT_THAT(DebugLines(), ElementsAre("[wmiMethod] varReturnValue is 65536"));
-    EXPECT_THAT(CallsOf("CoUninitialize"), IsEmpty());
+    EXPECT_THAT(CallsOf(Operation::CoUninitialize), IsEmpty());
     EXPECT_EQ(Dsts(u"1179735", 1), "") << "the thread is in another kind of apartment";
-    EXPECT_THAT(CallsOf("CoUninitialize"), IsEmpty());
+    EXPECT_THAT(CallsOf(Operation::CoUninitialize), IsEmpty());
     platform::CoUninitialize();
     EXPECT_EQ(Dsts(u"1179735", 1), "65536");
 }
@@ -107,7 +119,7 @@ TEST_F(FirmwareMethodTest, ANumberHasItsSignOnlyOnTheWayBack) {
     EXPECT_EQ(Dsts(u"7"), "-2"); // 0xFFFFFFFE: the firmware knows no such id
     EXPECT_EQ(Devs(u"-1"), "");
     EXPECT_THAT(EventLines(), ElementsAre("[wmiMethod] Could not put parameters. Error code = 0x80041005"));
-    EXPECT_THAT(CallsOf("Put"), SizeIs(2)) << "the second parameter is not put any more";
+    EXPECT_THAT(CallsOf(Operation::Put), SizeIs(2)) << "the second parameter is not put any more";
 }
 
 } // namespace

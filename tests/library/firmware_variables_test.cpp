@@ -31,7 +31,7 @@ constexpr FirmwareField Fields[] = {
 class FirmwareVariablesTest : public test::MachineTest {
 protected:
     static std::vector<std::byte> Variable(const char16_t* name) {
-        return TheMachine().firmwareStore.Get(Guid, name).value_or(std::vector<std::byte>{});
+        return TheMachine()->storage.firmwareVariables->Get(Guid, name).value_or(std::vector<std::byte>{});
     }
 
     void StartVariables(const std::string& members) {
@@ -95,17 +95,23 @@ TEST_F(FirmwareVariablesTest, ASetterReplacesItsFieldAndNothingElse) {
 TEST_F(FirmwareVariablesTest, AsksForThePrivilegeAndGivesTheTokenBack) {
     Read(Fields[0]);
     const std::string guid = "{91b89306-5bac-4ae0-aab3-207ec12e989b}";
-    EXPECT_THAT(Calls(), ElementsAre("OpenProcessToken access 40 = 1",
-                                     "LookupPrivilegeValueW SeSystemEnvironmentPrivilege = 1",
-                                     "AdjustTokenPrivileges 22 attributes 2 = 1", StartsWith("CloseHandle"),
-                                     "GetFirmwareEnvironmentVariableW CNFG " + guid + " room 256 = 64"));
+    EXPECT_THAT(
+        Calls(),
+        ElementsAre(
+            "OpenProcessToken access=0x28 -> true token=token#1",
+            R"(LookupPrivilegeValueW name="SeSystemEnvironmentPrivilege" -> true privilege={low=22 high=0})",
+            "AdjustTokenPrivileges token=token#1 privilege={low=22 high=0} attributes=0x2 -> true error=0",
+            "CloseHandle handle=token#1",
+            StartsWith("GetFirmwareEnvironmentVariableW name=\"CNFG\" guid=\"" + guid +
+                       "\" data=256 -> 64 data=")));
     ForgetCalls();
     Fields[2].set(Counting(23, 0).data());
-    EXPECT_EQ(Calls()[5], "SetFirmwareEnvironmentVariableW MFG0 " + guid + " 200 bytes = 1");
+    EXPECT_THAT(Calls()[5], AllOf(StartsWith("SetFirmwareEnvironmentVariableW name=\"MFG0\" guid=\"" + guid),
+                                  EndsWith("... (200 bytes) -> true")));
     // It goes on without, wherever asking fails: for the token, for the privilege's name, for the privilege.
     for (const std::uint64_t nth : {1U, 2U, 3U}) {
         StartMachine();
-        TheMachine().gate.Restart({.nth = nth});
+        FailCalls({.nth = nth});
         GPNV_Set_RandomUUID(Counting(16, 7).data());
         EXPECT_THAT(DebugLines(),
                     ElementsAre(nth == 1 ? "Failed OpenProcessToken" : "Failed RasiePrivileges()",
@@ -124,7 +130,7 @@ TEST_F(FirmwareVariablesTest, AFailedReadShowsInTheLogAndOnlyPartlyInTheResult) 
         // Too short for the field by one byte: no field, whatever of it is there.
         StartSizes(field.offset + field.size - 1, 170);
         ExpectNoField(field, 13);
-        EXPECT_THAT(CallsOf("SetFirmwareEnvironmentVariableW"), IsEmpty());
+        EXPECT_THAT(CallsOf(Operation::SetFirmwareEnvironmentVariableW), IsEmpty());
         StartSizes(64, 200, R"(, "read_only": true)");
         EXPECT_EQ(field.set(Counting(field.size, 7).data()), 19u);
         EXPECT_THAT(DebugLines(),

@@ -3,8 +3,8 @@
 #include "firmware/disk_temperature.h"
 #include "frame/diagnostics.h"
 #include "frame/session.h"
+#include "machine/models/trace_sink.h"
 #include "machine/profile/profile.h"
-#include "machine/services/trace_sink.h"
 #include "machine/text/wide_text.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <sstream>
 
 namespace test {
 namespace {
@@ -24,8 +23,21 @@ constexpr const char* Bare = R"({
     "applications": {"machine": null, "machine_32": null, "user": null, "user_32": null},
     "packages": {"all": []}, "pnp_devices": [], "processes": [], "windows": []})";
 
-std::string_view OperationOf(std::string_view call) {
-    return call.substr(0, call.find(' '));
+bool IsDebugLine(const observer::Record& record) {
+    return record.operation == observer::Operation::EventWriteTransfer;
+}
+
+const observer::Value& Input(const observer::Record& record, std::string_view name) {
+    return *record.Input(name);
+}
+
+/// An input that is a block of bytes.
+const observer::Bytes& BytesOf(const observer::Record& record, std::string_view name) {
+    return std::get<observer::Bytes>(Input(record, name).held);
+}
+
+std::int64_t NumberOf(const observer::Record& record, std::string_view name) {
+    return std::get<observer::Number>(Input(record, name).held).value;
 }
 
 } // namespace
@@ -33,6 +45,7 @@ std::string_view OperationOf(std::string_view call) {
 MachineTest::MachineTest()
     : m_store(std::filesystem::temp_directory_path() / ("sondrel-store-" + std::to_string(getpid()))) {
     RemoveStore();
+    observer::AddSink(*this);
     sondrel::DriverHandle = platform::Handle::Invalid;
     sondrel::SessionOpen = 0;
     sondrel::SessionRefCount = 0;
@@ -47,17 +60,19 @@ MachineTest::MachineTest()
     sondrel::TraceWide(nullptr);
     machine::Traces().Take();
     Listen();
-    TheMachine().gate.Restart();
+    observer::Restart();
 }
 
 MachineTest::~MachineTest() {
+    observer::Restart();
+    observer::RemoveSink(*this);
     machine::Traces().OnEvent({});
     RemoveStore();
 }
 
 void MachineTest::TearDown() {
     CloseSession();
-    EXPECT_THAT(TheMachine().gate.OpenThings(), ::testing::IsEmpty());
+    EXPECT_THAT(OpenThings(), ::testing::IsEmpty());
 }
 
 void MachineTest::RemoveStore() const {
@@ -84,6 +99,7 @@ void MachineTest::StartMerged(std::string_view base, std::string_view changes, c
     profile.merge_patch(nlohmann::json::parse(base));
     profile.merge_patch(nlohmann::json::parse(changes));
     machine::Start(machine::ParseProfile(profile.dump(), "the test's machine"), store);
+    observer::ForgetOpenThings();
     Listen();
 }
 
@@ -98,6 +114,7 @@ void MachineTest::StartBare(std::string_view changes) {
 void MachineTest::StartBuiltIn(const std::string& name) {
     CloseSession();
     machine::Start(machine::LoadProfile(name), ":memory:");
+    observer::ForgetOpenThings();
     Listen();
 }
 
@@ -112,18 +129,34 @@ void MachineTest::StartFamily(const std::string& revision, int chipId, const std
 
 void MachineTest::Listen() {
     machine::Traces().Take();
-    m_calls.clear();
+    m_records.clear();
     m_journal.clear();
-    TheMachine().onLoggedEvent = [this](const machine::LoggedEvent& event) {
+    m_afterCall = {};
+    TheMachine()->onLoggedEvent = [this](const machine::LoggedEvent& event) {
         m_journal.push_back("event " + machine::Utf8FromWide(event.strings.back()));
     };
-    TheMachine().gate.Transcribe([this](const std::string& line) {
-        m_calls.push_back(line);
-        const std::string_view operation = OperationOf(line);
-        if (operation == "Release" || operation == "CoInitializeEx" || operation == "CoUninitialize") {
-            m_journal.push_back(line);
-        }
-    });
+}
+
+void MachineTest::Ended(const CallRecord& record) {
+    m_records.push_back(record);
+    if (record.operation == Operation::Release) {
+        const auto& object = std::get<observer::HandleName>(Input(record, "object").held);
+        m_journal.push_back("Release " + std::string(RowOf(object.kind).name));
+    } else if (record.operation == Operation::CoInitializeEx ||
+               record.operation == Operation::CoUninitialize) {
+        m_journal.push_back(Printed(record));
+    }
+    if (m_afterCall) {
+        m_afterCall(record);
+    }
+}
+
+Lines MachineTest::OpenThings() {
+    Lines things;
+    for (const observer::OpenThing& thing : observer::OpenThings()) {
+        things.push_back(Printed(thing));
+    }
+    return things;
 }
 
 Lines MachineTest::DebugLines() {
@@ -136,70 +169,88 @@ Lines MachineTest::DebugLines() {
 
 Lines MachineTest::EventLines() {
     Lines lines;
-    for (const machine::LoggedEvent& event : std::exchange(TheMachine().eventLog, {})) {
+    for (const machine::LoggedEvent& event : std::exchange(TheMachine()->eventLog, {})) {
         lines.push_back(machine::Utf8FromWide(event.strings.back()));
     }
     return lines;
 }
 
-Lines MachineTest::CallsOf(std::string_view operation) const {
-    Lines calls = m_calls;
-    std::erase_if(calls, [operation](const std::string& call) { return OperationOf(call) != operation; });
+std::vector<observer::Record> MachineTest::RecordsOf(Operation operation) const {
+    std::vector<CallRecord> records = m_records;
+    std::erase_if(records, [operation](const CallRecord& record) { return record.operation != operation; });
+    return records;
+}
+
+Lines MachineTest::Calls() const {
+    Lines calls;
+    for (const CallRecord& record : m_records) {
+        if (!IsDebugLine(record)) {
+            calls.push_back(Printed(record));
+        }
+    }
     return calls;
+}
+
+Lines MachineTest::CallsOf(Operation operation) const {
+    Lines calls;
+    for (const CallRecord& record : RecordsOf(operation)) {
+        calls.push_back(Printed(record));
+    }
+    return calls;
+}
+
+Lines MachineTest::Operations() const {
+    Lines names;
+    for (const CallRecord& record : m_records) {
+        if (!IsDebugLine(record)) {
+            names.emplace_back(RowOf(record.operation).name);
+        }
+    }
+    return names;
 }
 
 Lines MachineTest::DriverRequests() const {
     Lines requests;
-    for (const std::string& call : CallsOf("DeviceIoControl")) {
-        std::istringstream words(call);
-        std::string name, code, in, bytes;
-        words >> name >> code >> in >> bytes;
-        requests.push_back(bytes == "-" ? code : code + ' ' + bytes);
+    for (const CallRecord& record : RecordsOf(Operation::DeviceIoControl)) {
+        const std::string code = Printed(Input(record, "code"));
+        requests.push_back(BytesOf(record, "in").empty() ? code : code + ' ' + Printed(Input(record, "in")));
     }
     return requests;
 }
 
 std::string MachineTest::SentTraffic() const {
+    constexpr std::int64_t EcRequest = 0x80102070;
+    constexpr std::size_t DataAt = 2;
+    constexpr std::size_t ReadsAt = 10;
     std::string traffic;
-    for (const std::string& call : m_calls) {
-        const bool waits = call.starts_with("Sleep ");
-        constexpr std::string_view EcRequest = "DeviceIoControl 0x80102070 in ";
-        if (!waits && !call.starts_with(EcRequest)) {
+    for (const CallRecord& record : m_records) {
+        if (record.operation == Operation::Sleep) {
+            traffic += traffic.empty() ? "" : ", ";
+            traffic += "sleep " + Printed(Input(record, "milliseconds"));
             continue;
         }
+        if (record.operation != Operation::DeviceIoControl || NumberOf(record, "code") != EcRequest) {
+            continue;
+        }
+        const observer::Bytes& in = BytesOf(record, "in");
+        const std::string digits = Printed(Input(record, "in"));
+        const auto count = std::to_integer<std::size_t>(in[1]);
         traffic += traffic.empty() ? "" : ", ";
-        if (waits) {
-            traffic += "sleep " + call.substr(6, call.find(' ', 6) - 6);
-            continue;
-        }
-        const std::string in = call.substr(EcRequest.size());
-        const auto count = std::stoul(in.substr(2, 2), nullptr, 16);
-        traffic += (in.substr(20, 2) == "00" ? "w " : "") + in.substr(0, 2);
-        traffic += count == 0 ? "" : ' ' + in.substr(4, count * 2);
+        traffic += (in[ReadsAt] == std::byte{0} ? "w " : "") + digits.substr(0, 2);
+        traffic += count == 0 ? "" : ' ' + digits.substr(2 * DataAt, count * 2);
     }
     return traffic;
 }
 
 void MachineTest::RunFailing(Operation operation, std::size_t nth, Failure kind,
                              const std::function<void()>& action) {
-    machine::Gate& gate = TheMachine().gate;
-    gate.KeepHistory(true);
-    gate.Restart();
-    action();
-    std::uint64_t place = 0;
-    for (const Operation called : gate.History()) {
-        ++place;
-        if (called == operation && --nth == 0) {
-            break;
-        }
-    }
-    ASSERT_EQ(nth, 0u) << "the operation was not called that often";
-    TheMachine().eventLog.clear();
+    action(); // what is read once and cached is read now
+    TheMachine()->eventLog.clear();
     Listen();
-    gate.Restart({.nth = place, .kind = kind});
+    FailCalls({.nth = nth, .kind = kind, .only = &RowOf(operation)});
     action();
-    EXPECT_EQ(gate.Injected(), 1u);
-    gate.Restart();
+    EXPECT_EQ(observer::CurrentCosts().injected, 1u) << "the operation was not called that often";
+    observer::Restart();
 }
 
 std::string MachineTest::Text(const std::function<void(VeskChar16*)>& read) {

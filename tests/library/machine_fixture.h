@@ -2,6 +2,7 @@
 #pragma once
 
 #include "machine/machine.h"
+#include "observer/observer.h"
 #include "vesk_sondrel.h"
 
 #include <gmock/gmock.h>
@@ -21,10 +22,11 @@ using Lines = std::vector<std::string>;
 
 /// Starts every test on a fresh machine that keeps nothing, with the library in its state at load, and ends it
 /// with a look at the ledger: whatever a test does, nothing may stay open. A session is closed by the fixture.
-class MachineTest : public ::testing::Test {
+class MachineTest : public ::testing::Test, private observer::Sink {
 protected:
-    using Failure = machine::Failure;
-    using Operation = machine::Operation;
+    using Failure = observer::Failure;
+    using Operation = observer::Operation;
+    using CallRecord = observer::Record;
 
     MachineTest();
     ~MachineTest() override;
@@ -50,27 +52,43 @@ protected:
     static Lines EventLines();
 
     /// What came since the last call, in one order: "debug ...", "event ...", "Release IWbemLocator",
-    /// "CoInitializeEx multithreaded = 0", "CoUninitialize".
+    /// "CoInitializeEx kind=0 -> 0", "CoUninitialize".
     Lines Journal() { return std::exchange(m_journal, {}); }
 
-    /// The boundary calls since the machine's start or the last `ForgetCalls`, as the transcript writes them.
-    [[nodiscard]] const Lines& Calls() const { return m_calls; }
+    /// The boundary calls since the machine's start or the last `ForgetCalls`.
+    [[nodiscard]] const std::vector<CallRecord>& Records() const { return m_records; }
 
-    /// Only the calls of one operation.
-    [[nodiscard]] Lines CallsOf(std::string_view operation) const;
+    /// Only those of one operation.
+    [[nodiscard]] std::vector<CallRecord> RecordsOf(Operation operation) const;
+
+    /// The same as they are printed, and all but debug lines.
+    [[nodiscard]] Lines Calls() const;
+    [[nodiscard]] Lines CallsOf(Operation operation) const;
+    /// The names of the operations alone, without debug lines.
+    [[nodiscard]] Lines Operations() const;
+
     /// What reached the I/O driver: code and bytes, "0x80102070 bb01...".
     [[nodiscard]] Lines DriverRequests() const;
     /// What reached the EC: command and data bytes, in hexadecimal, with "w" in front where nothing is read back,
     /// and the waits between: "w a1 022020, sleep 10, 80 ede3".
     [[nodiscard]] std::string SentTraffic() const;
 
-    void ForgetCalls() { m_calls.clear(); }
+    void ForgetCalls() { m_records.clear(); }
+
+    /// Does something after each boundary call from now on, until the machine is started again.
+    void AfterCalls(std::function<void(const CallRecord&)> action) { m_afterCall = std::move(action); }
 
     /// Runs an action twice, the second time with one call of it failing: the n-th of an operation, from 1. The
     /// logs and the calls are those of the second run.
     void RunFailing(Operation operation, std::size_t nth, Failure kind, const std::function<void()>& action);
 
-    static machine::Machine& TheMachine() { return machine::Current(); }
+    static machine::HeldMachine TheMachine() { return machine::Current(); }
+
+    /// Fails calls from now on, and counts them anew.
+    static void FailCalls(observer::FaultPlan plan) { observer::Restart(plan); }
+
+    /// What is open, as the observer's ledger describes it.
+    static Lines OpenThings();
 
     /// A store of this test's own, gone with it.
     const std::string m_store;
@@ -90,8 +108,10 @@ private:
     void StartMerged(std::string_view base, std::string_view changes, const std::string& store);
     void Listen();
     void RemoveStore() const;
+    void Ended(const CallRecord& record) override;
 
-    Lines m_calls;
+    std::vector<CallRecord> m_records;
+    std::function<void(const CallRecord&)> m_afterCall;
     Lines m_journal;
 };
 

@@ -40,12 +40,14 @@ TEST_F(NetworkAdaptersTest, NamesTheWirelessAdaptersInTheOrderOfTheList) {
     EXPECT_EQ(Text(WMIGetWiFiCardName), "Farrow WF-7 Wireless LAN;");
     StartAdapters(Wireless(6) + R"(, {"index": 4, "type": "ethernet"}, )" + Wireless(5));
     EXPECT_EQ(Text(WMIGetWiFiCardName), "B;A;");
-    EXPECT_THAT(CallsOf("GetAdaptersInfo"),
-                ElementsAre("GetAdaptersInfo size 704 needs 2112 = 111", "GetAdaptersInfo size 2112 = 0"));
-    EXPECT_THAT(CallsOf("ExecQuery").front(),
+    EXPECT_THAT(
+        CallsOf(Operation::GetAdaptersInfo),
+        ElementsAre("GetAdaptersInfo size=704 -> 111 size=2112 adapters=[]",
+                    StartsWith("GetAdaptersInfo size=2112 -> 0 size=2112 adapters=[{index=6 type=71}, ")));
+    EXPECT_THAT(CallsOf(Operation::ExecQuery).front(),
                 HasSubstr("select * from win32_NetworkAdapter where physicalAdapter='true' and "
                           "InterfaceIndex = 6"));
-    EXPECT_THAT(CallsOf("ExecQuery"), SizeIs(2));
+    EXPECT_THAT(CallsOf(Operation::ExecQuery), SizeIs(2));
 }
 
 TEST_F(NetworkAdaptersTest, PassesOverAdaptersThatWmiDoesNotName) {
@@ -53,7 +55,8 @@ TEST_F(NetworkAdaptersTest, PassesOverAdaptersThatWmiDoesNotName) {
     EXPECT_EQ(Text(WMIGetWiFiCardName), "A;");
     StartAdapters(R"({"index": 5, "type": "ethernet"})");
     EXPECT_EQ(Text(WMIGetWiFiCardName), "");
-    EXPECT_THAT(CallsOf("GetAdaptersInfo"), ElementsAre("GetAdaptersInfo size 704 = 0"));
+    EXPECT_THAT(CallsOf(Operation::GetAdaptersInfo),
+                ElementsAre(StartsWith("GetAdaptersInfo size=704 -> 0 ")));
 }
 
 TEST_F(NetworkAdaptersTest, WithoutAListTheHostsBufferStaysAsItIs) {
@@ -62,12 +65,13 @@ TEST_F(NetworkAdaptersTest, WithoutAListTheHostsBufferStaysAsItIs) {
     StartAdapters(Wireless(5) + "," + Wireless(6),
                   Wireless(5) + "," + Wireless(5)); // grows between the calls
     EXPECT_EQ(Text(WMIGetWiFiCardName), "untouched");
-    EXPECT_THAT(CallsOf("GetAdaptersInfo"), ElementsAre("GetAdaptersInfo size 704 needs 1408 = 111",
-                                                        "GetAdaptersInfo size 1408 needs 2112 = 111"));
+    EXPECT_THAT(CallsOf(Operation::GetAdaptersInfo),
+                ElementsAre("GetAdaptersInfo size=704 -> 111 size=1408 adapters=[]",
+                            "GetAdaptersInfo size=1408 -> 111 size=2112 adapters=[]"));
     EXPECT_EQ(Text(WMIGetWiFiCardName), "A;B;A;A;"); // it has come to rest by now
     StartAdapters(Wireless(5));
     // A WMI that fails is another matter: no adapter has a name then.
-    TheMachine().gate.Restart({.nth = 2, .andLater = true});
+    FailCalls({.nth = 2, .andLater = true});
     EXPECT_EQ(Text(WMIGetWiFiCardName), "");
 }
 

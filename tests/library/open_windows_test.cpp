@@ -1,5 +1,5 @@
+#include "machine/models/clock.h"
 #include "machine/models/window_stack.h"
-#include "machine/services/clock.h"
 #include "usage/open_windows.h"
 
 #include "machine_fixture.h"
@@ -58,10 +58,11 @@ TEST_F(OpenWindowsTest, TellsOneWindowToTheByte) {
     EXPECT_EQ(Text(AppList_OpenWindows),
               R"([{"process_name":"editor.exe","process_title":"","cpu_usage":"0.1","mem_usage":"14020",)"
               R"("z_order":"1","is_focused":"1"}])");
-    EXPECT_EQ(TheMachine().clock.Now(), std::chrono::seconds(1));
-    EXPECT_THAT(CallsOf("OpenProcess"), ElementsAre(StartsWith("OpenProcess 100 access 1024 ="),
-                                                    StartsWith("OpenProcess 100 access 2097151 ="),
-                                                    StartsWith("OpenProcess 100 access 2097151 =")));
+    EXPECT_EQ(TheMachine()->clock.Now(), std::chrono::seconds(1));
+    EXPECT_THAT(CallsOf(Operation::OpenProcess),
+                ElementsAre(StartsWith("OpenProcess access=0x400 id=100 -> process#"),
+                            StartsWith("OpenProcess access=0x1fffff id=100 -> process#"),
+                            StartsWith("OpenProcess access=0x1fffff id=100 -> process#")));
 }
 
 TEST_F(OpenWindowsTest, AWindowThatFailsATestTakesNoPosition) {
@@ -128,8 +129,8 @@ TEST_F(OpenWindowsTest, ListsFiveAndMeasuresNoMore) {
               Window("e") + ", " + Window("f"));
     EXPECT_EQ(Listed("z_order"), "1;2;3;4;5;");
     EXPECT_EQ(Listed("is_focused"), "1;0;0;0;0;") << "positions start anew";
-    EXPECT_EQ(TheMachine().clock.Now(), std::chrono::seconds(10));
-    EXPECT_THAT(CallsOf("Sleep"), SizeIs(10));
+    EXPECT_EQ(TheMachine()->clock.Now(), std::chrono::seconds(10));
+    EXPECT_THAT(CallsOf(Operation::Sleep), SizeIs(10));
 }
 
 TEST_F(OpenWindowsTest, FiguresOfProcessesThatDoNotTell) {
@@ -142,15 +143,15 @@ TEST_F(OpenWindowsTest, FiguresOfProcessesThatDoNotTell) {
                  {"id": 203, "path": "x\\huge.exe", "working_set": 2147483648, "cpu_percent": 12.5},
                  {"id": 204, "path": "x\\", "working_set": 4294967296},)");
     EXPECT_EQ(Listed(), "queries.exe;huge.exe;;");
-    EXPECT_THAT(CallsOf("Sleep"), SizeIs(3)) << "no wait for what cannot be opened for the figures";
+    EXPECT_THAT(CallsOf(Operation::Sleep), SizeIs(3)) << "no wait for what cannot be opened for the figures";
     EXPECT_EQ(Listed("z_order"), "1;3;4;") << "the silent one keeps its position";
     EXPECT_EQ(Listed("mem_usage"), "0;-2097152;0;");
     EXPECT_EQ(Listed("cpu_usage"), "0.0;12.5;0.0;");
     // The system's times do not move.
     StartWith(Window("a"));
-    TheMachine().gate.Transcribe([](const std::string& line) {
-        if (line.starts_with("Sleep")) {
-            TheMachine().clock.Advance(-std::chrono::seconds(1));
+    AfterCalls([](const CallRecord& call) {
+        if (call.operation == Operation::Sleep) {
+            TheMachine()->clock.Advance(-std::chrono::seconds(1));
         }
     });
     EXPECT_EQ(Listed("cpu_usage"), "-1.0;");
@@ -158,7 +159,7 @@ TEST_F(OpenWindowsTest, FiguresOfProcessesThatDoNotTell) {
 
 TEST_F(OpenWindowsTest, ATimeThatCannotBeReadCountsAsOneThatDidNotMove) {
     StartWith(Window("a"));
-    TheMachine().clock.Advance(std::chrono::minutes(1)); // times that began long before the sample
+    TheMachine()->clock.Advance(std::chrono::minutes(1)); // times that began long before the sample
     std::string figures;
     for (const auto operation : {Operation::GetSystemTimes, Operation::GetProcessTimes}) {
         for (const std::size_t nth : {1, 2}) {
@@ -171,16 +172,22 @@ TEST_F(OpenWindowsTest, ATimeThatCannotBeReadCountsAsOneThatDidNotMove) {
 }
 
 TEST_F(OpenWindowsTest, WindowsThatCloseMeanwhileAreLeftOut) {
-    for (const char* call : {"EnumWindows", "IsWindowVisible b", "GetAncestor b", "GetTitleBarInfo b",
-                             "GetWindowLongW b", "GetWindowThreadProcessId b", "GetClassNameW b"}) {
+    // It closes when it has been listed, or after it has been asked something.
+    for (const Operation last : {Operation::EnumWindows, Operation::IsWindowVisible, Operation::GetAncestor,
+                                 Operation::GetTitleBarInfo, Operation::GetWindowLongW,
+                                 Operation::GetWindowThreadProcessId, Operation::GetClassNameW}) {
         StartWith(Window("a") + ", " + Window("b", R"("process": 103)") + ", " +
                   Window("c", R"("process": 101)"));
-        TheMachine().gate.Transcribe([call](const std::string& line) {
-            if (line.starts_with(call)) {
-                TheMachine().windows.Close("b");
+        const auto closing = static_cast<std::uintptr_t>(TheMachine()->windows.Find("b")->handle);
+        AfterCalls([last, closing](const CallRecord& call) {
+            const auto* const window = call.Input("window");
+            const bool isAsked =
+                window == nullptr || std::get<observer::HandleName>(window->held).platforms == closing;
+            if (call.operation == last && isAsked) {
+                TheMachine()->windows.Close("b");
             }
         });
-        EXPECT_EQ(Listed(), "editor.exe;Calculator.exe;") << call;
+        EXPECT_EQ(Listed(), "editor.exe;Calculator.exe;") << RowOf(last).name;
     }
 }
 

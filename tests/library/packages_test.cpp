@@ -1,5 +1,6 @@
 #include "machine_fixture.h"
 
+#include "machine/text/wide_text.h"
 #include "apps/packages.h"
 #include "apps/resource_names.h"
 #include "platform/com.h"
@@ -42,10 +43,11 @@ protected:
     /// The references that the resolver was asked for.
     [[nodiscard]] std::string Attempts() const {
         std::string attempts;
-        for (const std::string& call : CallsOf("SHLoadIndirectString")) {
-            const std::string head = "SHLoadIndirectString @{" + FullName + "? ";
-            EXPECT_THAT(call, StartsWith(head));
-            attempts += call.substr(head.size(), call.rfind("} = ") - head.size()) + ' ';
+        for (const CallRecord& call : RecordsOf(Operation::SHLoadIndirectString)) {
+            const auto source = machine::Utf8FromWide(std::get<std::u16string>(call.Input("source")->held));
+            const std::string head = "@{" + FullName + "? ";
+            EXPECT_THAT(source, AllOf(StartsWith(head), EndsWith("}")));
+            attempts += source.substr(head.size(), source.size() - head.size() - 1) + ' ';
         }
         return attempts;
     }
@@ -64,27 +66,33 @@ TEST_F(PackagesTest, ListsEveryEntryOfTheStoreInItsOrder) {
               R"({"application":"Vendor.Notes_1_x64__a","display_name":"My "Notes""}])");
     StartBare(R"({"packages": {"supported": false, "all": [{"full_name": "A_1_x64__a"}]}})");
     EXPECT_EQ(Text(GetApplist_UWP), R"([{"application":"A_1_x64__a","display_name":""}])");
-    EXPECT_THAT(CallsOf("CoInitializeEx"), IsEmpty());
+    EXPECT_THAT(CallsOf(Operation::CoInitializeEx), IsEmpty());
 }
 
 TEST_F(PackagesTest, LooksThePackageUpThroughItsFamilyAndSetsTheParserUp) {
     EXPECT_EQ(NameOf({{"display_name", "Notes"}}), "Notes");
-    EXPECT_THAT(CallsOf("GetPackagesByPackageFamily"),
-                ElementsAre("GetPackagesByPackageFamily Vendor.App_abcdefghijklm room 260 260 = 0"));
-    Lines calls;
-    for (const std::string& call : Calls()) {
-        if (call.starts_with("GetPackagePathByFullName") || (!calls.empty() && !call.starts_with("Event"))) {
-            calls.push_back(call.substr(0, call.find(" = ")));
-        }
-    }
     EXPECT_THAT(
-        calls,
-        ElementsAre("GetPackagePathByFullName " + FullName + " room 260", "CoInitializeEx single-threaded",
-                    "CoCreateInstance context 1", "put_async false", "put_validateOnParse false",
-                    "put_resolveExternals false", "put_preserveWhiteSpace true",
-                    "load C:\\Program Files\\WindowsApps\\" + FullName + "\\AppxManifest.xml", "get_xml",
-                    "SHLoadIndirectString @{" + FullName + "? ms-resource://Vendor.App/Files/Notes}",
-                    "Release IXMLDOMDocument", "CoUninitialize", "RegEnumKeyExW 1", "RegCloseKey"));
+        CallsOf(Operation::GetPackagesByPackageFamily),
+        ElementsAre(StartsWith("GetPackagesByPackageFamily family=\"Vendor.App_abcdefghijklm\" count=260 "
+                               "length=260 -> 0 count=1 ")));
+    const Lines all = Calls();
+    const auto first = std::ranges::find_if(
+        all, [](const std::string& call) { return call.starts_with("GetPackagePathByFullName "); });
+    EXPECT_THAT(Lines(first, all.end()),
+                ElementsAre(StartsWith("GetPackagePathByFullName name=\"" + FullName + "\" length=260 -> 0 "),
+                            "CoInitializeEx kind=2 -> 0", HasSubstr(" context=1 "),
+                            HasSubstr("put_async document=IXMLDOMDocument#"),
+                            HasSubstr("put_validateOnParse document=IXMLDOMDocument#"),
+                            HasSubstr("put_resolveExternals document=IXMLDOMDocument#"),
+                            AllOf(StartsWith("put_preserveWhiteSpace document="), EndsWith(" value=-1 -> 0")),
+                            HasSubstr(R"(path="C:\Program Files\WindowsApps\)" + FullName +
+                                      R"(\AppxManifest.xml" -> 0 )"),
+                            StartsWith("get_xml document=IXMLDOMDocument#"),
+                            StartsWith("SHLoadIndirectString source=\"@{" + FullName +
+                                       "? ms-resource://Vendor.App/Files/Notes}\""),
+                            StartsWith("Release object=IXMLDOMDocument#"), "CoUninitialize",
+                            HasSubstr(" index=1 length="), StartsWith("RegCloseKey key=key#")));
+    EXPECT_THAT(Lines(first + 3, first + 6), Each(EndsWith(" value=0 -> 0"))); // async, validation, externals
     EXPECT_THAT(DebugLines(), ElementsAre(Start, Loaded, NameEnd, End));
 }
 
@@ -124,7 +132,8 @@ TEST_F(PackagesTest, TriesTheReferencesOfAResourceInTheirOrder) {
     resolved.fill(u'?');
     EXPECT_FALSE(sondrel::LoadResourceDisplayName(u"_1_x64__a", u"ms-resource:Title", resolved));
     EXPECT_EQ(resolved.front(), u'\0');
-    EXPECT_THAT(CallsOf("SHLoadIndirectString").back(), HasSubstr("@{_1_x64__a? ms-resource:Title} = "));
+    EXPECT_THAT(CallsOf(Operation::SHLoadIndirectString).back(),
+                HasSubstr("@{_1_x64__a? ms-resource:Title}\""));
 }
 
 TEST_F(PackagesTest, SearchesTheManifestFromTheFirstPropertiesOn) {
@@ -189,7 +198,7 @@ TEST_F(PackagesTest, EachFailureCostsTheNameAndLeavesItsLines) {
         NameOf({{"display_name", "Notes"}, {"resources", {{"ms-resource://Vendor.App/Files/Notes", whole}}}}),
         whole);
     for (const Case& failing : cases) {
-        SCOPED_TRACE(machine::RowOf(failing.call).name);
+        SCOPED_TRACE(observer::RowOf(failing.call).name);
         std::string name;
         RunFailing(failing.call, 1, Failure::Refused, [&name] { name = DisplayName(); });
         EXPECT_EQ(name, failing.name);
@@ -200,7 +209,7 @@ TEST_F(PackagesTest, EachFailureCostsTheNameAndLeavesItsLines) {
     platform::CoInitializeEx(platform::apartment::Multithreaded);
     ForgetCalls();
     EXPECT_EQ(DisplayName(), "");
-    EXPECT_THAT(CallsOf("CoUninitialize"), IsEmpty());
+    EXPECT_THAT(CallsOf(Operation::CoUninitialize), IsEmpty());
     platform::CoUninitialize();
 }
 
@@ -213,8 +222,8 @@ TEST_F(PackagesTest, AFamilyOfAnySizeGivesItsFirstPackage) {
     }
     StartBare(nlohmann::json{{"packages", {{"all", all}}}}.dump());
     EXPECT_EQ(Text(GetApplist_UWP), R"([{"application":"Vendor.App_7_x64__a","display_name":"Version 0"}])");
-    EXPECT_THAT(CallsOf("GetPackagesByPackageFamily"),
-                ElementsAre(HasSubstr("room 260 260 = 122"), HasSubstr("room 300 ")));
+    EXPECT_THAT(CallsOf(Operation::GetPackagesByPackageFamily),
+                ElementsAre(HasSubstr(" count=260 length=260 -> 122 "), HasSubstr(" count=300 ")));
 }
 
 } // namespace

@@ -41,7 +41,7 @@ TEST_F(RegistryStoreTest, NumbersAreDecimalAndTextsEndAtTheirFirstZeroAndFitTwoH
         {u"too long", 1, longest + u"x\0"s, Sentinel, Sentinel},
         {u"expand", 2, u"abc\0"s, Sentinel, Sentinel},
     };
-    auto& registry = TheMachine().registry;
+    auto& registry = *TheMachine()->storage.registry;
     const auto key = registry.Create(machine::RegistryHive::LocalMachine, u"Test");
     for (const Case& each : cases) {
         registry.Set(key, each.name, each.type, std::as_bytes(std::span(each.data)));
@@ -59,8 +59,9 @@ TEST_F(RegistryStoreTest, WritingMakesTheWholePathAndReplacesWhatStood) {
     EXPECT_EQ(sondrel::ReadRegDword(Key::LocalMachine, u"a\\b\\c", u"N"), u"7");
     EXPECT_TRUE(sondrel::WriteRegString(Key::LocalMachine, u"A\\B\\C", u"n", u"now a text"));
     EXPECT_EQ(sondrel::ReadRegString(Key::LocalMachine, u"A\\B\\C", u"n"), u"now a text");
-    EXPECT_THAT(CallsOf("RegSetValueExW"),
-                ElementsAre("RegSetValueExW n 4 bytes = 0", "RegSetValueExW n 22 bytes = 0"));
+    EXPECT_THAT(CallsOf(Operation::RegSetValueExW),
+                ElementsAre("RegSetValueExW key=key#1 name=\"n\" type=4 data=07000000 -> 0",
+                            HasSubstr("name=\"n\" type=1 data=6e006f007700200061002000740065007800740000")));
 }
 
 TEST_F(RegistryStoreTest, WritingFailsQuietlyWhereTheRegistryRefuses) {
@@ -68,10 +69,12 @@ TEST_F(RegistryStoreTest, WritingFailsQuietlyWhereTheRegistryRefuses) {
     EXPECT_FALSE(sondrel::WriteRegDword(Key::LocalMachine, u"Closed", u"n", 7));
     EXPECT_FALSE(sondrel::WriteRegString(Key::LocalMachine, u"Closed\\Below", u"n", u"text"));
     // A key that refuses write access is opened anew with all access before the write is given up.
-    EXPECT_THAT(CallsOf("RegOpenKeyExW"), ElementsAre(HasSubstr("Closed access 131078 = 5"),
-                                                      HasSubstr("Closed\\Below access 131078 = 2")));
-    EXPECT_THAT(CallsOf("RegCreateKeyExW"), ElementsAre(HasSubstr("Closed access 983103 = 5"),
-                                                        HasSubstr("Closed\\Below access 983103 = 5")));
+    EXPECT_THAT(CallsOf(Operation::RegOpenKeyExW),
+                ElementsAre(HasSubstr("Closed\" access=0x20006 -> 5"),
+                            HasSubstr("Closed\\Below\" access=0x20006 -> 2")));
+    EXPECT_THAT(CallsOf(Operation::RegCreateKeyExW),
+                ElementsAre(HasSubstr("Closed\" access=0xf003f -> 5"),
+                            HasSubstr("Closed\\Below\" access=0xf003f -> 5")));
 }
 
 } // namespace

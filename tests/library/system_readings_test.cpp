@@ -1,6 +1,6 @@
 #include "machine_fixture.h"
 
-#include "machine/services/apartments.h"
+#include "machine/models/com/apartments.h"
 #include "platform/com.h"
 #include "platform/time.h"
 #include "system/system_readings.h"
@@ -53,7 +53,8 @@ TEST_F(SystemReadingsTest, TheCountryMayBeNone) {
     EXPECT_EQ(Text(System_GetCountryCode_ISO2), "DE");
     StartMachine(R"({"system": {"country": ""}})");
     EXPECT_EQ(Text(System_GetCountryCode_ISO2), "");
-    EXPECT_THAT(CallsOf("GetGeoInfoW"), ElementsAre("GetGeoInfoW room 0 = 0"));
+    EXPECT_THAT(CallsOf(Operation::GetGeoInfoW),
+                ElementsAre("GetGeoInfoW id=-1 type=4 text=0 language=0 -> 0 error=87"));
 }
 
 TEST_F(SystemReadingsTest, TheLocalTimeIsTwentyBytes) {
@@ -83,14 +84,14 @@ TEST_F(SystemReadingsTest, TheVolumeIsCutNotRounded) {
 TEST_F(SystemReadingsTest, TheTwoRoadsToTheVolumeDifferInApartmentAndRelease) {
     System_Read_VolumeLevel(1);
     EXPECT_THAT(Journal(),
-                ElementsAre("debug [System_Read_VolumeLevel] Do Coinitialize()",
-                            "CoInitializeEx single-threaded = 0", "Release IMMDeviceEnumerator",
-                            "Release IMMDevice", "Release IAudioEndpointVolume",
+                ElementsAre("debug [System_Read_VolumeLevel] Do Coinitialize()", "CoInitializeEx kind=2 -> 0",
+                            "Release IMMDeviceEnumerator", "Release IMMDevice",
+                            "Release IAudioEndpointVolume",
                             "debug [System_Read_VolumeLevel] Do CoUninitialize()", "CoUninitialize"));
     sondrel::getvolume();
     EXPECT_THAT(Journal(),
-                ElementsAre("CoInitializeEx multithreaded = 0", "Release IMMDeviceEnumerator",
-                            "Release IMMDevice", "Release IAudioEndpointVolume", "CoUninitialize"));
+                ElementsAre("CoInitializeEx kind=0 -> 0", "Release IMMDeviceEnumerator", "Release IMMDevice",
+                            "Release IAudioEndpointVolume", "CoUninitialize"));
     platform::CoInitializeEx(platform::apartment::SingleThreaded);
     EXPECT_EQ(System_Read_VolumeLevel(0), 34);
     EXPECT_EQ(sondrel::getvolume(), u"");
@@ -107,7 +108,7 @@ TEST_F(SystemReadingsTest, EveryStepToTheVolumeMayFail) {
         {Operation::Activate, "debug [getvolume] defaultDevice->Activate fail"},
         {Operation::GetMasterVolumeLevelScalar, nullptr}};
     for (const auto& [operation, line] : steps) {
-        SCOPED_TRACE(machine::RowOf(operation).name);
+        SCOPED_TRACE(observer::RowOf(operation).name);
         std::u16string text = u"?";
         RunFailing(operation, 1, Failure::Refused, [&] { text = sondrel::getvolume(); });
         EXPECT_EQ(text, u"");

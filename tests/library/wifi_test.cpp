@@ -49,12 +49,15 @@ TEST_F(WifiTest, ReadsTheLinkOnceAndInOrder) {
     EXPECT_EQ(Fields(), WholeLink);
     EXPECT_THAT(DebugLines(),
                 ElementsAre("[RF] RF_WiFiIsConnected FLAG FALSE", ReadStarts, Interface, ReadEnds));
-    Lines calls = Calls();
-    std::erase_if(calls, [](const std::string& call) { return call.starts_with("Event"); });
-    EXPECT_THAT(calls, ElementsAre("WlanOpenHandle version 2 = 0", "WlanEnumInterfaces = 0",
-                                   "StringFromGUID2 {5E1B8C0F-3D2A-4B71-9C44-7A60D1F2E385} = 39",
-                                   "WlanQueryInterface opcode 7 = 0", "WlanQueryInterface opcode 8 = 0",
-                                   "WlanGetNetworkBssList type 1 security 1 = 0", "WlanCloseHandle"));
+    EXPECT_THAT(Calls(),
+                ElementsAre("WlanOpenHandle version=2 -> 0 client=wlan#1",
+                            StartsWith("WlanEnumInterfaces client=wlan#1 -> 0 interfaces=[{guid={5e1b8c0f-"),
+                            "StringFromGUID2 guid={5e1b8c0f-3d2a-4b71-9c44-7a60d1f2e385} text=39 -> 39 "
+                            "text=\"{5E1B8C0F-3D2A-4B71-9C44-7A60D1F2E385}\"",
+                            HasSubstr(" opcode=7 -> 0 connection={ssid="),
+                            HasSubstr(" opcode=8 -> 0 number="),
+                            HasSubstr(" type=1 security=true -> 0 entries=[{ssid="),
+                            "WlanCloseHandle client=wlan#1"));
     StartMachine(R"({"wifi": {"service": "stopped"}})");
     EXPECT_EQ(RF_WiFiRssi(), -52); // what changes later is not seen
     EXPECT_THAT(Calls(), IsEmpty());
@@ -121,7 +124,7 @@ TEST_F(WifiTest, EachFailingCallHasItsOutcomeAndItsLines) {
         {Operation::WlanGetNetworkBssList, 1, Failure::Nothing, Interface, noPoint},
     };
     for (const Case& each : cases) {
-        SCOPED_TRACE(machine::RowOf(each.call).name);
+        SCOPED_TRACE(observer::RowOf(each.call).name);
         RunFailing(each.call, each.nth, each.kind, [] {
             ForgetRecords();
             RF_WiFiRssi();
@@ -175,7 +178,7 @@ TEST_F(WifiTest, ThreadsThatComeAtOnceShareOneRead) {
     }
     threads.clear();
     EXPECT_THAT(answers, Each(WholeLink));
-    EXPECT_THAT(CallsOf("WlanOpenHandle"), SizeIs(1));
+    EXPECT_THAT(CallsOf(Operation::WlanOpenHandle), SizeIs(1));
 }
 
 } // namespace

@@ -76,11 +76,12 @@ TEST_F(WmiExportsTest, EachTextComesFromItsNamespaceAndQuery) {
         SCOPED_TRACE(row.name);
         StartMachine();
         EXPECT_EQ(Text(row.read), row.value);
-        EXPECT_THAT(CallsOf("ConnectServer"),
-                    ElementsAre(std::string("ConnectServer ") + row.nameSpace + " = 0"));
+        EXPECT_THAT(CallsOf(Operation::ConnectServer),
+                    ElementsAre(HasSubstr(" resource=\"" + std::string(row.nameSpace) + "\" -> 0 ")));
         const std::string select = row.read == WMIGetLCDModel ? "SELECT * FROM " : "select * from ";
-        EXPECT_THAT(CallsOf("ExecQuery"),
-                    ElementsAre("ExecQuery WQL flags 48 " + select + row.from + " = 0"));
+        EXPECT_THAT(
+            CallsOf(Operation::ExecQuery),
+            ElementsAre(HasSubstr(" language=\"WQL\" query=\"" + select + row.from + "\" flags=48 -> 0 ")));
         const test::Lines lines = DebugLines();
         EXPECT_EQ(lines.front(), row.name + std::string(" Start"));
         EXPECT_EQ(lines.back(), row.name + std::string(" ") + row.closing);
@@ -97,7 +98,7 @@ TEST_F(WmiExportsTest, ANumberIsAskedForBehindBothDebugLines) {
         return journal;
     };
     EXPECT_THAT(linesOf(WMIGetCPUUsg, 14), ElementsAre("debug WMIGetCPUUsg Start", "debug WMIGetCPUUsg End",
-                                                       "CoInitializeEx multithreaded = 0"));
+                                                       "CoInitializeEx kind=0 -> 0"));
     EXPECT_EQ(linesOf(WMIGetExternMonitorNum, 1)[1], "debug WMIGetExternMonitorNum End");
     EXPECT_EQ(linesOf(WMIGetMonitorBrightness, 70)[0], "debug WMIGetMonitorBrightness Start");
     EXPECT_EQ(wmiadd(0), 1u);

@@ -1,7 +1,7 @@
 #include "machine_fixture.h"
 
 #include "firmware/disk_temperature.h"
-#include "machine/services/apartments.h"
+#include "machine/models/com/apartments.h"
 #include "machine/text/wide_text.h"
 #include "platform/com.h"
 #include "wmi/wmi_readers.h"
@@ -29,9 +29,10 @@ struct ReaderCase {
     std::string leaving = "Step7 Do CoUninitialize()";
 };
 
-const machine::Operation StepOperations[] = {
-    machine::Operation::CoInitializeEx, machine::Operation::CoCreateInstance,
-    machine::Operation::ConnectServer, machine::Operation::CoSetProxyBlanket, machine::Operation::ExecQuery};
+const observer::Operation StepOperations[] = {
+    observer::Operation::CoInitializeEx, observer::Operation::CoCreateInstance,
+    observer::Operation::ConnectServer, observer::Operation::CoSetProxyBlanket,
+    observer::Operation::ExecQuery};
 
 /// What a failed step writes: the event log's text, empty for none, and the debug log's.
 std::pair<std::string, std::string> MessagesOf(const ReaderCase& reader, std::size_t step) {
@@ -92,8 +93,8 @@ Lines ExpectedJournal(const ReaderCase& reader, std::size_t step, bool initCom) 
     const bool good = step == NoStep;
     Lines journal{
         !initCom    ? ""
-        : step == 0 ? "CoInitializeEx multithreaded = -2147417850"
-                    : "CoInitializeEx multithreaded = 1",
+        : step == 0 ? "CoInitializeEx kind=0 -> 0x80010106 (injected)"
+                    : "CoInitializeEx kind=0 -> 1",
         event.empty() ? "" : "event " + event,
         behindRelease || good ? "" : "debug " + debug,
         step >= 3 ? "Release IWbemServices" : "",
@@ -124,9 +125,10 @@ protected:
     // The host's own apartment, which no call may leave.
     WmiSequenceTest() { platform::CoInitializeEx(platform::apartment::Multithreaded); }
 
-    ~WmiSequenceTest() override {
+    void TearDown() override {
         EXPECT_EQ(machine::CurrentApartment().entered, 1u);
         platform::CoUninitialize();
+        MachineTest::TearDown();
     }
 };
 
@@ -154,19 +156,31 @@ TEST_F(WmiSequenceTest, EveryStepOfEveryReaderFailsWithItsOwnTextsAndOrder) {
                 journal.resize(3); // the volume is read all the same
             }
             EXPECT_EQ(journal, ExpectedJournal(reader, step, initCom != 0));
-            EXPECT_THAT(TheMachine().gate.OpenThings(), IsEmpty());
+            EXPECT_THAT(OpenThings(), ElementsAre("apartment")) << "the host's own";
         }
     }
 }
 
 TEST_F(WmiSequenceTest, TheStepsCarryTheirArguments) {
     EXPECT_EQ(ReadWMIProp(u"root\\cimv2", u"select * from win32_processor", u"LoadPercentage", 0, 0), 14);
-    EXPECT_THAT(Calls(),
-                ElementsAre("CoInitializeEx multithreaded = 0", "CoCreateInstance context 1 = 0",
-                            "ConnectServer root\\cimv2 = 0", "CoSetProxyBlanket 10 0 3 3 0 = 0",
-                            "ExecQuery WQL flags 48 select * from win32_processor = 0", "Next infinite = 0",
-                            "Get LoadPercentage = 0", "Release IWbemClassObject", "Next infinite = 1",
-                            "Release IWbemServices", "Release IWbemLocator", "Release IEnumWbemClassObject"));
+    EXPECT_THAT(
+        Calls(),
+        ElementsAre(
+            "CoInitializeEx kind=0 -> 0",
+            "CoCreateInstance class={4590f811-1d3a-11d0-891f-00aa004b2e24} context=1 "
+            "interface={dc12a687-737f-11cf-884d-00aa004b2e24} -> 0 made=IWbemLocator#2",
+            R"(ConnectServer locator=IWbemLocator#2 resource="root\cimv2" -> 0 services=IWbemServices#3)",
+            "CoSetProxyBlanket proxy=IWbemServices#3 blanket={authentication=10 authorization=0 "
+            "level=3 impersonation=3 capabilities=0} -> 0",
+            "ExecQuery services=IWbemServices#3 language=\"WQL\" query=\"select * from "
+            "win32_processor\" flags=48 -> 0 rows=IEnumWbemClassObject#4",
+            "Next rows=IEnumWbemClassObject#4 timeout=0xffffffff -> 0 row=IWbemClassObject#5 "
+            "returned=1",
+            "Get object=IWbemClassObject#5 name=\"LoadPercentage\" -> 0 value=14",
+            "Release object=IWbemClassObject#5",
+            "Next rows=IEnumWbemClassObject#4 timeout=0xffffffff -> 1 returned=0",
+            "Release object=IWbemServices#3", "Release object=IWbemLocator#2",
+            "Release object=IEnumWbemClassObject#4"));
 }
 
 TEST_F(WmiSequenceTest, AClassThatIsNotThereHasNoRowsAndANamespaceCannotBeConnected) {
@@ -219,11 +233,10 @@ TEST_F(WmiReadersTest, TextsJoinAndEmptyOnesTakePart) {
     const std::string message = "[ReadWMIPropStr] SysStringLen(temp) == 0 , propname = T";
     EXPECT_THAT(Journal(), Contains("event " + message).Times(1));
     EXPECT_EQ(Texts({""}), u"");
-    EXPECT_THAT(Journal(),
-                ElementsAre("CoInitializeEx multithreaded = 0", "event " + message, "debug " + message,
-                            "Release IWbemClassObject", "Release IWbemServices", "Release IWbemLocator",
-                            "Release IEnumWbemClassObject",
-                            "debug [ReadWMIPropStr] Step7 Do CoUninitialize()", "CoUninitialize"));
+    EXPECT_THAT(Journal(), ElementsAre("CoInitializeEx kind=0 -> 0", "event " + message, "debug " + message,
+                                       "Release IWbemClassObject", "Release IWbemServices",
+                                       "Release IWbemLocator", "Release IEnumWbemClassObject",
+                                       "debug [ReadWMIPropStr] Step7 Do CoUninitialize()", "CoUninitialize"));
     EXPECT_EQ(Texts({nullptr, nullptr}), u";");
     EXPECT_EQ(Texts({5, "B", {"x", "y"}, true, {{"bytes", "4142"}}}), u";B;;;");
     EXPECT_EQ(Texts({std::string("ab\0cd", 5), "e"}), u"ab;e");

@@ -1,7 +1,7 @@
 // What moves on a machine whose profile has a course.
 #include "machine/models/machine_course.h"
 #include "machine/profile/profile.h"
-#include "machine/services/clock.h"
+#include "machine/models/clock.h"
 #include "machine_fixture.h"
 
 namespace {
@@ -9,7 +9,7 @@ namespace {
 class MachineCourseTest : public test::MachineTest {
 protected:
     static void Pass(double seconds) {
-        TheMachine().clock.Advance(std::chrono::microseconds(static_cast<std::int64_t>(seconds * 1e6)));
+        TheMachine()->clock.Advance(std::chrono::microseconds(static_cast<std::int64_t>(seconds * 1e6)));
     }
 
     static std::uint32_t FirstFan() { return static_cast<std::uint32_t>(std::stoul(Text(Thermal_Read_Fan))); }

@@ -5,7 +5,7 @@
 #include "machine/models/storage/store.h"
 #include "machine/profile/profile.h"
 #include "machine/profile/profile_reader.h"
-#include "machine/services/clock.h"
+#include "machine/models/clock.h"
 #include "platform/registry.h"
 
 #include <array>

@@ -61,18 +61,18 @@ TEST_F(WatchTest, KeepsSamplesAsCsv) {
 TEST_F(WatchTest, TracesACallAsItRuns) {
     const test::Outcome run = Tool({"trace", "--store", ":memory:", "--", "EC_ReadEcChipId"});
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_THAT(run.out,
-                AllOf(HasSubstr("  debug  [RwEcCmd] cmd: 0xbb DataList: 0x10 ReadData\n"),
-                      HasSubstr("  EC     bb 10 -> 00\n"), HasSubstr("  call   RegSetValueExW EcChipId"),
-                      HasSubstr("result  0\n"), Not(HasSubstr("CreateFileW")))); // the session's
+    EXPECT_THAT(run.out, AllOf(HasSubstr("  debug  [RwEcCmd] cmd: 0xbb DataList: 0x10 ReadData\n"),
+                               HasSubstr("  EC     bb 10 -> 00\n"),
+                               HasSubstr("  call   RegSetValueExW key=key#1 name=\"EcChipId\" "),
+                               HasSubstr("result  0\n"), Not(HasSubstr("CreateFileW")))); // the session's
     const test::Outcome waiting = Tool({"trace", "CPU_ReadCPUUsage", "--store", ":memory:"});
-    EXPECT_THAT(waiting.out, AllOf(HasSubstr("  call   Sleep 1000 ms\n"), HasSubstr("  1000.000 "),
+    EXPECT_THAT(waiting.out, AllOf(HasSubstr("  call   Sleep milliseconds=1000\n"), HasSubstr("  1000.000 "),
                                    HasSubstr("result  10.0 %\n")));
     const test::Outcome real =
         Tool({"trace", "--library", DOUBLE_LIBRARY, "--", "WMISetBatteryHealth", "-80"});
     EXPECT_EQ(real.status, 0);
     EXPECT_THAT(real.out, MatchesRegex("time +[0-9.]+ ms\nresult  1 \\(the firmware took it\\)\n"));
-    EXPECT_THAT(real.err, HasSubstr("told by the simulated machine only"));
+    EXPECT_THAT(real.err, HasSubstr("this library is not observed"));
 }
 
 } // namespace

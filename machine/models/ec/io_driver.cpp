@@ -87,13 +87,6 @@ ControlAnswer IoDriver::Control(std::uint32_t code, std::span<const std::byte> i
     }
 }
 
-bool IoDriver::SayFailed(std::uint32_t code, ControlAnswer& answer) {
-    if (code == RequestEc) {
-        answer.bytes[StatusAt] = std::byte{1};
-    }
-    return code == RequestEc;
-}
-
 ControlAnswer IoDriver::CpuId(std::span<const std::byte> in) const {
     if (in.size() != 21 || in[20] != std::byte{0x15}) {
         return Refusal(platform::error::InvalidParameter);

@@ -1,9 +1,9 @@
 // The kernel I/O driver VESKHWIO: the device and its seven requests.
 #pragma once
 
+#include "machine/models/device.h"
 #include "machine/models/ec/embedded_controller.h"
 #include "machine/profile/profile.h"
-#include "machine/services/devices.h"
 
 namespace machine {
 
@@ -17,7 +17,6 @@ public:
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
     void Close() override;
     ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) override;
-    bool SayFailed(std::uint32_t code, ControlAnswer& answer) override;
 
 private:
     ControlAnswer EcExchange(std::span<const std::byte> in);

@@ -1,24 +1,19 @@
 // What a simulated machine keeps when its process ends: one SQLite file.
 #pragma once
 
+#include "machine/models/storage/store_error.h"
+
 #include <sqlite3.h>
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace machine {
-
-/// The file cannot be used; the text names it and says why. A damaged file is left as it is.
-class StoreError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// One prepared statement, used again and again. Values are bound and read by place, from 1 and from 0.
 class Statement {

@@ -1,8 +1,8 @@
 // The objects that the simulated WMI service hands out.
 #pragma once
 
+#include "machine/models/com/com_objects.h"
 #include "machine/models/wmi/wmi_repository.h"
-#include "machine/services/com_objects.h"
 
 #include <memory>
 #include <string>

@@ -1,9 +1,9 @@
 // The WMI service of the simulated machine: namespaces, classes, instances, queries and methods.
 #pragma once
 
+#include "machine/models/com/com_objects.h"
 #include "machine/models/wmi/wql.h"
 #include "machine/profile/wmi_profile.h"
-#include "machine/services/com_objects.h"
 #include "platform/types.h"
 
 #include <map>

@@ -2,10 +2,8 @@
 #include "shims.h"
 
 #include "machine/machine.h"
-#include "machine/services/com_objects.h"
 
 #include <bit>
-#include <mutex>
 
 namespace twin {
 namespace {
@@ -13,8 +11,8 @@ namespace {
 /// WMI and sound are the machine's, in apartments of either kind. Everything else is made by COM, and so is what is
 /// asked for in a way that the machine does not know.
 HRESULT WINAPI CreateObject(REFCLSID classId, LPUNKNOWN outer, DWORD context, REFIID id, LPVOID* object) {
-    const std::lock_guard lock(machine::MachineMutex());
-    machine::ComObjects& com = machine::Current().com;
+    const auto machine = machine::Current();
+    machine::ComObjects& com = machine->com;
     const machine::ComClass* const row = com.FindClass(std::bit_cast<platform::Guid>(classId));
     APTTYPE apartment{};
     APTTYPEQUALIFIER qualifier{};

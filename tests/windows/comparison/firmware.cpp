@@ -3,9 +3,8 @@
 #include "shims.h"
 
 #include "machine/machine.h"
-#include "machine/models/storage/firmware_store.h"
-#include "machine/services/devices.h"
-#include "machine/services/radios.h"
+#include "machine/models/device.h"
+#include "machine/models/storage/firmware_variable_store.h"
 #include "machine/text/wide_text.h"
 
 #include <cstring>
@@ -18,8 +17,8 @@ namespace {
 /// Which of the machine's devices is behind a handle of Wine's.
 std::map<HANDLE, machine::Device*> OpenDevices;
 
-machine::Device* DeviceAt(const wchar_t* path) {
-    const auto& devices = machine::Current().devices;
+machine::Device* DeviceAt(const machine::Machine& machine, const wchar_t* path) {
+    const auto& devices = machine.devices;
     const auto found = devices.find(machine::Folded(Plain(path)));
     return found == devices.end() ? nullptr : found->second;
 }
@@ -27,8 +26,8 @@ machine::Device* DeviceAt(const wchar_t* path) {
 /// No driver can refuse an opening under Wine, so that the machine's device is asked before it.
 HANDLE WINAPI OpenDevice(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
                          DWORD disposition, DWORD flags, HANDLE likeness) {
-    const std::lock_guard lock(machine::MachineMutex());
-    machine::Device* const device = DeviceAt(path);
+    const auto machine = machine::Current();
+    machine::Device* const device = DeviceAt(*machine, path);
     if (device != nullptr) {
         if (const DWORD problem = device->Open(access, share); problem != ERROR_SUCCESS) {
             ::SetLastError(problem);
@@ -43,12 +42,9 @@ HANDLE WINAPI OpenDevice(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATT
 }
 
 WINBOOL WINAPI Close(HANDLE handle) {
-    const std::lock_guard lock(machine::MachineMutex());
+    const auto machine = machine::Current();
     if (IsMarked(handle)) {
-        const auto number = static_cast<std::uintptr_t>(Unmarked(handle));
-        machine::Current().openProcesses.erase(number);
-        machine::Current().radios.bluetoothRadios.erase(number);
-        return Truth(machine::Current().gate.Closed(number));
+        return Truth(machine->handles.Close(static_cast<std::uintptr_t>(Unmarked(handle))));
     }
     if (const auto opened = OpenDevices.find(handle); opened != OpenDevices.end()) {
         opened->second->Close();
@@ -65,7 +61,8 @@ WINBOOL WINAPI Adjust(HANDLE token, WINBOOL disableAll, PTOKEN_PRIVILEGES wanted
     }
     LUID environment{};
     ::LookupPrivilegeValueW(nullptr, L"SeSystemEnvironmentPrivilege", &environment);
-    machine::FirmwareStore& store = machine::Current().firmwareStore;
+    const auto machine = machine::Current();
+    machine::FirmwareVariableStore& store = *machine->storage.firmwareVariables;
     const LUID_AND_ATTRIBUTES& asked = wanted->Privileges[0];
     if (wanted->PrivilegeCount == 1 && std::memcmp(&asked.Luid, &environment, sizeof environment) == 0 &&
         asked.Attributes == SE_PRIVILEGE_ENABLED) {

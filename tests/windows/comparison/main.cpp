@@ -12,6 +12,7 @@
 #include "wine_state.h"
 
 #include "machine/profile/profile.h"
+#include "memory_storage.h"
 
 #include <iostream>
 #include <sstream>
@@ -19,6 +20,7 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -73,9 +75,11 @@ void ExpectNoHandleLeft(const tool::Host& host) {
 }
 
 void Report(const std::string& machineName) {
-    machine::Start(machine::LoadProfile(machineName), ":memory:");
-    const twin::WineState state(machine::Current().profile);
-    const Devices devices(machine::Current());
+    machine::Profile profile = machine::LoadProfile(machineName);
+    machine::Storage storage = machine::MemoryStorage(profile);
+    machine::Start(std::move(profile), std::move(storage));
+    const twin::WineState state(machine::Current()->profile);
+    const Devices devices(*machine::Current());
     const test::Library library;
     test::ImportPatch patch(library.Module());
     twin::PutUpRadios(patch);
@@ -87,8 +91,8 @@ void Report(const std::string& machineName) {
     const tool::Host host{tool::Options()};
     twin::Tell(host);
     ExpectNoHandleLeft(host);
-    for (const std::string& thing : machine::Current().gate.OpenThings()) {
-        ExpectNothingLeft(thing, 1);
+    for (const std::string_view kind : machine::Current()->handles.Kinds()) {
+        ExpectNothingLeft(kind, 1);
     }
     ExpectNothingLeft("blocks of the WLAN service", twin::BlocksOut());
     ExpectNothingLeft("devices", twin::DevicesOpen());

@@ -57,7 +57,7 @@ DWORD WINAPI Property(DWORD node, ULONG property, PULONG type, PVOID value, PULO
 } // namespace
 
 void PutUpPackages(test::ImportPatch& patch) {
-    const bool supported = machine::Current().packages.Supported();
+    const bool supported = machine::Current()->packages.Supported();
     patch.ReplaceRoutine("GetPackagesByPackageFamily", supported ? &PackagesByFamily : nullptr);
     patch.ReplaceRoutine("GetPackagePathByFullName", supported ? &PathByFullName : nullptr);
     patch.Replace("SHLoadIndirectString", &LoadIndirectString);

@@ -160,7 +160,7 @@ VOID WINAPI FreeBlock(PVOID block) {
 }
 
 void PutUpWlan(test::ImportPatch& patch) {
-    if (machine::Current().profile.wifi.service == machine::WifiService::Missing) {
+    if (machine::Current()->profile.wifi.service == machine::WifiService::Missing) {
         patch.HideLibrary(L"wlanapi.dll");
         return;
     }
@@ -262,7 +262,7 @@ WINBOOL WINAPI DeviceClose(HBLUETOOTH_DEVICE_FIND search) {
 }
 
 void PutUpBluetooth(test::ImportPatch& patch) {
-    if (!machine::Current().profile.bluetooth.supported) {
+    if (!machine::Current()->profile.bluetooth.supported) {
         patch.HideLibrary(L"bthprops.cpl");
         return;
     }

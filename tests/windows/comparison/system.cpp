@@ -28,7 +28,7 @@ HRESULT WINAPI LockdownMode(DWORD* mode) {
 }
 
 void PutUpLockdownQuery(test::ImportPatch& patch) {
-    const machine::SystemProfile& system = machine::Current().profile.system;
+    const machine::SystemProfile& system = machine::Current()->profile.system;
     if (!system.hasWldp) {
         patch.HideLibrary(L"wldp.dll");
         return;
@@ -97,7 +97,7 @@ VOID WINAPI Wait(DWORD milliseconds) {
 } // namespace
 
 void PutUpSystem(test::ImportPatch& patch) {
-    patch.ReplaceRoutine("RtlGetVersion", machine::Current().profile.system.version ? &Version : nullptr);
+    patch.ReplaceRoutine("RtlGetVersion", machine::Current()->profile.system.version ? &Version : nullptr);
     PutUpLockdownQuery(patch);
     patch.Replace("GetUserGeoID", &Nation);
     patch.Replace("GetGeoInfoW", &GeoText);

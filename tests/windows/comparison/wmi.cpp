@@ -4,11 +4,9 @@
 
 #include "machine/machine.h"
 #include "machine/models/wmi/wmi_objects.h"
-#include "machine/services/com_objects.h"
 #include "platform/wmi.h"
 
 #include <cstring>
-#include <mutex>
 #include <variant>
 
 namespace twin {
@@ -73,8 +71,8 @@ public:
     using UnusedObjectMethods::UnusedObjectMethods;
 
     HRESULT STDMETHODCALLTYPE Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE*, LONG*) override {
-        const std::lock_guard lock(machine::MachineMutex());
-        const auto* thing = machine::Current().com.Find<machine::WbemThing>(Machines());
+        const auto machine = machine::Current();
+        const auto* thing = machine->com.Find<machine::WbemThing>(Machines());
         machine::WmiDatum datum;
         const HRESULT status = flags != 0 ? InvalidParameter : thing->Get(twin::Plain(name), datum);
         if (SUCCEEDED(status)) {

@@ -8,11 +8,13 @@
 #include "served_machine.h"
 
 #include "machine/profile/profile.h"
+#include "memory_storage.h"
 
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -44,8 +46,10 @@ HANDLE Start(std::wstring command) {
 
 int Run(const std::string& machineName, std::wstring command) {
     const test::RegistryStand registry;
-    machine::Machine simulated(machine::LoadProfile(machineName), ":memory:");
-    stand_in::ServedMachine machine(simulated);
+    machine::Profile profile = machine::LoadProfile(machineName);
+    machine::Storage storage = machine::MemoryStorage(profile);
+    machine::Start(std::move(profile), std::move(storage));
+    stand_in::ServedMachine machine(*machine::Current());
     if (command.empty()) {
         std::cout << "ready" << std::endl;
         machine.ServeWhile(::CreateEventW(nullptr, TRUE, FALSE, nullptr)); // never set

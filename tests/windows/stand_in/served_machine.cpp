@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <mutex>
 #include <span>
 
 namespace stand_in {
@@ -59,7 +58,7 @@ void ServedMachine::ServeWhile(HANDLE process) {
 }
 
 void ServedMachine::AnswerWaiting() {
-    const std::lock_guard lock(machine::MachineMutex());
+    const auto machine = machine::Current();
     while (const auto request = m_stand.Take()) {
         const machine::ControlAnswer answer =
             m_devices.at(request->device)

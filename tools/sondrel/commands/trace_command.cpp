@@ -6,11 +6,14 @@
 #include "terminal/interrupt.h"
 #include "terminal/paint.h"
 #include "vesk_sondrel_machine.h"
+#include "vesk_sondrel_observer.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
 #include <iostream>
+#include <span>
 
 namespace tool {
 namespace {
@@ -33,61 +36,81 @@ constexpr std::array<LineKind, static_cast<std::size_t>(Line::Count)> LineKinds 
     {"event", Style::Warning, "event line", "event lines"},
 }};
 
-/// The boundary call that a debug line is, once it is on its way.
-constexpr std::string_view DebugLineWritten = "EventWriteTransfer = 0";
-
 std::string Milliseconds(std::chrono::nanoseconds time) {
     char text[48];
     std::snprintf(text, sizeof text, "%10.3f", std::chrono::duration<double, std::milli>(time).count());
     return text;
 }
 
-/// "bb 03 -> 4b" for the driver's request of one EC command; empty for any other call.
-std::string EcCommandOf(std::string_view line) {
-    constexpr std::string_view Start = "DeviceIoControl 0x80102070 in ";
+/// The value of an argument as it is printed; empty where the call has none of that name.
+std::string_view ValueOf(const VeskObserver_Call& call, std::string_view name, bool output) {
+    const std::span arguments(call.arguments, call.argumentCount);
+    const auto found = std::ranges::find_if(arguments, [&](const VeskObserver_Argument& argument) {
+        return name == argument.name && (argument.output != 0) == output;
+    });
+    return found == arguments.end() ? std::string_view() : found->value;
+}
+
+/// "bb 03 -> 4b" for the IOCTL of one EC command; empty for any other call.
+std::string EcCommandOf(const VeskObserver_Call& call) {
+    constexpr std::string_view EcCommand = "0x80102070";
     constexpr std::size_t Count = 1;
     constexpr std::size_t Data = 2;
-    constexpr std::size_t DataRoom = 8;
+    constexpr std::size_t DataSize = 8;
     constexpr std::size_t Reads = 10;
     constexpr std::size_t Result = 11;
-    if (!line.starts_with(Start)) {
+    if (std::string_view(call.operation) != "DeviceIoControl" || ValueOf(call, "code", false) != EcCommand) {
         return {};
     }
-    const std::vector<std::string_view> words = Split(line.substr(Start.size()), ' ');
-    const auto in = BytesOfHex(words.front());
-    if (!in || in->size() <= Result || (*in)[Count] > DataRoom) {
+    const auto in = BytesOfHex(ValueOf(call, "in", false));
+    if (!in || in->size() <= Result || (*in)[Count] > DataSize) {
         return {};
     }
     std::string text = Hex(std::span(*in).first(1));
     for (std::size_t i = 0; i < (*in)[Count]; ++i) {
         text.append(" ").append(Hex(std::span(*in).subspan(Data + i, 1)));
     }
-    if (words.back() == "0" || words.size() < 3) {
+    if (call.succeeded == 0) {
         return text + "  refused";
     }
-    const auto out = BytesOfHex(words[2]);
+    const auto out = BytesOfHex(ValueOf(call, "out", true));
     const bool answered = (*in)[Reads] != 0 && out && out->size() > Result;
     return answered ? text + " -> " + Hex(std::span(*out).subspan(Result, 1)) : text;
 }
 
-/// Writes what the machine tells as it happens.
+/// The observer of a library, and the machine below it where that is a simulated one.
+struct Observed {
+    decltype(VeskObserver_SetSink)* setSink;
+    const SimulatedMachine* machine;
+};
+
+/// Prints what a call does while it does it.
 class Transcript {
 public:
-    Transcript(const SimulatedMachine& machine, ColourWish colour)
-        : m_machine(machine),
+    Transcript(const Observed& observed, ColourWish colour)
+        : m_observed(observed),
           m_paint(colour, terminal::Stream::Out),
-          m_start(machine.Now()),
+          m_start(MachineTime()),
           m_begin(Clock::now()) {
-        std::cout << m_paint(Style::Quiet, "machine ms    here ms") << '\n';
-        machine.ListenToCalls(Hear, this);
+        std::cout << m_paint(Style::Quiet, m_observed.machine ? "machine ms    here ms" : "   here ms")
+                  << '\n';
+        if (m_observed.machine != nullptr) {
+            m_observed.machine->Listen(OnLine, this);
+        }
+        m_observed.setSink(OnCall, this);
     }
 
     Transcript(const Transcript&) = delete;
     Transcript& operator=(const Transcript&) = delete;
 
-    ~Transcript() { m_machine.ListenToCalls(nullptr, nullptr); }
+    ~Transcript() {
+        m_observed.setSink(nullptr, nullptr);
+        if (m_observed.machine != nullptr) {
+            m_observed.machine->Listen(nullptr, nullptr);
+        }
+    }
 
-    void TellEnd() const {
+    void PrintEnd() const {
         std::string text;
         for (std::size_t i = 0; i < LineKinds.size(); ++i) {
             text.append(text.empty() ? "" : ", ").append(std::to_string(m_counts[i])).append(1, ' ');
@@ -97,33 +120,40 @@ public:
     }
 
 private:
-    static void Hear(void* context, int kind, const char* line) {
-        static_cast<Transcript*>(context)->Tell(kind, line);
+    static void OnLine(void* context, int kind, const char* line) {
+        static_cast<Transcript*>(context)->Print(kind == VESK_MACHINE_EVENT_LINE ? Line::Event : Line::Debug,
+                                                 line);
+    }
+
+    static void OnCall(void* context, const VeskObserver_Call* call) {
+        static_cast<Transcript*>(context)->PrintCall(*call);
+    }
+
+    [[nodiscard]] std::chrono::microseconds MachineTime() const {
+        return m_observed.machine != nullptr ? m_observed.machine->Now() : std::chrono::microseconds();
     }
 
     [[nodiscard]] std::string Times() const {
-        return Milliseconds(m_machine.Now() - m_start) + ' ' + Milliseconds(Clock::now() - m_begin);
+        const std::string here = Milliseconds(Clock::now() - m_begin);
+        return m_observed.machine != nullptr ? Milliseconds(MachineTime() - m_start) + ' ' + here : here;
     }
 
-    void Tell(int kind, std::string_view line) {
-        while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) {
-            line.remove_suffix(1);
-        }
-        if (kind == VESK_MACHINE_DEBUG_LINE) {
-            Put(Line::Debug, line);
-        } else if (kind == VESK_MACHINE_EVENT_LINE) {
-            Put(Line::Event, line);
-        } else if (line == DebugLineWritten) {
-            ++m_counts[static_cast<std::size_t>(Line::Call)]; // the debug line has just been shown
-        } else if (const std::string command = EcCommandOf(line); !command.empty()) {
+    void PrintCall(const VeskObserver_Call& call) {
+        const bool isDebugLine = std::string_view(call.operation) == "EventWriteTransfer";
+        if (isDebugLine && call.succeeded != 0 && m_observed.machine != nullptr) {
+            ++m_counts[static_cast<std::size_t>(Line::Call)]; // the debug line has just been printed
+        } else if (const std::string command = EcCommandOf(call); !command.empty()) {
             ++m_counts[static_cast<std::size_t>(Line::Call)];
-            Put(Line::Ec, command);
+            Print(Line::Ec, command);
         } else {
-            Put(Line::Call, line);
+            Print(Line::Call, call.line);
         }
     }
 
-    void Put(Line line, std::string_view text) {
+    void Print(Line line, std::string_view text) {
+        while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) {
+            text.remove_suffix(1);
+        }
         const LineKind& kind = LineKinds[static_cast<std::size_t>(line)];
         ++m_counts[static_cast<std::size_t>(line)];
         std::string shown(kind.mark);
@@ -132,18 +162,18 @@ private:
                   << std::flush;
     }
 
-    const SimulatedMachine& m_machine;
+    const Observed m_observed;
     Paint m_paint;
     std::chrono::microseconds m_start;
     Clock::time_point m_begin;
     std::array<std::size_t, LineKinds.size()> m_counts{};
 };
 
-/// What the real machine does not let the tool see.
-constexpr std::string_view NotToldHere =
-    "the calls behind the library's boundary and the EC's bytes are told by the simulated machine only; ";
+constexpr std::string_view NotObserved = "this library is not observed: its calls and the EC's bytes are "
+                                         "shown by the library in the folder \"observed\" "
+                                         "(--library FILE); ";
 
-void TellResult(const Export& row, const Answer& answer, const Paint& paint) {
+void PrintResult(const Export& row, const Answer& answer, const Paint& paint) {
     constexpr std::size_t Longest = 2000;
     const Reading reading{row, answer, Judge(row, answer)};
     const std::string text =
@@ -156,19 +186,20 @@ void TellResult(const Export& row, const Answer& answer, const Paint& paint) {
 int TraceExport(const Options& options) {
     const SingleCall call(options); // opening the session is not part of it
     Answer answer;
-    if (const SimulatedMachine* const machine = call.Machine(); machine != nullptr) {
-        Transcript transcript(*machine, options.colour);
+    if (const Address setSink = call.Find("VeskObserver_SetSink"); setSink != nullptr) {
+        const Observed observed{reinterpret_cast<decltype(VeskObserver_SetSink)*>(setSink), call.Machine()};
+        Transcript transcript(observed, options.colour);
         answer = call.Make();
-        transcript.TellEnd();
+        transcript.PrintEnd();
     } else {
         const Clock::time_point begin = Clock::now();
         answer = call.Make();
         std::cout << "time    " << Milliseconds(Clock::now() - begin).substr(1) << " ms\n";
-        std::cerr << "sondrel: " << NotToldHere << host_system::WhereTraceLinesAre() << '\n';
+        std::cerr << "sondrel: " << NotObserved << host_system::WhereTraceLinesAre() << '\n';
     }
     call.GiveBackSession(answer);
     interrupt::Check();
-    TellResult(call.Row(), answer, Paint(options.colour, terminal::Stream::Out));
+    PrintResult(call.Row(), answer, Paint(options.colour, terminal::Stream::Out));
     return answer.fault.empty() ? ExitDone : ExitFault;
 }
 

@@ -49,11 +49,11 @@ void SimulatedMachine::Start(const std::string& machine, const std::optional<std
 }
 
 void SimulatedMachine::Trace() {
-    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(TellLine, nullptr, 0);
+    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(TellLine, nullptr);
 }
 
-void SimulatedMachine::ListenToCalls(Listener listener, void* context) const {
-    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(listener, context, 1);
+void SimulatedMachine::Listen(Listener listener, void* context) const {
+    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(listener, context);
 }
 
 void SimulatedMachine::TieToRealTime() const {

@@ -25,8 +25,8 @@ public:
     /// What a listener is told, and what it does with a line.
     using Listener = void (*)(void* context, int kind, const char* line);
 
-    /// Tells debug and event lines and boundary calls to the listener as they are written; null ends it.
-    void ListenToCalls(Listener listener, void* context) const;
+    /// Passes debug and event lines to the listener as they are written; null ends it.
+    void Listen(Listener listener, void* context) const;
 
     /// Its time goes on as the world's does.
     void TieToRealTime() const;

@@ -19,6 +19,9 @@ public:
         return m_host.machine ? &*m_host.machine : nullptr;
     }
 
+    /// A routine of the library that is called; null where it has none of this name.
+    [[nodiscard]] Address Find(std::string_view name) const { return m_host.library.Find(name); }
+
     /// Throws Trouble where the argument is none for the export.
     [[nodiscard]] Answer Make() const;
 

@@ -1,0 +1,20 @@
+#include "machine/models/storage/open_storage.h"
+
+#include "machine/models/storage/file_system.h"
+#include "machine/models/storage/firmware_store.h"
+#include "machine/models/storage/registry_hive.h"
+#include "machine/models/storage/store.h"
+
+namespace machine {
+
+Storage OpenStorage(const Profile& profile, const std::string& storePath) {
+    Storage storage;
+    storage.store = std::make_shared<Store>(storePath);
+    const Store& store = *storage.store;
+    storage.registry = std::make_shared<RegistryHive>(store, profile.registry);
+    storage.firmwareVariables = std::make_shared<FirmwareStore>(store, profile.firmwareVariables);
+    storage.files = std::make_shared<FileSystem>(storePath, store.IsNew(), profile.files);
+    return storage;
+}
+
+} // namespace machine
