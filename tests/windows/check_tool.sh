@@ -53,6 +53,13 @@ whole = len(values) == 114 and not any(row["status"] == "faulty" for row in repo
 sys.exit(not (whole and report["simulated"] is False and values["GetIoDllVersion"] == 65537))
 REPORT
 
+# The observed DLL shows what is asked of Windows; the usual one does not.
+run 0 sondrel.exe trace --library "$bin/observed/VeskSondrel64.dll" System_Read_LocalTime
+says out "  call   Time64 -> "
+says out "2 boundary calls, 0 EC commands"
+run 0 sondrel.exe trace System_Read_LocalTime
+says err "this library is not observed"
+
 # The machine is the real one.
 refuses "--trace" report --trace
 says err "an ETW consumer of provider VeskWinDllLogger {C72E452E-6078-4AC3-82F2-C0282F99A573}"

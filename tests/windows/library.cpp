@@ -15,7 +15,7 @@ std::wstring ProgramDirectory() {
     return path.substr(0, path.find_last_of(L'\\') + 1);
 }
 
-Library::Library() : m_module(::LoadLibraryW((ProgramDirectory() + L"VeskSondrel64.dll").c_str())) {
+Library::Library(const std::wstring& file) : m_module(::LoadLibraryW((ProgramDirectory() + file).c_str())) {
     if (m_module == nullptr) {
         throw std::runtime_error("VeskSondrel64.dll does not load: error " +
                                  std::to_string(::GetLastError()));

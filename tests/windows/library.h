@@ -18,8 +18,8 @@ std::wstring ProgramDirectory();
 ///     EXPECT_EQ(VESK_CALL(library, InitializeSondrel)(), 1);
 class Library {
 public:
-    /// Throws std::runtime_error when the DLL does not load.
-    Library();
+    /// The file is beside the test program, or in a folder there. Throws std::runtime_error when it does not load.
+    explicit Library(const std::wstring& file = L"VeskSondrel64.dll");
     ~Library();
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;

@@ -24,9 +24,7 @@ done
 
 rm -rf "$reports"
 mkdir -p "$reports"
-quoted=
 if [ $# -eq 0 ]; then
-    quoted=$root/tests/quoted_in_readme.sh
     set -- "$root"/machines/*.json "$root"/tests/comparison/machines/*.json
 fi
 for profile in "$@"; do
@@ -47,4 +45,4 @@ STILL
     "$native/twin" "$profile" >"$reports/$machine.native.json"
     wine "$windows/twin.exe" "$profile" >"$reports/$machine.windows.json" </dev/null
 done
-${quoted:+"$quoted"} "$native/compare_twins" "$reports"
+"$native/compare_twins" "$reports"
