@@ -26,20 +26,19 @@ struct Listening {
     VeskMachine_Listener listener = nullptr;
     void* context = nullptr;
 
-    void Apply() const {
+    void Apply(machine::Machine& machine) const {
         using namespace machine;
-        const auto machine = Current();
         if (listener == nullptr) {
             Traces().Detach();
             Traces().OnEvent({});
-            machine->onLoggedEvent = {};
+            machine.onLoggedEvent = {};
             return;
         }
         const auto pass = [self = *this](int kind, const std::u16string& line) {
             self.listener(self.context, kind, Utf8FromWide(line).c_str());
         };
         Traces().OnEvent([pass](const TraceEvent& event) { pass(VESK_MACHINE_DEBUG_LINE, event.text); });
-        machine->onLoggedEvent = [pass](const LoggedEvent& event) {
+        machine.onLoggedEvent = [pass](const LoggedEvent& event) {
             pass(VESK_MACHINE_EVENT_LINE, event.strings.back());
         };
         constexpr std::uint8_t EveryLevel = 0;
@@ -58,7 +57,7 @@ int VeskMachine_Start(const char* machineName, const char* store, char* problem,
         machine::Start(std::move(profile), path);
         observer::ForgetOpenThings();
         if (TheListening.listener != nullptr) {
-            TheListening.Apply();
+            TheListening.Apply(*machine::Current());
         }
         return 1;
     } catch (const std::exception& failure) {
@@ -75,7 +74,7 @@ const char* VeskMachine_BuiltIn(size_t index) {
 void VeskMachine_Listen(VeskMachine_Listener listener, void* context) {
     const auto machine = machine::Current();
     TheListening = {listener, context};
-    TheListening.Apply();
+    TheListening.Apply(*machine);
 }
 
 void VeskMachine_TieToRealTime(int tied) {

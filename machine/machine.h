@@ -14,6 +14,7 @@
 #include "machine/models/processor_times.h"
 #include "machine/models/storage/package_store.h"
 #include "machine/models/storage/storage.h"
+#include "machine/models/trace_sink.h"
 #include "machine/models/window_stack.h"
 #include "machine/models/wmi/wmi_repository.h"
 #include "machine/profile/profile.h"
@@ -35,6 +36,9 @@ struct Machine {
 
     /// Moves what a course moves to the present moment: before something that is measured is reported.
     void AdvanceModels();
+
+    /// What is traced outlives a machine; its use is the machine's, which one thread holds at a time.
+    static TraceSink& Traces() { return machine::Traces(); }
 
     const Profile profile;
     const Storage storage;

@@ -55,7 +55,7 @@ class In : public PlainArgument {
 public:
     In(std::string_view name, const T& value) : PlainArgument(name), m_value(value) {}
 
-    const T& Argument() const { return m_value; }
+    [[nodiscard]] const T& Argument() const { return m_value; }
 
     void Before(Call& call) {
         if (IsNoted(call)) {
@@ -140,7 +140,7 @@ class Out : public PlainArgument {
 public:
     Out(std::string_view name, T& value) : PlainArgument(name), m_value(value) {}
 
-    T& Argument() const { return m_value; }
+    [[nodiscard]] T& Argument() const { return m_value; }
 
     void After(Call& call, bool succeeded) {
         if (succeeded && IsNoted(call)) {
@@ -183,7 +183,7 @@ class InOut : public PlainArgument {
 public:
     InOut(std::string_view name, T& value) : PlainArgument(name), m_value(value) {}
 
-    T& Argument() const { return m_value; }
+    [[nodiscard]] T& Argument() const { return m_value; }
 
     void Before(Call& call) {
         if (IsNoted(call)) {
@@ -329,7 +329,7 @@ public:
 
     Opens(std::string_view name, T& handle) : Opens(name, handle, KindOf(handle)) {}
 
-    T& Argument() const { return m_handle; }
+    [[nodiscard]] T& Argument() const { return m_handle; }
 
     void After(Call& call, bool succeeded) {
         const auto number = static_cast<std::uintptr_t>(m_handle);
@@ -377,7 +377,7 @@ class Closes : public PlainArgument {
 public:
     Closes(std::string_view name, const T& handle) : PlainArgument(name), m_handle(handle) {}
 
-    const T& Argument() const { return m_handle; }
+    [[nodiscard]] const T& Argument() const { return m_handle; }
 
     void Before(Call& call) {
         if (IsNoted(call)) {

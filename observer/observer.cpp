@@ -56,7 +56,10 @@ std::uint64_t NumberOfExportCall() {
 
 /// How many handles are numbered so far. With the state's lock held.
 std::uint32_t& HandlesNumbered(State& state) {
-    return Export == nullptr ? state.handlesOutside : Export->HandlesNumbered();
+    if (Export != nullptr) {
+        return Export->HandlesNumbered();
+    }
+    return state.handlesOutside;
 }
 
 /// With the state's lock held.
@@ -77,8 +80,9 @@ Failure Decide(State& state, const OperationRow& row) {
 void Deliver(const Record& record) {
     Sinks& sinks = TheSinks();
     const std::lock_guard lock(sinks.lock);
-    for (std::size_t place = 0; place < sinks.all.size(); ++place) {
-        sinks.all[place]->Ended(record);
+    std::size_t place = 0;
+    while (place < sinks.all.size()) { // a sink may remove itself
+        sinks.all[place++]->Ended(record);
     }
 }
 

@@ -8,8 +8,7 @@ namespace VESK_BACK_END {
 
 SystemError EventRegister(const Guid& provider, TraceEnableCallback callback, void* context,
                           std::uint64_t& registration) {
-    const auto machine = machine::Current();
-    registration = machine::Traces().Register(provider, callback, context);
+    registration = machine::Current()->Traces().Register(provider, callback, context);
     return error::Success;
 }
 
@@ -19,8 +18,7 @@ SystemError EventSetInformation(std::uint64_t, std::uint32_t, std::span<const st
 
 SystemError EventWriteTransfer(std::uint64_t registration, const EventDescriptor& descriptor,
                                const std::array<EventData, 3>& data) {
-    const auto machine = machine::Current();
-    machine::Traces().Write(registration, descriptor, data);
+    machine::Current()->Traces().Write(registration, descriptor, data);
     return error::Success;
 }
 

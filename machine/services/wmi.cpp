@@ -17,7 +17,8 @@ using machine::WmiDatum;
 
 template <class Object, class Interface, class... Arguments>
 HResult HandOut(machine::ComObjects& com, Interface& made, Arguments&&... arguments) {
-    made = com.HandOut<Interface>(std::make_shared<Object>(std::forward<Arguments>(arguments)...));
+    auto object = std::make_shared<Object>(std::forward<Arguments>(arguments)...);
+    made = com.HandOut<Interface>(std::move(object));
     return hresult::Ok;
 }
 

@@ -1,8 +1,8 @@
 #include "machine_fixture.h"
 
-#include "machine/text/wide_text.h"
 #include "apps/packages.h"
 #include "apps/resource_names.h"
+#include "machine/text/wide_text.h"
 #include "platform/com.h"
 
 #include <nlohmann/json.hpp>

@@ -1,7 +1,7 @@
 // What moves on a machine whose profile has a course.
+#include "machine/models/clock.h"
 #include "machine/models/machine_course.h"
 #include "machine/profile/profile.h"
-#include "machine/models/clock.h"
 #include "machine_fixture.h"
 
 namespace {

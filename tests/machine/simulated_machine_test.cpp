@@ -1,11 +1,11 @@
 // The simulated machine itself: profiles with mistakes, its store and its clock.
 #include "machine_fixture.h"
 
+#include "machine/models/clock.h"
 #include "machine/models/storage/registry_hive.h"
 #include "machine/models/storage/store.h"
 #include "machine/profile/profile.h"
 #include "machine/profile/profile_reader.h"
-#include "machine/models/clock.h"
 #include "platform/registry.h"
 
 #include <array>
