@@ -159,7 +159,7 @@ auto ObserveOpening(const Opening& opening, const BackEnd& backEnd, Arguments...
         call.Answered(true, false);
     } else {
         static_assert(Row.returns != Returns::Nothing);
-        const auto result = Answer<Result>(call, Row, backEnd, arguments...);
+        auto result = Answer<Result>(call, Row, backEnd, arguments...);
         const bool succeeded = Succeeded(Row, result);
         if (succeeded) {
             call.Note([&] { opening(call, result); });
