@@ -43,7 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     machine::Machine& machine = fuzz::TheMachine();
     machine.wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", methods);
     for (const char16_t* name : {u"CNFG", u"MFG0"}) {
-        machine.firmwareStore.Set(u"{91b89306-5bac-4ae0-aab3-207ec12e989b}", name, fuzz::Bytes(input, 300));
+        machine.storage.firmwareVariables->Set(u"{91b89306-5bac-4ae0-aab3-207ec12e989b}", name,
+                                               fuzz::Bytes(input, 300));
     }
     const auto demandWithin = [](std::int32_t low, std::int32_t number, std::int32_t high) {
         fuzz::Demand(low <= number && number <= high);

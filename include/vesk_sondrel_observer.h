@@ -52,8 +52,8 @@ typedef struct VeskObserver_Call {
     const char* line;     /**< All of this but times, thread and numbers, on one line. */
 } VeskObserver_Call;
 
-/** Receives each boundary call when it has ended, one at a time, on the thread that made it. It may call this
- *  interface; exports that it calls are not observed. */
+/** Receives each boundary call when it has ended, one at a time, on the thread that made it: other threads wait
+ *  meanwhile. It may call this interface, and must not call exports. */
 typedef void (*VeskObserver_Sink)(void* context, const VeskObserver_Call* call);
 
 /**

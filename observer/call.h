@@ -59,7 +59,6 @@ private:
     void Lost() noexcept;
 
     bool m_nested;
-    Operation m_operation;
     Failure m_injected = Failure::None;
     std::chrono::steady_clock::time_point m_entered;
     bool m_answered = false;

@@ -143,7 +143,7 @@ ExportCall::~ExportCall() {
     Export = m_outer;
 }
 
-Call::Call(Operation operation) noexcept : m_nested(Below++ != 0), m_operation(operation) {
+Call::Call(Operation operation) noexcept : m_nested(Below++ != 0) {
     if (m_nested) {
         return;
     }
