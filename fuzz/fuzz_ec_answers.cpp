@@ -2,9 +2,9 @@
 // answers anything.
 #include "harness.h"
 
-#include "every_export.h"
 #include "frame/registry_store.h"
 #include "machine/models/battery_device.h"
+#include "tests/every_export.h"
 
 namespace {
 

@@ -9,7 +9,8 @@ scripts/sources.sh | xargs clang-format --dry-run --Werror
 echo "shellcheck"
 git ls-files --cached --others --exclude-standard -- '*.sh' .ci/run | xargs shellcheck
 
-echo "header and reference"
+echo "exports, header and reference"
+python3 -B exports/generate.py --check
 tests/kit/check_header.sh clang clang++
 scripts/build_docs.sh
 

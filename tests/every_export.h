@@ -1,5 +1,4 @@
-// Every export of the library, made from the list that the library is linked by. `#define EXPORT(name)` and include
-// exports.inc for something else of each.
+// Every export of the library, called by its type.
 #pragma once
 
 #include "vesk_sondrel.h"
@@ -19,7 +18,7 @@ std::vector<Function*> ExportsOfType() {
         }
     };
 #define EXPORT(name) look(name);
-#include "exports.inc"
+#include "exports/generated/export_names.inc"
 #undef EXPORT
     return found;
 }

@@ -1,7 +1,7 @@
 // The table against what it describes.
 #include "exports/export_table.h"
 
-#include "every_export.h"
+#include "vesk_sondrel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ TEST(ExportTable, HasEveryNameOfTheLibraryOnce) {
 TEST(ExportTable, CallsEachExportAsTheHeaderDeclaresIt) {
     const std::pair<const char*, std::type_index> declared[] = {
 #define EXPORT(name) {#name, typeid(&name)},
-#include "exports.inc"
+#include "exports/generated/export_names.inc"
 #undef EXPORT
     };
     ASSERT_EQ(std::size(declared), tool::ExportCount);

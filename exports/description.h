@@ -1,0 +1,138 @@
+// The exports of the library as exports.json describes them; the data is generated (exports/generate.py).
+#pragma once
+
+#include "exports/generated/enums.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace exports {
+
+/// What an answer means, as far as its value shows it.
+enum class State : std::uint8_t { Ok, Failed, Absent, NotRead, NoSession, NotReady };
+
+enum class Match : std::uint8_t {
+    Whole,     // the whole answer
+    Element,   // an element of a list
+    Untouched, // the buffer is as it was
+    ErrorCode, // the result is not 0 but the system's error code
+    Other      // every value without an entry before this one
+};
+
+/// An answer that means something of its own.
+struct SpecialValue {
+    Match match;
+    /// As the tool prints it.
+    std::string_view text;
+    /// What to assume where nothing else is known.
+    State state;
+    /// It can also be the answer of a failed reading.
+    bool canFail;
+    std::string_view meaning;
+};
+
+enum class Display : std::uint8_t {
+    Plain,
+    Hexadecimal, // a version word
+    Letters,     // the characters that are packed into a number
+    Fraction,    // of one whole
+    List,        // elements separated by ";"
+    Document,    // JSON
+    Bytes,       // in hexadecimal
+    Registers    // of the processor, in hexadecimal
+};
+
+enum class InReport : std::uint8_t {
+    Called,
+    Session, // the report's own opening of the session is the answer
+    Skipped  // it changes the machine or the session
+};
+
+enum class BufferRule : std::uint8_t {
+    None,
+    Exact,   // exactly so much is read or written
+    AtLeast, // the text never needs more
+    Grows    // there is no limit; so much is enough for known machines
+};
+
+struct Buffer {
+    /// In characters for wide text, in bytes for everything else; the terminator included.
+    std::size_t size = 0;
+    BufferRule rule = BufferRule::None;
+};
+
+/// Of a list.
+struct Element {
+    /// "fan", "cell"; empty where it has no name.
+    std::string_view name;
+    /// How many there are; 0 where that depends on the machine.
+    std::size_t count = 0;
+};
+
+struct Export {
+    std::string_view name;
+    Group group;
+    Signature signature;
+    /// In C, without a semicolon.
+    std::string_view declaration;
+    std::string_view summary;
+    std::string_view unit;
+    Display display = Display::Plain;
+    /// What a user has to give, in capitals, and a value for it; empty for nothing.
+    std::string_view argument;
+    std::string_view sample;
+    Buffer buffer;
+    Element element;
+    /// At least on some machines, or for the first reading.
+    bool needsSession = false;
+    /// The next reading usually differs: a temperature, a counter, the time.
+    bool moves = false;
+    InReport report = InReport::Called;
+    /// The drawing of a report page that it is in, or empty; and whether a watch without names shows it.
+    std::string_view chart;
+    bool watched = false;
+    /// Identifies the machine: a label of the info metric.
+    std::string_view infoLabel;
+    std::span<const SpecialValue> values;
+};
+
+/// In the order of the header.
+std::span<const Export> AllExports();
+
+/// Null where the library has no such export.
+const Export* FindExport(std::string_view name);
+
+std::string_view TitleOf(Group group);
+
+/// The drawings of a report page in their order.
+std::span<const std::string_view> ChartTitles();
+
+enum class MetricType : std::uint8_t { Gauge, Counter };
+
+/// From the export's unit to the base unit: (number * factor + offset) / divisor. The division keeps 3862 mV at
+/// 3.862 V.
+struct Conversion {
+    double factor = 1;
+    double offset = 0;
+    double divisor = 1;
+};
+
+/// What an export's numbers are called in Prometheus. The exports of one metric are neighbours.
+struct Metric {
+    /// The export's place in AllExports().
+    std::size_t index;
+    std::string_view name;
+    std::string_view help;
+    MetricType type;
+    Conversion conversion;
+    /// What distinguishes the samples of one metric.
+    std::string_view label;
+    /// Its value, or those of a list's elements, separated by ","; empty: the elements are counted from 0.
+    std::string_view labelValues;
+};
+
+std::span<const Metric> AllMetrics();
+
+} // namespace exports
