@@ -11,6 +11,7 @@ git ls-files --cached --others --exclude-standard -- '*.sh' .ci/run | xargs shel
 
 echo "exports, header and reference"
 python3 -B exports/generate.py --check
+python3 -B exports/check_header.py
 tests/kit/check_header.sh clang clang++
 scripts/build_docs.sh
 
