@@ -196,7 +196,8 @@ def optional_members(description: Description, export: dict):
         yield f".argument = {string(argument['name'].upper())}"
         yield f".sample = {string(argument['sample'])}"
     if sizes and value["kind"] != "registers":
-        yield f".buffer = {{{sizes[0]['count']}, BufferRule::{camel(sizes[0]['kind'])}}}"
+        size = sizes[0]
+        yield f".buffer = {{{size['count']}, {string(size['unit'])}, BufferRule::{camel(size['kind'])}}}"
     if value["kind"] == "list":
         yield f".element = {{{string(value['element'].get('name', ''))}, {value.get('count', 0)}}}"
     if export["session"] in ("needed", "until_cached", "some_codes"):

@@ -58,8 +58,10 @@ enum class BufferRule : std::uint8_t {
 };
 
 struct Buffer {
-    /// In characters for wide text, in bytes for everything else; the terminator included.
+    /// The terminator included.
     std::size_t size = 0;
+    /// "bytes" or "characters".
+    std::string_view unit;
     BufferRule rule = BufferRule::None;
 };
 

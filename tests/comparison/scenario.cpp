@@ -28,9 +28,9 @@ void TellSettings(const tool::Host& host) {
     nlohmann::ordered_json exports = nlohmann::ordered_json::array();
     for (const auto& [name, argument] : Settings) {
         const tool::Export& row = tool::ExportNamed(name);
-        const tool::Answer answer = row.shape->call(host.library.Find(name), row, {.argument = argument});
+        const tool::Answer answer = tool::Call(host.library.Find(name), row, {.argument = argument});
         exports.push_back({{"name", name},
-                           {"status", tool::TextOf(tool::Judge(row, answer).status)},
+                           {"status", tool::TextOf(tool::Classify(row, answer).status)},
                            {"value", answer.bare}});
     }
     std::cout << nlohmann::ordered_json{{"exports", exports}}.dump(2) << '\n';

@@ -17,7 +17,7 @@ namespace {
 /// consumer attached.
 void ForEachRun(const std::function<void(std::string_view name, const Run& run)>& look) {
     Stage stage({.used = true});
-    for (const tool::Export& row : tool::AllExports()) {
+    for (const exports::Export& row : exports::AllExports()) {
         stage.Restart();
         look(row.name, stage.Play(CallOf(row, stage.Where().initCom, RoomOf(row))));
     }

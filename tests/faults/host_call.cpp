@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdio>
 #include <span>
 #include <stdexcept>
 #include <type_traits>
@@ -19,6 +20,7 @@ namespace {
 using Byte = std::uint8_t;
 using Word = std::uint32_t;
 using Number = std::int32_t;
+using exports::Signature;
 
 template <class Unit>
 class GuardedBuffer {
@@ -102,7 +104,7 @@ auto Invoke(void* address, Arguments... arguments) {
 /// How the host calls: the export, and what differs between hosts.
 struct HostSide {
     void* address;
-    const tool::Export& row;
+    const exports::Export& row;
     std::uint8_t initCom;
     std::size_t room;
 };
@@ -130,7 +132,7 @@ HostAnswer CallNumber(const HostSide& side) {
     return NumberAnswer(number);
 }
 
-HostAnswer CallSetPath(const HostSide& side) {
+HostAnswer CallSetWideText(const HostSide& side) {
     return NumberAnswer(Invoke<Number(const char16_t*, Byte)>(
         side.address, u"C:\\ProgramData\\Vesk\\VeskTessaly", side.initCom));
 }
@@ -141,11 +143,9 @@ HostAnswer CallStringObject(const HostSide& side) {
 }
 
 HostAnswer CallNarrowText(const HostSide& side) {
-    // The date, the name and the time fill their buffers to the last byte whatever they say.
-    constexpr std::string_view Fixed[] = {"Battery_Read_ManufactureDate", "Battery_Read_ManufactureName",
-                                          "System_Read_LocalTime"};
-    return TextIn(Filled<char>(side.row.traits.size, As<void(char*)>(side.address)),
-                  std::ranges::find(Fixed, side.row.name) != std::end(Fixed));
+    // Some exports write their buffers to the last byte, whatever the string in them.
+    return TextIn(Filled<char>(side.row.buffer.size, As<void(char*)>(side.address)),
+                  side.row.buffer.rule == exports::BufferRule::Exact);
 }
 
 HostAnswer CallWideText(const HostSide& side) {
@@ -158,7 +158,7 @@ HostAnswer CallWideTextCom(const HostSide& side) {
 }
 
 HostAnswer CallReadBytes(const HostSide& side) {
-    const std::size_t size = side.row.traits.size;
+    const std::size_t size = side.row.buffer.size;
     Word code = 0;
     const auto buffer = Filled<Byte>(size, [&](Byte* out) { code = As<Word(Byte*)>(side.address)(out); });
     return {(buffer.Untouched() ? std::string(tool::BufferUntouched) : tool::Hex(buffer.Room()))
@@ -167,47 +167,47 @@ HostAnswer CallReadBytes(const HostSide& side) {
 }
 
 HostAnswer CallWriteBytes(const HostSide& side) {
-    const std::vector<Byte> bytes(side.row.traits.size, Byte{'7'});
+    const std::vector<Byte> bytes(side.row.buffer.size, Byte{'7'});
     return NumberAnswer(Invoke<Word(const Byte*)>(side.address, bytes.data()));
 }
 
-HostAnswer CallProcessorLeaf(const HostSide& side) {
+HostAnswer CallRegisters(const HostSide& side) {
     const auto words = Filled<Word>(4, [&](Word* out) {
         As<void(Word, Word*, Word*, Word*, Word*)>(side.address)(0, out, out + 1, out + 2, out + 3);
     });
     if (words.Untouched()) {
         return {std::string(tool::BufferUntouched), ""};
     }
-    HostAnswer answer{"", words.Beyond(4)};
-    for (const Word word : words.Room()) {
-        answer.text += std::to_string(word) + ' ';
-    }
-    return answer;
+    std::array<char, 4 * 8 + 4> text{};
+    const std::span registers = words.Room();
+    std::snprintf(text.data(), text.size(), "%08x %08x %08x %08x", registers[0], registers[1], registers[2],
+                  registers[3]);
+    return {text.data(), words.Beyond(4)};
 }
 
 struct Way {
-    const tool::Shape* shape;
+    Signature signature;
     HostAnswer (*call)(const HostSide& side);
 };
 
 constexpr Way Ways[] = {
-    {&tool::shape::Nothing, CallNothing},
-    {&tool::shape::Signed, CallNumber<Number()>},
-    {&tool::shape::Unsigned, CallNumber<Word()>},
-    {&tool::shape::Float, CallNumber<float()>},
-    {&tool::shape::Double, CallNumber<double()>},
-    {&tool::shape::SignedCom, CallNumber<Number(Byte)>},
-    {&tool::shape::SetNumberCom, CallNumber<Number(Number, Byte), 2>},
-    {&tool::shape::SetByteCom, CallNumber<Number(Byte, Byte), Byte{2}>},
-    {&tool::shape::SetPathCom, CallSetPath},
-    {&tool::shape::AddOne, CallNumber<Word(Word), Word{1}>},
-    {&tool::shape::StringObject, CallStringObject},
-    {&tool::shape::NarrowText, CallNarrowText},
-    {&tool::shape::WideText, CallWideText},
-    {&tool::shape::WideTextCom, CallWideTextCom},
-    {&tool::shape::ReadBytes, CallReadBytes},
-    {&tool::shape::WriteBytes, CallWriteBytes},
-    {&tool::shape::ProcessorLeaf, CallProcessorLeaf},
+    {Signature::NoResult, CallNothing},
+    {Signature::Int32, CallNumber<Number()>},
+    {Signature::Uint32, CallNumber<Word()>},
+    {Signature::Float, CallNumber<float()>},
+    {Signature::Double, CallNumber<double()>},
+    {Signature::Int32Com, CallNumber<Number(Byte)>},
+    {Signature::SetInt32Com, CallNumber<Number(Number, Byte), 2>},
+    {Signature::SetUint8Com, CallNumber<Number(Byte, Byte), Byte{2}>},
+    {Signature::SetWideTextCom, CallSetWideText},
+    {Signature::Uint32OfUint32, CallNumber<Word(Word), Word{1}>},
+    {Signature::String, CallStringObject},
+    {Signature::NarrowText, CallNarrowText},
+    {Signature::WideText, CallWideText},
+    {Signature::WideTextCom, CallWideTextCom},
+    {Signature::ReadBytes, CallReadBytes},
+    {Signature::WriteBytes, CallWriteBytes},
+    {Signature::Registers, CallRegisters},
 };
 
 } // namespace
@@ -216,9 +216,9 @@ HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t room
     return TextIn(Filled<char16_t>(room, read));
 }
 
-HostCall CallOf(const tool::Export& row, std::uint8_t initCom, std::size_t room) {
+HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t room) {
     void* const address = ::dlsym(RTLD_DEFAULT, std::string(row.name).c_str());
-    const auto* const way = std::ranges::find(Ways, row.shape, &Way::shape);
+    const auto* const way = std::ranges::find(Ways, row.signature, &Way::signature);
     if (address == nullptr || way == std::end(Ways)) {
         throw std::runtime_error(std::string(row.name) + " is not linked in, or called in an unknown way");
     }

@@ -1,7 +1,7 @@
 // One call of an export as a careful host makes it: into a buffer of the stated size, between guard characters.
 #pragma once
 
-#include "exports/export_table.h"
+#include "exports/answer.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -21,7 +21,7 @@ struct HostAnswer {
 using HostCall = std::function<HostAnswer()>;
 
 /// An export of the library that is linked in. `room` is in characters and counts the terminator.
-HostCall CallOf(const tool::Export& row, std::uint8_t initCom, std::size_t room);
+HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t room);
 
 /// The same for a reading that writes a wide text.
 HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t room);

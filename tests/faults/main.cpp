@@ -19,17 +19,17 @@
 namespace {
 
 using namespace sweep;
-using tool::Family;
-using enum tool::Family;
+using exports::Group;
+using enum exports::Group;
 
 constexpr int Interrupted = 128 + SIGINT;
 
 volatile std::sig_atomic_t InterruptCame = 0;
 
-/// One machine in one situation, with the families of exports for which it differs from the others.
+/// One machine in one situation, with the groups of exports for which it differs from the others.
 struct Scene {
     Situation situation;
-    std::vector<Family> families; // none: all
+    std::vector<Group> groups; // none: all
 };
 
 /// Another process keeps the settings files open, so that they have to be written in place.
@@ -47,15 +47,15 @@ constexpr const char* MinimisedFrame = R"({"windows": [
      "visible": false}]})";
 
 std::vector<Scene> Scenes() {
-    const std::vector<Family> ec{Identity, Battery, Thermal, Processor, System};
-    const std::vector<Family> radios{WiFi, Bluetooth, Adapters};
-    const std::vector<Family> firmware{EventLog, Variables, Features};
+    const std::vector<Group> ec{Identity, Battery, BatteryEc, Thermal, Processor, System};
+    const std::vector<Group> radios{Wifi, Bluetooth, Adapters};
+    const std::vector<Group> firmware{FirmwareLog, FirmwareVariables, Features};
     std::vector<Scene> scenes{
         {{}, {}},
         {{.used = true}, {}},
         {{.session = false}, {}},
-        {{.used = true, .initCom = 0}, {Features, Disks, Inventory, Adapters, System}},
-        {{.machine = "awkward-wmi", .lacking = true}, {Disks, Inventory, Adapters, Usage}},
+        {{.used = true, .initCom = 0}, {Features, Inventory, Adapters, System}},
+        {{.machine = "awkward-wmi", .lacking = true}, {Inventory, Adapters, Usage}},
         {{.machine = "bare-firmware", .used = true, .lacking = true}, firmware},
         {{.used = true, .changes = HeldSettings}, {Features}},
         {{.changes = MinimisedFrame}, {Usage}},
@@ -82,8 +82,8 @@ void TellProgress(const Situation& where, std::string_view name) {
 
 void Play(const Scene& scene, Tally& tally) {
     Stage stage(scene.situation);
-    for (const tool::Export& row : tool::AllExports()) {
-        const bool belongs = scene.families.empty() || std::ranges::count(scene.families, row.family) != 0;
+    for (const exports::Export& row : exports::AllExports()) {
+        const bool belongs = scene.groups.empty() || std::ranges::count(scene.groups, row.group) != 0;
         if (belongs && InterruptCame == 0) {
             TellProgress(scene.situation, row.name);
             SweepReading(stage, {&row, CallOf(row, scene.situation.initCom, RoomOf(row))}, tally);
@@ -130,7 +130,7 @@ int SweepPlanted() {
         const auto call = [&planted] {
             return CallWide(planted.read, 512);
         };
-        SweepReading(stage, {tool::FindExport("GetInfVersion"), call}, tally);
+        SweepReading(stage, {exports::FindExport("GetInfVersion"), call}, tally);
         const auto said = std::ranges::count_if(tally.complaints, [&](const std::string& complaint) {
             return complaint.find(planted.complaint) != std::string::npos;
         });

@@ -1,7 +1,7 @@
 #include "rules.h"
 
 #include "base/text.h"
-#include "exports/judge.h"
+#include "exports/generated/fault_expectations.h"
 
 #include <nlohmann/json.hpp>
 
@@ -10,42 +10,21 @@
 #include <charconv>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace sweep {
 namespace {
 
+using exports::AnswerForm;
+using exports::Export;
+using exports::FaultExpectation;
+using exports::Group;
+using exports::Match;
+using exports::SpecialValue;
+using exports::State;
 using observer::Failure;
 using observer::Operation;
-using tool::Export;
-using tool::Family;
-
-/// How far an answer may lie between the good one and a failure value.
-enum class Form : std::uint8_t {
-    Whole,    // not at all
-    EcNumber, // bytes that the driver refused are 0; a word of the battery bus may be another one's
-    EcList,   // the same in each place
-    Letters,  // a text cut short
-    Places,   // values between ";": each the good one, empty, or from the machine
-    Words,    // the same between blanks
-    Radios,   // the state of an earlier radio, where the search for the next one failed
-    Document, // JSON of the same shape: fewer records, texts empty or from the machine
-};
-
-/// At most eight; the rest is nothing.
-using NameList = std::array<std::optional<std::string_view>, 8>;
-
-/// What the tool's table of meanings does not say.
-struct Rule {
-    std::string_view name;
-    Form form = Form::Whole;
-    NameList failures{};
-    /// The good answer may come although one of these failed; "*" stands for all.
-    NameList without{};
-    /// It may not come when one of these failed, although it may for most exports.
-    NameList needs{};
-    std::size_t room = 4096;
-};
 
 /// Failures that say nothing of the answer: the sinks of the diagnostics, and what only they ask for.
 constexpr Operation Sinks[] = {Operation::EventRegister,      Operation::EventSetInformation,
@@ -66,102 +45,20 @@ constexpr Operation Dispensable[] = {Operation::Next,
                                      Operation::WlanQueryInterface,
                                      Operation::WlanGetNetworkBssList};
 
-constexpr NameList Everything{"*"};
-constexpr std::size_t Unbounded = 65536;
-
-constexpr Rule Rules[] = {
-    {.name = "InitializeSondrel", .without = {"CreateFileW"}},
-    {.name = "GetDriverVersion", .form = Form::EcNumber},
-    {.name = "GetRefCount", .form = Form::EcNumber},
-    {.name = "Battery_Read_CapacityPercentage", .failures = {"0"}},
-    {.name = "Battery_Read_CycleCount",
-     .form = Form::EcNumber,
-     .without = {"SetupDiGetClassDevsW", "CreateFileW"}},
-    {.name = "Battery_Read_CellVoltage", .form = Form::EcList},
-    {.name = "Battery_Read_ManufactureDate", .form = Form::EcList},
-    {.name = "Battery_Read_ManufactureName", .form = Form::Letters},
-    {.name = "Thermal_Read_Fan", .form = Form::EcList},
-    {.name = "CPU_ReadCPUUsage", .failures = {"0"}},
-    {.name = "CPU_ReadCpuId", .form = Form::Words, .failures = {"0 0 0 0 "}, .needs = {"DeviceIoControl"}},
-    {.name = "GetEEPROM_Data", .form = Form::Document, .without = {"CreateFileW"}, .room = Unbounded},
-    {.name = "GetSENSOR_WMI_Data", .form = Form::Document, .needs = {"DeviceIoControl"}, .room = 26},
-    {.name = "GPNV_Get_ActivatedTime", .failures = {"(buffer untouched)"}},
-    {.name = "GPNV_Get_RandomUUID", .without = {"GetFirmwareEnvironmentVariableW"}},
-    {.name = "GPNV_Set_ActivatedTime", .without = Everything, .needs = {"SetFirmwareEnvironmentVariableW"}},
-    {.name = "GPNV_Set_ManufacturedTime",
-     .without = Everything,
-     .needs = {"SetFirmwareEnvironmentVariableW"}},
-    {.name = "GPNV_Set_RandomUUID", .without = Everything, .needs = {"SetFirmwareEnvironmentVariableW"}},
-    {.name = "WMICheckBatteryHealthSupport", .failures = {"0"}, .needs = {"Next"}},
-    {.name = "WMICheckQuietFanSupport", .failures = {"-1"}, .needs = {"Next"}},
-    {.name = "WMIGetBatteryHealth", .failures = {"100"}, .without = Everything, .needs = {"CreateFileW"}},
-    {.name = "WMIGetQuietFan", .failures = {"0"}, .without = Everything, .needs = {"CreateFileW"}},
-    {.name = "WMISetBatteryHealth",
-     .without = Everything,
-     .needs = {"GetMethod", "SpawnInstance", "ExecMethod"}},
-    {.name = "WMISetQuietFan", .without = Everything, .needs = {"GetMethod", "SpawnInstance", "ExecMethod"}},
-    {.name = "WMISetAppPath", .without = Everything, .needs = {"RegSetValueExW"}},
-    {.name = "WMIGetHDDTemp", .form = Form::Places, .room = 1200},
-    {.name = "WMIGetExternMonitorNum", .failures = {"0"}},
-    {.name = "WMIGetOSInfo", .form = Form::Words},
-    {.name = "WMIGetSystemChassisTypes"},
-    {.name = "WMIGetWiFiBytesPersec", .form = Form::Places, .without = {"Get"}, .room = 64},
-    {.name = "RF_WiFiCardName", .room = 257},
-    {.name = "RF_BTIsUsed", .form = Form::Radios},
-    {.name = "System_Check_S_Mode", .without = Everything},
-    {.name = "System_GetCountryCode_ISO2", .room = 11},
-    {.name = "System_Read_LocalTime", .failures = {""}},
-    {.name = "GetApplist_x64", .form = Form::Document, .room = Unbounded},
-    {.name = "GetApplist_x86", .form = Form::Document, .room = Unbounded},
-    {.name = "GetApplist_UWP",
-     .form = Form::Document,
-     .without = {"GetPackagesByPackageFamily", "SHLoadIndirectString", "GetPackagePathByFullName",
-                 "put_async", "put_validateOnParse", "put_resolveExternals", "put_preserveWhiteSpace"},
-     .room = Unbounded},
-    {.name = "App_Get_UWPApp", .form = Form::Places, .needs = {"RegOpenKeyExW", "RegEnumKeyExW"}},
-    {.name = "App_Get_Win32App", .form = Form::Places},
-    {.name = "App_Get_Win32WOW6432App", .form = Form::Places, .needs = {"RegEnumKeyExW"}},
-    {.name = "GetInfVersion",
-     .without = {"CM_Locate_DevNodeW", "CM_Get_DevNode_Registry_PropertyW"},
-     .needs = {"RegOpenKeyExW", "RegQueryValueExW"},
-     .room = 512},
-    {.name = "GetUWPVersion", .room = 128},
-    {.name = "AppList_OpenWindows", .form = Form::Document, .without = Everything, .needs = {"EnumWindows"}},
-    {.name = "AppList_CpuUsage", .form = Form::Document, .without = {"Get"}},
-    {.name = "AppList_MemUsage", .form = Form::Document, .without = {"Get"}},
-    {.name = "AppList_HardwareConfig", .form = Form::Document, .without = {"GetMute"}, .room = 65},
-    {.name = "System_Read_TabletMode", .form = Form::EcNumber, .needs = {"DeviceIoControl"}},
-};
-
-const Rule& RuleOf(const Export& row) {
-    static constexpr Rule Plain{};
-    static constexpr Rule EcReading{.name = "", .form = Form::EcNumber};
-    static constexpr Rule WmiList{.name = "", .form = Form::Places};
-    static constexpr Rule PowerValue{.name = "", .form = Form::EcNumber, .failures = {"0"}};
-    const auto* const own = std::ranges::find(Rules, row.name, &Rule::name);
-    if (own != std::end(Rules)) {
-        return *own;
-    }
-    if (row.shape == &tool::shape::WideTextCom) {
-        return WmiList;
-    }
-    const bool ec = row.traits.session && row.meanings.data() != nullptr;
-    return !ec ? Plain : row.family == Family::Processor ? PowerValue : EcReading;
-}
-
 template <class List, class Item>
 bool Has(const List& list, const Item& item) {
     return std::ranges::find(list, item) != std::end(list);
 }
 
-bool Names(const NameList& list, std::string_view operation) {
+/// "*" stands for all of them.
+bool Names(std::span<const std::string_view> list, std::string_view operation) {
     return Has(list, operation) || Has(list, std::string_view("*"));
 }
 
 /// What an answer has to be, by what failed.
 enum class Wanted : std::uint8_t { Good, NotGood, Either };
 
-Wanted WantedAfter(const Rule& rule, const Fault& fault) {
+Wanted WantedAfter(const FaultExpectation& expected, const Fault& fault) {
     if (fault.heap) {
         return Wanted::Either;
     }
@@ -172,10 +69,11 @@ Wanted WantedAfter(const Rule& rule, const Fault& fault) {
         return Wanted::Either;
     }
     const std::string_view name = observer::RowOf(fault.operation).name;
-    if (Has(rule.needs, name)) {
+    if (Has(expected.mustNotice, name)) {
         return Wanted::NotGood;
     }
-    return Names(rule.without, name) || Has(Dispensable, fault.operation) ? Wanted::Either : Wanted::NotGood;
+    return Names(expected.maySucceedWithout, name) || Has(Dispensable, fault.operation) ? Wanted::Either
+                                                                                        : Wanted::NotGood;
 }
 
 std::optional<std::int64_t> NumberIn(std::string_view text) {
@@ -285,61 +183,72 @@ bool EndsRadioSearch(const Fault& fault) {
            (fault.andLater && Has(Sinks, fault.operation));
 }
 
-bool Fits(const Rule& rule, const Fault& fault, const std::string& answer, const std::string& good,
+bool Fits(AnswerForm form, const Fault& fault, const std::string& answer, const std::string& good,
           std::string_view profile) {
     const auto known = [&](std::string_view place, const std::vector<std::string_view>& goodPlaces) {
         return Has(goodPlaces, place) || IsFromMachine(place, profile);
     };
-    switch (rule.form) {
-    case Form::Whole:
+    switch (form) {
+    case AnswerForm::Exact:
         return false;
-    case Form::EcNumber:
+    case AnswerForm::EcNumber:
         return IsEcNumber(fault, answer, good, false);
-    case Form::EcList:
+    case AnswerForm::EcList:
         return IsEcList(fault, answer, good);
-    case Form::Letters:
+    case AnswerForm::ShortenedText:
         return fault.kind != Failure::Status && good.starts_with(answer);
-    case Form::Places:
+    case AnswerForm::List:
         return ArePlaces(answer, good, ';', known);
-    case Form::Words:
+    case AnswerForm::Words:
         return ArePlaces(answer, good, ' ', known);
-    case Form::Radios:
+    case AnswerForm::Radio:
         return EndsRadioSearch(fault) && (answer == "0" || answer == "1");
-    case Form::Document:
+    case AnswerForm::Document:
         return IsDocument(answer, good, profile);
     }
     return false;
 }
 
-bool IsFailureValue(const Export& row, const Rule& rule, const std::string& answer) {
-    if (Has(rule.failures, answer) ||
-        (row.shape == &tool::shape::ReadBytes && answer.starts_with(tool::BufferUntouched))) {
-        return true;
-    }
-    const tool::Meaning* const meaning = tool::MeaningOf(row, answer);
-    return meaning != nullptr && meaning->status != tool::Status::Ok;
+/// What the description says of the answer, or null. An untouched buffer may be followed by the result's error code.
+const SpecialValue* SpecialAnswer(const Export& row, const std::string& answer) {
+    const bool untouched = answer.starts_with(tool::BufferUntouched);
+    const auto found = std::ranges::find_if(row.values, [&](const SpecialValue& value) {
+        return value.match == Match::Other || (value.match == Match::Untouched && untouched) ||
+               (value.match == Match::Whole && value.text == answer);
+    });
+    return found != row.values.end() ? &*found : nullptr;
+}
+
+bool IsFailureValue(const Export& row, const std::string& answer) {
+    const SpecialValue* const special = SpecialAnswer(row, answer);
+    return special != nullptr && special->canFail;
+}
+
+const FaultExpectation& ExpectationOf(const Export& row) {
+    return exports::FaultExpectations[static_cast<std::size_t>(&row - exports::AllExports().data())];
 }
 
 } // namespace
 
 std::size_t RoomOf(const Export& row) {
-    return RuleOf(row).room;
+    constexpr std::size_t Growing = 65536; // more than any machine of the sweep needs
+    return row.buffer.rule == exports::BufferRule::Grows ? Growing : row.buffer.size;
 }
 
 std::string Objection(const Export& row, const Fault& fault, const std::string& answer,
                       const std::string& good, std::string_view profile) {
-    const Rule& rule = RuleOf(row);
-    const Wanted wanted = WantedAfter(rule, fault);
+    const FaultExpectation& expected = ExpectationOf(row);
+    const Wanted wanted = WantedAfter(expected, fault);
     if (answer == good) {
         // A reading that fails anyway has nothing left to lose, and a refused byte is 0.
-        const bool told = wanted != Wanted::NotGood || IsFailureValue(row, rule, good) ||
-                          (rule.form == Form::EcNumber && good == "0");
+        const bool told = wanted != Wanted::NotGood || IsFailureValue(row, good) ||
+                          (expected.form == AnswerForm::EcNumber && good == "0");
         return told ? "" : "the failure was swallowed";
     }
     if (wanted == Wanted::Good) {
         return "a failed sink changed the answer";
     }
-    return IsFailureValue(row, rule, answer) || Fits(rule, fault, answer, good, profile)
+    return IsFailureValue(row, answer) || Fits(expected.form, fault, answer, good, profile)
                ? ""
                : "no answer for this failure";
 }
@@ -348,17 +257,15 @@ bool MayStay(const Export& row, const Fault& fault, const std::string& answer, c
     if (fault.heap) {
         return false;
     }
-    if (row.family == Family::WiFi || row.family == Family::Bluetooth || row.family == Family::Adapters) {
-        const auto is = [&row](const std::string& text, tool::Status status) {
-            const tool::Meaning* const meaning = tool::MeaningOf(row, text);
-            return meaning != nullptr && meaning->status == status;
+    if (row.group == Group::Wifi || row.group == Group::Bluetooth || row.group == Group::Adapters) {
+        const auto is = [&row](const std::string& text, State state) {
+            const SpecialValue* const special = SpecialAnswer(row, text);
+            return special != nullptr && special->state == state;
         };
-        return answer == "0;0" || (row.family == Family::Bluetooth && EndsRadioSearch(fault)) ||
-               is(answer, tool::Status::NotRead) ||
-               (is(answer, tool::Status::Failed) && is(good, tool::Status::NotRead));
+        return answer == "0;0" || (row.group == Group::Bluetooth && EndsRadioSearch(fault)) ||
+               is(answer, State::NotRead) || (is(answer, State::Failed) && is(good, State::NotRead));
     }
-    return row.traits.session && fault.operation == Operation::DeviceIoControl &&
-           fault.kind != Failure::Status;
+    return row.needsSession && fault.operation == Operation::DeviceIoControl && fault.kind != Failure::Status;
 }
 
 } // namespace sweep

@@ -12,7 +12,7 @@
 namespace sweep {
 
 struct Subject {
-    const tool::Export* row;
+    const exports::Export* row;
     HostCall call;
 };
 

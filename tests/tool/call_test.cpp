@@ -47,7 +47,7 @@ TEST_F(CallTest, PrintsTheBareResultAndTellsWhatAFailureMeans) {
         {{"CPU_ReadCpuId", "1"}, untouched, "failed: no session is open"},
 
         {{"WMISetBatteryHealth", "-80"}, "1"},
-        {{"WMISetBatteryHealth", "80"}, "0", "failed: the firmware did not take it"},
+        {{"WMISetBatteryHealth", "80"}, "0", "failed: the firmware did not accept the value"},
         {{"WMISetQuietFan", "0xff"}, "1"},
         {{"WMISetAppPath", "C:\\Ä \U0001F600"}, "1"},
         {{"GPNV_Set_ActivatedTime", "text:2026-01-02 03:04:05"}, "0"},

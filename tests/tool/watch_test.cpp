@@ -71,7 +71,8 @@ TEST_F(WatchTest, TracesACallAsItRuns) {
     const test::Outcome real =
         Tool({"trace", "--library", DOUBLE_LIBRARY, "--", "WMISetBatteryHealth", "-80"});
     EXPECT_EQ(real.status, 0);
-    EXPECT_THAT(real.out, MatchesRegex("time +[0-9.]+ ms\nresult  1 \\(the firmware took it\\)\n"));
+    EXPECT_THAT(real.out,
+                MatchesRegex("time +[0-9.]+ ms\nresult  1 \\(the firmware accepted the value\\)\n"));
     EXPECT_THAT(real.err, HasSubstr("this library is not observed"));
 }
 

@@ -16,15 +16,15 @@ int CallExport(const Options& options) {
     progress.Clear();
     call.GiveBackSession(answer);
     interrupt::Check();
-    if (call.Row().shape != &shape::Nothing) {
+    if (call.Row().signature != Signature::NoResult) {
         std::cout << answer.bare << '\n';
     }
-    const Judgement judgement = Judge(call.Row(), answer);
-    if (judgement.status != Status::Ok) {
-        std::cerr << "sondrel: " << TextOf(judgement.status) << (judgement.meaning.empty() ? "" : ": ")
-                  << judgement.meaning << '\n';
+    const Classification classification = Classify(call.Row(), answer);
+    if (classification.status != Status::Ok) {
+        std::cerr << "sondrel: " << TextOf(classification.status)
+                  << (classification.meaning.empty() ? "" : ": ") << classification.meaning << '\n';
     }
-    return judgement.status == Status::Faulty ? ExitFault : ExitDone;
+    return classification.status == Status::Faulty ? ExitFault : ExitDone;
 }
 
 } // namespace tool

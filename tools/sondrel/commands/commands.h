@@ -2,8 +2,8 @@
 #pragma once
 
 #include "commands/options.h"
-#include "exports/export_table.h"
-#include "exports/judge.h"
+#include "exports/calls.h"
+#include "exports/classify.h"
 #include "exports/library.h"
 #include "machines/simulated_machine.h"
 
@@ -47,7 +47,7 @@ void OpenSession(std::optional<Session>& session, const Host& host);
 struct Reading {
     const Export& row;
     Answer answer;
-    Judgement judgement;
+    Classification classification;
 };
 
 using ReadingSink = std::function<void(const Reading&)>;

@@ -1,7 +1,7 @@
 // sondrel diff A B: what is compared. How it is told is in diff_text.cpp.
 #include "base/text.h"
 #include "base/trouble.h"
-#include "exports/metric_table.h"
+#include "exports/description.h"
 #include "readings/diff.h"
 
 #include <iostream>
@@ -18,6 +18,11 @@ bool IsValue(const KeptReading* reading) {
 const KeptReading* Find(const Snapshot& snapshot, std::string_view name) {
     const auto found = snapshot.readings.find(name);
     return found != snapshot.readings.end() ? &found->second : nullptr;
+}
+
+/// What an element of the export's list is called.
+std::string_view ElementNameOf(const Export* row) {
+    return row != nullptr && !row->element.name.empty() ? row->element.name : "place";
 }
 
 /// The names of both: those that this tool knows in its table's order, then what a newer tool has kept.
@@ -82,7 +87,7 @@ Differences Compare(const Snapshot& before, const Snapshot& after, bool steady) 
     Differences differences;
     for (const std::string& name : NamesOf(before, after)) {
         const Export* const row = FindExport(name);
-        if (steady && row != nullptr && row->traits.moves) {
+        if (steady && row != nullptr && row->moves) {
             ++differences.leftOut;
             continue;
         }
@@ -94,7 +99,7 @@ Differences Compare(const Snapshot& before, const Snapshot& after, bool steady) 
         const bool values = IsValue(difference.before) && IsValue(difference.after);
         if (values) {
             difference.changes =
-                ChangesBetween(difference.before->value, difference.after->value, PlaceNameOf(name));
+                ChangesBetween(difference.before->value, difference.after->value, ElementNameOf(row));
         }
         // Values are the same where no element has changed: some have no order.
         const bool same =

@@ -11,51 +11,55 @@ namespace {
 /// The name as a user types it, with what has to be given.
 std::string UsageOf(const Export& row) {
     std::string usage(row.name);
-    if (!row.shape->argument.empty()) {
-        usage.append(1, ' ').append(row.shape->argument);
+    if (!row.argument.empty()) {
+        usage.append(1, ' ').append(row.argument);
     }
     return usage;
 }
 
-std::string DeclarationOf(const Export& row) {
-    constexpr std::string_view Placeholder = "NAME";
-    std::string text(row.shape->declaration);
-    return text.replace(text.find(Placeholder), Placeholder.size(), row.name);
-}
-
-std::string Quoted(std::string_view value) {
-    return value.empty() ? "(empty)" : std::string(value);
+/// The value as a user sees it.
+std::string Shown(const SpecialValue& value) {
+    switch (value.match) {
+    case exports::Match::Untouched:
+        return std::string(BufferUntouched);
+    case exports::Match::ErrorCode:
+        return "(error code)";
+    case exports::Match::Other:
+        return "other";
+    default:
+        return value.text.empty() ? "(empty)" : std::string(value.text);
+    }
 }
 
 void PrintInFull(const Export& row, bool exported) {
-    std::cout << row.name << (exported ? "" : " (not exported by this library)") << "\n  " << row.description
-              << "\n\n  declared  " << DeclarationOf(row) << "\n  family    " << TitleOf(row.family)
+    std::cout << row.name << (exported ? "" : " (not exported by this library)") << "\n  " << row.summary
+              << "\n\n  declared  " << row.declaration << "\n  family    " << exports::TitleOf(row.group)
               << "\n  call      sondrel call " << UsageOf(row) << '\n';
-    if (!row.traits.unit.empty()) {
-        std::cout << "  unit      " << row.traits.unit << '\n';
+    if (!row.unit.empty()) {
+        std::cout << "  unit      " << row.unit << '\n';
     }
-    if (row.traits.size != 0) {
-        std::cout << "  buffer    " << row.traits.size << " bytes\n";
+    if (row.buffer.size != 0) {
+        std::cout << "  buffer    " << row.buffer.size << ' ' << row.buffer.unit << '\n';
     }
-    std::cout << "  session   " << (row.traits.session ? "needed" : "not needed") << '\n';
+    std::cout << "  session   " << (row.needsSession ? "needed" : "not needed") << '\n';
     std::size_t width = 0;
-    for (const Meaning& meaning : row.meanings) {
-        width = std::max(width, Quoted(meaning.value).size());
+    for (const SpecialValue& value : row.values) {
+        width = std::max(width, Shown(value).size());
     }
-    for (const Meaning& meaning : row.meanings) {
-        const std::string value = meaning.value == "*" ? "other" : Quoted(meaning.value);
-        std::cout << (&meaning == row.meanings.data() ? "  values    " : "            ") << value
-                  << std::string(width - std::min(width, value.size()) + 2, ' ') << TextOf(meaning.status)
-                  << ": " << meaning.text << '\n';
+    for (const SpecialValue& value : row.values) {
+        std::string text = Shown(value);
+        text.resize(width + 2, ' ');
+        std::cout << (&value == row.values.data() ? "  values    " : "            ") << text
+                  << TextOf(StatusOf(value.state)) << ": " << value.meaning << '\n';
     }
 }
 
 void PrintRow(const Export& row, bool exported, std::size_t width) {
     const std::string usage = UsageOf(row);
     std::cout << (exported ? "  " : "- ") << usage << std::string(width - usage.size() + 2, ' ')
-              << row.description;
-    if (!row.traits.unit.empty()) {
-        std::cout << " [" << row.traits.unit << ']';
+              << row.summary;
+    if (!row.unit.empty()) {
+        std::cout << " [" << row.unit << ']';
     }
     std::cout << '\n';
 }
@@ -76,8 +80,8 @@ int ListExports(const Options& options) {
     std::size_t missing = 0;
     const Export* previous = nullptr;
     for (const Export& row : AllExports()) {
-        if (previous == nullptr || previous->family != row.family) {
-            std::cout << (previous != nullptr ? "\n" : "") << TitleOf(row.family) << '\n';
+        if (previous == nullptr || previous->group != row.group) {
+            std::cout << (previous != nullptr ? "\n" : "") << exports::TitleOf(row.group) << '\n';
         }
         const bool exported = library.Find(row.name) != nullptr;
         PrintRow(row, exported, width);

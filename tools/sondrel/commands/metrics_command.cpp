@@ -3,13 +3,16 @@
 #include "base/text.h"
 #include "base/trouble.h"
 #include "commands/commands.h"
-#include "exports/metric_table.h"
+#include "exports/description.h"
 #include "output/readable.h"
 
 #include <charconv>
 
 namespace tool {
 namespace {
+
+using exports::Metric;
+using exports::MetricType;
 
 std::string LabelText(std::string_view text) {
     std::string escaped;
@@ -63,19 +66,16 @@ private:
     std::string m_text;
 };
 
-/// A place's number in the base unit; nothing where it failed, or is none.
-std::optional<double> NumberAt(const Reading& reading, std::string_view place, const Conversion& conversion) {
-    const Meaning* const meaning = MeaningOf(reading.row, place);
-    const std::optional<double> number = NumberIn(place);
-    if (!number || (meaning != nullptr && meaning->status != Status::Ok)) {
-        return std::nullopt;
-    }
-    return (*number * conversion.factor + conversion.offset) / conversion.divisor;
+/// The number in the base unit; nothing for what is none.
+std::optional<double> BaseNumber(std::string_view text, const exports::Conversion& conversion) {
+    const std::optional<double> number = NumberIn(text);
+    return number ? std::optional((*number * conversion.factor + conversion.offset) / conversion.divisor)
+                  : std::nullopt;
 }
 
 std::string LabelOfPlace(const Metric& metric, std::size_t place) {
-    const std::vector<std::string_view> values = Split(metric.labelValue, ',');
-    return Label(metric.label, metric.labelValue.empty() || place >= values.size()
+    const std::vector<std::string_view> values = Split(metric.labelValues, ',');
+    return Label(metric.label, metric.labelValues.empty() || place >= values.size()
                                    ? std::to_string(place)
                                    : std::string(values[place]));
 }
@@ -83,24 +83,26 @@ std::string LabelOfPlace(const Metric& metric, std::size_t place) {
 /// What one export adds to its metric. False where the reading failed, in a place or altogether.
 bool AddSamples(Page& page, const Metric& metric, const Reading& reading) {
     if (!HasValue(reading)) {
-        return reading.judgement.status == Status::Absent || reading.judgement.status == Status::NotRead;
+        return reading.classification.status == Status::Absent ||
+               reading.classification.status == Status::NotRead;
     }
-    if (reading.row.traits.display != Display::List) {
-        const auto number = NumberAt(reading, reading.answer.bare, metric.conversion);
+    if (reading.row.display != Display::List) {
+        const auto number = BaseNumber(reading.answer.bare, metric.conversion);
         if (number) {
             page.Add(metric.name, metric.label.empty() ? "" : LabelOfPlace(metric, 0), *number);
         }
         return number.has_value();
     }
-    const std::vector<std::string_view> places = PlacesOf(reading.answer.bare);
+    const std::vector<std::string_view> places = ElementsOf(reading.answer.bare);
     bool whole = true;
     for (std::size_t place = 0; place < places.size(); ++place) {
-        const auto number = NumberAt(reading, places[place], metric.conversion);
+        const Status status = StatusOfElement(reading.row, places[place]);
+        const auto number =
+            status == Status::Ok ? BaseNumber(places[place], metric.conversion) : std::nullopt;
         if (number) {
             page.Add(metric.name, LabelOfPlace(metric, place), *number);
         }
-        const Meaning* const meaning = MeaningOf(reading.row, places[place]);
-        whole = whole && (number || (meaning != nullptr && meaning->status == Status::Absent));
+        whole = whole && (number || status == Status::Absent);
     }
     return whole;
 }
@@ -119,14 +121,14 @@ public:
         Page failures;
         failures.Begin("sondrel_reading_failed", "1 if a reading failed, altogether or in one of its places.",
                        MetricType::Gauge);
-        for (const Metric& metric : AllMetrics()) {
-            const Reading reading = ReadOne(m_host, m_options, *FindExport(metric.exportName), m_session);
+        for (const Metric& metric : exports::AllMetrics()) {
+            const Reading reading = ReadOne(m_host, m_options, AllExports()[metric.index], m_session);
             if (metric.name != begun) {
                 m_page.Begin(metric.name, metric.help, metric.type);
                 begun = metric.name;
             }
             const bool good = AddSamples(m_page, metric, reading);
-            failures.Add("sondrel_reading_failed", Label("export", metric.exportName), good ? 0 : 1);
+            failures.Add("sondrel_reading_failed", Label("export", reading.row.name), good ? 0 : 1);
         }
         return m_page.Text() + failures.Text();
     }
@@ -136,10 +138,13 @@ private:
         m_page.Begin("sondrel_build_info", "The tool that wrote this.", MetricType::Gauge);
         m_page.Add("sondrel_build_info", Label("version", SONDREL_VERSION), 1);
         std::string labels;
-        for (const Identity& identity : AllIdentities()) {
-            const Reading reading = ReadOne(m_host, m_options, *FindExport(identity.exportName), m_session);
+        for (const Export& row : AllExports()) {
+            if (row.infoLabel.empty()) {
+                continue;
+            }
+            const Reading reading = ReadOne(m_host, m_options, row, m_session);
             if (HasValue(reading)) {
-                labels.append(labels.empty() ? "" : ",").append(Label(identity.label, reading.answer.bare));
+                labels.append(labels.empty() ? "" : ",").append(Label(row.infoLabel, reading.answer.bare));
             }
         }
         m_page.Begin("sondrel_machine_info", "What the machine is.", MetricType::Gauge);

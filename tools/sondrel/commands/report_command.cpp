@@ -18,8 +18,8 @@ Reading ReadSession(const Export& row, const std::optional<Session>& session) {
     }
     const std::int64_t opened = session->IsOpen() ? 1 : 0;
     Answer answer{.bare = std::to_string(opened), .number = opened};
-    Judgement judgement = Judge(row, answer);
-    return {row, std::move(answer), std::move(judgement)};
+    Classification classification = Classify(row, answer);
+    return {row, std::move(answer), std::move(classification)};
 }
 
 } // namespace
@@ -30,15 +30,15 @@ Reading ReadOne(const Host& host, const Options& options, const Export& row,
     if (address == nullptr) {
         return WithoutCall(row, Status::NotExported, "");
     }
-    if (row.traits.report == InReport::Left) {
+    if (row.report == InReport::Skipped) {
         return WithoutCall(row, Status::NotRun, "it changes something");
     }
-    if (row.traits.report == InReport::Session) {
+    if (row.report == InReport::Session) {
         return ReadSession(row, session);
     }
-    Answer answer = row.shape->call(address, row, {std::string(row.traits.sample), options.initCom});
-    Judgement judgement = Judge(row, answer);
-    return {row, std::move(answer), std::move(judgement)};
+    Answer answer = Call(address, row, {std::string(row.sample), options.initCom});
+    Classification classification = Classify(row, answer);
+    return {row, std::move(answer), std::move(classification)};
 }
 
 void ReadAll(const Host& host, const Options& options, const ReadingSink& sink) {

@@ -175,10 +175,10 @@ constexpr std::string_view NotObserved = "this library is not observed: its call
 
 void PrintResult(const Export& row, const Answer& answer, const Paint& paint) {
     constexpr std::size_t Longest = 2000;
-    const Reading reading{row, answer, Judge(row, answer)};
+    const Reading reading{row, answer, Classify(row, answer)};
     const std::string text =
-        row.shape == &shape::Nothing ? "(none)" : OnOneLine(ReadableOf(reading, Longest));
-    std::cout << "result  " << paint(StyleOf(reading.judgement.status), text) << '\n';
+        row.signature == Signature::NoResult ? "(none)" : OnOneLine(ReadableOf(reading, Longest));
+    std::cout << "result  " << paint(StyleOf(reading.classification.status), text) << '\n';
 }
 
 } // namespace

@@ -19,9 +19,9 @@ std::vector<std::string> ChosenNames(const Options& options, const Host& host) {
         return options.names;
     }
     std::vector<std::string> names;
-    for (const std::string_view name : UsualReadings()) {
-        if (host.library.Find(name) != nullptr) {
-            names.emplace_back(name);
+    for (const Export& row : AllExports()) {
+        if (row.watched && host.library.Find(row.name) != nullptr) {
+            names.emplace_back(row.name);
         }
     }
     if (names.empty()) {

@@ -83,7 +83,7 @@ std::string LineOf(const Change& change, Display display, const std::string& uni
 
 std::vector<std::string> LinesOf(const Difference& difference) {
     const Export* const row = FindExport(difference.name);
-    const Display display = row != nullptr ? row->traits.display : Display::Plain;
+    const Display display = row != nullptr ? row->display : Display::Plain;
     const std::string before = difference.before != nullptr ? difference.before->unit : "";
     const std::string after = difference.after != nullptr ? difference.after->unit : "";
     const bool oneUnit = before == after;

@@ -117,7 +117,7 @@ std::string Escaped(std::string_view text) {
 }
 
 std::string HtmlOf(const Reading& reading) {
-    if (HasValue(reading) && reading.row.traits.display == Display::Document) {
+    if (HasValue(reading) && reading.row.display == Display::Document) {
         if (const std::optional<OrderedJson> document = ParseDocument(reading.answer.bare); document) {
             return HtmlOfJson(*document);
         }

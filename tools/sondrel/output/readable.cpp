@@ -67,22 +67,20 @@ std::string VendorOf(const std::string& words) {
 /// What is added in brackets to make a bare value readable.
 std::string HintOf(const Export& row, const Answer& answer) {
     if (const auto* const number = std::get_if<std::int64_t>(&answer.number); number != nullptr) {
-        return row.traits.display == Display::Hexadecimal ? HexadecimalOf(*number)
-               : row.traits.display == Display::Letters   ? LettersOf(*number)
-                                                          : std::string();
+        return row.display == Display::Hexadecimal ? HexadecimalOf(*number)
+               : row.display == Display::Letters   ? LettersOf(*number)
+                                                   : std::string();
     }
-    if (row.shape == &shape::ProcessorLeaf) {
-        return VendorOf(answer.bare);
-    }
-    return row.shape == &shape::ReadBytes ? TextOfBytes(answer.bare) : std::string();
+    return row.display == Display::Registers ? VendorOf(answer.bare)
+           : row.display == Display::Bytes   ? TextOfBytes(answer.bare)
+                                             : std::string();
 }
 
 std::string ListOf(const Export& row, const Answer& answer, std::size_t columns) {
-    const std::vector<std::string_view> places = PlacesOf(answer.bare);
+    const std::vector<std::string_view> places = ElementsOf(answer.bare);
     std::string text;
     for (const std::string_view place : places) {
-        const Meaning* const meaning = MeaningOf(row, place);
-        const bool failed = meaning != nullptr && meaning->status == Status::Failed && !place.empty();
+        const bool failed = StatusOfElement(row, place) == Status::Failed;
         text.append(text.empty() ? "" : ", ").append(failed ? "failed" : place);
         if (text.size() > 8 * columns) {
             break; // what is behind is not shown
@@ -97,11 +95,11 @@ std::string NoValueOf(const Reading& reading) {
     const std::string shown = bare.empty()               ? " (empty)"
                               : reading.answer.untouched ? ' ' + bare
                                                          : InBrackets(bare);
-    const std::string& meaning = reading.judgement.meaning;
-    if (reading.judgement.status == Status::Absent) {
+    const std::string& meaning = reading.classification.meaning;
+    if (reading.classification.status == Status::Absent) {
         return meaning + shown;
     }
-    std::string text(TextOf(reading.judgement.status));
+    std::string text(TextOf(reading.classification.status));
     text += shown;
     return meaning.empty() ? text : text.append(": ").append(meaning);
 }
@@ -109,7 +107,7 @@ std::string NoValueOf(const Reading& reading) {
 } // namespace
 
 bool HasValue(const Reading& reading) {
-    return reading.judgement.status == Status::Ok || reading.judgement.status == Status::Partly;
+    return reading.classification.status == Status::Ok || reading.classification.status == Status::Partly;
 }
 
 std::optional<double> NumberIn(std::string_view place) {
@@ -126,15 +124,15 @@ Readable ReadableOf(const Reading& reading, std::size_t columns) {
     const Export& row = reading.row;
     const Answer& answer = reading.answer;
     const auto* const fraction = std::get_if<double>(&answer.number);
-    if (row.traits.display == Display::Fraction && fraction != nullptr) {
-        return {PercentOf(*fraction), "%", reading.judgement.meaning};
+    if (row.display == Display::Fraction && fraction != nullptr) {
+        return {PercentOf(*fraction), "%", reading.classification.meaning};
     }
-    const std::string text = row.traits.display == Display::List ? ListOf(row, answer, columns) : answer.bare;
+    const std::string text = row.display == Display::List ? ListOf(row, answer, columns) : answer.bare;
     std::string remark = HintOf(row, answer);
-    remark.append(remark.empty() || reading.judgement.meaning.empty() ? "" : ": ");
-    remark.append(reading.judgement.meaning);
-    return {answer.bare.empty() ? "(empty)" : Shortened(OnOneLine(text), columns),
-            std::string(row.traits.unit), std::move(remark)};
+    remark.append(remark.empty() || reading.classification.meaning.empty() ? "" : ": ");
+    remark.append(reading.classification.meaning);
+    return {answer.bare.empty() ? "(empty)" : Shortened(OnOneLine(text), columns), std::string(row.unit),
+            std::move(remark)};
 }
 
 std::string OnOneLine(const Readable& readable) {

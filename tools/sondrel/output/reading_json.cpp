@@ -14,18 +14,18 @@ OrderedJson ValueOf(const Reading& reading) {
     if (const auto* const floating = std::get_if<double>(&answer.number); floating != nullptr) {
         return *floating;
     }
-    const bool none = answer.untouched || reading.judgement.status == Status::NotExported ||
-                      reading.judgement.status == Status::NotRun;
+    const bool none = answer.untouched || reading.classification.status == Status::NotExported ||
+                      reading.classification.status == Status::NotRun;
     return none ? OrderedJson() : OrderedJson(answer.bare);
 }
 
 void Describe(const Reading& reading, OrderedJson value, OrderedJson& object) {
-    object["family"] = TitleOf(reading.row.family);
-    object["status"] = TextOf(reading.judgement.status);
+    object["family"] = exports::TitleOf(reading.row.group);
+    object["status"] = TextOf(reading.classification.status);
     object["value"] = std::move(value);
-    object["unit"] = reading.row.traits.unit;
-    if (!reading.judgement.meaning.empty()) {
-        object["meaning"] = reading.judgement.meaning;
+    object["unit"] = reading.row.unit;
+    if (!reading.classification.meaning.empty()) {
+        object["meaning"] = reading.classification.meaning;
     }
 }
 

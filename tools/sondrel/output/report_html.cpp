@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <map>
 
@@ -67,11 +68,9 @@ private:
 
 std::vector<std::string> DrawnNames(const Host& host) {
     std::vector<std::string> names;
-    for (const Chart& chart : PageCharts()) {
-        for (const std::string_view name : chart.readings) {
-            if (host.library.Find(name) != nullptr) {
-                names.emplace_back(name);
-            }
+    for (const Export& row : AllExports()) {
+        if (!row.chart.empty() && host.library.Find(row.name) != nullptr) {
+            names.emplace_back(row.name);
         }
     }
     return names;
@@ -148,10 +147,12 @@ std::string ExtremesOf(const UnitKind& kind, const std::vector<std::optional<dou
 
 std::string LabelOf(const Series& series) {
     if (PlacesIn(*series.row) > 1) {
-        return (series.row->family == Family::Thermal ? "Fan " : "Cell ") + std::to_string(series.place);
+        std::string label(series.row->element.name);
+        label.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(label.front())));
+        return label.append(1, ' ').append(std::to_string(series.place));
     }
-    const std::string_view description = series.row->description;
-    return std::string(description.substr(0, std::min(description.find(';'), description.find(", as "))));
+    const std::string_view summary = series.row->summary;
+    return std::string(summary.substr(0, summary.find(", in the ")));
 }
 
 /// Readings of one unit are drawn on one scale, so that they can be compared.
@@ -161,7 +162,7 @@ std::map<std::string_view, Range> RangesOf(const Recording& recording,
     std::map<std::string_view, const UnitKind*> kinds;
     for (const std::size_t index : drawn) {
         const Export& row = *recording.series[index].row;
-        const std::string_view group = row.traits.unit == "raw" ? row.name : row.traits.unit;
+        const std::string_view group = row.unit == "raw" ? row.name : row.unit;
         kinds[group] = &KindOf(row);
         const std::vector<double> present = Present(recording.NumbersOf(index));
         numbers[group].insert(numbers[group].end(), present.begin(), present.end());
@@ -195,10 +196,10 @@ std::string BarOf(const Recording& recording, std::size_t index, Range range) {
            "<span class=\"number\">" + NewestOf(kind, recording.samples.back().points[index]) + "</span>";
 }
 
-std::string ChartOf(const Recording& recording, const Chart& chart) {
+std::string ChartOf(const Recording& recording, std::string_view title) {
     std::vector<std::size_t> drawn;
     for (std::size_t i = 0; i < recording.series.size(); ++i) {
-        if (std::ranges::find(chart.readings, recording.series[i].row->name) != chart.readings.end()) {
+        if (recording.series[i].row->chart == title) {
             drawn.push_back(i);
         }
     }
@@ -206,13 +207,13 @@ std::string ChartOf(const Recording& recording, const Chart& chart) {
         return {};
     }
     const std::map<std::string_view, Range> ranges = RangesOf(recording, drawn);
-    std::string html = "<h3>" + Escaped(chart.title) + "</h3>";
+    std::string html = "<h3>" + Escaped(title) + "</h3>";
     const Drawing drawing = KindOf(*recording.series[drawn.front()].row).drawing;
     html += drawing == Drawing::Bars ? "<div class=\"bars\">" : "<div class=\"cards\">";
     Range shown;
     for (const std::size_t index : drawn) {
         const Export& row = *recording.series[index].row;
-        shown = ranges.at(row.traits.unit == "raw" ? row.name : row.traits.unit);
+        shown = ranges.at(row.unit == "raw" ? row.name : row.unit);
         html += drawing == Drawing::Bars ? BarOf(recording, index, shown) : CardOf(recording, index, shown);
     }
     if (drawing == Drawing::Bars) {
@@ -231,31 +232,31 @@ std::string TelemetryOf(const Recording& recording) {
     html += std::to_string(count) + (count == 1 ? " sample" : " samples in ") + (count == 1 ? "" : span) +
             (count == 1 ? "" : " seconds") +
             ", the newest value in large; drawings of one unit share one scale.</p>";
-    for (const Chart& chart : PageCharts()) {
-        html += ChartOf(recording, chart);
+    for (const std::string_view title : exports::ChartTitles()) {
+        html += ChartOf(recording, title);
     }
     return html + "</section>";
 }
 
-std::string AnchorOf(Family family) {
+std::string AnchorOf(Group family) {
     return "family-" + std::to_string(static_cast<unsigned>(family));
 }
 
 std::string RowOf(const Reading& reading) {
     return "<tr><th scope=\"row\"><code>" + Breakable(reading.row.name) + "</code>" +
-           Quiet(reading.row.description) + "</th><td class=\"" +
-           std::string(ClassOf(reading.judgement.status)) + "\">" + HtmlOf(reading) + "</td></tr>\n";
+           Quiet(reading.row.summary) + "</th><td class=\"" +
+           std::string(ClassOf(reading.classification.status)) + "\">" + HtmlOf(reading) + "</td></tr>\n";
 }
 
 /// The readings as they come in, family by family.
 class Inventory {
 public:
     void Add(const Reading& reading) {
-        const Status status = reading.judgement.status;
+        const Status status = reading.classification.status;
         if (status == Status::NotRun || status == Status::NotExported) {
             return;
         }
-        m_tables[reading.row.family] += RowOf(reading);
+        m_tables[reading.row.group] += RowOf(reading);
         ++m_count;
         if (StyleOf(status) == Style::Bad || StyleOf(status) == Style::Warning) {
             m_troubled += "<li><code>" + Escaped(reading.row.name) + "</code>: <span class=\"" +
@@ -276,7 +277,7 @@ public:
     [[nodiscard]] std::string Links() const {
         std::string html;
         for (const auto& [family, table] : m_tables) {
-            html += "<a href=\"#" + AnchorOf(family) + "\">" + Escaped(TitleOf(family)) + "</a>";
+            html += "<a href=\"#" + AnchorOf(family) + "\">" + Escaped(exports::TitleOf(family)) + "</a>";
         }
         return html;
     }
@@ -291,14 +292,14 @@ public:
     [[nodiscard]] std::string Tables() const {
         std::string html;
         for (const auto& [family, table] : m_tables) {
-            html += "<section id=\"" + AnchorOf(family) + "\"><h2>" + Escaped(TitleOf(family)) +
+            html += "<section id=\"" + AnchorOf(family) + "\"><h2>" + Escaped(exports::TitleOf(family)) +
                     "</h2><table class=\"readings\"><tbody>\n" + table + "</tbody></table></section>\n";
         }
         return html;
     }
 
 private:
-    std::map<Family, std::string> m_tables;
+    std::map<Group, std::string> m_tables;
     std::map<std::string_view, std::string> m_values;
     std::string m_troubled;
     std::size_t m_count = 0;

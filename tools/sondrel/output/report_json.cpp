@@ -17,7 +17,7 @@ void ReportAsJson(const Host& host, const Options& options) {
         OrderedJson& object = exports.emplace_back();
         object["name"] = reading.row.name;
         Describe(reading, ValueOf(reading), object);
-        if (reading.judgement.status == Status::NotExported) {
+        if (reading.classification.status == Status::NotExported) {
             missing.push_back(reading.row.name);
         }
     });

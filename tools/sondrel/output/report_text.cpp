@@ -55,19 +55,20 @@ public:
     }
 
     void Add(const Reading& reading) {
-        const auto status = static_cast<std::size_t>(reading.judgement.status);
+        const auto status = static_cast<std::size_t>(reading.classification.status);
         ++m_counts[status];
-        if (reading.judgement.status == Status::NotExported) {
+        if (reading.classification.status == Status::NotExported) {
             return;
         }
-        if (reading.judgement.status == Status::NotRun) {
+        if (reading.classification.status == Status::NotRun) {
             m_notRun.append(m_notRun.empty() ? "" : ", ").append(reading.row.name);
             return;
         }
-        if (reading.row.family != m_family) {
-            m_family = reading.row.family;
+        if (reading.row.group != m_family) {
+            m_family = reading.row.group;
             m_out << '\n'
-                  << m_paint(Style::Title, Shortened(TitleOf(m_family), m_layout.margin + m_layout.room))
+                  << m_paint(Style::Title,
+                             Shortened(exports::TitleOf(m_family), m_layout.margin + m_layout.room))
                   << '\n';
         }
         m_out << "  " << reading.row.name;
@@ -93,8 +94,8 @@ public:
 
 private:
     [[nodiscard]] std::vector<std::string> LinesOf(const Reading& reading) const {
-        const Style style = StyleOf(reading.judgement.status);
-        if (HasValue(reading) && reading.row.traits.display == Display::Document) {
+        const Style style = StyleOf(reading.classification.status);
+        if (HasValue(reading) && reading.row.display == Display::Document) {
             return DocumentOf(reading);
         }
         const Readable readable = ReadableOf(reading, LongestLine);
@@ -150,7 +151,7 @@ private:
     Paint m_paint;
     std::size_t m_width = 0;
     Layout m_layout{};
-    Family m_family = Family::Count;
+    Group m_family = Group::Count;
     std::array<std::size_t, static_cast<std::size_t>(Status::NotRun) + 1> m_counts{};
     std::string m_notRun;
 };

@@ -23,14 +23,14 @@ std::optional<double> NumberOf(const Answer& answer) {
 
 /// A reading that is one value.
 Point WholePoint(const Reading& reading) {
-    Point point{.status = reading.judgement.status, .number = {}, .bare = {}, .told = {}};
+    Point point{.status = reading.classification.status, .number = {}, .bare = {}, .told = {}};
     if (!HasValue(reading)) {
         point.told = TextOf(point.status);
         return point;
     }
     point.bare = reading.answer.bare;
     point.number = NumberOf(reading.answer);
-    const bool single = reading.row.traits.display == Display::List && !reading.row.traits.unit.empty();
+    const bool single = reading.row.display == Display::List && !reading.row.unit.empty();
     if (!point.number && single) {
         point.number = NumberIn(point.bare); // a list with one place
     }
@@ -40,11 +40,10 @@ Point WholePoint(const Reading& reading) {
 
 /// One place of a list. What the whole list could not tell, no place can.
 Point PlacePoint(const Reading& reading, std::span<const std::string_view> places, std::size_t place) {
-    Point point{.status = reading.judgement.status, .number = {}, .bare = {}, .told = {}};
+    Point point{.status = reading.classification.status, .number = {}, .bare = {}, .told = {}};
     if (HasValue(reading)) {
         const bool given = place < places.size() && !places[place].empty();
-        const Meaning* const meaning = given ? MeaningOf(reading.row, places[place]) : nullptr;
-        point.status = !given ? Status::Absent : meaning != nullptr ? meaning->status : Status::Ok;
+        point.status = given ? StatusOfElement(reading.row, places[place]) : Status::Absent;
     }
     if (point.status == Status::Ok) {
         point.bare = places[place];
@@ -56,7 +55,7 @@ Point PlacePoint(const Reading& reading, std::span<const std::string_view> place
 
 const Export& ReadableExport(const Host& host, const std::string& name) {
     const Export& row = ExportNamed(name);
-    if (row.traits.report == InReport::Left) {
+    if (row.report == InReport::Skipped) {
         throw Trouble(name + " changes something; only readings can be watched");
     }
     AddressOf(host.library, row);
@@ -94,7 +93,7 @@ Sample Sampler::Take() const {
             sample.points.push_back(WholePoint(reading));
             continue;
         }
-        const std::vector<std::string_view> places = PlacesOf(reading.answer.bare);
+        const std::vector<std::string_view> places = ElementsOf(reading.answer.bare);
         for (std::size_t place = 0; place < count; ++place) {
             sample.points.push_back(PlacePoint(reading, places, place));
         }

@@ -7,7 +7,7 @@ namespace {
 
 const Export& RowFor(const Options& options) {
     const Export& row = ExportNamed(options.name);
-    const std::string_view wanted = row.shape->argument;
+    const std::string_view wanted = row.argument;
     if (options.arguments.size() != (wanted.empty() ? 0u : 1u)) {
         throw Trouble(
             std::string(row.name) +
@@ -24,19 +24,18 @@ SingleCall::SingleCall(const Options& options)
       m_host(options),
       m_address(AddressOf(m_host.library, m_row)),
       m_inputs{options.arguments.empty() ? "" : options.arguments.front(), options.initCom} {
-    if (options.session &&
-        m_row.traits.session) { // InitializeSondrel opens its own, and is not in need of one
+    if (options.session && m_row.needsSession) { // InitializeSondrel opens its own, and is not in need of one
         OpenSession(m_session, m_host);
     }
 }
 
 Answer SingleCall::Make() const {
-    return m_row.shape->call(m_address, m_row, m_inputs);
+    return Call(m_address, m_row, m_inputs);
 }
 
 void SingleCall::GiveBackSession(const Answer& answer) const {
     const Address close = m_host.library.Find("ShutdownSondrel");
-    if (m_row.traits.report == InReport::Session && answer.bare == "1" && close != nullptr) {
+    if (m_row.report == InReport::Session && answer.bare == "1" && close != nullptr) {
         close();
     }
 }

@@ -28,10 +28,9 @@ Written KeptList(const Export& row, std::string_view bare) {
     if (bare.empty()) {
         return list;
     }
-    for (const std::string_view place : PlacesOf(bare)) {
-        const Meaning* const meaning = MeaningOf(row, place);
-        const bool failed = meaning != nullptr && meaning->status == Status::Failed && !place.empty();
-        list.push_back(failed ? Written() : row.traits.unit.empty() ? Written(place) : NumberOr(place));
+    for (const std::string_view place : ElementsOf(bare)) {
+        const bool failed = StatusOfElement(row, place) == Status::Failed;
+        list.push_back(failed ? Written() : row.unit.empty() ? Written(place) : NumberOr(place));
     }
     return list;
 }
@@ -67,10 +66,10 @@ Written KeptValue(const Reading& reading) {
         return value;
     }
     const std::string text = WellFormed(reading.answer.bare);
-    if (reading.row.traits.display == Display::List) {
+    if (reading.row.display == Display::List) {
         return KeptList(reading.row, text);
     }
-    if (reading.row.traits.display == Display::Document) {
+    if (reading.row.display == Display::Document) {
         auto document = ParsedJson<Written>(reading.answer.bare);
         return document.is_structured() ? document : Written(text);
     }

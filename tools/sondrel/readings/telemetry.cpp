@@ -21,63 +21,18 @@ constexpr UnitKind Kinds[] = {
 
 /// The cells of a battery are there to be compared with each other.
 constexpr UnitKind Cells{.unit = "raw", .shown = "raw", .leastSpan = 50, .drawing = Drawing::Bars};
-constexpr std::string_view CellReading = "Battery_Read_CellVoltage";
-
-struct Places {
-    std::string_view name;
-    std::size_t count;
-};
-
-constexpr Places Lists[] = {{CellReading, 4}, {"Thermal_Read_Fan", 4}};
-
-constexpr std::string_view Usual[] = {
-    "Thermal_Read_Cpu_Temperature",
-    "Thermal_Read_BoardTS0L_Temperature",
-    "Thermal_Read_BoardTS0R_Temperature",
-    "Thermal_Read_GpuTS1L_Temperature",
-    "Thermal_Read_GpuTS1R_Temperature",
-    "Thermal_Read_BatteryConnector_Temperature",
-    "Thermal_Read_Fan",
-    CellReading,
-    "Battery_Read_CapacityPercentage",
-    "Battery_Read_Current",
-    "Thermal_Read_CpuPackagePower",
-    "CPU_ReadCPUUsage",
-};
-
-constexpr std::string_view Temperatures[] = {
-    "Thermal_Read_Cpu_Temperature",       "Thermal_Read_BoardTS0L_Temperature",
-    "Thermal_Read_BoardTS0R_Temperature", "Thermal_Read_GpuTS1L_Temperature",
-    "Thermal_Read_GpuTS1R_Temperature",   "Thermal_Read_BatteryConnector_Temperature",
-    "Thermal_Read_ACFET_Temperature",     "Thermal_Read_ChargerChoke_Temperature",
-    "Thermal_Read_GpuVrm_Temperature",    "Thermal_Read_UpCpu_Temperature",
-    "Thermal_Read_GpuVram_Temperature",
-};
-constexpr std::string_view Fans[] = {"Thermal_Read_Fan"};
-constexpr std::string_view BatteryCells[] = {CellReading};
-constexpr std::string_view Usage[] = {"CPU_ReadCPUUsage", "Thermal_Read_CpuPackagePower",
-                                      "Battery_Read_CapacityPercentage", "Battery_Read_Current"};
-
-constexpr Chart Charts[] = {
-    {"Temperatures", Temperatures},
-    {"Fans", Fans},
-    {"Battery cells", BatteryCells},
-    {"Usage and power", Usage},
-};
-
 } // namespace
 
 const UnitKind& KindOf(const Export& row) {
-    if (row.name == CellReading) {
+    if (row.element.name == "cell") {
         return Cells;
     }
-    const auto found = std::ranges::find(Kinds, row.traits.unit, &UnitKind::unit);
+    const auto found = std::ranges::find(Kinds, row.unit, &UnitKind::unit);
     return found != std::end(Kinds) ? *found : *std::prev(std::end(Kinds));
 }
 
 std::size_t PlacesIn(const Export& row) {
-    const auto found = std::ranges::find(Lists, row.name, &Places::name);
-    return found != std::end(Lists) ? found->count : 1;
+    return std::max<std::size_t>(row.element.count, 1);
 }
 
 std::string NumberText(const UnitKind& kind, double number) {
@@ -108,14 +63,6 @@ Range RangeFor(const UnitKind& kind, std::span<const double> numbers) {
                  std::ceil(range.high * kind.factor) / kind.factor};
     }
     return range;
-}
-
-std::span<const std::string_view> UsualReadings() {
-    return Usual;
-}
-
-std::span<const Chart> PageCharts() {
-    return Charts;
 }
 
 } // namespace tool

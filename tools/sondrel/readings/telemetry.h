@@ -1,7 +1,7 @@
 // Readings that move: which they are, and how each kind of unit is drawn.
 #pragma once
 
-#include "exports/export_table.h"
+#include "exports/classify.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -47,16 +47,5 @@ struct Range {
 
 /// The range that a drawing of these numbers shows.
 Range RangeFor(const UnitKind& kind, std::span<const double> numbers);
-
-/// What `watch` shows when nobody says what.
-std::span<const std::string_view> UsualReadings();
-
-/// One drawing of the page.
-struct Chart {
-    std::string_view title;
-    std::span<const std::string_view> readings;
-};
-
-std::span<const Chart> PageCharts();
 
 } // namespace tool

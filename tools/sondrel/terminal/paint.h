@@ -2,7 +2,7 @@
 #pragma once
 
 #include "commands/options.h"
-#include "exports/export_table.h"
+#include "exports/classify.h"
 #include "terminal/terminal.h"
 
 #include <cstdint>

@@ -1,9 +1,8 @@
-#include "exports/shapes.h"
+#include "exports/calls.h"
 
 #include "base/text.h"
 #include "base/trouble.h"
 #include "exports/buffers.h"
-#include "exports/export_table.h"
 
 #include <algorithm>
 #include <array>
@@ -67,8 +66,8 @@ std::vector<Byte> BytesOf(const std::string& text, const Export& row) {
     const std::optional<std::vector<Byte>> bytes =
         text.starts_with(TextMark) ? std::vector<Byte>(text.begin() + TextMark.size(), text.end())
                                    : BytesOfHex(text);
-    if (!bytes || bytes->size() != row.traits.size) {
-        throw Trouble(std::string(row.name) + " takes exactly " + std::to_string(row.traits.size) +
+    if (!bytes || bytes->size() != row.buffer.size) {
+        throw Trouble(std::string(row.name) + " takes exactly " + std::to_string(row.buffer.size) +
                       " bytes, as hexadecimal digits or as text:CHARACTERS, not \"" + OnOneLine(text) + "\"");
     }
     return *bytes;
@@ -90,7 +89,7 @@ Answer CallNumber(Address address, const Export&, const CallInputs&) {
 }
 
 Answer CallNarrowText(Address address, const Export& row, const CallInputs&) {
-    NarrowBuffer buffer(row.traits.size);
+    NarrowBuffer buffer(row.buffer.size);
     As<void(char*)>(address)(buffer.Start());
     return buffer.ReadText();
 }
@@ -107,7 +106,7 @@ Answer CallWideTextCom(Address address, const Export&, const CallInputs& inputs)
     return buffer.Read();
 }
 
-Answer CallSignedCom(Address address, const Export&, const CallInputs& inputs) {
+Answer CallInt32Com(Address address, const Export&, const CallInputs& inputs) {
     return NumberAnswer(As<std::int32_t(Byte)>(address)(inputs.initCom));
 }
 
@@ -117,14 +116,14 @@ Answer CallSetCom(Address address, const Export& row, const CallInputs& inputs) 
     return NumberAnswer(As<std::int32_t(Number, Byte)>(address)(value, inputs.initCom));
 }
 
-Answer CallSetPathCom(Address address, const Export&, const CallInputs& inputs) {
+Answer CallSetWideTextCom(Address address, const Export&, const CallInputs& inputs) {
     const std::u16string text = Utf16(inputs.argument);
     const std::basic_string<VeskChar16> path(text.begin(), text.end());
     return NumberAnswer(As<std::int32_t(const VeskChar16*, Byte)>(address)(path.c_str(), inputs.initCom));
 }
 
 Answer CallReadBytes(Address address, const Export& row, const CallInputs&) {
-    NarrowBuffer buffer(row.traits.size);
+    NarrowBuffer buffer(row.buffer.size);
     const Word code = As<Word(Byte*)>(address)(reinterpret_cast<Byte*>(buffer.Start()));
     Answer answer = buffer.ReadBytes();
     answer.code = code;
@@ -136,7 +135,7 @@ Answer CallWriteBytes(Address address, const Export& row, const CallInputs& inpu
     return NumberAnswer(As<Word(const Byte*)>(address)(bytes.data()));
 }
 
-Answer CallProcessorLeaf(Address address, const Export& row, const CallInputs& inputs) {
+Answer CallRegisters(Address address, const Export& row, const CallInputs& inputs) {
     constexpr Word Fill = 0xA5C3A5C3; // no processor answers all four words so
     const auto leaf = NumberOf<Word>(inputs.argument, row);
     std::array<Word, 4> words{Fill, Fill, Fill, Fill};
@@ -159,39 +158,52 @@ Answer CallStringObject(Address address, const Export&, const CallInputs&) {
     return {.bare = WellFormed(As<std::string()>(address)())};
 }
 
-Answer CallAddOne(Address address, const Export& row, const CallInputs& inputs) {
+Answer CallUint32OfUint32(Address address, const Export& row, const CallInputs& inputs) {
     return NumberAnswer(As<Word(Word)>(address)(NumberOf<Word>(inputs.argument, row)));
 }
 
+struct Way {
+    Signature signature;
+    const std::type_info* type;
+    Answer (*call)(Address address, const Export& row, const CallInputs& inputs);
+};
+
+/// The type of the export's own function, and how it is called.
+template <class Function>
+Way WayOf(Signature signature, decltype(Way::call) call) {
+    return {signature, &typeid(Function*), call};
+}
+
+/// In the order of Signature.
+const std::array Ways{
+    WayOf<void()>(Signature::NoResult, CallNothing),
+    WayOf<std::int32_t()>(Signature::Int32, CallNumber<std::int32_t>),
+    WayOf<Word()>(Signature::Uint32, CallNumber<Word>),
+    WayOf<float()>(Signature::Float, CallNumber<float>),
+    WayOf<double()>(Signature::Double, CallNumber<double>),
+    WayOf<std::string()>(Signature::String, CallStringObject),
+    WayOf<void(char*)>(Signature::NarrowText, CallNarrowText),
+    WayOf<void(VeskChar16*)>(Signature::WideText, CallWideText),
+    WayOf<void(VeskChar16*, Byte)>(Signature::WideTextCom, CallWideTextCom),
+    WayOf<std::int32_t(Byte)>(Signature::Int32Com, CallInt32Com),
+    WayOf<std::int32_t(std::int32_t, Byte)>(Signature::SetInt32Com, CallSetCom<std::int32_t>),
+    WayOf<std::int32_t(Byte, Byte)>(Signature::SetUint8Com, CallSetCom<Byte>),
+    WayOf<std::int32_t(const VeskChar16*, Byte)>(Signature::SetWideTextCom, CallSetWideTextCom),
+    WayOf<Word(Byte*)>(Signature::ReadBytes, CallReadBytes),
+    WayOf<Word(const Byte*)>(Signature::WriteBytes, CallWriteBytes),
+    WayOf<void(Word, Word*, Word*, Word*, Word*)>(Signature::Registers, CallRegisters),
+    WayOf<Word(Word)>(Signature::Uint32OfUint32, CallUint32OfUint32),
+};
+static_assert(std::tuple_size_v<decltype(Ways)> == static_cast<std::size_t>(Signature::Count));
+
 } // namespace
 
-namespace shape {
+Answer Call(Address address, const Export& row, const CallInputs& inputs) {
+    return Ways[static_cast<std::size_t>(row.signature)].call(address, row, inputs);
+}
 
-const Shape Nothing{&typeid(void (*)()), "void NAME(void)", "", CallNothing};
-const Shape Signed{&typeid(std::int32_t(*)()), "int32_t NAME(void)", "", CallNumber<std::int32_t>};
-const Shape Unsigned{&typeid(Word(*)()), "uint32_t NAME(void)", "", CallNumber<Word>};
-const Shape Float{&typeid(float (*)()), "float NAME(void)", "", CallNumber<float>};
-const Shape Double{&typeid(double (*)()), "double NAME(void)", "", CallNumber<double>};
-const Shape NarrowText{&typeid(void (*)(char*)), "void NAME(char* out)", "", CallNarrowText};
-const Shape WideText{&typeid(void (*)(VeskChar16*)), "void NAME(VeskChar16* out)", "", CallWideText};
-const Shape WideTextCom{&typeid(void (*)(VeskChar16*, Byte)), "void NAME(VeskChar16* out, uint8_t initCom)",
-                        "", CallWideTextCom};
-const Shape SignedCom{&typeid(std::int32_t(*)(Byte)), "int32_t NAME(uint8_t initCom)", "", CallSignedCom};
-const Shape SetNumberCom{&typeid(std::int32_t(*)(std::int32_t, Byte)),
-                         "int32_t NAME(int32_t value, uint8_t initCom)", "VALUE", CallSetCom<std::int32_t>};
-const Shape SetByteCom{&typeid(std::int32_t(*)(Byte, Byte)), "int32_t NAME(uint8_t value, uint8_t initCom)",
-                       "VALUE", CallSetCom<Byte>};
-const Shape SetPathCom{&typeid(std::int32_t(*)(const VeskChar16*, Byte)),
-                       "int32_t NAME(const VeskChar16* path, uint8_t initCom)", "PATH", CallSetPathCom};
-const Shape ReadBytes{&typeid(Word(*)(Byte*)), "uint32_t NAME(uint8_t* out)", "", CallReadBytes};
-const Shape WriteBytes{&typeid(Word(*)(const Byte*)), "uint32_t NAME(const uint8_t* bytes)", "BYTES",
-                       CallWriteBytes};
-const Shape ProcessorLeaf{&typeid(void (*)(Word, Word*, Word*, Word*, Word*)),
-                          "void NAME(uint32_t leaf, uint32_t* eax, uint32_t* ebx, uint32_t* ecx, "
-                          "uint32_t* edx)",
-                          "LEAF", CallProcessorLeaf};
-const Shape StringObject{&typeid(std::string(*)()), "std::string NAME(void)", "", CallStringObject};
-const Shape AddOne{&typeid(Word(*)(Word)), "uint32_t NAME(uint32_t value)", "VALUE", CallAddOne};
+const std::type_info& TypeOf(Signature signature) {
+    return *Ways[static_cast<std::size_t>(signature)].type;
+}
 
-} // namespace shape
 } // namespace tool
