@@ -7,7 +7,8 @@
 #   lib/cmake/VeskSondrel64, lib/pkgconfig how CMake and pkg-config find it
 #   include/                               the header, which is the manual, and the observer's; natively also the
 #                                          simulated machine's
-#   share/vesk-sondrel/                    machine profiles and examples
+#   share/vesk-sondrel/                    machine profiles and examples; on Windows PowerShell's completion
+#   share/bash-completion, share/zsh       natively, completion of the tool's export names
 #   share/doc/vesk-sondrel/                pages for engineers, licences of what is linked in
 set(kit_data share/vesk-sondrel)
 set(kit_documents share/doc/vesk-sondrel)
@@ -18,9 +19,12 @@ install(FILES include/vesk_sondrel.h include/vesk_sondrel_observer.h DESTINATION
 if(WIN32)
   install(TARGETS VeskSondrel64Observed RUNTIME DESTINATION bin/observed)
   install(FILES ${VESK_EXPORTS} DESTINATION lib)
+  install(FILES exports/generated/completion/sondrel.ps1 DESTINATION ${kit_data})
 else()
   install(TARGETS VeskMachine LIBRARY DESTINATION lib)
   install(FILES include/vesk_sondrel_machine.h DESTINATION include)
+  install(FILES exports/generated/completion/sondrel DESTINATION share/bash-completion/completions)
+  install(FILES exports/generated/completion/_sondrel DESTINATION share/zsh/site-functions)
 endif()
 
 install(DIRECTORY machines/ DESTINATION ${kit_data}/machines FILES_MATCHING PATTERN *.json)
