@@ -10,7 +10,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     try {
-        tool::Options options;
+        tool::HostOptions options;
         options.machine = arguments[1];
         options.store = ":memory:";
         twin::Tell(tool::Host(options));

@@ -1,5 +1,7 @@
 #include "scenario.h"
 
+#include "output/report.h"
+
 #include <nlohmann/json.hpp>
 
 #include <iostream>
@@ -31,7 +33,7 @@ void TellSettings(const tool::Host& host) {
         const tool::Answer answer = tool::Call(host.library.Find(name), row, {.argument = argument});
         exports.push_back({{"name", name},
                            {"status", tool::TextOf(tool::Classify(row, answer).status)},
-                           {"value", answer.bare}});
+                           {"value", answer.text}});
     }
     std::cout << nlohmann::ordered_json{{"exports", exports}}.dump(2) << '\n';
 }
@@ -39,7 +41,7 @@ void TellSettings(const tool::Host& host) {
 } // namespace
 
 void Tell(const tool::Host& host) {
-    tool::Options options;
+    tool::ReadOptions options;
     std::cout << "[\n";
     tool::ReportAsJson(host, options);
     std::cout << ",\n";

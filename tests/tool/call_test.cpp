@@ -10,11 +10,11 @@ using ::testing::StartsWith;
 
 class CallTest : public test::ToolTest {};
 
-TEST_F(CallTest, PrintsTheBareResultAndTellsWhatAFailureMeans) {
+TEST_F(CallTest, PrintsTheResultAndExplainsFailures) {
     struct Case {
         std::vector<std::string> arguments;
         const char* out;
-        const char* told = "";
+        const char* explanation = "";
     };
 
     const char* const untouched = "(buffer untouched)";
@@ -33,8 +33,7 @@ TEST_F(CallTest, PrintsTheBareResultAndTellsWhatAFailureMeans) {
         {{"WMIGetSN"}, "in COM"},
         {{"WMIGetSN", "--init-com", "0"}, "as it is"},
         {{"AppList_OpenWindows"}, "Ä€\U0001F600\uFFFD"},
-        {{"RF_PhyMode"},
-         "802.11ax, told in more characters than fit into a string without memory of its own"},
+        {{"RF_PhyMode"}, "802.11ax, in more characters than fit into a string without heap memory"},
         {{"RF_BTConnectedType"}, "Phone;\uFFFD;"},
 
         {{"GPNV_Get_RandomUUID"}, "f0f1f2f3f4f5f6f7f8f9fafbfcfdfeff"},
@@ -54,15 +53,15 @@ TEST_F(CallTest, PrintsTheBareResultAndTellsWhatAFailureMeans) {
         {{"GPNV_Set_ActivatedTime", "32:30:32:36-2d30312d30322030333a30343a3035"}, "0"},
         {{"GPNV_Set_ActivatedTime", std::string(38, '0')}, "1314", "failed"},
     };
-    for (const auto& [arguments, out, told] : cases) {
+    for (const auto& [arguments, out, explanation] : cases) {
         SCOPED_TRACE(::testing::PrintToString(arguments));
         std::vector<std::string> line{"call"};
         line.insert(line.end(), arguments.begin(), arguments.end());
         const test::Outcome run = WithDouble(line, {"DOUBLE_RATIO=0.35"});
         EXPECT_EQ(run.status, 0) << run.err;
         EXPECT_EQ(run.out, out + std::string("\n"));
-        EXPECT_THAT(run.err, HasSubstr(told));
-        EXPECT_EQ(run.err.find("sondrel:") == std::string::npos, *told == '\0') << run.err;
+        EXPECT_THAT(run.err, HasSubstr(explanation));
+        EXPECT_EQ(run.err.find("sondrel:") == std::string::npos, *explanation == '\0') << run.err;
     }
 }
 
@@ -84,7 +83,7 @@ TEST_F(CallTest, ReportsALibraryThatWritesOutsideItsBuffer) {
     EXPECT_THAT(run.err, HasSubstr("no terminator within its 11 bytes"));
 }
 
-TEST_F(CallTest, OpensASessionForWhatNeedsOneAndGivesItBack) {
+TEST_F(CallTest, OpensAndClosesASessionWhereOneIsNeeded) {
     EXPECT_EQ(WithDouble({"call", "EC_ReadEcChipId"}).err, "open\nclose\n");
     EXPECT_EQ(WithDouble({"call", "EC_ReadEcChipId", "--no-session"}).err, "");
     EXPECT_EQ(WithDouble({"call", "WMIGetSN"}).err, "");
@@ -96,7 +95,7 @@ TEST_F(CallTest, OpensASessionForWhatNeedsOneAndGivesItBack) {
     EXPECT_THAT(refused.err, AllOf(HasSubstr("session could not be opened"), Not(HasSubstr("close"))));
 }
 
-TEST_F(CallTest, RefusesWhatItCannotDoInOneLine) {
+TEST_F(CallTest, ReportsErrorsInOneLine) {
     struct Case {
         std::vector<std::string> line;
         const char* reason;
@@ -153,7 +152,7 @@ TEST_F(CallTest, RefusesWhatItCannotDoInOneLine) {
     }
 }
 
-TEST_F(CallTest, HelpsANewcomer) {
+TEST_F(CallTest, PrintsHelp) {
     const test::Outcome help = Tool({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_THAT(help.out,

@@ -17,7 +17,7 @@ using ::testing::IsEmpty;
 
 class ComparingTest : public test::ToolTest {
 protected:
-    /// A snapshot of the default machine, taken once: it takes no time of the world's, but some of the processor's.
+    /// A snapshot of the default machine, taken once since it takes some processor time.
     static const json& DefaultSnapshot(const ComparingTest& test) {
         static const json Snapshot =
             json::parse(test.Tool({"snapshot", "-", "--store", ":memory:"}).out, nullptr, false);
@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(ComparingTest, KeepsEveryAnswerAsWhatItIs) {
+TEST_F(ComparingTest, StoresEveryAnswerWithItsType) {
     const test::Outcome run = WithDouble({"snapshot", "-"}, {"DOUBLE_RATIO=nan"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json snapshot = json::parse(run.out);
@@ -55,10 +55,10 @@ TEST_F(ComparingTest, KeepsEveryAnswerAsWhatItIs) {
     expect("RF_WiFiMaxRate", "not exported", nullptr);
 }
 
-TEST_F(ComparingTest, TellsWhatChangedAndWhatDidNot) {
+TEST_F(ComparingTest, ReportsWhatChanged) {
     struct Case {
         const char* changes; // a merge patch of the readings
-        const char* line;    // what is told; null for nothing
+        const char* line;    // of the output; null for no difference
     };
 
     const Case cases[] = {
@@ -77,7 +77,7 @@ TEST_F(ComparingTest, TellsWhatChangedAndWhatDidNot) {
              {"machine": [{"name": "Old Ledger", "version": "3.1"}]}]}})",
          R"(GetApplist_x86 machine / Old Ledger / version: "3.0" -> "3.1" user / New: new {"name":"New","version":"1"})"},
         {R"({"GetEEPROM_Data": {"value": {"register": ["0xabc", "0x05", "0x00", "0x12345678"]}}})",
-         R"(GetEEPROM_Data register / place 0: "0x05" -> "0xabc" register / place 1: "0xabc" -> "0x05")"},
+         R"(GetEEPROM_Data register / element 0: "0x05" -> "0xabc" register / element 1: "0xabc" -> "0x05")"},
         {R"({"wmiadd": null})", "wmiadd 2 -> (not in this snapshot)"},
         {R"({"Of_A_Newer_Tool": {"status": "ok", "value": 1}})",
          "Of_A_Newer_Tool (not in this snapshot) -> 1"},
@@ -96,33 +96,33 @@ TEST_F(ComparingTest, TellsWhatChangedAndWhatDidNot) {
     }
 }
 
-TEST_F(ComparingTest, LeavesOutWhatAlwaysMoves) {
+TEST_F(ComparingTest, LeavesOutWhatUsuallyDiffers) {
     json after = DefaultSnapshot(*this);
-    for (const char* const moving : {"Thermal_Read_Cpu_Temperature", "System_Read_LocalTime", "RF_WiFiRssi",
-                                     "Battery_Read_CellVoltage", "AppList_CpuUsage"}) {
-        after["readings"][moving]["value"] = "another";
+    for (const char* const changing : {"Thermal_Read_Cpu_Temperature", "System_Read_LocalTime", "RF_WiFiRssi",
+                                       "Battery_Read_CellVoltage", "AppList_CpuUsage"}) {
+        after["readings"][changing]["value"] = "another";
     }
     EXPECT_EQ(Diff(DefaultSnapshot(*this), after).status, 1);
     EXPECT_EQ(Diff(DefaultSnapshot(*this), after, {"--steady"}).status, 0);
     after["readings"]["WMIGetBiosVersion"]["value"] = {"VK14KL.309"};
     const test::Outcome run = Diff(DefaultSnapshot(*this), after, {"--steady", "--json"});
     EXPECT_EQ(run.status, 1);
-    const json told = json::parse(run.out);
-    ASSERT_EQ(told["differences"].size(), 1u);
-    EXPECT_EQ(told["differences"][0]["name"], "WMIGetBiosVersion");
+    const json differences = json::parse(run.out);
+    ASSERT_EQ(differences["differences"].size(), 1u);
+    EXPECT_EQ(differences["differences"][0]["name"], "WMIGetBiosVersion");
     EXPECT_EQ(
-        told["differences"][0]["changes"],
+        differences["differences"][0]["changes"],
         json::parse(R"([{"place": "", "before": "VK14KL.308"}, {"place": "", "after": "VK14KL.309"}])"));
-    EXPECT_EQ(told["compared"].get<int>() + told["left_out"].get<int>(), 114);
+    EXPECT_EQ(differences["compared"].get<int>() + differences["left_out"].get<int>(), 114);
 }
 
-TEST_F(ComparingTest, RefusesWhatIsNoSnapshotInOneLine) {
+TEST_F(ComparingTest, RejectsOtherFilesInOneLine) {
     const std::string good = Write("good.json", DefaultSnapshot(*this).dump());
     const std::pair<std::string, const char*> cases[] = {
         {Path("nowhere.json"), "cannot be read"},
         {Path(""), "cannot be read"},
-        {Write("cut.json", DefaultSnapshot(*this).dump().substr(0, 5000)), "no well-formed JSON"},
-        {Write("deep.json", std::string(1'000'000, '[')), "no well-formed JSON"},
+        {Write("cut.json", DefaultSnapshot(*this).dump().substr(0, 5000)), "not well-formed JSON"},
+        {Write("deep.json", std::string(1'000'000, '[')), "not well-formed JSON"},
         {Write("foreign.json", R"({"machine": "x"})"), "not a snapshot"},
         {Write("list.json", "[1]"), "not a snapshot"},
         {Write("newer.json", R"({"format": "sondrel-snapshot", "version": 2, "readings": {}})"),
@@ -138,7 +138,7 @@ TEST_F(ComparingTest, RefusesWhatIsNoSnapshotInOneLine) {
     }
 }
 
-/// The text format 0.0.4, strictly: a metric's help, its type, then all of its samples, each one once.
+/// Parses the text format 0.0.4 strictly: a metric's help, its type, then all of its samples, each once.
 std::map<std::string, double> Samples(const std::string& page) {
     static const std::regex Meta(R"(# (HELP|TYPE) ([a-z][a-z0-9_]*) (.+))");
     static const std::regex Sample(
@@ -152,7 +152,7 @@ std::map<std::string, double> Samples(const std::string& page) {
         std::smatch match;
         if (std::regex_match(line, match, Meta)) {
             if (match[1] == "HELP") {
-                EXPECT_TRUE(finished.insert(match[2]).second) << line << ": begun twice";
+                EXPECT_TRUE(finished.insert(match[2]).second) << line << ": two parts";
                 metric = match[2];
             }
             EXPECT_EQ(match[2], metric) << line;
@@ -163,7 +163,7 @@ std::map<std::string, double> Samples(const std::string& page) {
             EXPECT_TRUE(typed && match[1] == metric) << line;
             EXPECT_TRUE(samples.emplace(match[1].str() + match[2].str(), std::stod(match[6])).second) << line;
         } else {
-            ADD_FAILURE() << "not of the format: " << line;
+            ADD_FAILURE() << "not in the format: " << line;
         }
     }
     EXPECT_TRUE(page.ends_with('\n'));
@@ -193,7 +193,7 @@ TEST_F(ComparingTest, PrintsNumbersForPrometheus) {
     EXPECT_THAT(info->first, HasSubstr("serial_number=\"VSK4K0C7Q213\""));
 }
 
-TEST_F(ComparingTest, LeavesFailedReadingsOutOfTheMetricsAndSaysSo) {
+TEST_F(ComparingTest, LeavesFailedReadingsOutOfTheMetrics) {
     const std::map<std::string, double> samples = Samples(WithDouble({"metrics"}, {"DOUBLE_RATIO=nan"}).out);
     EXPECT_FALSE(samples.contains("sondrel_temperature_celsius{sensor=\"upper_cpu\"}"));
     EXPECT_EQ(samples.at("sondrel_reading_failed{export=\"Thermal_Read_UpCpu_Temperature\"}"), 1);

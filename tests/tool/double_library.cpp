@@ -1,5 +1,5 @@
-// A library in place of the real one: one export of each kind, with answers good and bad that a test chooses.
-// It has fewer names than the real one on purpose.
+// A test double of the library: one export of each kind, with valid and invalid answers. It has fewer exports than
+// the library on purpose.
 #include <unistd.h>
 
 #include <algorithm>
@@ -27,8 +27,9 @@ std::string Setting(const char* name) {
     return value != nullptr ? value : "";
 }
 
-std::int32_t Told(const char* what, bool expected) {
-    std::fprintf(stderr, "%s\n", what);
+/// Writes the event to the double's log, standard error.
+std::int32_t Log(const char* event, bool expected) {
+    std::fprintf(stderr, "%s\n", event);
     return expected ? 1 : 0;
 }
 
@@ -43,7 +44,7 @@ std::u16string LongDocument() {
     return text + u"]},{\"user\":[]}]";
 }
 
-/// Never comes back where a test wants that.
+/// Never returns if a test sets DOUBLE_HANGS.
 bool Hangs() {
     while (!Setting("DOUBLE_HANGS").empty()) {
         pause();
@@ -53,8 +54,8 @@ bool Hangs() {
 
 } // namespace
 
-/// What always gives the same.
-#define GIVES(type, name, value)                                                                             \
+/// An export with a constant result.
+#define RETURNS(type, name, value)                                                                           \
     DOUBLE_API type name() {                                                                                 \
         return value;                                                                                        \
     }
@@ -69,23 +70,23 @@ bool Hangs() {
         Put(out, text);                                                                                      \
     }
 
-/// What takes just one value.
+/// A setter that accepts one value.
 #define SETS(name, type, expected)                                                                           \
     DOUBLE_API std::int32_t name(type value, std::uint8_t) {                                                 \
-        return Told("set", value == expected);                                                               \
+        return Log("set", value == expected);                                                                \
     }
 
-GIVES(std::int32_t, InitializeSondrel, Told("open", Setting("DOUBLE_REFUSES").empty()))
-GIVES(void, ShutdownSondrel, static_cast<void>(Told("close", true)))
-GIVES(std::uint32_t, EC_ReadEcChipId, 0xFFFFFFFF)
-GIVES(std::uint32_t, Thermal_Read_Cpu_Temperature, 52)
-GIVES(std::uint32_t, Thermal_Read_ACFET_Temperature, 0)
-GIVES(std::uint32_t, Thermal_Read_UpCpu_Temperature, 0x7FFFFFFF)
-GIVES(std::uint32_t, Power_Read_ACDCMode, 255)
-GIVES(std::int32_t, RF_WiFiRssi, -57)
-GIVES(std::int32_t, RF_WiFiChannel, -1000)
-GIVES(float, Battery_Read_ASOC, std::strtof(Setting("DOUBLE_RATIO").c_str(), nullptr))
-GIVES(double, CPU_ReadCPUUsage, 0.1 + 0.2)
+RETURNS(std::int32_t, InitializeSondrel, Log("open", Setting("DOUBLE_REFUSES").empty()))
+RETURNS(void, ShutdownSondrel, static_cast<void>(Log("close", true)))
+RETURNS(std::uint32_t, EC_ReadEcChipId, 0xFFFFFFFF)
+RETURNS(std::uint32_t, Thermal_Read_Cpu_Temperature, 52)
+RETURNS(std::uint32_t, Thermal_Read_ACFET_Temperature, 0)
+RETURNS(std::uint32_t, Thermal_Read_UpCpu_Temperature, 0x7FFFFFFF)
+RETURNS(std::uint32_t, Power_Read_ACDCMode, 255)
+RETURNS(std::int32_t, RF_WiFiRssi, -57)
+RETURNS(std::int32_t, RF_WiFiChannel, -1000)
+RETURNS(float, Battery_Read_ASOC, std::strtof(Setting("DOUBLE_RATIO").c_str(), nullptr))
+RETURNS(double, CPU_ReadCPUUsage, 0.1 + 0.2)
 WRITES(Battery_Read_CellVoltage, char, "4150;2147483647;0;0")
 WRITES(Thermal_Read_Fan, char, "2147483647;2147483647;2147483647;2147483647")
 WRITES(Battery_Read_ManufactureName, char, "A name of more than ten characters")
@@ -94,11 +95,12 @@ WRITES(GetEEPROM_Data, char16_t, u"{\"version\":\"say \"so\"\u0007\"}")
 WRITES(GetSENSOR_WMI_Data, char16_t, u"{\"p_sensor\":\"0x10001\"}")
 WRITES(AppList_OpenWindows, char16_t, std::u16string(u"Ä€\U0001F600") + Unpaired)
 WRITES(GetApplist_x64, char16_t, LongDocument())
-WRITES(GetApplist_x86, char16_t, std::u16string(1000000, u'[')) // nested so deep that nobody should follow it
+WRITES(GetApplist_x86, char16_t, std::u16string(1000000, u'[')) // nested too deep to be parsed
 WRITES(GetInfVersion, char16_t, u"")
 WRITES_COM(WMIGetSN, initCom == 1 ? u"in COM" : u"as it is")
 WRITES_COM(WMIGetMemSize, u"8589934592;8589934592")
-WRITES_COM(WMIGetProductName, u"<script>console.error('ran')</script> & \"\u4E2D\u6587\"") // is shown as text
+WRITES_COM(WMIGetProductName,
+           u"<script>console.error('ran')</script> & \"\u4E2D\u6587\"") // must be shown as text
 WRITES_COM(WMIGetModelName, Hangs() ? u"" : u"A model")
 SETS(WMISetBatteryHealth, std::int32_t, -80)
 SETS(WMISetQuietFan, std::uint8_t, 255)
@@ -137,7 +139,7 @@ DOUBLE_API std::uint32_t GPNV_Get_ActivatedTime(std::uint8_t* out) {
 }
 
 DOUBLE_API std::uint32_t GPNV_Set_ActivatedTime(const std::uint8_t* bytes) {
-    return Told("set", std::memcmp(bytes, "2026-01-02 03:04:05", 19) == 0) == 1 ? 0 : 1314;
+    return Log("set", std::memcmp(bytes, "2026-01-02 03:04:05", 19) == 0) == 1 ? 0 : 1314;
 }
 
 DOUBLE_API void CPU_ReadCpuId(std::uint32_t leaf, std::uint32_t* eax, std::uint32_t* ebx, std::uint32_t* ecx,
@@ -150,10 +152,9 @@ DOUBLE_API void CPU_ReadCpuId(std::uint32_t leaf, std::uint32_t* eax, std::uint3
     }
 }
 
-// A string object by value needs C++ linkage of its type; the name stays plain.
+// Two exports return a string object of C++ under a plain name.
 #if defined(__clang__)
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
 #endif
-GIVES(std::string, RF_PhyMode,
-      "802.11ax, told in more characters than fit into a string without memory of its own")
-GIVES(std::string, RF_BTConnectedType, "Phone;\xff;")
+RETURNS(std::string, RF_PhyMode, "802.11ax, in more characters than fit into a string without heap memory")
+RETURNS(std::string, RF_BTConnectedType, "Phone;\xff;")

@@ -16,7 +16,7 @@ using ::testing::Not;
 
 class ReportTest : public test::ToolTest {
 protected:
-    /// The objects of a JSON report by name. All of it has to be there.
+    /// The objects of a JSON report by name. All of them have to be there.
     static std::map<std::string, json> Exports(const test::Outcome& run) {
         std::map<std::string, json> exports;
         EXPECT_EQ(run.status, 0) << run.err;
@@ -36,7 +36,7 @@ protected:
     }
 };
 
-TEST_F(ReportTest, GivesEveryExportAsJsonWhateverItSays) {
+TEST_F(ReportTest, PrintsEveryExportAsJson) {
     const test::Outcome run = WithDouble({"report", "--json"}, {"DOUBLE_RATIO=nan"});
     auto exports = Exports(run);
     const auto expect = [&](const char* name, const char* status, const json& value) {
@@ -65,10 +65,10 @@ TEST_F(ReportTest, GivesEveryExportAsJsonWhateverItSays) {
     expect("RF_WiFiMaxRate", "not exported", nullptr);
     expect("WMISetQuietFan", "not run", nullptr);
     EXPECT_THAT(json::parse(run.out)["not_exported"], ::testing::Contains("RF_WiFiMaxRate"));
-    EXPECT_EQ(run.err, "open\nclose\n"); // nothing was set
+    EXPECT_EQ(run.err, "open\nclose\n"); // no setter was called
 }
 
-TEST_F(ReportTest, ReadsOnWithoutASession) {
+TEST_F(ReportTest, ContinuesWithoutASession) {
     test::Outcome run = WithDouble({"report", "--json"}, {"DOUBLE_REFUSES=1"});
     EXPECT_THAT(run.err,
                 AllOf(HasSubstr("sondrel: the driver session could not be opened"), Not(HasSubstr("close"))));
@@ -80,7 +80,7 @@ TEST_F(ReportTest, ReadsOnWithoutASession) {
     EXPECT_EQ(Exports(run)["InitializeSondrel"]["status"], "not run");
 }
 
-TEST_F(ReportTest, TellsFailuresFromZerosAtAGlance) {
+TEST_F(ReportTest, DistinguishesFailuresFromZeros) {
     const test::Outcome run = WithDouble({"report"}, {"DOUBLE_RATIO=0.35"});
     EXPECT_EQ(run.status, 0);
     for (const char* const text :
@@ -90,7 +90,7 @@ TEST_F(ReportTest, TellsFailuresFromZerosAtAGlance) {
           "4150, failed, 0, 0 raw\n", "Battery_Read_ASOC                          35.0 %\n",
           "756e6547 6c65746e 49656e69 (GenuineIntel)\n", "not read yet (-1000)",
           "Power_Read_ACDCMode                        failed (255): the system does not know\n",
-          "{\"p_sensor\": \"0x10001\"}\n", "(no well-formed JSON)\n",
+          "{\"p_sensor\": \"0x10001\"}\n", "(not well-formed JSON)\n",
           "faulty (A name of m): the buffer of 11 bytes",
           "the assistant package is not installed (buffer untouched)\n", "8589934592, 8589934592 bytes\n",
           "(2026-01-02 03:04:05)\n", " more lines: sondrel call GetApplist_x64\n",
@@ -98,7 +98,7 @@ TEST_F(ReportTest, TellsFailuresFromZerosAtAGlance) {
         EXPECT_THAT(run.out, HasSubstr(text));
     }
     EXPECT_TRUE(run.out.ends_with(" names\n")) << "not exported by this library: N names";
-    // Whatever a reading holds, no control character reaches the terminal, and a line stays a line.
+    // No control character of a reading reaches the terminal, and no reading breaks a line.
     EXPECT_TRUE(
         std::ranges::none_of(run.out, [](char byte) { return byte >= 0 && byte < ' ' && byte != '\n'; }));
     EXPECT_LT(run.out.size(), 20'000u);

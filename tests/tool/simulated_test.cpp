@@ -16,7 +16,7 @@ using ::testing::StartsWith;
 
 class SimulatedTest : public test::ToolTest {
 protected:
-    /// A profile's file: the default machine with changes merged in.
+    /// A profile: the default machine with changes merged in.
     [[nodiscard]] std::string Profile(const std::string& name, const char* changes) const {
         json profile = json::parse(std::ifstream(DEFAULT_MACHINE_FILE));
         profile.merge_patch(json::parse(changes));
@@ -30,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(SimulatedTest, ListsEveryExportAndMarksWhatIsMissing) {
+TEST_F(SimulatedTest, ListsEveryExportAndMarksMissingOnes) {
     const test::Outcome own = Tool({"list"});
     EXPECT_EQ(own.status, 0);
     EXPECT_EQ(RowsIn(own.out), 114u);
@@ -49,7 +49,7 @@ TEST_F(SimulatedTest, CallsTheLibraryOnTheDefaultMachine) {
     EXPECT_EQ(Tool({"call", "GetDriverVersion", "--no-session"}).out, "0\n");
 }
 
-TEST_F(SimulatedTest, ReportsAMachineWithoutAFaultInItsBuffers) {
+TEST_F(SimulatedTest, ReportsTheDefaultMachineWithoutAFailure) {
     const test::Outcome run = Tool({"report", "--json", "--store", ":memory:"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json report = json::parse(run.out);
@@ -60,20 +60,20 @@ TEST_F(SimulatedTest, ReportsAMachineWithoutAFaultInItsBuffers) {
     }
 }
 
-TEST_F(SimulatedTest, TracesToStandardErrorOnlyAndKeepsTheMachinesStateInTheStore) {
+TEST_F(SimulatedTest, TracesToStandardErrorAndStoresTheMachinesState) {
     EXPECT_EQ(Tool({"call", "EC_ReadEcFwRev", "--store", ":memory:"}).err, "");
     const std::vector<std::string> call{"call", "EC_ReadEcFwRev", "--trace", "--store",
                                         Path("machine.sqlite")};
-    const test::Outcome asked = Tool(call);
-    EXPECT_THAT(asked.err, AllOf(StartsWith("debug: [RwEcCmd] cmd: 0xbb"), Not(HasSubstr("19276"))));
-    const test::Outcome kept = Tool(call);
-    EXPECT_THAT(kept.err, Not(HasSubstr("[RwEcCmd]")));
-    for (const test::Outcome& run : {asked, kept}) {
+    const test::Outcome first = Tool(call);
+    EXPECT_THAT(first.err, AllOf(StartsWith("debug: [RwEcCmd] cmd: 0xbb"), Not(HasSubstr("19276"))));
+    const test::Outcome second = Tool(call);
+    EXPECT_THAT(second.err, Not(HasSubstr("[RwEcCmd]")));
+    for (const test::Outcome& run : {first, second}) {
         EXPECT_EQ(run.out, "19276\n");
     }
 }
 
-TEST_F(SimulatedTest, StartsAProfileOfTheUsers) {
+TEST_F(SimulatedTest, StartsAProfile) {
     const std::string profile =
         Profile("mine.json", R"({"name": "mine", "ec": {"revision": "GL", "chip_id": 1}})");
     EXPECT_EQ(Tool({"call", "EC_ReadEcFwRev", "--machine", profile, "--store", ":memory:"}).out, "18252\n");

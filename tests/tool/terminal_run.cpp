@@ -37,7 +37,7 @@ TerminalRun::TerminalRun(const std::string& program, const std::vector<std::stri
                          unsigned short lines) {
     std::vector<std::string> line{program};
     line.insert(line.end(), arguments.begin(), arguments.end());
-    std::vector<std::string> environment = settings; // the first of a name counts
+    std::vector<std::string> environment = settings; // the first value of a name counts
     environment.insert(environment.end(), {"TERM=xterm-256color", "PATH=/usr/bin:/bin"});
     std::vector<char*> words = Pointers(line);
     std::vector<char*> variables = Pointers(environment);
@@ -68,7 +68,7 @@ bool TerminalRun::ReadSome(int milliseconds) {
     }
     const ssize_t length = read(m_terminal, bytes.data(), bytes.size());
     if (length <= 0) {
-        return false; // the other side is closed
+        return false; // the other end is closed
     }
     m_output.append(bytes.data(), static_cast<std::size_t>(length));
     return true;
@@ -86,7 +86,7 @@ bool TerminalRun::ReadUntil(const std::string& text, std::size_t from) {
 
 void TerminalRun::Type(const std::string& keys) const {
     if (write(m_terminal, keys.data(), keys.size()) < 0) {
-        throw std::runtime_error("nothing can be typed");
+        throw std::runtime_error("cannot write to the pseudo-terminal");
     }
 }
 

@@ -12,14 +12,14 @@ namespace test {
 
 class TerminalRun {
 public:
-    /// `settings` go into the environment, which is that of a user with a colour terminal.
+    /// `settings` are added to the environment of a user with a colour terminal.
     TerminalRun(const std::string& program, const std::vector<std::string>& arguments,
                 const std::vector<std::string>& settings, unsigned short columns, unsigned short lines = 24);
     TerminalRun(const TerminalRun&) = delete;
     TerminalRun& operator=(const TerminalRun&) = delete;
     ~TerminalRun();
 
-    /// Reads until the output holds the text, from `from` on. False when it ends or half a minute has gone first.
+    /// Reads until the output contains the text after `from`. False if it ends first, or after 30 seconds.
     bool ReadUntil(const std::string& text, std::size_t from = 0);
 
     void Type(const std::string& keys) const;
@@ -29,7 +29,7 @@ public:
     /// Waits until the program is stopped.
     [[nodiscard]] bool Stopped() const;
 
-    /// Reads to the end. Gives the status of the program as waitpid does.
+    /// Reads to the end. Returns the status of the program as waitpid does.
     int End();
 
     [[nodiscard]] const std::string& Output() const { return m_output; }
@@ -37,7 +37,7 @@ public:
     /// The terminal's modes.
     [[nodiscard]] termios Modes() const;
 
-    /// What is visible of an output, line by line: without control sequences.
+    /// The visible lines of an output, without control sequences.
     static std::vector<std::string> VisibleLines(const std::string& output);
 
 private:

@@ -1,4 +1,4 @@
-// What a user at a terminal sees: colour, width, progress; and what Ctrl-C leaves behind.
+// The tool on a terminal: colour, width, progress, and interrupts.
 #include "base/text.h"
 
 #include "terminal_run.h"
@@ -43,7 +43,7 @@ protected:
     }
 };
 
-TEST(Columns, CountsWhatATerminalShows) {
+TEST(Columns, CountsTheWidthOfCharacters) {
     EXPECT_EQ(tool::Columns("°C Ä"), 4u);
     EXPECT_EQ(tool::Columns("中文\uFF21"), 6u);
     EXPECT_EQ(tool::Columns("\U0001F600"), 2u);
@@ -56,7 +56,7 @@ TEST(Columns, CountsWhatATerminalShows) {
     EXPECT_THAT(tool::Wrapped("中", 1), ::testing::ElementsAre("中"));
 }
 
-TEST_F(TerminalTest, ColoursOnlyWhereSomebodySeesIt) {
+TEST_F(TerminalTest, ColoursOnlyOnATerminal) {
     const std::vector<std::string> report = DoubleLine({"report"});
     EXPECT_THAT(OnTerminal(report, 120),
                 AllOf(HasSubstr("\x1b[1mTemperatures and fans\x1b[0m"),
@@ -84,12 +84,12 @@ TEST_F(TerminalTest, FitsEveryWidth) {
                 HasSubstr("  Thermal_Read_Cpu_Temperature\r\n    53\x1b[2m °C\x1b[0m\r\n"));
 }
 
-TEST_F(TerminalTest, WatchDrawsWithinTheTerminalAndLeavesItAsItWas) {
-    test::TerminalRun run(
-        SONDREL_PROGRAM,
-        DoubleLine({"watch", "--interval", "0.05", "--csv", Path("kept.csv"), "Thermal_Read_Cpu_Temperature",
-                    "Thermal_Read_UpCpu_Temperature", "Battery_Read_CellVoltage", "CPU_ReadCPUUsage"}),
-        {}, 100);
+TEST_F(TerminalTest, WatchDrawsWithinTheTerminalAndRestoresIt) {
+    test::TerminalRun run(SONDREL_PROGRAM,
+                          DoubleLine({"watch", "--interval", "0.05", "--csv", Path("samples.csv"),
+                                      "Thermal_Read_Cpu_Temperature", "Thermal_Read_UpCpu_Temperature",
+                                      "Battery_Read_CellVoltage", "CPU_ReadCPUUsage"}),
+                          {}, 100);
     ASSERT_TRUE(run.ReadUntil("sample 3")) << run.Output();
     EXPECT_EQ(run.Modes().c_lflag & ECHO, 0u);
     EXPECT_THAT(run.Output(),
@@ -97,9 +97,9 @@ TEST_F(TerminalTest, WatchDrawsWithinTheTerminalAndLeavesItAsItWas) {
                       HasSubstr("Battery_Read_CellVoltage[1]"), HasSubstr("failed")));
     const std::size_t before = run.Output().size();
     run.Resize(44, 5);
-    ASSERT_TRUE(run.ReadUntil(" more, in a taller window", before));
+    ASSERT_TRUE(run.ReadUntil(" more in a taller window", before));
     const std::size_t resized = run.Output().size();
-    ASSERT_TRUE(run.ReadUntil(" more, in a taller window", resized));
+    ASSERT_TRUE(run.ReadUntil(" more in a taller window", resized));
     for (const std::string& line : test::TerminalRun::VisibleLines(run.Output().substr(resized))) {
         EXPECT_LE(tool::Columns(line), 44u) << line;
     }
@@ -112,10 +112,10 @@ TEST_F(TerminalTest, WatchDrawsWithinTheTerminalAndLeavesItAsItWas) {
     run.Type("abc" + CtrlC);
     ExpectInterrupted(run);
     EXPECT_THAT(run.Output(), EndsWith("\x1b[?7h\x1b[?25h\x1b[?1049lclose\r\n"));
-    EXPECT_THAT(ContentOf(Path("kept.csv")), EndsWith(",52,,4150,,,,0.30000000000000004\r\n"));
+    EXPECT_THAT(ContentOf(Path("samples.csv")), EndsWith(",52,,4150,,,,0.30000000000000004\r\n"));
 }
 
-TEST_F(TerminalTest, AnInterruptedPageLeavesTheOldFileAlone) {
+TEST_F(TerminalTest, AnInterruptedPageKeepsTheOldFile) {
     const std::string file = Write("page.html", "before");
     test::TerminalRun run(SONDREL_PROGRAM, DoubleLine({"report", "--html", file, "--interval", "60"}), {},
                           80);
@@ -127,11 +127,11 @@ TEST_F(TerminalTest, AnInterruptedPageLeavesTheOldFileAlone) {
     EXPECT_EQ(std::distance(begin(files), end(files)), 1); // no draft
 }
 
-TEST_F(TerminalTest, ALongCallShowsThatItRunsAndCanBeLeft) {
+TEST_F(TerminalTest, ALongCallShowsProgressAndCanBeInterrupted) {
     const std::vector<std::string> call = DoubleLine({"call", "WMIGetModelName"});
     test::TerminalRun run(SONDREL_PROGRAM, call, {"DOUBLE_HANGS=1"}, 80);
     ASSERT_TRUE(run.ReadUntil("calling WMIGetModelName ... 0 s")) << run.Output();
-    run.Type(CtrlC); // the call never comes back: the end is forced
+    run.Type(CtrlC); // the call never returns: the end is forced
     ExpectInterrupted(run);
     const test::Outcome piped = WithDouble({"call", "AppList_OpenWindows"});
     EXPECT_EQ(piped.err, "");

@@ -26,7 +26,7 @@ std::string Quoted(const std::string& word) {
 ToolTest::ToolTest() {
     std::string name = (fs::temp_directory_path() / "sondrel-tool-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error("no directory for the test");
+        throw std::runtime_error("cannot create a directory for the test");
     }
     m_directory = name;
 }
@@ -74,10 +74,10 @@ std::string ToolTest::ContentOf(const fs::path& file) {
 void ToolTest::ExpectRefused(const Outcome& run, const std::string& reason) {
     EXPECT_EQ(run.status, 2) << reason;
     EXPECT_EQ(run.out, "") << reason;
-    const std::string session = "open\nclose\n"; // as the double tells it
-    const std::string told = run.err.substr(run.err.starts_with(session) ? session.size() : 0);
-    EXPECT_THAT(told, ::testing::AllOf(::testing::StartsWith("sondrel: "), ::testing::HasSubstr(reason)));
-    EXPECT_EQ(std::ranges::count(told, '\n'), 1) << told;
+    const std::string session = "open\nclose\n"; // the double's log
+    const std::string message = run.err.substr(run.err.starts_with(session) ? session.size() : 0);
+    EXPECT_THAT(message, ::testing::AllOf(::testing::StartsWith("sondrel: "), ::testing::HasSubstr(reason)));
+    EXPECT_EQ(std::ranges::count(message, '\n'), 1) << message;
 }
 
 } // namespace test

@@ -16,7 +16,7 @@ struct Outcome {
     std::string err;
 };
 
-/// A directory of its own for each test, in which the simulated machine keeps its state too.
+/// Each test has a directory, which also has the simulated machine's state.
 class ToolTest : public ::testing::Test {
 public:
     ToolTest();
@@ -27,20 +27,20 @@ public:
 protected:
     /// Runs the tool against the native library.
     [[nodiscard]] Outcome Tool(const std::vector<std::string>& arguments) const;
-    /// Runs the tool against the double. `settings` go into its environment.
+    /// Runs the tool against the double. `settings` are added to its environment.
     [[nodiscard]] Outcome WithDouble(std::vector<std::string> arguments,
                                      const std::vector<std::string>& settings = {}) const;
     [[nodiscard]] Outcome Program(const std::string& program, const std::vector<std::string>& arguments,
                                   const std::vector<std::string>& settings = {}) const;
 
-    /// Writes a file and gives its path.
+    /// Writes a file and returns its path.
     [[nodiscard]] std::string Write(const std::string& name, const std::string& text) const;
 
     [[nodiscard]] std::string Path(const std::string& name) const { return (m_directory / name).string(); }
 
     [[nodiscard]] static std::string ContentOf(const std::filesystem::path& file);
 
-    /// The tool has said in one line why it does not do it, and done nothing.
+    /// The tool has printed one line with the reason, and nothing else.
     static void ExpectRefused(const Outcome& run, const std::string& reason);
 
 private:

@@ -1,4 +1,4 @@
-// sondrel watch and trace, away from a terminal.
+// sondrel watch and trace without a terminal.
 #include "tool_run.h"
 
 #include <fstream>
@@ -36,7 +36,7 @@ TEST_F(WatchTest, PrintsPlainLinesIntoAPipe) {
     EXPECT_TRUE(std::regex_match(run.out, std::regex(sample + sample))) << run.out;
 }
 
-TEST_F(WatchTest, KeepsSamplesAsCsv) {
+TEST_F(WatchTest, WritesSamplesAsCsv) {
     const std::string file = Path("samples.csv");
     const std::vector<std::string> names{"Thermal_Read_Cpu_Temperature", "Thermal_Read_ACFET_Temperature",
                                          "Battery_Read_CellVoltage", "GetEEPROM_Data", "RF_WiFiChannel"};
@@ -54,11 +54,12 @@ TEST_F(WatchTest, KeepsSamplesAsCsv) {
     EXPECT_TRUE(std::regex_match(ContentOf(file),
                                  std::regex(header + line + line + "2026-01-01T00:00\r\n" + line + line)));
     const std::string before = ContentOf(file);
-    ExpectRefused(Sample(file, {"RF_WiFiChannel"}), "holds something else than samples of these readings");
+    ExpectRefused(Sample(file, {"RF_WiFiChannel"}),
+                  "contains something other than samples of these readings");
     EXPECT_EQ(ContentOf(file), before);
 }
 
-TEST_F(WatchTest, TracesACallAsItRuns) {
+TEST_F(WatchTest, TracesACall) {
     const test::Outcome run = Tool({"trace", "--store", ":memory:", "--", "EC_ReadEcChipId"});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_THAT(run.out, AllOf(HasSubstr("  debug  [RwEcCmd] cmd: 0xbb DataList: 0x10 ReadData\n"),

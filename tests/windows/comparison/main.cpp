@@ -13,6 +13,7 @@
 
 #include "machine/profile/profile.h"
 #include "memory_storage.h"
+#include "output/report.h"
 
 #include <iostream>
 #include <sstream>
@@ -68,7 +69,7 @@ void ExpectNoHandleLeft(const tool::Host& host) {
     std::ostringstream unread;
     std::streambuf* const output = std::cout.rdbuf(unread.rdbuf());
     const std::size_t before = HandlesOpen();
-    tool::ReportAsJson(host, tool::Options());
+    tool::ReportAsJson(host, tool::ReadOptions());
     const std::size_t after = HandlesOpen();
     std::cout.rdbuf(output);
     ExpectNothingLeft("handles of Wine's own", after > before ? after - before : 0);
@@ -88,7 +89,7 @@ void Report(const std::string& machineName) {
     twin::PutUpFirmware(patch);
     twin::PutUpSystem(patch);
     twin::PutUpCom(patch);
-    const tool::Host host{tool::Options()};
+    const tool::Host host{tool::HostOptions()};
     twin::Tell(host);
     ExpectNoHandleLeft(host);
     for (const std::string_view kind : machine::Current()->handles.Kinds()) {

@@ -95,8 +95,8 @@ int DigitOf(char character) {
     return character >= 'A' && character <= 'F' ? character - 'A' + 10 : -1;
 }
 
-/// Takes as many characters off the front of a text as fit.
-std::string Piece(std::string_view& text, std::size_t columns) {
+/// Removes as many characters from the front of the string as fit, and returns them.
+std::string TakeColumns(std::string_view& text, std::size_t columns) {
     std::string piece;
     while (!text.empty()) {
         std::string_view rest = text;
@@ -120,7 +120,7 @@ std::string LowerCase(std::string_view text) {
     return lower;
 }
 
-/// How many characters have to be put in, left out or replaced to make one text of the other.
+/// Levenshtein distance.
 std::size_t Distance(std::string_view left, std::string_view right) {
     std::vector<std::size_t> row(right.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -203,15 +203,15 @@ std::string Shortened(std::string_view text, std::size_t columns) {
         return std::string(text);
     }
     constexpr std::string_view Mark = "...";
-    const std::size_t room = columns - std::min(columns, Mark.size());
-    return Piece(text, room).append(Mark.substr(0, columns));
+    const std::size_t available = columns - std::min(columns, Mark.size());
+    return TakeColumns(text, available).append(Mark.substr(0, columns));
 }
 
 std::vector<std::string> Wrapped(std::string_view text, std::size_t columns) {
     std::vector<std::string> lines;
     while (!text.empty()) {
         std::string_view rest = text;
-        std::string line = Piece(rest, columns);
+        std::string line = TakeColumns(rest, columns);
         if (line.empty()) {
             Append(line, TakeUtf8(rest)); // wider than the line itself
         }
@@ -273,7 +273,7 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
 }
 
 std::string_view Nearest(std::string_view name, std::span<const std::string_view> candidates) {
-    constexpr std::size_t LongestName = 64; // nobody mistypes by more
+    constexpr std::size_t LongestName = 64; // longer ones are no mistyped names
     if (name.empty() || name.size() > LongestName) {
         return {};
     }
@@ -284,7 +284,7 @@ std::string_view Nearest(std::string_view name, std::span<const std::string_view
         const std::string lower = LowerCase(candidate);
         std::size_t distance = Distance(wanted, lower);
         if (wanted.size() >= 4 && lower.find(wanted) != std::string::npos) {
-            distance = std::min<std::size_t>(distance, 3); // a piece of a name
+            distance = std::min<std::size_t>(distance, 3); // part of a name
         }
         if (distance < bestDistance) {
             best = candidate;

@@ -1,4 +1,4 @@
-// Texts as the tool takes and prints them: UTF-8, whatever the library gives.
+// Strings as the tool takes and prints them: UTF-8.
 #pragma once
 
 #include <cstddef>
@@ -21,28 +21,28 @@ std::u16string Utf16(std::string_view text);
 /// The text with whatever is ill-formed in it replaced by U+FFFD.
 std::string WellFormed(std::string_view text);
 
-/// How many columns of a terminal the text takes.
+/// The width of the string in columns of a terminal.
 std::size_t Columns(std::string_view text);
 
-/// For one line of a terminal: control characters are written as \xNN.
+/// For one line of a terminal: writes control characters as \xNN.
 std::string OnOneLine(std::string_view text);
 
-/// At most `columns` columns, the last of them "..." where something was cut.
+/// At most `columns` columns; ends in "..." if something was cut.
 std::string Shortened(std::string_view text, std::size_t columns);
 
-/// A well-formed text in lines of at most `columns` columns, broken at blanks where there are some.
+/// A well-formed string in lines of at most `columns` columns, broken at blanks where possible.
 std::vector<std::string> Wrapped(std::string_view text, std::size_t columns);
 
 /// Two lower-case digits for each byte.
 std::string Hex(std::span<const std::uint8_t> bytes);
 
-/// The bytes of a hexadecimal text; blanks, colons and hyphens between them are passed over.
+/// The bytes of a hexadecimal string; blanks, colons and hyphens between them are ignored.
 std::optional<std::vector<std::uint8_t>> BytesOfHex(std::string_view text);
 
 /// The pieces between separators: one more than there are separators.
 std::vector<std::string_view> Split(std::string_view text, char separator);
 
-/// The candidate that a mistyped name most probably meant, or the empty text.
+/// The candidate that a mistyped name most probably meant, or the empty string.
 std::string_view Nearest(std::string_view name, std::span<const std::string_view> candidates);
 
 std::filesystem::path PathOf(std::string_view utf8);

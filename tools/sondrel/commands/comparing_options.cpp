@@ -7,19 +7,20 @@
 namespace tool {
 
 void AddComparingCommands(CLI::App& app, Options& options) {
-    CLI::App* const snapshot = app.add_subcommand("snapshot", "Keep every answer in a file");
+    CLI::App* const snapshot = app.add_subcommand("snapshot", "Write every answer to a file");
     snapshot->add_option("FILE", options.files, "The file; \"-\" is standard output")
         ->required()
         ->expected(1)
         ->type_name("");
     snapshot->callback([&options] { options.run = TakeSnapshot; });
 
-    CLI::App* const diff = app.add_subcommand("diff", "Tell what differs between two snapshots");
+    CLI::App* const diff = app.add_subcommand("diff", "Compare two snapshots");
     diff->add_option("FILES", options.files, "Two snapshots, the older one first")
         ->required()
         ->expected(2)
         ->type_name("");
-    diff->add_flag("--steady", options.steady, "Leave out what always moves: temperatures, counters, times");
+    diff->add_flag("--steady", options.steady,
+                   "Leave out what usually differs: temperatures, counters, times");
     diff->add_flag("--json", options.json, "As one JSON object");
     diff->callback([&options] { options.run = CompareSnapshots; });
 

@@ -1,6 +1,7 @@
 // sondrel list [NAME]
 #include "base/text.h"
 #include "commands/commands.h"
+#include "exports/classify.h"
 
 #include <algorithm>
 #include <iostream>
@@ -8,7 +9,7 @@
 namespace tool {
 namespace {
 
-/// The name as a user types it, with what has to be given.
+/// The name and the argument, as a user types them.
 std::string UsageOf(const Export& row) {
     std::string usage(row.name);
     if (!row.argument.empty()) {
@@ -33,7 +34,7 @@ std::string Shown(const SpecialValue& value) {
 
 void PrintInFull(const Export& row, bool exported) {
     std::cout << row.name << (exported ? "" : " (not exported by this library)") << "\n  " << row.summary
-              << "\n\n  declared  " << row.declaration << "\n  family    " << exports::TitleOf(row.group)
+              << "\n\n  declared  " << row.declaration << "\n  group     " << exports::TitleOf(row.group)
               << "\n  call      sondrel call " << UsageOf(row) << '\n';
     if (!row.unit.empty()) {
         std::cout << "  unit      " << row.unit << '\n';
@@ -68,7 +69,7 @@ void PrintRow(const Export& row, bool exported, std::size_t width) {
 
 int ListExports(const Options& options) {
     const Export* const wanted = options.name.empty() ? nullptr : &ExportNamed(options.name);
-    const Library library(options.library);
+    const Library library(options.host.library);
     if (wanted != nullptr) {
         PrintInFull(*wanted, library.Find(wanted->name) != nullptr);
         return 0;

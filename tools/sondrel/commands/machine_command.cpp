@@ -1,13 +1,14 @@
 // sondrel machine: profiles of simulated machines, made, checked and told. No library is loaded.
 #include "commands/machine_command.h"
 
-#include "base/output_file.h"
+#include "base/error.h"
+#include "base/input_file.h"
 #include "base/text.h"
-#include "base/trouble.h"
 #include "machine/profile/built_in_machines.h"
 #include "machines/json_places.h"
 #include "machines/machine_words.h"
 #include "machines/profile_check.h"
+#include "output/output_file.h"
 
 #include <nlohmann/json.hpp>
 
@@ -40,8 +41,8 @@ std::string TextOf(const std::string& nameOrFile) {
     }
     std::error_code problem;
     if (!std::filesystem::exists(PathOf(nameOrFile), problem)) {
-        throw Trouble(std::string("there is no machine and no file \"").append(OnOneLine(nameOrFile)) +
-                      "\"; sondrel machine list tells the built-in ones");
+        throw Error(std::string("there is no machine and no file \"").append(OnOneLine(nameOrFile)) +
+                    "\"; sondrel machine list tells the built-in ones");
     }
     return ReadFile(nameOrFile);
 }
@@ -51,11 +52,11 @@ std::string LineOf(const std::string& file, const Mistake& mistake) {
            std::to_string(mistake.place.column) + ": " + mistake.text;
 }
 
-/// A profile without a mistake. Throws Trouble with the first one.
+/// A profile without a mistake. Throws Error with the first one.
 std::string GoodTextOf(const std::string& nameOrFile) {
     std::string text = TextOf(nameOrFile);
     if (const std::vector<Mistake> mistakes = MistakesOf(text); !mistakes.empty()) {
-        throw Trouble(LineOf(nameOrFile, mistakes.front()));
+        throw Error(LineOf(nameOrFile, mistakes.front()));
     }
     return text;
 }
@@ -71,8 +72,8 @@ std::string FamilyMachine(const std::string& family) {
         for (const FamilyStart& each : FamilyStarts) {
             known.append(known.empty() ? "" : ", ").append(each.code);
         }
-        throw Trouble(std::string("there is no family \"").append(OnOneLine(family)) +
-                      "\"; expected one of " + known);
+        throw Error(std::string("there is no family \"").append(OnOneLine(family)) + "\"; expected one of " +
+                    known);
     }
     return std::string(found->machine);
 }
@@ -87,17 +88,17 @@ std::string QuotedName(const Options& options) {
 
 int NewMachine(const Options& options) {
     if (options.from.empty() == options.name.empty()) {
-        throw Trouble("machine new takes a family or --from NAME (sondrel machine new --help)");
+        throw Error("machine new takes a family or --from NAME (sondrel machine new --help)");
     }
     std::string text = GoodTextOf(options.from.empty() ? FamilyMachine(options.name) : options.from);
     const ByteRange name = JsonPlaces(text).ValueOf("/name");
     text.replace(name.begin, name.end - name.begin, QuotedName(options));
     std::error_code problem;
     if (options.output != "-" && std::filesystem::is_regular_file(PathOf(options.output), problem)) {
-        throw Trouble(OnOneLine(options.output) + ": is there already, and is left as it is");
+        throw Error(OnOneLine(options.output) + ": is there already, and is left as it is");
     }
     WriteOutput(options.output, text);
-    return ExitDone;
+    return ExitOk;
 }
 
 int CheckMachines(const Options& options) {
@@ -112,13 +113,13 @@ int CheckMachines(const Options& options) {
         }
         wrong += mistakes.empty() ? 0 : 1;
     }
-    return wrong == 0 ? ExitDone : ExitMistakes;
+    return wrong == 0 ? ExitOk : ExitFinding;
 }
 
 int ShowMachine(const Options& options) {
     const std::string text = GoodTextOf(options.name);
     std::cout << MachineInWords(nlohmann::json::parse(text));
-    return ExitDone;
+    return ExitOk;
 }
 
 int ListMachines(const Options&) {
@@ -128,7 +129,7 @@ int ListMachines(const Options&) {
         line.resize(std::max(line.size() + 1, NameColumn), ' ');
         std::cout << line << nlohmann::json::parse(builtIn.text).value("description", "") << '\n';
     }
-    return ExitDone;
+    return ExitOk;
 }
 
 } // namespace tool

@@ -1,8 +1,8 @@
 // sondrel: calls the library's exports from a command line.
-#include "base/trouble.h"
+#include "base/error.h"
+#include "base/system.h"
 #include "commands/options.h"
 #include "terminal/interrupt.h"
-#include "terminal/system.h"
 #include "terminal/terminal.h"
 
 #include <exception>
@@ -10,12 +10,12 @@
 
 namespace {
 
-int RunToTheEnd(const std::vector<std::string>& arguments) {
+int Run(const std::vector<std::string>& arguments) {
     try {
         const tool::Options options = tool::ParseCommandLine(arguments);
-        const int status = options.run != nullptr ? options.run(options) : tool::ExitDone;
+        const int status = options.run != nullptr ? options.run(options) : tool::ExitOk;
         if (!std::cout.flush()) {
-            throw tool::Trouble("the output could not be written");
+            throw tool::Error("the output could not be written");
         }
         tool::interrupt::Check();
         return status;
@@ -24,7 +24,7 @@ int RunToTheEnd(const std::vector<std::string>& arguments) {
         tool::interrupt::End();
     } catch (const std::exception& problem) {
         std::cerr << "sondrel: " << problem.what() << '\n';
-        return tool::ExitTrouble;
+        return tool::ExitError;
     }
 }
 
@@ -33,5 +33,5 @@ int RunToTheEnd(const std::vector<std::string>& arguments) {
 int main(int count, char** arguments) {
     tool::interrupt::Listen();
     const tool::terminal::Console console;
-    return RunToTheEnd(tool::host_system::Arguments(count, arguments));
+    return Run(tool::host_system::Arguments(count, arguments));
 }

@@ -1,8 +1,9 @@
 // sondrel snapshot FILE
-#include "base/output_file.h"
+#include "base/error.h"
 #include "base/text.h"
-#include "base/trouble.h"
-#include "output/reading_json.h"
+#include "commands/commands.h"
+#include "output/output_file.h"
+#include "readings/reading_json.h"
 #include "readings/snapshot.h"
 
 #include <ctime>
@@ -22,10 +23,10 @@ std::string Now() {
 } // namespace
 
 int TakeSnapshot(const Options& options) {
-    const Host host(options);
+    const Host host(options.host);
     OrderedJson readings = OrderedJson::object();
-    ReadAll(host, options, [&](const Reading& reading) {
-        Describe(reading, KeptValue(reading), readings[std::string(reading.row.name)]);
+    Reader(host, options.reading).ReadAll([&](const Reading& reading) {
+        AddMembers(reading, SnapshotValue(reading), readings[std::string(reading.row.name)]);
     });
     OrderedJson snapshot;
     snapshot["format"] = SnapshotFormat;
@@ -37,7 +38,7 @@ int TakeSnapshot(const Options& options) {
     snapshot["readings"] = std::move(readings);
     WriteOutput(options.files.front(),
                 snapshot.dump(2, ' ', false, OrderedJson::error_handler_t::replace) + '\n');
-    return ExitDone;
+    return ExitOk;
 }
 
 } // namespace tool

@@ -1,7 +1,9 @@
 // sondrel trace [--] NAME [ARG...]
+#include "base/error.h"
 #include "base/text.h"
-#include "base/trouble.h"
-#include "output/readable.h"
+#include "commands/commands.h"
+#include "output/status_style.h"
+#include "readings/readable.h"
 #include "readings/single_call.h"
 #include "terminal/interrupt.h"
 #include "terminal/paint.h"
@@ -87,7 +89,7 @@ struct Observed {
 /// Prints what a call does while it does it.
 class Transcript {
 public:
-    Transcript(const Observed& observed, ColourWish colour)
+    Transcript(const Observed& observed, ColourMode colour)
         : m_observed(observed),
           m_paint(colour, terminal::Stream::Out),
           m_start(MachineTime()),
@@ -184,7 +186,8 @@ void PrintResult(const Export& row, const Answer& answer, const Paint& paint) {
 } // namespace
 
 int TraceExport(const Options& options) {
-    const SingleCall call(options); // opening the session is not part of it
+    // Opening the session is not part of the trace.
+    const SingleCall call(options.host, options.reading, options.name, options.arguments);
     Answer answer;
     if (const Address setSink = call.Find("VeskObserver_SetSink"); setSink != nullptr) {
         const Observed observed{reinterpret_cast<decltype(VeskObserver_SetSink)*>(setSink), call.Machine()};
@@ -197,10 +200,10 @@ int TraceExport(const Options& options) {
         std::cout << "time    " << Milliseconds(Clock::now() - begin).substr(1) << " ms\n";
         std::cerr << "sondrel: " << NotObserved << host_system::WhereTraceLinesAre() << '\n';
     }
-    call.GiveBackSession(answer);
+    call.CloseSession(answer);
     interrupt::Check();
     PrintResult(call.Row(), answer, Paint(options.colour, terminal::Stream::Out));
-    return answer.fault.empty() ? ExitDone : ExitFault;
+    return answer.fault.empty() ? ExitOk : ExitFinding;
 }
 
 } // namespace tool

@@ -1,9 +1,9 @@
 // sondrel watch [NAME...]
+#include "base/error.h"
 #include "base/text.h"
-#include "base/trouble.h"
+#include "commands/commands.h"
 #include "output/sample_file.h"
 #include "output/watch_screen.h"
-#include "readings/telemetry.h"
 #include "terminal/interrupt.h"
 #include "terminal/terminal.h"
 
@@ -25,7 +25,7 @@ std::vector<std::string> ChosenNames(const Options& options, const Host& host) {
         }
     }
     if (names.empty()) {
-        throw Trouble("this library exports none of the usual readings; name one");
+        throw Error("this library exports no telemetry; name a reading");
     }
     return names;
 }
@@ -38,33 +38,33 @@ std::string TitleFor(const Host& host, const Sampling& sampling) {
            "  every " + every + " s";
 }
 
-/// Shows the newest sample: on the terminal as a screen, elsewhere as lines.
+/// Shows the newest sample: on a full screen of the terminal, or as lines elsewhere.
 class SampleView {
 public:
-    SampleView(const std::vector<Series>& series, std::string title, ColourWish colour)
+    SampleView(const std::vector<Series>& series, std::string title, ColourMode colour)
         : m_screen(series, std::move(title), Paint(colour, terminal::Stream::Out)) {
-        if (terminal::TakesSequences(terminal::Stream::Out)) {
+        if (terminal::SupportsSequences(terminal::Stream::Out)) {
             m_terminal.emplace();
-            ShowAgain();
+            Redraw();
         }
     }
 
     void Show(const Sample& sample) {
         m_screen.Add(sample);
-        Put(m_terminal ? m_screen.Draw(terminal::SizeOf(terminal::Stream::Out)) : m_screen.Lines());
+        Write(m_terminal ? m_screen.Draw(terminal::SizeOf(terminal::Stream::Out)) : m_screen.Lines());
     }
 
-    void ShowAgain() const {
+    void Redraw() const {
         if (m_terminal) {
-            Put(m_screen.Draw(terminal::SizeOf(terminal::Stream::Out)));
+            Write(m_screen.Draw(terminal::SizeOf(terminal::Stream::Out)));
         }
     }
 
 private:
-    static void Put(const std::string& text) {
+    static void Write(const std::string& text) {
         std::cout << text << std::flush;
         if (!std::cout) {
-            throw Trouble("the output could not be written");
+            throw Error("the output could not be written");
         }
     }
 
@@ -72,7 +72,7 @@ private:
     std::optional<terminal::FullScreen> m_terminal;
 };
 
-/// Waits until the next sample is due. The view follows the terminal meanwhile.
+/// Waits until the next sample is due. The view is redrawn when the terminal changes.
 void WaitUntil(Clock::time_point due, const SampleView& view) {
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(due - Clock::now());
@@ -81,18 +81,18 @@ void WaitUntil(Clock::time_point due, const SampleView& view) {
         if (wake == interrupt::Wake::TimeUp) {
             return;
         }
-        view.ShowAgain();
+        view.Redraw();
     }
 }
 
 } // namespace
 
 int Watch(const Options& options) {
-    const Host host(options);
+    const Host host(options.host);
     if (host.machine) {
         host.machine->TieToRealTime();
     }
-    const Sampler sampler(host, options, ChosenNames(options, host));
+    const Sampler sampler(host, options.reading, ChosenNames(options, host));
     std::optional<SampleFile> file;
     if (!options.csv.empty()) {
         file.emplace(options.csv, sampler.AllSeries());
@@ -107,9 +107,10 @@ int Watch(const Options& options) {
         }
         view.Show(sample);
         if (taken == sampling.count) {
-            return ExitDone;
+            return ExitOk;
         }
-        due = std::max(due + sampling.interval, Clock::now()); // a late sample does not hurry the next ones
+        due = std::max(due + sampling.interval,
+                       Clock::now()); // a late sample does not shorten the next intervals
         WaitUntil(due, view);
     }
 }

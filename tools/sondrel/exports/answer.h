@@ -23,9 +23,9 @@ using exports::SpecialValue;
 inline constexpr std::string_view BufferUntouched = "(buffer untouched)";
 
 struct Answer {
-    /// The bare result: a number in decimal, a string in UTF-8, bytes in hexadecimal. Empty where the export
-    /// returns nothing.
-    std::string bare;
+    /// The result: a number in decimal, a string in UTF-8, bytes in hexadecimal. Empty where the export returns
+    /// nothing.
+    std::string text;
     /// The same as a number, where the result is one.
     std::variant<std::monostate, std::int64_t, double> number;
     /// The code that a call returns besides the bytes it reads: 0, or the system's error.

@@ -10,23 +10,23 @@ namespace tool {
 namespace {
 
 constexpr std::size_t WideCapacity = std::size_t{32} * 1024 * 1024;
-/// No character, so that no text begins with it, and this many of them in a row least of all.
+/// Not a character, so that no string begins with four of them.
 constexpr VeskChar16 Mark = 0xFFFF;
 constexpr std::size_t Marks = 4;
 
-/// Not constant, so that a library that clears or fills a buffer shows.
+/// Not constant, so that a library that clears or fills a buffer is noticed.
 char FillAt(std::size_t place) {
     return static_cast<char>(0xA5u ^ static_cast<unsigned>(place * 37 & 0xFF));
 }
 
-Answer LeftUntouched() {
-    return {.bare = std::string(BufferUntouched), .untouched = true};
+Answer Untouched() {
+    return {.text = std::string(BufferUntouched), .untouched = true};
 }
 
 } // namespace
 
 WideBuffer::WideBuffer()
-    // The system hands out so large a block as pages of zeros that cost nothing until they are written to.
+    // The system provides so large a block as pages of zeros, which cost nothing until they are written to.
     : m_characters(static_cast<VeskChar16*>(std::calloc(WideCapacity, sizeof(VeskChar16)))) {
     if (!m_characters) {
         throw std::bad_alloc();
@@ -37,12 +37,12 @@ WideBuffer::WideBuffer()
 Answer WideBuffer::Read() const {
     const VeskChar16* const text = m_characters.get();
     if (std::all_of(text, text + Marks, [](VeskChar16 character) { return character == Mark; })) {
-        return LeftUntouched();
+        return Untouched();
     }
     const VeskChar16* const end = std::find(text, text + WideCapacity, VeskChar16{});
-    Answer answer{.bare = Utf8(std::u16string(text, end))};
+    Answer answer{.text = Utf8(std::u16string(text, end))};
     if (end == text + WideCapacity) {
-        answer.fault = "the text has no terminator";
+        answer.fault = "the string has no terminator";
     }
     return answer;
 }
@@ -70,22 +70,22 @@ std::string NarrowBuffer::Overrun() const {
 
 Answer NarrowBuffer::ReadText() const {
     if (Written() == 0) {
-        return LeftUntouched();
+        return Untouched();
     }
     const std::string_view all(m_bytes.data(), m_bytes.size());
     const std::size_t end = all.find('\0');
-    Answer answer{.bare = WellFormed(all.substr(0, std::min(end, m_size))), .fault = Overrun()};
+    Answer answer{.text = WellFormed(all.substr(0, std::min(end, m_size))), .fault = Overrun()};
     if (answer.fault.empty() && end >= m_size) {
-        answer.fault = "the text has no terminator within its " + std::to_string(m_size) + " bytes";
+        answer.fault = "the string has no terminator within its " + std::to_string(m_size) + " bytes";
     }
     return answer;
 }
 
 Answer NarrowBuffer::ReadBytes() const {
     if (Written() == 0) {
-        return LeftUntouched();
+        return Untouched();
     }
-    return {.bare = Hex({reinterpret_cast<const std::uint8_t*>(m_bytes.data()), m_size}), .fault = Overrun()};
+    return {.text = Hex({reinterpret_cast<const std::uint8_t*>(m_bytes.data()), m_size}), .fault = Overrun()};
 }
 
 } // namespace tool

@@ -1,4 +1,5 @@
-// The buffers in which the library writes: they tell an untouched one from an empty text, and an overrun.
+// The buffers that the library writes to: they distinguish an untouched buffer from an empty string, and detect an
+// overrun.
 #pragma once
 
 #include "exports/answer.h"
@@ -14,14 +15,14 @@
 
 namespace tool {
 
-/// Room for every text that an export writes without being told how much there is: 32 Mi characters.
+/// Large enough for every string that an export writes without a size: 32 Mi characters.
 class WideBuffer {
 public:
     WideBuffer();
 
     VeskChar16* Start() { return m_characters.get(); }
 
-    /// The text, or the mark of an untouched buffer.
+    /// The string, or BufferUntouched.
     [[nodiscard]] Answer Read() const;
 
 private:
@@ -32,20 +33,20 @@ private:
     std::unique_ptr<VeskChar16[], Free> m_characters;
 };
 
-/// A buffer whose size the export states, with guard bytes behind it.
+/// A buffer of the described size, with guard bytes after it.
 class NarrowBuffer {
 public:
     explicit NarrowBuffer(std::size_t size);
 
     char* Start() { return m_bytes.data(); }
 
-    /// The text up to its terminator.
+    /// The string up to its terminator.
     [[nodiscard]] Answer ReadText() const;
     /// All bytes, in hexadecimal.
     [[nodiscard]] Answer ReadBytes() const;
 
 private:
-    /// Bytes up to the last one that is not as it was filled.
+    /// The number of bytes up to the last one that differs from the fill.
     [[nodiscard]] std::size_t Written() const;
     [[nodiscard]] std::string Overrun() const;
 

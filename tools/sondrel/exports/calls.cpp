@@ -1,7 +1,7 @@
 #include "exports/calls.h"
 
+#include "base/error.h"
 #include "base/text.h"
-#include "base/trouble.h"
 #include "exports/buffers.h"
 
 #include <algorithm>
@@ -26,15 +26,15 @@ Function* As(Address address) {
 }
 
 Answer NumberAnswer(std::int64_t number) {
-    return {.bare = std::to_string(number), .number = number};
+    return {.text = std::to_string(number), .number = number};
 }
 
-/// With just as many digits as tell the number from its neighbours.
+/// The shortest digits that give the same number.
 template <class Floating>
 Answer FloatingAnswer(Floating number) {
     std::array<char, 64> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    Answer answer{.bare = std::string(digits.data(), end)};
+    Answer answer{.text = std::string(digits.data(), end)};
     if (std::isfinite(number)) {
         double shown = 0;
         std::from_chars(digits.data(), end, shown);
@@ -43,7 +43,7 @@ Answer FloatingAnswer(Floating number) {
     return answer;
 }
 
-/// A decimal number, or a hexadecimal one behind "0x", that fits its type.
+/// A decimal number, or a hexadecimal one after "0x", that fits its type.
 template <class Number>
 Number NumberOf(const std::string& text, const Export& row) {
     constexpr auto Smallest = static_cast<std::int64_t>(std::numeric_limits<Number>::min());
@@ -53,10 +53,10 @@ Number NumberOf(const std::string& text, const Export& row) {
     const char* const end = text.data() + text.size();
     std::int64_t value = 0;
     const auto [stop, problem] = std::from_chars(start, end, value, hexadecimal ? 16 : 10);
-    const bool signBehindPrefix = hexadecimal && start != end && *start == '-';
-    if (problem != std::errc() || stop != end || signBehindPrefix || value < Smallest || value > Largest) {
-        throw Trouble(std::string(row.name) + " takes a number from " + std::to_string(Smallest) + " to " +
-                      std::to_string(Largest) + ", not \"" + OnOneLine(text) + "\"");
+    const bool signAfterPrefix = hexadecimal && start != end && *start == '-';
+    if (problem != std::errc() || stop != end || signAfterPrefix || value < Smallest || value > Largest) {
+        throw Error(std::string(row.name) + " takes a number from " + std::to_string(Smallest) + " to " +
+                    std::to_string(Largest) + ", not \"" + OnOneLine(text) + "\"");
     }
     return static_cast<Number>(value);
 }
@@ -67,8 +67,8 @@ std::vector<Byte> BytesOf(const std::string& text, const Export& row) {
         text.starts_with(TextMark) ? std::vector<Byte>(text.begin() + TextMark.size(), text.end())
                                    : BytesOfHex(text);
     if (!bytes || bytes->size() != row.buffer.size) {
-        throw Trouble(std::string(row.name) + " takes exactly " + std::to_string(row.buffer.size) +
-                      " bytes, as hexadecimal digits or as text:CHARACTERS, not \"" + OnOneLine(text) + "\"");
+        throw Error(std::string(row.name) + " takes exactly " + std::to_string(row.buffer.size) +
+                    " bytes, as hexadecimal digits or as text:CHARACTERS, not \"" + OnOneLine(text) + "\"");
     }
     return *bytes;
 }
@@ -136,74 +136,74 @@ Answer CallWriteBytes(Address address, const Export& row, const CallInputs& inpu
 }
 
 Answer CallRegisters(Address address, const Export& row, const CallInputs& inputs) {
-    constexpr Word Fill = 0xA5C3A5C3; // no processor answers all four words so
+    constexpr Word Fill = 0xA5C3A5C3; // no processor returns this in all four registers
     const auto leaf = NumberOf<Word>(inputs.argument, row);
     std::array<Word, 4> words{Fill, Fill, Fill, Fill};
     auto& [eax, ebx, ecx, edx] = words;
     As<void(Word, Word*, Word*, Word*, Word*)>(address)(leaf, &eax, &ebx, &ecx, &edx);
     if (std::ranges::count(words, Fill) == 4) {
-        return {.bare = std::string(BufferUntouched), .untouched = true};
+        return {.text = std::string(BufferUntouched), .untouched = true};
     }
     Answer answer;
     for (const Word word : words) {
         const std::array<Byte, 4> bytes{static_cast<Byte>(word >> 24), static_cast<Byte>(word >> 16),
                                         static_cast<Byte>(word >> 8), static_cast<Byte>(word)};
-        answer.bare.append(answer.bare.empty() ? "" : " ").append(Hex(bytes));
+        answer.text.append(answer.text.empty() ? "" : " ").append(Hex(bytes));
     }
     return answer;
 }
 
-/// The library makes the string object and the tool destroys it: both have to be built with one C++ runtime.
+/// The library creates the string object and the tool destroys it, so both must use the same C++ runtime.
 Answer CallStringObject(Address address, const Export&, const CallInputs&) {
-    return {.bare = WellFormed(As<std::string()>(address)())};
+    return {.text = WellFormed(As<std::string()>(address)())};
 }
 
 Answer CallUint32OfUint32(Address address, const Export& row, const CallInputs& inputs) {
     return NumberAnswer(As<Word(Word)>(address)(NumberOf<Word>(inputs.argument, row)));
 }
 
-struct Way {
+struct Caller {
     Signature signature;
+    /// The type of a pointer to such an export.
     const std::type_info* type;
     Answer (*call)(Address address, const Export& row, const CallInputs& inputs);
 };
 
-/// The type of the export's own function, and how it is called.
 template <class Function>
-Way WayOf(Signature signature, decltype(Way::call) call) {
+Caller CallerOf(Signature signature, decltype(Caller::call) call) {
     return {signature, &typeid(Function*), call};
 }
 
 /// In the order of Signature.
-const std::array Ways{
-    WayOf<void()>(Signature::NoResult, CallNothing),
-    WayOf<std::int32_t()>(Signature::Int32, CallNumber<std::int32_t>),
-    WayOf<Word()>(Signature::Uint32, CallNumber<Word>),
-    WayOf<float()>(Signature::Float, CallNumber<float>),
-    WayOf<double()>(Signature::Double, CallNumber<double>),
-    WayOf<std::string()>(Signature::String, CallStringObject),
-    WayOf<void(char*)>(Signature::NarrowText, CallNarrowText),
-    WayOf<void(VeskChar16*)>(Signature::WideText, CallWideText),
-    WayOf<void(VeskChar16*, Byte)>(Signature::WideTextCom, CallWideTextCom),
-    WayOf<std::int32_t(Byte)>(Signature::Int32Com, CallInt32Com),
-    WayOf<std::int32_t(std::int32_t, Byte)>(Signature::SetInt32Com, CallSetCom<std::int32_t>),
-    WayOf<std::int32_t(Byte, Byte)>(Signature::SetUint8Com, CallSetCom<Byte>),
-    WayOf<std::int32_t(const VeskChar16*, Byte)>(Signature::SetWideTextCom, CallSetWideTextCom),
-    WayOf<Word(Byte*)>(Signature::ReadBytes, CallReadBytes),
-    WayOf<Word(const Byte*)>(Signature::WriteBytes, CallWriteBytes),
-    WayOf<void(Word, Word*, Word*, Word*, Word*)>(Signature::Registers, CallRegisters),
-    WayOf<Word(Word)>(Signature::Uint32OfUint32, CallUint32OfUint32),
+const std::array Callers{
+    CallerOf<void()>(Signature::NoResult, CallNothing),
+    CallerOf<std::int32_t()>(Signature::Int32, CallNumber<std::int32_t>),
+    CallerOf<Word()>(Signature::Uint32, CallNumber<Word>),
+    CallerOf<float()>(Signature::Float, CallNumber<float>),
+    CallerOf<double()>(Signature::Double, CallNumber<double>),
+    CallerOf<std::string()>(Signature::String, CallStringObject),
+    CallerOf<void(char*)>(Signature::NarrowText, CallNarrowText),
+    CallerOf<void(VeskChar16*)>(Signature::WideText, CallWideText),
+    CallerOf<void(VeskChar16*, Byte)>(Signature::WideTextCom, CallWideTextCom),
+    CallerOf<std::int32_t(Byte)>(Signature::Int32Com, CallInt32Com),
+    CallerOf<std::int32_t(std::int32_t, Byte)>(Signature::SetInt32Com, CallSetCom<std::int32_t>),
+    CallerOf<std::int32_t(Byte, Byte)>(Signature::SetUint8Com, CallSetCom<Byte>),
+    CallerOf<std::int32_t(const VeskChar16*, Byte)>(Signature::SetWideTextCom, CallSetWideTextCom),
+    CallerOf<Word(Byte*)>(Signature::ReadBytes, CallReadBytes),
+    CallerOf<Word(const Byte*)>(Signature::WriteBytes, CallWriteBytes),
+    CallerOf<void(Word, Word*, Word*, Word*, Word*)>(Signature::Registers, CallRegisters),
+    CallerOf<Word(Word)>(Signature::Uint32OfUint32, CallUint32OfUint32),
 };
-static_assert(std::tuple_size_v<decltype(Ways)> == static_cast<std::size_t>(Signature::Count));
+static_assert(std::tuple_size_v<decltype(Callers)> == static_cast<std::size_t>(Signature::Count));
 
 } // namespace
 
 Answer Call(Address address, const Export& row, const CallInputs& inputs) {
-    return Ways[static_cast<std::size_t>(row.signature)].call(address, row, inputs);
+    return Callers[static_cast<std::size_t>(row.signature)].call(address, row, inputs);
 }
 
 const std::type_info& TypeOf(Signature signature) {
-    return *Ways[static_cast<std::size_t>(signature)].type;
+    return *Callers[static_cast<std::size_t>(signature)].type;
 }
 
 } // namespace tool

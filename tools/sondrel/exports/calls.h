@@ -1,8 +1,8 @@
 // Calls exports by their signatures.
 #pragma once
 
+#include "base/system.h"
 #include "exports/answer.h"
-#include "terminal/system.h"
 
 #include <cstdint>
 #include <string>
@@ -10,13 +10,13 @@
 
 namespace tool {
 
-/// What the command line gives to a call.
+/// What a call is given besides its buffers.
 struct CallInputs {
     std::string argument;
     std::uint8_t initCom = 1;
 };
 
-/// Throws Trouble where the argument does not suit the export.
+/// Throws Error if the argument does not suit the export.
 Answer Call(Address address, const Export& row, const CallInputs& inputs);
 
 /// The type of a pointer to an export that is called in this way.

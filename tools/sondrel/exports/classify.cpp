@@ -20,7 +20,7 @@ const SpecialValue* SpecialAnswer(const Export& row, const Answer& answer) {
     const auto found = std::ranges::find_if(row.values, [&](const SpecialValue& value) {
         switch (value.match) {
         case Match::Whole:
-            return !answer.untouched && value.text == answer.bare;
+            return !answer.untouched && value.text == answer.text;
         case Match::Untouched:
             return answer.untouched;
         case Match::Other:
@@ -41,7 +41,7 @@ const SpecialValue* SpecialElement(const Export& row, std::string_view element) 
 
 /// A list whose elements all mean the same means that as a whole.
 Classification ClassifyList(const Export& row, const Answer& answer) {
-    const std::vector<std::string_view> elements = ElementsOf(answer.bare);
+    const std::vector<std::string_view> elements = ElementsOf(answer.text);
     const SpecialValue* const first = SpecialElement(row, elements.front());
     if (first != nullptr && std::ranges::all_of(elements, [&](std::string_view element) {
             return SpecialElement(row, element) == first;

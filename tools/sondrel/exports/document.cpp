@@ -29,30 +29,31 @@ class LineLayout {
 public:
     explicit LineLayout(std::size_t columns) : m_columns(columns) {}
 
-    void Add(const OrderedJson& value, const std::string& lead, const std::string& tail, std::size_t indent) {
+    void Add(const OrderedJson& value, const std::string& prefix, const std::string& suffix,
+             std::size_t indent) {
         const std::string margin(indent, ' ');
-        const std::string whole = margin + lead + OneLine(value) + tail;
-        const std::size_t room = IsFlat(value) ? m_columns : ShortNesting;
+        const std::string whole = margin + prefix + OneLine(value) + suffix;
+        const std::size_t available = IsFlat(value) ? m_columns : ShortNesting;
         const bool fits =
-            whole.size() <= 4 * room && Columns(whole) <= room; // not every one is worth counting
+            whole.size() <= 4 * available && Columns(whole) <= available; // longer ones are not counted
         if (!value.is_structured() || value.empty() || fits) {
             m_lines.push_back(Shortened(whole, m_columns));
             return;
         }
-        m_lines.push_back(margin + lead + (value.is_array() ? '[' : '{'));
+        m_lines.push_back(margin + prefix + (value.is_array() ? '[' : '{'));
         std::size_t left = value.size();
         for (const auto& [key, member] : value.items()) {
             --left;
             Add(member, value.is_array() ? std::string() : OneLine(OrderedJson(key)) + ": ",
                 left != 0 ? "," : "", indent + 2);
         }
-        m_lines.push_back(margin + (value.is_array() ? ']' : '}') + tail);
+        m_lines.push_back(margin + (value.is_array() ? ']' : '}') + suffix);
     }
 
     std::vector<std::string> Take() { return std::move(m_lines); }
 
 private:
-    /// Records read best one to a line; lists of records only when they are short.
+    /// Records are on one line each; lists of records only if they are short.
     static constexpr std::size_t ShortNesting = 60;
 
     static bool IsFlat(const OrderedJson& value) {
@@ -73,9 +74,9 @@ std::optional<OrderedJson> ParseDocument(std::string_view text) {
 std::vector<std::string> DocumentLines(std::string_view text, std::size_t columns) {
     const std::optional<OrderedJson> document = ParseDocument(text);
     if (!document) {
-        constexpr std::string_view Note = " (no well-formed JSON)";
-        const std::size_t room = columns - std::min(columns, Note.size());
-        return {Shortened(OnOneLine(text), std::max<std::size_t>(room, 8)).append(Note)};
+        constexpr std::string_view Note = " (not well-formed JSON)";
+        const std::size_t available = columns - std::min(columns, Note.size());
+        return {Shortened(OnOneLine(text), std::max<std::size_t>(available, 8)).append(Note)};
     }
     LineLayout layout(columns);
     layout.Add(*document, "", "", 0);

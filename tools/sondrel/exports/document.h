@@ -1,4 +1,4 @@
-// JSON documents, laid out for the eye.
+// JSON documents as readable lines.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -11,11 +11,11 @@
 
 namespace tool {
 
-/// Nothing for what is no JSON, or nested deeper than any document of the library's.
+/// Nothing for text that is not JSON, or is nested deeper than any document of the library.
 std::optional<nlohmann::ordered_json> ParseDocument(std::string_view text);
 
-/// The document in lines of at most `columns` characters: what fits stands on one line, what does not is
-/// indented member by member. A text that is no JSON stands on one line as it is, and is called so.
+/// The document in lines of at most `columns` characters: what fits is on one line, what does not is indented member by
+/// member. Text that is not JSON is one line, with a note.
 std::vector<std::string> DocumentLines(std::string_view text, std::size_t columns);
 
 } // namespace tool

@@ -1,7 +1,7 @@
 #include "exports/library.h"
 
+#include "base/error.h"
 #include "base/text.h"
-#include "base/trouble.h"
 
 #include <cstdint>
 #include <string>
@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The library beside the tool, or where an installed kit has it: in lib, with the tool in bin.
+/// In the directory of the tool, or in lib of an installed kit, which has the tool in bin.
 fs::path OwnLibrary() {
     const fs::path directory = host_system::OwnDirectory();
     const fs::path beside = directory / host_system::LibraryFileName();
@@ -25,8 +25,8 @@ fs::path FullPathOf(std::string_view file) {
     fs::path path = file.empty() ? OwnLibrary() : fs::absolute(PathOf(file));
     std::error_code problem;
     if (!fs::exists(path, problem)) {
-        throw Trouble("there is no library " + Utf8Of(path) +
-                      (file.empty() ? "; --library FILE names another" : ""));
+        throw Error("there is no library " + Utf8Of(path) +
+                    (file.empty() ? "; --library FILE names another" : ""));
     }
     return path;
 }

@@ -1,7 +1,7 @@
-// The library, loaded and used as a host does.
+// The library, loaded as a host loads it.
 #pragma once
 
-#include "terminal/system.h"
+#include "base/system.h"
 
 #include <filesystem>
 #include <string_view>
@@ -10,7 +10,7 @@ namespace tool {
 
 class Library {
 public:
-    /// The empty text stands for the library beside this program.
+    /// An empty name stands for the library of this program's kit or build.
     explicit Library(std::string_view file);
 
     [[nodiscard]] const std::filesystem::path& File() const { return m_file; }
@@ -22,7 +22,7 @@ private:
     SharedLibrary m_library;
 };
 
-/// The driver session: open from its making to its end, if the driver allows.
+/// The driver session: open during its lifetime, if the driver allows it.
 class Session {
 public:
     explicit Session(const Library& library);

@@ -1,7 +1,7 @@
 #include "machines/simulated_machine.h"
 
+#include "base/error.h"
 #include "base/text.h"
-#include "base/trouble.h"
 #include "vesk_sondrel_machine.h"
 
 #include <array>
@@ -25,7 +25,7 @@ template <class Function>
 Function* SimulatedMachine::Routine(const char* name) const {
     const Address address = m_library.Find(name);
     if (address == nullptr) {
-        throw Trouble("the simulated machine beside the library has no " + std::string(name));
+        throw Error("the simulated machine beside the library has no " + std::string(name));
     }
     return reinterpret_cast<Function*>(address);
 }
@@ -44,7 +44,7 @@ void SimulatedMachine::Start(const std::string& machine, const std::optional<std
     std::array<char, 2048> problem{};
     const auto start = Routine<decltype(VeskMachine_Start)>("VeskMachine_Start");
     if (start(machine.c_str(), store ? store->c_str() : nullptr, problem.data(), problem.size()) == 0) {
-        throw Trouble(OnOneLine(problem.data()));
+        throw Error(OnOneLine(problem.data()));
     }
 }
 

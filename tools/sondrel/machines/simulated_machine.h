@@ -1,7 +1,7 @@
 // The simulated machine that a library may read, spoken to through its own C interface.
 #pragma once
 
-#include "terminal/system.h"
+#include "base/system.h"
 
 #include <chrono>
 #include <filesystem>
@@ -15,7 +15,7 @@ public:
     /// The machine behind this library, or nothing where the library reads the real one.
     static std::optional<SimulatedMachine> Beside(const std::filesystem::path& libraryFile);
 
-    /// Starts a built-in machine or a profile's file. No store means the machine's own file. Throws Trouble
+    /// Starts a built-in machine or a profile's file. No store means the machine's own file. Throws Error
     /// with the machine's own line.
     void Start(const std::string& machine, const std::optional<std::string>& store);
 

@@ -10,10 +10,10 @@
 
 namespace tool {
 
-/// A curve over the samples, with a gap where a sample has no number.
+/// A curve over the samples, with a gap for a sample without a number.
 std::string CurveSvg(std::span<const std::optional<double>> numbers, Range range, std::string_view title);
 
-/// A bar up to the newest number, and a line over the range that the numbers went through.
+/// A bar up to the newest number, and a line over the range of all numbers.
 std::string BarSvg(std::span<const std::optional<double>> numbers, Range range, std::string_view title);
 
 } // namespace tool

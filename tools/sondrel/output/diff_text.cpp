@@ -1,6 +1,7 @@
-// What sondrel diff tells a reader.
+// Differences between snapshots for a reader.
+#include "output/diff_text.h"
+
 #include "base/text.h"
-#include "readings/diff.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,7 +15,7 @@ constexpr std::size_t LongestValue = 80;
 constexpr std::size_t NameColumn = 44;
 constexpr std::string_view Missing = "(not in this snapshot)";
 
-/// The characters that a number is packed of, the first in the highest byte.
+/// The characters that are packed into the number, the first in the highest byte.
 std::string LettersOf(std::uint64_t number) {
     std::string letters;
     for (int shift = 24; shift >= 0; shift -= 8) {
@@ -26,8 +27,8 @@ std::string LettersOf(std::uint64_t number) {
     return std::string(1, '"').append(OnOneLine(WellFormed(letters))).append(1, '"');
 }
 
-/// A number as the export's kind asks for it.
-std::string NumberWords(const Json& value, Display display) {
+/// The number in the form of the export.
+std::string NumberText(const Json& value, Display display) {
     char text[32];
     if (!value.is_number_integer() && display != Display::Fraction) {
         return value.dump();
@@ -47,22 +48,22 @@ std::string NumberWords(const Json& value, Display display) {
     }
 }
 
-std::string Words(const Json& value, Display display) {
+std::string ValueText(const Json& value, Display display) {
     if (value.is_null()) {
-        return "failed"; // one place of a list
+        return "failed"; // an element of a list
     }
     if (value.is_number()) {
-        return NumberWords(value, display);
+        return NumberText(value, display);
     }
     return Shortened(OnOneLine(value.dump(-1, ' ', false, Json::error_handler_t::replace)), LongestValue);
 }
 
-std::string WordsOf(const KeptReading* reading, Display display) {
+std::string ReadingText(const SnapshotReading* reading, Display display) {
     if (reading == nullptr) {
         return std::string(Missing);
     }
     if (reading->status == TextOf(Status::Ok) || reading->status == TextOf(Status::Partly)) {
-        return Words(reading->value, display);
+        return ValueText(reading->value, display);
     }
     const std::string text = reading->status + (reading->meaning.empty() ? "" : ": ") + reading->meaning;
     return Shortened(OnOneLine(text), LongestValue);
@@ -73,12 +74,13 @@ std::string WithUnit(std::string text, const std::string& unit) {
 }
 
 std::string LineOf(const Change& change, Display display, const std::string& unit) {
-    std::string line = change.place.empty() ? std::string() : Shortened(change.place, LongestValue) + ": ";
+    std::string line = change.path.empty() ? std::string() : Shortened(change.path, LongestValue) + ": ";
     if (!change.before || !change.after) {
         line += change.after ? "new " : "gone ";
-        return WithUnit(line + Words(change.after ? *change.after : *change.before, display), unit);
+        return WithUnit(line + ValueText(change.after ? *change.after : *change.before, display), unit);
     }
-    return WithUnit(line + Words(*change.before, display) + " -> " + Words(*change.after, display), unit);
+    return WithUnit(line + ValueText(*change.before, display) + " -> " + ValueText(*change.after, display),
+                    unit);
 }
 
 std::vector<std::string> LinesOf(const Difference& difference) {
@@ -92,7 +94,8 @@ std::vector<std::string> LinesOf(const Difference& difference) {
         lines.push_back(LineOf(change, display, oneUnit ? after : ""));
     }
     if (lines.empty()) {
-        lines.push_back(WordsOf(difference.before, display) + " -> " + WordsOf(difference.after, display));
+        lines.push_back(ReadingText(difference.before, display) + " -> " +
+                        ReadingText(difference.after, display));
     }
     if (!oneUnit && difference.before != nullptr && difference.after != nullptr) {
         lines.push_back(std::string("unit: \"")
@@ -104,23 +107,23 @@ std::vector<std::string> LinesOf(const Difference& difference) {
     return lines;
 }
 
-std::string HeadOf(std::string_view side, const std::string& file, const Snapshot& snapshot) {
+std::string HeaderLine(std::string_view side, const SnapshotFile& from) {
     std::string line(side);
-    return line.append("  ").append(OnOneLine(file)) + ": " + OnOneLine(snapshot.machine) + ", taken " +
-           OnOneLine(snapshot.taken.empty() ? "at a time not told" : snapshot.taken) + '\n';
+    return line.append("  ").append(OnOneLine(from.file)) + ": " + OnOneLine(from.snapshot.machine) +
+           ", taken " + OnOneLine(from.snapshot.taken.empty() ? "at an unknown time" : from.snapshot.taken) +
+           '\n';
 }
 
 } // namespace
 
-std::string DifferencesAsText(const Options& options, const Snapshot& before, const Snapshot& after,
+std::string DifferencesAsText(const SnapshotFile& before, const SnapshotFile& after,
                               const Differences& differences) {
-    std::string text =
-        HeadOf("before", options.files.at(0), before) + HeadOf("after ", options.files.at(1), after);
-    std::string family;
+    std::string text = HeaderLine("before", before) + HeaderLine("after ", after);
+    std::string group;
     for (const Difference& difference : differences.all) {
-        if (difference.family != family) {
-            family = difference.family;
-            text.append(1, '\n').append(OnOneLine(family)).append(1, '\n');
+        if (difference.group != group) {
+            group = difference.group;
+            text.append(1, '\n').append(OnOneLine(group)).append(1, '\n');
         }
         std::string name = std::string("  ").append(OnOneLine(difference.name));
         for (const std::string& line : LinesOf(difference)) {
@@ -134,7 +137,7 @@ std::string DifferencesAsText(const Options& options, const Snapshot& before, co
     if (differences.leftOut != 0) {
         text.append("; ")
             .append(std::to_string(differences.leftOut))
-            .append(" that always move were left out");
+            .append(" that usually differ were left out");
     }
     return text + '\n';
 }

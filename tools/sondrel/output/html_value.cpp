@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "exports/document.h"
-#include "output/readable.h"
+#include "readings/readable.h"
 
 #include <nlohmann/json.hpp>
 
@@ -22,8 +22,8 @@ std::string Tag(std::string_view name, std::string_view content) {
     return std::string("<").append(name).append(">").append(content).append("</").append(name).append(">");
 }
 
-std::string Cut(std::size_t left) {
-    return left == 0 ? "" : "<p class=\"quiet\">" + std::to_string(left) + " more are left out here</p>";
+std::string MoreNote(std::size_t count) {
+    return count == 0 ? "" : "<p class=\"quiet\">" + std::to_string(count) + " more are not shown here</p>";
 }
 
 std::string HtmlOfJson(const OrderedJson& value);
@@ -58,10 +58,10 @@ std::string TableOf(const OrderedJson& records) {
         body += Tag("tr", cells);
     }
     return "<div class=\"wide\"><table class=\"inner\"><thead>" + Tag("tr", head) + "</thead>" +
-           Tag("tbody", body) + "</table></div>" + Cut(records.size() - shown);
+           Tag("tbody", body) + "</table></div>" + MoreNote(records.size() - shown);
 }
 
-/// [{"machine": ...}, {"user": ...}]: an object in all but its brackets.
+/// [{"machine": ...}, {"user": ...}]: shown like one object.
 bool IsListOfMembers(const OrderedJson& value) {
     return value.is_array() && std::ranges::all_of(value, [](const OrderedJson& member) {
                return member.is_object() && member.size() == 1;
@@ -81,7 +81,7 @@ std::string ListOf(const OrderedJson& value) {
         const std::string content = HtmlOfJson(wrapped ? member.front() : member);
         items += named ? Tag("dt", Escaped(name)) + Tag("dd", content) : Tag("li", content);
     }
-    return Tag(named ? "dl" : "ul", items) + Cut(value.size() - std::min(value.size(), MostRows));
+    return Tag(named ? "dl" : "ul", items) + MoreNote(value.size() - std::min(value.size(), MostRows));
 }
 
 std::string HtmlOfJson(const OrderedJson& value) {
@@ -118,7 +118,7 @@ std::string Escaped(std::string_view text) {
 
 std::string HtmlOf(const Reading& reading) {
     if (HasValue(reading) && reading.row.display == Display::Document) {
-        if (const std::optional<OrderedJson> document = ParseDocument(reading.answer.bare); document) {
+        if (const std::optional<OrderedJson> document = ParseDocument(reading.answer.text); document) {
             return HtmlOfJson(*document);
         }
     }

@@ -1,7 +1,7 @@
-// Values in HTML. Whatever a reading holds, none of it becomes markup.
+// Values in HTML. No content of a reading becomes markup.
 #pragma once
 
-#include "commands/commands.h"
+#include "readings/reading.h"
 
 #include <string>
 #include <string_view>
@@ -11,7 +11,7 @@ namespace tool {
 /// Well-formed, without control characters, with `& < > " '` as entities.
 std::string Escaped(std::string_view text);
 
-/// What one reading says: a value with its unit, a nested table for a document, or what is wrong.
+/// A value with its unit, a nested table for a document, or the failure.
 std::string HtmlOf(const Reading& reading);
 
 } // namespace tool

@@ -1,4 +1,4 @@
-// How the page looks. It has no script and asks for nothing from outside.
+// The style sheet of the page, which needs nothing from outside.
 #pragma once
 
 #include <string_view>

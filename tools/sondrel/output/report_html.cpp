@@ -1,15 +1,15 @@
-// sondrel report --html: one page for a browser, complete in itself.
-#include "base/replaced_file.h"
+// A report as one page for a browser.
 #include "base/text.h"
 #include "output/chart.h"
 #include "output/html_value.h"
 #include "output/page_style.h"
-#include "output/readable.h"
-#include "output/sample_file.h"
+#include "output/replaced_file.h"
+#include "output/report.h"
+#include "output/status_style.h"
+#include "readings/readable.h"
 #include "readings/sampler.h"
 #include "readings/telemetry.h"
 #include "terminal/interrupt.h"
-#include "terminal/paint.h"
 #include "terminal/progress.h"
 
 #include <algorithm>
@@ -21,8 +21,8 @@
 namespace tool {
 namespace {
 
-/// What the telemetry was during the samples.
-struct Recording {
+/// The samples of the telemetry.
+struct Telemetry {
     std::vector<Series> series;
     std::vector<Sample> samples;
     double seconds = 0;
@@ -36,7 +36,7 @@ struct Recording {
     }
 };
 
-/// The time that moves while samples are taken: the machine's own, which needs none of ours.
+/// The time of the samples. That of a simulated machine does not have to be waited for.
 class SampleClock {
 public:
     explicit SampleClock(const Host& host)
@@ -76,19 +76,18 @@ std::vector<std::string> DrawnNames(const Host& host) {
     return names;
 }
 
-Recording Record(const Host& host, const Options& options) {
+Telemetry Measure(const Host& host, const ReadOptions& options, const Sampling& sampling) {
     const Sampler sampler(host, options, DrawnNames(host));
-    const Sampling& sampling = options.pageSampling;
-    Recording recording{.series = sampler.AllSeries(), .samples = {}};
+    Telemetry telemetry{.series = sampler.AllSeries(), .samples = {}};
     Progress progress;
     const SampleClock clock(host);
     std::chrono::microseconds due{0};
     for (std::size_t taken = 1;; ++taken) {
         progress.Begin("sample " + std::to_string(taken) + " of " + std::to_string(sampling.count));
-        recording.samples.push_back(sampler.Take());
-        recording.seconds = std::chrono::duration<double>(clock.Elapsed()).count();
+        telemetry.samples.push_back(sampler.Take());
+        telemetry.seconds = std::chrono::duration<double>(clock.Elapsed()).count();
         if (taken >= sampling.count) {
-            return recording;
+            return telemetry;
         }
         due = std::max(due + sampling.interval, clock.Elapsed());
         clock.WaitUntil(due);
@@ -99,7 +98,7 @@ std::string Quiet(std::string_view text) {
     return std::string("<span class=\"quiet\">").append(Escaped(text)).append("</span>");
 }
 
-/// A name that may go on in the next line behind each of its words.
+/// A name that can be broken after each of its words.
 std::string Breakable(std::string_view name) {
     std::string html;
     for (const std::string_view word : Split(name, '_')) {
@@ -114,15 +113,15 @@ std::string_view ClassOf(Status status) {
     return Classes[static_cast<std::size_t>(StyleOf(status))];
 }
 
-std::string NewestOf(const UnitKind& kind, const Point& point) {
+std::string NewestOf(const UnitStyle& style, const Point& point) {
     if (!point.number) {
-        return "<span class=\"" + std::string(ClassOf(point.status)) + "\">" + Escaped(point.told) +
+        return "<span class=\"" + std::string(ClassOf(point.status)) + "\">" + Escaped(point.text) +
                "</span>";
     }
-    return Escaped(NumberText(kind, *point.number)) + " " + Quiet(kind.shown);
+    return Escaped(NumberText(style, *point.number)) + " " + Quiet(style.displayedUnit);
 }
 
-std::vector<double> Present(const std::vector<std::optional<double>>& numbers) {
+std::vector<double> NumbersIn(const std::vector<std::optional<double>>& numbers) {
     std::vector<double> present;
     for (const std::optional<double>& number : numbers) {
         if (number) {
@@ -133,8 +132,8 @@ std::vector<double> Present(const std::vector<std::optional<double>>& numbers) {
 }
 
 /// "50 to 61 °C"
-std::string ExtremesOf(const UnitKind& kind, const std::vector<std::optional<double>>& numbers) {
-    const std::vector<double> present = Present(numbers);
+std::string ExtremesOf(const UnitStyle& style, const std::vector<std::optional<double>>& numbers) {
+    const std::vector<double> present = NumbersIn(numbers);
     if (present.empty()) {
         return "no value in any sample";
     }
@@ -142,104 +141,104 @@ std::string ExtremesOf(const UnitKind& kind, const std::vector<std::optional<dou
     if (low == high) {
         return "steady";
     }
-    return NumberText(kind, low) + " to " + NumberText(kind, high) + ' ' + std::string(kind.shown);
+    return NumberText(style, low) + " to " + NumberText(style, high) + ' ' + std::string(style.displayedUnit);
 }
 
 std::string LabelOf(const Series& series) {
-    if (PlacesIn(*series.row) > 1) {
+    if (series.row->element.count > 1) {
         std::string label(series.row->element.name);
         label.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(label.front())));
-        return label.append(1, ' ').append(std::to_string(series.place));
+        return label.append(1, ' ').append(std::to_string(series.element));
     }
     const std::string_view summary = series.row->summary;
     return std::string(summary.substr(0, summary.find(", in the ")));
 }
 
-/// Readings of one unit are drawn on one scale, so that they can be compared.
-std::map<std::string_view, Range> RangesOf(const Recording& recording,
+/// Readings of one unit are drawn with one scale, so that they can be compared.
+std::map<std::string_view, Range> RangesOf(const Telemetry& telemetry,
                                            const std::vector<std::size_t>& drawn) {
     std::map<std::string_view, std::vector<double>> numbers;
-    std::map<std::string_view, const UnitKind*> kinds;
+    std::map<std::string_view, const UnitStyle*> styles;
     for (const std::size_t index : drawn) {
-        const Export& row = *recording.series[index].row;
+        const Export& row = *telemetry.series[index].row;
         const std::string_view group = row.unit == "raw" ? row.name : row.unit;
-        kinds[group] = &KindOf(row);
-        const std::vector<double> present = Present(recording.NumbersOf(index));
+        styles[group] = &UnitStyleOf(row);
+        const std::vector<double> present = NumbersIn(telemetry.NumbersOf(index));
         numbers[group].insert(numbers[group].end(), present.begin(), present.end());
     }
     std::map<std::string_view, Range> ranges;
-    for (const auto& [group, kind] : kinds) {
-        ranges[group] = RangeFor(*kind, numbers[group]);
+    for (const auto& [group, style] : styles) {
+        ranges[group] = RangeFor(*style, numbers[group]);
     }
     return ranges;
 }
 
-std::string CardOf(const Recording& recording, std::size_t index, Range range) {
-    const Series& series = recording.series[index];
-    const UnitKind& kind = KindOf(*series.row);
-    const std::vector<std::optional<double>> numbers = recording.NumbersOf(index);
-    const std::string extremes = ExtremesOf(kind, numbers);
+std::string CardOf(const Telemetry& telemetry, std::size_t index, Range range) {
+    const Series& series = telemetry.series[index];
+    const UnitStyle& style = UnitStyleOf(*series.row);
+    const std::vector<std::optional<double>> numbers = telemetry.NumbersOf(index);
+    const std::string extremes = ExtremesOf(style, numbers);
     std::string html = "<figure class=\"card\"><span class=\"label\">" + Escaped(LabelOf(series)) +
                        "</span><span class=\"value\">" +
-                       NewestOf(kind, recording.samples.back().points[index]) + "</span>";
+                       NewestOf(style, telemetry.samples.back().points[index]) + "</span>";
     html += CurveSvg(numbers, range, series.name + ": " + extremes);
     html += "<span class=\"ends\"><span>" + Escaped(extremes) + "</span></span>";
     return html + "<code class=\"name\">" + Breakable(series.name) + "</code></figure>";
 }
 
-std::string BarOf(const Recording& recording, std::size_t index, Range range) {
-    const Series& series = recording.series[index];
-    const UnitKind& kind = KindOf(*series.row);
-    const std::vector<std::optional<double>> numbers = recording.NumbersOf(index);
+std::string BarOf(const Telemetry& telemetry, std::size_t index, Range range) {
+    const Series& series = telemetry.series[index];
+    const UnitStyle& style = UnitStyleOf(*series.row);
+    const std::vector<std::optional<double>> numbers = telemetry.NumbersOf(index);
     return "<span>" + Escaped(LabelOf(series)) + "</span>" +
-           BarSvg(numbers, range, series.name + ": " + ExtremesOf(kind, numbers)) +
-           "<span class=\"number\">" + NewestOf(kind, recording.samples.back().points[index]) + "</span>";
+           BarSvg(numbers, range, series.name + ": " + ExtremesOf(style, numbers)) +
+           "<span class=\"number\">" + NewestOf(style, telemetry.samples.back().points[index]) + "</span>";
 }
 
-std::string ChartOf(const Recording& recording, std::string_view title) {
+std::string ChartOf(const Telemetry& telemetry, std::string_view title) {
     std::vector<std::size_t> drawn;
-    for (std::size_t i = 0; i < recording.series.size(); ++i) {
-        if (recording.series[i].row->chart == title) {
+    for (std::size_t i = 0; i < telemetry.series.size(); ++i) {
+        if (telemetry.series[i].row->chart == title) {
             drawn.push_back(i);
         }
     }
     if (drawn.empty()) {
         return {};
     }
-    const std::map<std::string_view, Range> ranges = RangesOf(recording, drawn);
+    const std::map<std::string_view, Range> ranges = RangesOf(telemetry, drawn);
     std::string html = "<h3>" + Escaped(title) + "</h3>";
-    const Drawing drawing = KindOf(*recording.series[drawn.front()].row).drawing;
+    const Drawing drawing = UnitStyleOf(*telemetry.series[drawn.front()].row).drawing;
     html += drawing == Drawing::Bars ? "<div class=\"bars\">" : "<div class=\"cards\">";
     Range shown;
     for (const std::size_t index : drawn) {
-        const Export& row = *recording.series[index].row;
+        const Export& row = *telemetry.series[index].row;
         shown = ranges.at(row.unit == "raw" ? row.name : row.unit);
-        html += drawing == Drawing::Bars ? BarOf(recording, index, shown) : CardOf(recording, index, shown);
+        html += drawing == Drawing::Bars ? BarOf(telemetry, index, shown) : CardOf(telemetry, index, shown);
     }
     if (drawing == Drawing::Bars) {
-        const UnitKind& kind = KindOf(*recording.series[drawn.front()].row);
-        html += "<span></span><span class=\"ends\"><span>" + NumberText(kind, shown.low) + "</span><span>" +
-                NumberText(kind, shown.high) + "</span></span><span></span>";
+        const UnitStyle& style = UnitStyleOf(*telemetry.series[drawn.front()].row);
+        html += "<span></span><span class=\"ends\"><span>" + NumberText(style, shown.low) + "</span><span>" +
+                NumberText(style, shown.high) + "</span></span><span></span>";
     }
     return html + "</div>";
 }
 
-std::string TelemetryOf(const Recording& recording) {
+std::string TelemetrySection(const Telemetry& telemetry) {
     char span[64];
-    std::snprintf(span, sizeof span, "%.*f", recording.seconds < 10 ? 1 : 0, recording.seconds);
-    const std::size_t count = recording.samples.size();
+    std::snprintf(span, sizeof span, "%.*f", telemetry.seconds < 10 ? 1 : 0, telemetry.seconds);
+    const std::size_t count = telemetry.samples.size();
     std::string html = "<section id=\"telemetry\"><h2>Telemetry</h2><p class=\"quiet\">";
     html += std::to_string(count) + (count == 1 ? " sample" : " samples in ") + (count == 1 ? "" : span) +
             (count == 1 ? "" : " seconds") +
-            ", the newest value in large; drawings of one unit share one scale.</p>";
+            "; the large value is the newest, and drawings of one unit have one scale.</p>";
     for (const std::string_view title : exports::ChartTitles()) {
-        html += ChartOf(recording, title);
+        html += ChartOf(telemetry, title);
     }
     return html + "</section>";
 }
 
-std::string AnchorOf(Group family) {
-    return "family-" + std::to_string(static_cast<unsigned>(family));
+std::string AnchorOf(Group group) {
+    return "group-" + std::to_string(static_cast<unsigned>(group));
 }
 
 std::string RowOf(const Reading& reading) {
@@ -248,8 +247,8 @@ std::string RowOf(const Reading& reading) {
            std::string(ClassOf(reading.classification.status)) + "\">" + HtmlOf(reading) + "</td></tr>\n";
 }
 
-/// The readings as they come in, family by family.
-class Inventory {
+/// The readings in tables, group by group.
+class Tables {
 public:
     void Add(const Reading& reading) {
         const Status status = reading.classification.status;
@@ -259,16 +258,16 @@ public:
         m_tables[reading.row.group] += RowOf(reading);
         ++m_count;
         if (StyleOf(status) == Style::Bad || StyleOf(status) == Style::Warning) {
-            m_troubled += "<li><code>" + Escaped(reading.row.name) + "</code>: <span class=\"" +
+            m_failures += "<li><code>" + Escaped(reading.row.name) + "</code>: <span class=\"" +
                           std::string(ClassOf(status)) + "\">" +
                           Escaped(OnOneLine(ReadableOf(reading, 200))) + "</span></li>";
         }
         if (status == Status::Ok) {
-            m_values[reading.row.name] = reading.answer.bare;
+            m_values[reading.row.name] = reading.answer.text;
         }
     }
 
-    /// A value for the page's head, or the empty text.
+    /// A value for the page's header, or the empty string.
     [[nodiscard]] std::string ValueOf(std::string_view name) const {
         const auto found = m_values.find(name);
         return found != m_values.end() ? Shortened(OnOneLine(found->second), 100) : std::string();
@@ -276,23 +275,23 @@ public:
 
     [[nodiscard]] std::string Links() const {
         std::string html;
-        for (const auto& [family, table] : m_tables) {
-            html += "<a href=\"#" + AnchorOf(family) + "\">" + Escaped(exports::TitleOf(family)) + "</a>";
+        for (const auto& [group, table] : m_tables) {
+            html += "<a href=\"#" + AnchorOf(group) + "\">" + Escaped(exports::TitleOf(group)) + "</a>";
         }
         return html;
     }
 
-    [[nodiscard]] std::string Troubles() const {
+    [[nodiscard]] std::string Failures() const {
         const std::string count = std::to_string(m_count) + " readings";
-        return m_troubled.empty()
+        return m_failures.empty()
                    ? "<p>" + count + ", none failed.</p>"
-                   : "<p>" + count + ". Not told, or not in full:</p><ul>" + m_troubled + "</ul>";
+                   : "<p>" + count + ". Failed, or not complete:</p><ul>" + m_failures + "</ul>";
     }
 
-    [[nodiscard]] std::string Tables() const {
+    [[nodiscard]] std::string Html() const {
         std::string html;
-        for (const auto& [family, table] : m_tables) {
-            html += "<section id=\"" + AnchorOf(family) + "\"><h2>" + Escaped(exports::TitleOf(family)) +
+        for (const auto& [group, table] : m_tables) {
+            html += "<section id=\"" + AnchorOf(group) + "\"><h2>" + Escaped(exports::TitleOf(group)) +
                     "</h2><table class=\"readings\"><tbody>\n" + table + "</tbody></table></section>\n";
         }
         return html;
@@ -301,15 +300,15 @@ public:
 private:
     std::map<Group, std::string> m_tables;
     std::map<std::string_view, std::string> m_values;
-    std::string m_troubled;
+    std::string m_failures;
     std::size_t m_count = 0;
 };
 
-std::string HeadOf(const Host& host, const Inventory& inventory) {
-    const std::string product = inventory.ValueOf("WMIGetProductName");
+std::string HeaderOf(const Host& host, const Tables& tables) {
+    const std::string product = tables.ValueOf("WMIGetProductName");
     std::string facts;
     for (const std::string_view name : {"WMIGetSN", "WMIGetCPUInfo", "WMIGetBiosVersion", "WMIGetOSInfo"}) {
-        const std::string value = inventory.ValueOf(name);
+        const std::string value = tables.ValueOf(name);
         facts.append(facts.empty() || value.empty() ? "" : " · ").append(value);
     }
     const std::string title = product.empty() ? host.machineName : product;
@@ -322,22 +321,21 @@ std::string HeadOf(const Host& host, const Inventory& inventory) {
            "</style></head>\n<body><header><h1>" + Escaped(title) + "</h1><p>" + Escaped(facts) +
            "</p><p class=\"quiet\">Machine " + Escaped(host.machineName) +
            (host.machine ? " (simulated)" : "") + ", read at " + IsoTime(std::chrono::system_clock::now()) +
-           " through <code>" + Escaped(Utf8Of(host.library.File())) + "</code></p>" + inventory.Troubles() +
-           "<nav><a href=\"#telemetry\">Telemetry</a>" + inventory.Links() + "</nav></header>\n";
+           " through <code>" + Escaped(Utf8Of(host.library.File())) + "</code></p>" + tables.Failures() +
+           "<nav><a href=\"#telemetry\">Telemetry</a>" + tables.Links() + "</nav></header>\n";
 }
 
 } // namespace
 
-void ReportAsPage(const Host& host, const Options& options) {
-    ReplacedFile file(PathOf(options.html));
-    Inventory inventory;
-    ReadAll(host, options, [&](const Reading& reading) { inventory.Add(reading); });
-    const Recording recording = Record(host, options);
-    std::string page = HeadOf(host, inventory);
-    page.append("<main>\n").append(TelemetryOf(recording)).append("\n").append(inventory.Tables());
-    page.append(
-        "</main><footer>Written by sondrel. The page is complete in itself.</footer></body></html>\n");
-    file.Put(page);
+void ReportAsPage(const Host& host, const ReadOptions& options, const PageOptions& pageOptions) {
+    ReplacedFile file(PathOf(pageOptions.file));
+    Tables tables;
+    Reader(host, options).ReadAll([&](const Reading& reading) { tables.Add(reading); });
+    const Telemetry telemetry = Measure(host, options, pageOptions.sampling);
+    std::string page = HeaderOf(host, tables);
+    page.append("<main>\n").append(TelemetrySection(telemetry)).append("\n").append(tables.Html());
+    page.append("</main><footer>Written by sondrel. The page needs no other file.</footer></body></html>\n");
+    file.Write(page);
 }
 
 } // namespace tool

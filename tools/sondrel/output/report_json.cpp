@@ -1,6 +1,7 @@
-// sondrel report --json
+// A report as JSON.
 #include "base/text.h"
-#include "output/reading_json.h"
+#include "output/report.h"
+#include "readings/reading_json.h"
 
 #include <nlohmann/json.hpp>
 
@@ -10,13 +11,13 @@ namespace tool {
 
 using OrderedJson = nlohmann::ordered_json;
 
-void ReportAsJson(const Host& host, const Options& options) {
+void ReportAsJson(const Host& host, const ReadOptions& options) {
     OrderedJson exports = OrderedJson::array();
     OrderedJson missing = OrderedJson::array();
-    ReadAll(host, options, [&](const Reading& reading) {
+    Reader(host, options).ReadAll([&](const Reading& reading) {
         OrderedJson& object = exports.emplace_back();
         object["name"] = reading.row.name;
-        Describe(reading, ValueOf(reading), object);
+        AddMembers(reading, ValueOf(reading), object);
         if (reading.classification.status == Status::NotExported) {
             missing.push_back(reading.row.name);
         }

@@ -1,9 +1,9 @@
-// sondrel report, for the eye.
+// A report for a reader.
 #include "base/text.h"
-#include "commands/commands.h"
 #include "exports/document.h"
-#include "output/readable.h"
-#include "terminal/paint.h"
+#include "output/report.h"
+#include "output/status_style.h"
+#include "readings/readable.h"
 
 #include <algorithm>
 #include <array>
@@ -15,25 +15,24 @@ namespace {
 constexpr std::size_t LongestLine = 100;
 constexpr std::size_t MostLines = 24;
 
-/// Where names and values stand.
 struct Layout {
     /// Columns before a value.
     std::size_t margin;
-    /// Columns for a value.
-    std::size_t room;
-    /// The value stands below its name: the terminal is too narrow for both.
+    /// Columns of a value.
+    std::size_t width;
+    /// The value is below its name, since the terminal is too narrow for both.
     bool below;
 };
 
 Layout LayoutFor(std::size_t longestName) {
-    constexpr std::size_t Fair = 28;
+    constexpr std::size_t EnoughBesideName = 28;
     constexpr std::size_t Least = 16;
     const Layout wide{longestName + 4, LongestLine, false};
     if (!terminal::IsTerminal(terminal::Stream::Out)) {
         return wide;
     }
     const std::size_t columns = terminal::SizeOf(terminal::Stream::Out).columns;
-    if (columns >= wide.margin + Fair) {
+    if (columns >= wide.margin + EnoughBesideName) {
         return {wide.margin, std::min(LongestLine, columns - wide.margin), false};
     }
     constexpr std::size_t Indent = 4;
@@ -42,16 +41,16 @@ Layout LayoutFor(std::size_t longestName) {
 
 class TextReport {
 public:
-    TextReport(std::ostream& out, ColourWish colour) : m_out(out), m_paint(colour, terminal::Stream::Out) {
+    TextReport(std::ostream& out, ColourMode colour) : m_out(out), m_paint(colour, terminal::Stream::Out) {
         for (const Export& row : AllExports()) {
-            m_width = std::max(m_width, row.name.size());
+            m_nameWidth = std::max(m_nameWidth, row.name.size());
         }
-        m_layout = LayoutFor(m_width);
+        m_layout = LayoutFor(m_nameWidth);
     }
 
     void Begin(const Host& host) const {
-        Tell("Library  " + OnOneLine(Utf8Of(host.library.File())));
-        Tell("Machine  " + OnOneLine(host.machineName) + (host.machine ? " (simulated)" : ""));
+        Print("Library  " + OnOneLine(Utf8Of(host.library.File())));
+        Print("Machine  " + OnOneLine(host.machineName) + (host.machine ? " (simulated)" : ""));
     }
 
     void Add(const Reading& reading) {
@@ -64,31 +63,31 @@ public:
             m_notRun.append(m_notRun.empty() ? "" : ", ").append(reading.row.name);
             return;
         }
-        if (reading.row.group != m_family) {
-            m_family = reading.row.group;
+        if (reading.row.group != m_group) {
+            m_group = reading.row.group;
             m_out << '\n'
                   << m_paint(Style::Title,
-                             Shortened(exports::TitleOf(m_family), m_layout.margin + m_layout.room))
+                             Shortened(exports::TitleOf(m_group), m_layout.margin + m_layout.width))
                   << '\n';
         }
         m_out << "  " << reading.row.name;
-        std::string lead =
-            m_layout.below ? "\n    " : std::string(m_width - reading.row.name.size() + 2, ' ');
+        std::string indent =
+            m_layout.below ? "\n    " : std::string(m_nameWidth - reading.row.name.size() + 2, ' ');
         for (const std::string& line : LinesOf(reading)) {
-            m_out << lead << line << '\n';
-            lead.assign(m_layout.margin, ' ');
+            m_out << indent << line << '\n';
+            indent.assign(m_layout.margin, ' ');
         }
-        m_out.flush(); // the next reading may take its time
+        m_out.flush(); // the next reading may take long
     }
 
     void End() const {
         m_out << '\n';
-        Tell(CountsInWords());
+        Print(CountsText());
         if (!m_notRun.empty()) {
-            Tell("not run by a report: " + m_notRun);
+            Print("not run by a report: " + m_notRun);
         }
         if (const std::size_t count = m_counts[static_cast<std::size_t>(Status::NotExported)]; count != 0) {
-            Tell("not exported by this library: " + std::to_string(count) + " names");
+            Print("not exported by this library: " + std::to_string(count) + " names");
         }
     }
 
@@ -96,29 +95,29 @@ private:
     [[nodiscard]] std::vector<std::string> LinesOf(const Reading& reading) const {
         const Style style = StyleOf(reading.classification.status);
         if (HasValue(reading) && reading.row.display == Display::Document) {
-            return DocumentOf(reading);
+            return DocumentLinesOf(reading);
         }
         const Readable readable = ReadableOf(reading, LongestLine);
         const std::string whole = OnOneLine(readable);
-        if (Columns(whole) <= m_layout.room || !terminal::IsTerminal(terminal::Stream::Out)) {
+        if (Columns(whole) <= m_layout.width || !terminal::IsTerminal(terminal::Stream::Out)) {
             const std::string_view rest = std::string_view(whole).substr(readable.value.size());
             return {m_paint(style, readable.value) + m_paint(Style::Quiet, rest)};
         }
-        std::vector<std::string> lines = Wrapped(whole, m_layout.room);
+        std::vector<std::string> lines = Wrapped(whole, m_layout.width);
         for (std::string& line : lines) {
             line = m_paint(style, line);
         }
         return lines;
     }
 
-    [[nodiscard]] std::vector<std::string> DocumentOf(const Reading& reading) const {
-        std::vector<std::string> lines = DocumentLines(reading.answer.bare, m_layout.room);
+    [[nodiscard]] std::vector<std::string> DocumentLinesOf(const Reading& reading) const {
+        std::vector<std::string> lines = DocumentLines(reading.answer.text, m_layout.width);
         if (lines.size() > MostLines) {
-            const std::size_t left = lines.size() - (MostLines - 1);
+            const std::size_t hidden = lines.size() - (MostLines - 1);
             lines.resize(MostLines - 1);
-            const std::string more =
-                "... " + std::to_string(left) + " more lines: sondrel call " + std::string(reading.row.name);
-            for (const std::string& line : Wrapped(more, m_layout.room)) {
+            const std::string more = "... " + std::to_string(hidden) + " more lines: sondrel call " +
+                                     std::string(reading.row.name);
+            for (const std::string& line : Wrapped(more, m_layout.width)) {
                 lines.push_back(m_paint(Style::Quiet, line));
             }
         }
@@ -126,7 +125,7 @@ private:
     }
 
     /// "97 readings: 88 ok, 7 absent, 2 failed"
-    [[nodiscard]] std::string CountsInWords() const {
+    [[nodiscard]] std::string CountsText() const {
         std::size_t all = 0;
         std::string text;
         for (std::size_t i = 0; i < static_cast<std::size_t>(Status::NotExported); ++i) {
@@ -139,29 +138,29 @@ private:
         return std::to_string(all) + " readings: " + text;
     }
 
-    void Tell(const std::string& text) const {
+    void Print(const std::string& text) const {
         const bool wraps = terminal::IsTerminal(terminal::Stream::Out);
         for (const std::string& line :
-             wraps ? Wrapped(text, m_layout.margin + m_layout.room) : std::vector<std::string>{text}) {
+             wraps ? Wrapped(text, m_layout.margin + m_layout.width) : std::vector<std::string>{text}) {
             m_out << line << '\n';
         }
     }
 
     std::ostream& m_out;
     Paint m_paint;
-    std::size_t m_width = 0;
+    std::size_t m_nameWidth = 0;
     Layout m_layout{};
-    Group m_family = Group::Count;
+    Group m_group = Group::Count;
     std::array<std::size_t, static_cast<std::size_t>(Status::NotRun) + 1> m_counts{};
     std::string m_notRun;
 };
 
 } // namespace
 
-void ReportAsText(const Host& host, const Options& options) {
-    TextReport report(std::cout, options.colour);
+void ReportAsText(const Host& host, const ReadOptions& options, ColourMode colour) {
+    TextReport report(std::cout, colour);
     report.Begin(host);
-    ReadAll(host, options, [&](const Reading& reading) { report.Add(reading); });
+    Reader(host, options).ReadAll([&](const Reading& reading) { report.Add(reading); });
     report.End();
 }
 

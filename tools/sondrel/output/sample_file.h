@@ -1,4 +1,4 @@
-// Samples kept in a CSV file (RFC 4180).
+// Samples in a CSV file (RFC 4180).
 #pragma once
 
 #include "readings/sampler.h"
@@ -10,15 +10,11 @@
 
 namespace tool {
 
-/// "2026-01-31T23:59:59.123Z"
-std::string IsoTime(std::chrono::system_clock::time_point time);
-
-/// One line for each sample, on the disk's way as soon as it is taken. A field is empty where the reading has no
-/// value: it failed, or the machine has no such thing.
+/// One line for each sample, written as soon as it is taken. A field is empty if the reading has no value: it failed, or
+/// the machine has no such thing.
 class SampleFile {
 public:
-    /// A file that holds samples of the same readings is continued. Throws Trouble for one that holds anything
-    /// else: nothing is overwritten.
+    /// Continues a file with samples of the same readings. Throws Error for a file with any other content.
     SampleFile(const std::string& file, const std::vector<Series>& series);
 
     void Write(const Sample& sample);

@@ -1,7 +1,7 @@
 #include "output/watch_screen.h"
 
 #include "base/text.h"
-#include "output/sample_file.h"
+#include "output/status_style.h"
 #include "readings/telemetry.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 namespace tool {
 namespace {
 
-constexpr std::size_t LongestHistory = 512; // wider than any terminal's room for it
+constexpr std::size_t LongestHistory = 512; // more than any terminal shows
 constexpr std::size_t ValueWidth = 12;
 constexpr std::size_t ExtremeWidth = 15;
 
@@ -29,11 +29,11 @@ std::string Padded(std::string text, std::size_t columns, bool right) {
 
 std::string ValueText(const Series& series, const Point& point) {
     if (!point.number) {
-        return point.told;
+        return point.text;
     }
-    const UnitKind& kind = KindOf(*series.row);
-    std::string text = NumberText(kind, *point.number);
-    return text.append(kind.shown.empty() ? "" : " ").append(kind.shown);
+    const UnitStyle& style = UnitStyleOf(*series.row);
+    std::string text = NumberText(style, *point.number);
+    return text.append(style.displayedUnit.empty() ? "" : " ").append(style.displayedUnit);
 }
 
 std::vector<double> NumbersIn(const std::deque<std::optional<double>>& history, std::size_t newest) {
@@ -46,14 +46,14 @@ std::vector<double> NumbersIn(const std::deque<std::optional<double>>& history, 
     return numbers;
 }
 
-/// "2455 to 3071", over the whole history.
-std::string ExtremesOf(const UnitKind& kind, const std::deque<std::optional<double>>& history) {
+/// "2455..3071", over the whole history.
+std::string ExtremesOf(const UnitStyle& style, const std::deque<std::optional<double>>& history) {
     const std::vector<double> numbers = NumbersIn(history, history.size());
     if (numbers.empty()) {
         return {};
     }
     const auto [low, high] = std::ranges::minmax(numbers);
-    return NumberText(kind, low) + ".." + NumberText(kind, high);
+    return NumberText(style, low) + ".." + NumberText(style, high);
 }
 
 } // namespace
@@ -78,7 +78,7 @@ std::string WatchScreen::HistoryOf(std::size_t index, std::size_t columns) const
     if (numbers.empty()) {
         return {};
     }
-    const Range range = RangeFor(KindOf(*m_series[index].row), numbers);
+    const Range range = RangeFor(UnitStyleOf(*m_series[index].row), numbers);
     std::string text;
     for (std::size_t i = history.size() - std::min(history.size(), columns); i < history.size(); ++i) {
         text += history[i] ? StepFor(*history[i], range) : Gap;
@@ -90,12 +90,12 @@ std::string WatchScreen::LineOf(std::size_t index, std::size_t nameWidth, std::s
     const Series& series = m_series[index];
     const Point& point = m_newest.points[index];
     std::string name = Padded(Shortened(series.name, nameWidth), nameWidth, false);
-    const std::size_t room = columns - std::min(columns, nameWidth + 1);
-    const std::string value = Shortened(ValueText(series, point), std::max(room, std::size_t{1}));
+    const std::size_t available = columns - std::min(columns, nameWidth + 1);
+    const std::string value = Shortened(ValueText(series, point), std::max(available, std::size_t{1}));
     std::string line = name + ' ' + m_paint(StyleOf(point.status), Padded(value, ValueWidth, true));
-    std::size_t left = room - std::min(room, std::max(ValueWidth, Columns(value)));
+    std::size_t left = available - std::min(available, std::max(ValueWidth, Columns(value)));
     const std::string extremes =
-        Padded(ExtremesOf(KindOf(*series.row), m_histories[index]), ExtremeWidth, true);
+        Padded(ExtremesOf(UnitStyleOf(*series.row), m_histories[index]), ExtremeWidth, true);
     if (left > ExtremeWidth + 10) {
         line += m_paint(Style::Quiet, extremes);
         left -= Columns(extremes);
@@ -109,27 +109,27 @@ std::string WatchScreen::Draw(terminal::Size size) const {
         nameWidth = std::max(nameWidth, series.name.size());
     }
     nameWidth = std::min(nameWidth, std::max<std::size_t>(size.columns, 18) - 18);
-    constexpr std::string_view Next = "\x1b[K\r\n";
+    constexpr std::string_view NextLine = "\x1b[K\r\n";
     std::string text = "\x1b[H";
     text += m_paint(Style::Title, Shortened(m_title, size.columns));
-    text += Next;
+    text += NextLine;
     if (m_count == 0) {
         return text + m_paint(Style::Quiet, Shortened("taking the first sample ...", size.columns));
     }
     const std::string state =
         IsoTime(m_newest.time) + "  sample " + std::to_string(m_count) + "  Ctrl-C ends";
     text += m_paint(Style::Quiet, Shortened(state, size.columns));
-    const std::size_t room = size.lines - std::min<std::size_t>(size.lines, 2);
-    const bool all = m_series.size() <= room;
-    const std::size_t shown = all ? m_series.size() : room - std::min<std::size_t>(room, 1);
+    const std::size_t lines = size.lines - std::min<std::size_t>(size.lines, 2);
+    const bool all = m_series.size() <= lines;
+    const std::size_t shown = all ? m_series.size() : lines - std::min<std::size_t>(lines, 1);
     for (std::size_t i = 0; i < shown; ++i) {
-        text += Next;
+        text += NextLine;
         text += LineOf(i, nameWidth, size.columns);
     }
-    if (!all && room > 0) {
+    if (!all && lines > 0) {
         const std::string more =
-            "... " + std::to_string(m_series.size() - shown) + " more, in a taller window";
-        text.append(Next).append(m_paint(Style::Quiet, Shortened(more, size.columns)));
+            "... " + std::to_string(m_series.size() - shown) + " more in a taller window";
+        text.append(NextLine).append(m_paint(Style::Quiet, Shortened(more, size.columns)));
     }
     return text + "\x1b[K\x1b[J";
 }

@@ -1,4 +1,4 @@
-// What `watch` shows: the newest sample, and where each reading came from.
+// What `watch` shows: the newest sample and the history of each reading.
 #pragma once
 
 #include "readings/sampler.h"
@@ -19,10 +19,10 @@ public:
 
     void Add(const Sample& sample);
 
-    /// The whole screen, from its upper left corner on. No line is wider than the terminal.
+    /// The whole screen, from the upper left corner. No line is wider than the terminal.
     [[nodiscard]] std::string Draw(terminal::Size size) const;
 
-    /// The newest sample for a file or a pipe: a line for each reading.
+    /// The newest sample for a file or a pipe: one line for each reading.
     [[nodiscard]] std::string Lines() const;
 
 private:
@@ -34,7 +34,7 @@ private:
     Paint m_paint;
     Sample m_newest;
     std::size_t m_count = 0;
-    /// The numbers of each series, the newest last; nothing where there was none.
+    /// The numbers of each series, the newest last.
     std::vector<std::deque<std::optional<double>>> m_histories;
 };
 

@@ -1,4 +1,4 @@
-// The differences between two snapshots, by export.
+// The differences between two snapshots.
 #pragma once
 
 #include "readings/snapshot.h"
@@ -9,26 +9,24 @@
 
 namespace tool {
 
+/// Of one export.
 struct Difference {
     std::string name;
-    std::string family;
-    /// Null where the snapshot does not have the export at all.
-    const KeptReading* before = nullptr;
-    const KeptReading* after = nullptr;
-    /// Element by element where both are values; empty where at least one is none.
+    std::string group;
+    /// Null if the snapshot does not have the export.
+    const SnapshotReading* before = nullptr;
+    const SnapshotReading* after = nullptr;
+    /// Element by element if both have values; otherwise empty.
     std::vector<Change> changes;
 };
 
 struct Differences {
     std::vector<Difference> all;
     std::size_t compared = 0;
-    /// Left out because they always move.
     std::size_t leftOut = 0;
 };
 
+/// Steady: leaves out what usually differs, such as temperatures, counters and times.
 Differences Compare(const Snapshot& before, const Snapshot& after, bool steady);
-
-std::string DifferencesAsText(const Options& options, const Snapshot& before, const Snapshot& after,
-                              const Differences& differences);
 
 } // namespace tool

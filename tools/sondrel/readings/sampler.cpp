@@ -1,15 +1,21 @@
 #include "readings/sampler.h"
 
+#include "base/error.h"
 #include "base/text.h"
-#include "base/trouble.h"
-#include "output/readable.h"
-#include "readings/telemetry.h"
+#include "readings/readable.h"
 #include "terminal/interrupt.h"
+
+#include <algorithm>
+#include <cstdio>
 
 namespace tool {
 namespace {
 
 constexpr std::size_t LongestText = 60;
+
+std::size_t ElementCount(const Export& row) {
+    return std::max<std::size_t>(row.element.count, 1);
+}
 
 std::optional<double> NumberOf(const Answer& answer) {
     if (const auto* const whole = std::get_if<std::int64_t>(&answer.number); whole != nullptr) {
@@ -21,85 +27,99 @@ std::optional<double> NumberOf(const Answer& answer) {
     return std::nullopt;
 }
 
-/// A reading that is one value.
-Point WholePoint(const Reading& reading) {
-    Point point{.status = reading.classification.status, .number = {}, .bare = {}, .told = {}};
+Point PointOf(const Reading& reading) {
+    Point point{.status = reading.classification.status, .number = {}, .value = {}, .text = {}};
     if (!HasValue(reading)) {
-        point.told = TextOf(point.status);
+        point.text = TextOf(point.status);
         return point;
     }
-    point.bare = reading.answer.bare;
+    point.value = reading.answer.text;
     point.number = NumberOf(reading.answer);
-    const bool single = reading.row.display == Display::List && !reading.row.unit.empty();
-    if (!point.number && single) {
-        point.number = NumberIn(point.bare); // a list with one place
+    if (!point.number && reading.row.display == Display::List && !reading.row.unit.empty()) {
+        point.number = NumberIn(point.value); // a list with one element
     }
-    point.told = OnOneLine(ReadableOf(reading, LongestText));
+    point.text = OnOneLine(ReadableOf(reading, LongestText));
     return point;
 }
 
-/// One place of a list. What the whole list could not tell, no place can.
-Point PlacePoint(const Reading& reading, std::span<const std::string_view> places, std::size_t place) {
-    Point point{.status = reading.classification.status, .number = {}, .bare = {}, .told = {}};
+/// One element of a list. If the whole list has no value, no element has.
+Point ElementPoint(const Reading& reading, std::span<const std::string_view> elements, std::size_t element) {
+    Point point{.status = reading.classification.status, .number = {}, .value = {}, .text = {}};
     if (HasValue(reading)) {
-        const bool given = place < places.size() && !places[place].empty();
-        point.status = given ? StatusOfElement(reading.row, places[place]) : Status::Absent;
+        const bool exists = element < elements.size() && !elements[element].empty();
+        point.status = exists ? StatusOfElement(reading.row, elements[element]) : Status::Absent;
     }
     if (point.status == Status::Ok) {
-        point.bare = places[place];
-        point.number = NumberIn(point.bare);
+        point.value = elements[element];
+        point.number = NumberIn(point.value);
     }
-    point.told = point.status == Status::Ok ? point.bare : TextOf(point.status);
+    point.text = point.status == Status::Ok ? point.value : TextOf(point.status);
     return point;
 }
 
-const Export& ReadableExport(const Host& host, const std::string& name) {
-    const Export& row = ExportNamed(name);
-    if (row.report == InReport::Skipped) {
-        throw Trouble(name + " changes something; only readings can be watched");
+std::vector<const Export*> RowsOf(const Host& host, std::span<const std::string> names) {
+    std::vector<const Export*> rows;
+    for (const std::string& name : names) {
+        const Export& row = ExportNamed(name);
+        if (row.report == InReport::Skipped) {
+            throw Error(name + " changes something; only readings can be watched");
+        }
+        AddressOf(host.library, row);
+        rows.push_back(&row);
     }
-    AddressOf(host.library, row);
-    return row;
+    return rows;
+}
+
+std::vector<Series> SeriesOf(std::span<const Export* const> rows) {
+    std::vector<Series> series;
+    for (const Export* const row : rows) {
+        const std::size_t count = ElementCount(*row);
+        for (std::size_t element = 0; element < count; ++element) {
+            std::string name(row->name);
+            if (count > 1) {
+                name.append("[").append(std::to_string(element)).append("]");
+            }
+            series.push_back({row, element, std::move(name)});
+        }
+    }
+    return series;
 }
 
 } // namespace
 
-Sampler::Sampler(const Host& host, const Options& options, std::span<const std::string> names)
-    : m_host(host), m_options(options) {
-    for (const std::string& name : names) {
-        const Export& row = ReadableExport(host, name);
-        m_rows.push_back(&row);
-        const std::size_t places = PlacesIn(row);
-        for (std::size_t place = 0; place < places; ++place) {
-            std::string title(row.name);
-            if (places > 1) {
-                title.append("[").append(std::to_string(place)).append("]");
-            }
-            m_series.push_back({&row, place, std::move(title)});
-        }
-    }
-    if (options.session) {
-        OpenSession(m_session, host);
-    }
-}
+Sampler::Sampler(const Host& host, const ReadOptions& options, std::span<const std::string> names)
+    : m_rows(RowsOf(host, names)), m_series(SeriesOf(m_rows)), m_reader(host, options) {}
 
 Sample Sampler::Take() const {
     Sample sample{.time = std::chrono::system_clock::now(), .points = {}};
     for (const Export* const row : m_rows) {
         interrupt::Check();
-        const Reading reading = ReadOne(m_host, m_options, *row, m_session);
-        const std::size_t count = PlacesIn(*row);
+        const Reading reading = m_reader.Read(*row);
+        const std::size_t count = ElementCount(*row);
         if (count == 1) {
-            sample.points.push_back(WholePoint(reading));
+            sample.points.push_back(PointOf(reading));
             continue;
         }
-        const std::vector<std::string_view> places = ElementsOf(reading.answer.bare);
-        for (std::size_t place = 0; place < count; ++place) {
-            sample.points.push_back(PlacePoint(reading, places, place));
+        const std::vector<std::string_view> elements = ElementsOf(reading.answer.text);
+        for (std::size_t element = 0; element < count; ++element) {
+            sample.points.push_back(ElementPoint(reading, elements, element));
         }
     }
     interrupt::Check();
     return sample;
+}
+
+std::string IsoTime(std::chrono::system_clock::time_point time) {
+    using namespace std::chrono;
+    const auto day = floor<days>(time);
+    const year_month_day date(day);
+    const hh_mm_ss clock(floor<milliseconds>(time - day));
+    char text[48];
+    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d.%03dZ", static_cast<int>(date.year()),
+                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()), static_cast<int>(clock.subseconds().count()));
+    return text;
 }
 
 } // namespace tool

@@ -1,9 +1,10 @@
 // Samples of chosen readings.
 #pragma once
 
-#include "commands/commands.h"
+#include "readings/reading.h"
 
 #include <chrono>
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,22 +12,28 @@
 
 namespace tool {
 
-/// One value that is followed: a reading, or one place of a reading that gives several.
+struct Sampling {
+    std::chrono::milliseconds interval{1000};
+    /// The number of samples; 0 for no limit.
+    std::size_t count = 0;
+};
+
+/// One value that is followed: a reading, or one element of a reading that is a list.
 struct Series {
     const Export* row;
-    std::size_t place;
+    std::size_t element;
     /// "Thermal_Read_Cpu_Temperature" or "Thermal_Read_Fan[2]".
     std::string name;
 };
 
 struct Point {
     Status status = Status::Ok;
-    /// Where there is a value and it is a number.
+    /// If there is a value and it is a number.
     std::optional<double> number;
-    /// The bare value; empty where there is none.
-    std::string bare;
-    /// In words, for where it is no number.
-    std::string told;
+    /// The value as the library gave it; empty if there is none.
+    std::string value;
+    /// In words, for display.
+    std::string text;
 };
 
 struct Sample {
@@ -37,19 +44,20 @@ struct Sample {
 
 class Sampler {
 public:
-    /// Throws Trouble for a name that is none, is not exported or would change something.
-    Sampler(const Host& host, const Options& options, std::span<const std::string> names);
+    /// Throws Error for a name that does not exist, is not exported or would change something.
+    Sampler(const Host& host, const ReadOptions& options, std::span<const std::string> names);
 
     [[nodiscard]] const std::vector<Series>& AllSeries() const { return m_series; }
 
     [[nodiscard]] Sample Take() const;
 
 private:
-    const Host& m_host;
-    const Options& m_options;
     std::vector<const Export*> m_rows;
     std::vector<Series> m_series;
-    std::optional<Session> m_session;
+    Reader m_reader;
 };
+
+/// "2026-01-31T23:59:59.123Z"
+std::string IsoTime(std::chrono::system_clock::time_point time);
 
 } // namespace tool

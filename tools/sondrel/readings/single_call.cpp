@@ -1,31 +1,31 @@
 #include "readings/single_call.h"
 
-#include "base/trouble.h"
+#include "base/error.h"
 
 namespace tool {
 namespace {
 
-const Export& RowFor(const Options& options) {
-    const Export& row = ExportNamed(options.name);
-    const std::string_view wanted = row.argument;
-    if (options.arguments.size() != (wanted.empty() ? 0u : 1u)) {
-        throw Trouble(
-            std::string(row.name) +
-            (wanted.empty() ? " takes no argument" : " takes one argument: " + std::string(wanted)) +
-            ", not " + std::to_string(options.arguments.size()));
+const Export& RowFor(const std::string& name, const std::vector<std::string>& arguments) {
+    const Export& row = ExportNamed(name);
+    if (arguments.size() != (row.argument.empty() ? 0u : 1u)) {
+        throw Error(std::string(row.name) +
+                    (row.argument.empty() ? " takes no argument"
+                                          : " takes one argument: " + std::string(row.argument)) +
+                    ", not " + std::to_string(arguments.size()));
     }
     return row;
 }
 
 } // namespace
 
-SingleCall::SingleCall(const Options& options)
-    : m_row(RowFor(options)),
-      m_host(options),
+SingleCall::SingleCall(const HostOptions& hostOptions, const ReadOptions& readOptions,
+                       const std::string& name, const std::vector<std::string>& arguments)
+    : m_row(RowFor(name, arguments)),
+      m_host(hostOptions),
       m_address(AddressOf(m_host.library, m_row)),
-      m_inputs{options.arguments.empty() ? "" : options.arguments.front(), options.initCom} {
-    if (options.session && m_row.needsSession) { // InitializeSondrel opens its own, and is not in need of one
-        OpenSession(m_session, m_host);
+      m_inputs{arguments.empty() ? "" : arguments.front(), readOptions.initCom} {
+    if (readOptions.session && m_row.needsSession) {
+        OpenSession(m_session, m_host.library);
     }
 }
 
@@ -33,9 +33,9 @@ Answer SingleCall::Make() const {
     return Call(m_address, m_row, m_inputs);
 }
 
-void SingleCall::GiveBackSession(const Answer& answer) const {
+void SingleCall::CloseSession(const Answer& answer) const {
     const Address close = m_host.library.Find("ShutdownSondrel");
-    if (m_row.report == InReport::Session && answer.bare == "1" && close != nullptr) {
+    if (m_row.report == InReport::Session && answer.text == "1" && close != nullptr) {
         close();
     }
 }

@@ -1,32 +1,36 @@
-// One export, ready to be called as the command line says: `call` and `trace`.
+// One export, called with arguments of the command line: `call` and `trace`.
 #pragma once
 
-#include "commands/commands.h"
+#include "readings/reading.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace tool {
 
 class SingleCall {
 public:
-    /// Throws Trouble where there is nothing to call, or not with these arguments.
-    explicit SingleCall(const Options& options);
+    /// Throws Error if there is no such export, or if it takes other arguments.
+    SingleCall(const HostOptions& hostOptions, const ReadOptions& readOptions, const std::string& name,
+               const std::vector<std::string>& arguments);
 
     [[nodiscard]] const Export& Row() const { return m_row; }
 
-    /// Null for the real one.
+    /// Null for the real machine.
     [[nodiscard]] const SimulatedMachine* Machine() const {
         return m_host.machine ? &*m_host.machine : nullptr;
     }
 
-    /// A routine of the library that is called; null where it has none of this name.
+    /// A function of the called library; null if it has none of this name.
     [[nodiscard]] Address Find(std::string_view name) const { return m_host.library.Find(name); }
 
-    /// Throws Trouble where the argument is none for the export.
+    /// Throws Error if the argument does not suit the export.
     [[nodiscard]] Answer Make() const;
 
-    /// Gives back the session that a call of InitializeSondrel has opened.
-    void GiveBackSession(const Answer& answer) const;
+    /// Closes the session that a call of InitializeSondrel has opened.
+    void CloseSession(const Answer& answer) const;
 
 private:
     const Export& m_row;

@@ -1,17 +1,17 @@
 #include "readings/snapshot.h"
 
-#include "base/output_file.h"
+#include "base/error.h"
+#include "base/input_file.h"
 #include "base/text.h"
-#include "base/trouble.h"
 #include "machines/json_depth.h"
-#include "output/reading_json.h"
+#include "readings/reading_json.h"
 
 #include <charconv>
 
 namespace tool {
 namespace {
 
-/// What is written keeps its order. What is read need not, and a file of somebody else's may be large.
+/// Written files keep the order of members. Files that are read need not, and may be large.
 using Written = nlohmann::ordered_json;
 using Loaded = nlohmann::json;
 
@@ -22,21 +22,21 @@ Written NumberOr(std::string_view text) {
     return problem == std::errc{} && last == end ? Written(number) : Written(text);
 }
 
-/// Quantities are numbers, everything else is text.
-Written KeptList(const Export& row, std::string_view bare) {
+/// Quantities are numbers, everything else is a string.
+Written ListOf(const Export& row, std::string_view text) {
     Written list = Written::array();
-    if (bare.empty()) {
+    if (text.empty()) {
         return list;
     }
-    for (const std::string_view place : ElementsOf(bare)) {
-        const bool failed = StatusOfElement(row, place) == Status::Failed;
-        list.push_back(failed ? Written() : row.unit.empty() ? Written(place) : NumberOr(place));
+    for (const std::string_view element : ElementsOf(text)) {
+        const bool failed = StatusOfElement(row, element) == Status::Failed;
+        list.push_back(failed ? Written() : row.unit.empty() ? Written(element) : NumberOr(element));
     }
     return list;
 }
 
-[[noreturn]] void Refuse(const std::string& file, const std::string& reason) {
-    throw Trouble(OnOneLine(file) + ": " + reason);
+[[noreturn]] void ThrowNotASnapshot(const std::string& file, const std::string& reason) {
+    throw Error(OnOneLine(file) + ": " + reason);
 }
 
 std::string TextIn(const Loaded& object, const char* name) {
@@ -46,31 +46,31 @@ std::string TextIn(const Loaded& object, const char* name) {
 
 void CheckKind(const Loaded& document, const std::string& file) {
     if (!document.is_object() || TextIn(document, "format") != SnapshotFormat) {
-        Refuse(file, "not a snapshot of this tool's");
+        ThrowNotASnapshot(file, "not a snapshot of this tool");
     }
     const auto version = document.find("version");
     if (version == document.end() || !version->is_number_integer() || version->get<std::int64_t>() < 1) {
-        Refuse(file, "a damaged snapshot: it has no version");
+        ThrowNotASnapshot(file, "a damaged snapshot: it has no version");
     }
     if (version->get<std::int64_t>() > SnapshotVersion) {
-        Refuse(file, "a snapshot of version " + version->dump() + "; this tool reads up to version " +
-                         std::to_string(SnapshotVersion));
+        ThrowNotASnapshot(file, "a snapshot of version " + version->dump() +
+                                    "; this tool reads up to version " + std::to_string(SnapshotVersion));
     }
 }
 
 } // namespace
 
-Written KeptValue(const Reading& reading) {
+Written SnapshotValue(const Reading& reading) {
     Written value = ValueOf(reading);
     if (!value.is_string()) {
         return value;
     }
-    const std::string text = WellFormed(reading.answer.bare);
+    const std::string text = WellFormed(reading.answer.text);
     if (reading.row.display == Display::List) {
-        return KeptList(reading.row, text);
+        return ListOf(reading.row, text);
     }
     if (reading.row.display == Display::Document) {
-        auto document = ParsedJson<Written>(reading.answer.bare);
+        auto document = ParsedJson<Written>(reading.answer.text);
         return document.is_structured() ? document : Written(text);
     }
     return text;
@@ -79,21 +79,21 @@ Written KeptValue(const Reading& reading) {
 Snapshot LoadSnapshot(const std::string& file) {
     const auto document = ParsedJson<Loaded>(ReadFile(file));
     if (document.is_discarded()) {
-        Refuse(file, "not a snapshot of this tool's, or a damaged one: no well-formed JSON");
+        ThrowNotASnapshot(file, "not a snapshot of this tool, or a damaged one: not well-formed JSON");
     }
     CheckKind(document, file);
     const auto readings = document.find("readings");
     if (readings == document.end() || !readings->is_object()) {
-        Refuse(file, "a damaged snapshot: it has no readings");
+        ThrowNotASnapshot(file, "a damaged snapshot: it has no readings");
     }
     Snapshot snapshot{.machine = TextIn(document, "machine"), .taken = TextIn(document, "taken")};
-    for (const auto& [name, kept] : readings->items()) {
-        if (!kept.is_object() || TextIn(kept, "status").empty() || !kept.contains("value")) {
-            Refuse(file, "a damaged snapshot: " + OnOneLine(name) + " has no status or no value");
+    for (const auto& [name, reading] : readings->items()) {
+        if (!reading.is_object() || TextIn(reading, "status").empty() || !reading.contains("value")) {
+            ThrowNotASnapshot(file, "a damaged snapshot: " + OnOneLine(name) + " has no status or no value");
         }
-        snapshot.readings.emplace(name, KeptReading{TextIn(kept, "family"), TextIn(kept, "status"),
-                                                    TextIn(kept, "unit"), TextIn(kept, "meaning"),
-                                                    kept.at("value")});
+        snapshot.readings.emplace(name, SnapshotReading{TextIn(reading, "family"), TextIn(reading, "status"),
+                                                        TextIn(reading, "unit"), TextIn(reading, "meaning"),
+                                                        reading.at("value")});
     }
     return snapshot;
 }

@@ -1,7 +1,7 @@
 // A snapshot: every answer of one machine at one time, in a file. docs/snapshot.md describes the format.
 #pragma once
 
-#include "commands/commands.h"
+#include "readings/reading.h"
 
 #include <nlohmann/json.hpp>
 
@@ -12,30 +12,29 @@
 namespace tool {
 
 inline constexpr std::string_view SnapshotFormat = "sondrel-snapshot";
-/// Goes up when an older tool would misread a file. Members may be added without that.
+/// Increases when an older tool would misread a file. Members can be added without that.
 inline constexpr int SnapshotVersion = 1;
 
-/// One export's answer as a snapshot keeps it.
-struct KeptReading {
-    std::string family;
-    std::string status; // as TextOf words it
+/// One export's answer in a snapshot.
+struct SnapshotReading {
+    std::string group;
+    std::string status; // as in TextOf
     std::string unit;
     std::string meaning;
-    /// A number, a text, a list, a document, or null.
+    /// A number, a string, a list, a document, or null.
     nlohmann::json value;
 };
 
 struct Snapshot {
     std::string machine;
     std::string taken; // in UTC
-    std::map<std::string, KeptReading, std::less<>> readings;
+    std::map<std::string, SnapshotReading, std::less<>> readings;
 };
 
-/// What a snapshot keeps of an answer: numbers as numbers, lists as lists with null for a place that failed,
-/// documents as what they say.
-nlohmann::ordered_json KeptValue(const Reading& reading);
+/// The value in a snapshot: numbers as numbers, lists as arrays with null for a failed element, documents as JSON.
+nlohmann::ordered_json SnapshotValue(const Reading& reading);
 
-/// Reads a snapshot's file. Throws Trouble with one line that says why it is none.
+/// Reads a file. Throws Error if it is not a snapshot.
 Snapshot LoadSnapshot(const std::string& file);
 
 } // namespace tool

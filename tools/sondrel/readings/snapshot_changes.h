@@ -1,4 +1,4 @@
-// What differs between two kept values.
+// What differs between two values of snapshots.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -11,16 +11,16 @@
 namespace tool {
 
 struct Change {
-    /// The way to it within the value: "machine / Fennel Editor / version", "fan 2"; empty for the value itself.
-    std::string place;
-    /// Nothing where it is new, or gone.
+    /// The path within the value: "machine / Fennel Editor / version", "fan 2"; empty for the value itself.
+    std::string path;
+    /// Nothing if it was added, or removed.
     std::optional<nlohmann::json> before;
     std::optional<nlohmann::json> after;
 };
 
-/// Members are matched by name. Elements of a list are matched by what tells them apart: a name or number in
-/// them, or else the whole element; quantities by their places, which are called by `placeName`.
+/// Members are matched by name. Elements of a list are matched by a name or number in them, or else by the whole
+/// element; quantities by their index, after `elementName`.
 std::vector<Change> ChangesBetween(const nlohmann::json& before, const nlohmann::json& after,
-                                   std::string_view placeName);
+                                   std::string_view elementName);
 
 } // namespace tool

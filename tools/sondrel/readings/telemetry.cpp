@@ -7,60 +7,59 @@
 namespace tool {
 namespace {
 
-constexpr UnitKind Kinds[] = {
-    {.unit = "°C", .shown = "°C", .leastSpan = 10},
-    {.unit = "rpm", .shown = "rpm", .leastSpan = 500},
-    {.unit = "%", .shown = "%", .highest = 100},
-    {.unit = "fraction", .factor = 100, .shown = "%", .digits = 1, .highest = 100},
-    {.unit = "mV", .shown = "mV", .leastSpan = 100},
-    {.unit = "mWh", .shown = "mWh", .leastSpan = 1000},
-    {.unit = "dBm", .shown = "dBm", .lowest = -100, .highest = 0},
-    {.unit = "raw", .shown = "raw", .leastSpan = 10},
-    {.unit = "", .shown = "", .leastSpan = 1},
+/// The last one is for every other unit.
+constexpr UnitStyle Styles[] = {
+    {.unit = "°C", .displayedUnit = "°C", .leastSpan = 10},
+    {.unit = "rpm", .displayedUnit = "rpm", .leastSpan = 500},
+    {.unit = "%", .displayedUnit = "%", .highest = 100},
+    {.unit = "fraction", .factor = 100, .displayedUnit = "%", .digits = 1, .highest = 100},
+    {.unit = "mV", .displayedUnit = "mV", .leastSpan = 100},
+    {.unit = "mWh", .displayedUnit = "mWh", .leastSpan = 1000},
+    {.unit = "dBm", .displayedUnit = "dBm", .lowest = -100, .highest = 0},
+    {.unit = "raw", .displayedUnit = "raw", .leastSpan = 10},
+    {.unit = "", .displayedUnit = "", .leastSpan = 1},
 };
 
-/// The cells of a battery are there to be compared with each other.
-constexpr UnitKind Cells{.unit = "raw", .shown = "raw", .leastSpan = 50, .drawing = Drawing::Bars};
+/// The cells of a battery are compared with each other.
+constexpr UnitStyle CellStyle{
+    .unit = "raw", .displayedUnit = "raw", .leastSpan = 50, .drawing = Drawing::Bars};
+
 } // namespace
 
-const UnitKind& KindOf(const Export& row) {
+const UnitStyle& UnitStyleOf(const Export& row) {
     if (row.element.name == "cell") {
-        return Cells;
+        return CellStyle;
     }
-    const auto found = std::ranges::find(Kinds, row.unit, &UnitKind::unit);
-    return found != std::end(Kinds) ? *found : *std::prev(std::end(Kinds));
+    const auto* const found = std::ranges::find(Styles, row.unit, &UnitStyle::unit);
+    return found != std::end(Styles) ? *found : *std::prev(std::end(Styles));
 }
 
-std::size_t PlacesIn(const Export& row) {
-    return std::max<std::size_t>(row.element.count, 1);
-}
-
-std::string NumberText(const UnitKind& kind, double number) {
-    char text[400]; // the largest double in full has 309 digits
-    const double shown = number * kind.factor;
-    const bool whole = kind.digits == 0 && shown == std::round(shown);
-    std::snprintf(text, sizeof text, "%.*f", whole ? 0 : std::max(kind.digits, 1), shown);
+std::string NumberText(const UnitStyle& style, double number) {
+    char text[400]; // the largest double has 309 digits
+    const double displayed = number * style.factor;
+    const bool whole = style.digits == 0 && displayed == std::round(displayed);
+    std::snprintf(text, sizeof text, "%.*f", whole ? 0 : std::max(style.digits, 1), displayed);
     return text;
 }
 
-Range RangeFor(const UnitKind& kind, std::span<const double> numbers) {
+Range RangeFor(const UnitStyle& style, std::span<const double> numbers) {
     if (numbers.empty()) {
-        return {kind.lowest / kind.factor, kind.highest / kind.factor};
+        return {style.lowest / style.factor, style.highest / style.factor};
     }
     const auto [low, high] = std::ranges::minmax(numbers);
     Range range{low, high};
-    if (kind.lowest < kind.highest) {
-        range = {std::min(low, kind.lowest / kind.factor), std::max(high, kind.highest / kind.factor)};
+    if (style.lowest < style.highest) {
+        range = {std::min(low, style.lowest / style.factor), std::max(high, style.highest / style.factor)};
     }
-    const double missing = kind.leastSpan / kind.factor - (range.high - range.low);
+    const double missing = style.leastSpan / style.factor - (range.high - range.low);
     if (missing > 0) {
         const bool fromZero = low >= 0 && low < missing / 2;
         range = {fromZero ? 0 : low - missing / 2,
                  fromZero ? low + missing + (high - low) : high + missing / 2};
     }
-    if (kind.digits == 0) {
-        range = {std::floor(range.low * kind.factor) / kind.factor,
-                 std::ceil(range.high * kind.factor) / kind.factor};
+    if (style.digits == 0) {
+        range = {std::floor(range.low * style.factor) / style.factor,
+                 std::ceil(range.high * style.factor) / style.factor};
     }
     return range;
 }

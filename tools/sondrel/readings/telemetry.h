@@ -1,9 +1,8 @@
-// Readings that move: which they are, and how each kind of unit is drawn.
+// How numbers of each unit are shown and drawn.
 #pragma once
 
-#include "exports/classify.h"
+#include "exports/answer.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -13,39 +12,34 @@ namespace tool {
 
 enum class Drawing : std::uint8_t {
     Curve, // over time
-    Bars   // side by side, with the range that each went through
+    Bars   // side by side, with the range of the samples
 };
 
-/// How numbers of one unit are shown and drawn.
-struct UnitKind {
+struct UnitStyle {
     std::string_view unit;
-    /// From what the library gives to what is shown, and the unit of that.
+    /// From the library's number to the displayed one, and its unit.
     double factor = 1;
-    std::string_view shown;
+    std::string_view displayedUnit;
     int digits = 0;
-    /// What a drawing shows at least, so that a wavering of the last digit does not look like a storm.
+    /// The smallest range of a drawing, so that noise in the last digit does not fill it.
     double leastSpan = 0;
-    /// The unit has a natural range, which is drawn whole.
+    /// The natural range of the unit, which is drawn whole; none if both are 0.
     double lowest = 0;
     double highest = 0;
     Drawing drawing = Drawing::Curve;
 };
 
-/// The row for the export's unit, or the last one for a unit of its own.
-const UnitKind& KindOf(const Export& row);
+const UnitStyle& UnitStyleOf(const Export& row);
 
-/// How many values the export gives at once, side by side.
-std::size_t PlacesIn(const Export& row);
-
-/// "2913" or "10.0": as it is shown, without its unit.
-std::string NumberText(const UnitKind& kind, double number);
+/// "2913" or "10.0": as displayed, without the unit.
+std::string NumberText(const UnitStyle& style, double number);
 
 struct Range {
     double low = 0;
     double high = 0;
 };
 
-/// The range that a drawing of these numbers shows.
-Range RangeFor(const UnitKind& kind, std::span<const double> numbers);
+/// The range of a drawing of these numbers.
+Range RangeFor(const UnitStyle& style, std::span<const double> numbers);
 
 } // namespace tool

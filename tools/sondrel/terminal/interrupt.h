@@ -1,8 +1,8 @@
-// Ctrl-C and its like: the command in progress unwinds, gives back what it holds, and the program ends with the
-// usual status.
+// Ctrl-C and similar signals: the current command unwinds, releases what it holds, and the program ends with the usual
+// status.
 //
-// A call into the library cannot be broken off. Where one lasts longer than the patience of a user, or at a
-// second Ctrl-C, the end is forced: the terminal is put back, a half-written file is removed, no more.
+// A call into the library cannot be interrupted. If one lasts longer than a few seconds, or at a second Ctrl-C, the
+// end is forced: the terminal is restored, a half-written file is removed, and nothing else.
 #pragma once
 
 #include <chrono>
@@ -11,33 +11,33 @@
 
 namespace tool::interrupt {
 
-/// What unwinds a command.
+/// Unwinds a command.
 class Interruption : public std::exception {
 public:
     [[nodiscard]] const char* what() const noexcept override { return "interrupted"; }
 };
 
-/// From here on interrupts are noticed.
+/// Interrupts before this end the program at once.
 void Listen();
 
 [[nodiscard]] bool Came();
 
-/// Throws Interruption if an interrupt came.
+/// Throws Interruption after an interrupt.
 void Check();
 
 enum class Wake : std::uint8_t {
     TimeUp,
     Interrupt,
-    Redraw // the terminal has another size, or the program goes on after having been stopped
+    Redraw // the terminal has another size, or the program continues after a stop (Ctrl-Z)
 };
 
-/// Waits for the time, or until something happens.
+/// Waits for the time, or for one of the other events.
 [[nodiscard]] Wake WaitFor(std::chrono::milliseconds time);
 
-/// Ends the program in the way of a program that was interrupted.
+/// Ends the program as an interrupted one.
 [[noreturn]] void End();
 
-/// What a forced end removes; the empty path for nothing.
+/// The file that a forced end removes; an empty path for none.
 void RemoveWhenForced(const std::filesystem::path& file);
 
 } // namespace tool::interrupt

@@ -18,24 +18,24 @@
 namespace tool::interrupt {
 namespace {
 
-/// How long an interrupted command may go on, in seconds.
-constexpr unsigned Patience = 2;
+/// How long an interrupted command may continue, in seconds.
+constexpr unsigned GracePeriod = 2;
 
 volatile std::sig_atomic_t TheSignal = 0;
-volatile std::sig_atomic_t RedrawWanted = 0;
+volatile std::sig_atomic_t RedrawRequested = 0;
 std::array<int, 2> WakePipe{-1, -1};
 std::array<char, PATH_MAX> FileToRemove{};
 void (*BeforeStop)() = nullptr;
 void (*AfterStop)() = nullptr;
 
 void WakeUp() {
-    const int kept = errno;
+    const int savedErrno = errno;
     [[maybe_unused]] const ssize_t written = write(WakePipe[1], "", 1);
-    errno = kept;
+    errno = savedErrno;
 }
 
-/// The program dies of the signal, so that a shell sees an interrupt and not a program that chose to end.
-[[noreturn]] void DieOf(int signal) {
+/// Ends the program by the signal itself, so that a shell sees an interrupt and not an exit status.
+[[noreturn]] void EndBySignal(int signal) {
     std::signal(signal, SIG_DFL);
     sigset_t only;
     sigemptyset(&only);
@@ -46,11 +46,11 @@ void WakeUp() {
 }
 
 [[noreturn]] void ForceEnd(int signal) {
-    terminal::PutBack();
+    terminal::Restore();
     if (FileToRemove[0] != '\0') {
         unlink(FileToRemove.data());
     }
-    DieOf(signal);
+    EndBySignal(signal);
 }
 
 void OnInterrupt(int signal) {
@@ -58,16 +58,16 @@ void OnInterrupt(int signal) {
         ForceEnd(TheSignal);
     }
     TheSignal = signal;
-    alarm(Patience);
+    alarm(GracePeriod);
     WakeUp();
 }
 
-void OnPatienceEnded(int) {
+void OnGracePeriodOver(int) {
     ForceEnd(TheSignal != 0 ? TheSignal : SIGALRM);
 }
 
 void OnResized(int) {
-    RedrawWanted = 1;
+    RedrawRequested = 1;
     WakeUp();
 }
 
@@ -75,7 +75,7 @@ void OnStop(int) {
     if (BeforeStop != nullptr) {
         BeforeStop();
     }
-    kill(getpid(), SIGSTOP); // comes back when somebody lets the program go on
+    kill(getpid(), SIGSTOP); // returns when the program is continued
     if (AfterStop != nullptr) {
         AfterStop();
     }
@@ -94,7 +94,7 @@ void Catch(int signal, void (*handler)(int)) {
 
 void Listen() {
     if (pipe2(WakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
-        return; // no file left: the system's own way of ending remains
+        return; // no descriptor left: the system's default handling remains
     }
     for (const int signal : {SIGINT, SIGTERM}) {
         Catch(signal, OnInterrupt);
@@ -105,11 +105,11 @@ void Listen() {
     if (sigaction(SIGHUP, nullptr, &present) == 0 && present.sa_handler != SIG_IGN) { // nohup
         Catch(SIGHUP, OnInterrupt);
     }
-    Catch(SIGALRM, OnPatienceEnded);
+    Catch(SIGALRM, OnGracePeriodOver);
     Catch(SIGWINCH, OnResized);
 }
 
-void WhenStopped(void (*before)(), void (*after)()) {
+void SetStopHandlers(void (*before)(), void (*after)()) {
     BeforeStop = before;
     AfterStop = after;
     Catch(SIGTSTP, OnStop);
@@ -135,8 +135,8 @@ Wake WaitFor(std::chrono::milliseconds time) {
         if (Came()) {
             return Wake::Interrupt;
         }
-        if (RedrawWanted != 0) {
-            RedrawWanted = 0;
+        if (RedrawRequested != 0) {
+            RedrawRequested = 0;
             return Wake::Redraw;
         }
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
@@ -158,7 +158,7 @@ void RemoveWhenForced(const std::filesystem::path& file) {
     if (!name.empty() && name.size() < FileToRemove.size()) {
         std::copy(name.begin() + 1, name.end(), FileToRemove.begin() + 1);
         FileToRemove[name.size()] = '\0';
-        FileToRemove[0] = name.front(); // only now is it a name
+        FileToRemove[0] = name.front(); // valid from here on
     }
 }
 

@@ -1,9 +1,9 @@
-// What the terminal asks of the signals.
+// Signals that concern the terminal.
 #pragma once
 
 namespace tool::interrupt {
 
-/// Called from signal handlers: before the program is stopped (Ctrl-Z), and when it goes on.
-void WhenStopped(void (*before)(), void (*after)());
+/// The functions are called from signal handlers: before the program is stopped (Ctrl-Z), and when it continues.
+void SetStopHandlers(void (*before)(), void (*after)());
 
 } // namespace tool::interrupt

@@ -1,4 +1,4 @@
-// Interrupts as the console tells them.
+// Interrupts as console control events.
 #include "terminal/interrupt.h"
 #include "terminal/terminal.h"
 
@@ -11,8 +11,9 @@
 namespace tool::interrupt {
 namespace {
 
-constexpr DWORD Patience = 2000;
-/// What a shell calls a program that Ctrl-C ended, here as elsewhere.
+/// How long an interrupted command may continue, in milliseconds.
+constexpr DWORD GracePeriod = 2000;
+/// The exit status of a program that Ctrl-C ended, as in a shell.
 constexpr UINT InterruptedStatus = 130;
 
 std::atomic<bool> Interrupted = false;
@@ -20,22 +21,22 @@ HANDLE WakeEvent = nullptr;
 std::array<wchar_t, 32768> FileToRemove{};
 
 [[noreturn]] void ForceEnd() {
-    terminal::PutBack();
+    terminal::Restore();
     if (FileToRemove[0] != L'\0') {
         DeleteFileW(FileToRemove.data());
     }
-    // The thread that is in the library's call may hold anything: nothing is unloaded.
+    // The thread inside the library may hold any lock, so nothing is unloaded.
     TerminateProcess(GetCurrentProcess(), InterruptedStatus);
     for (;;) {
         Sleep(INFINITE);
     }
 }
 
-/// Runs in a thread of its own, which ends with the program if that unwinds in time.
+/// Runs in another thread, which ends with the program if that unwinds in time.
 BOOL WINAPI OnControl(DWORD) {
     if (!Interrupted.exchange(true)) {
         SetEvent(WakeEvent);
-        Sleep(Patience);
+        Sleep(GracePeriod);
     }
     ForceEnd();
 }
@@ -52,7 +53,7 @@ bool SizeChanged() {
 
 void Listen() {
     WakeEvent = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    SetConsoleCtrlHandler(nullptr, FALSE); // a parent may have switched Ctrl-C off for its children
+    SetConsoleCtrlHandler(nullptr, FALSE); // a parent may have disabled Ctrl-C for its children
     SetConsoleCtrlHandler(OnControl, TRUE);
 }
 
@@ -68,14 +69,14 @@ void Check() {
 
 Wake WaitFor(std::chrono::milliseconds time) {
     using Clock = std::chrono::steady_clock;
-    constexpr std::chrono::milliseconds Glance{250}; // a new size is not told, only seen
+    constexpr std::chrono::milliseconds PollInterval{250}; // there is no event for a new size
     const Clock::time_point end = Clock::now() + time;
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
         if (left.count() <= 0 && !Came()) {
             return Wake::TimeUp;
         }
-        const auto step = std::clamp(left, std::chrono::milliseconds(0), Glance);
+        const auto step = std::clamp(left, std::chrono::milliseconds(0), PollInterval);
         if (WaitForSingleObject(WakeEvent, static_cast<DWORD>(step.count())) == WAIT_OBJECT_0) {
             return Wake::Interrupt;
         }
@@ -95,7 +96,7 @@ void RemoveWhenForced(const std::filesystem::path& file) {
     if (!name.empty() && name.size() < FileToRemove.size()) {
         std::copy(name.begin() + 1, name.end(), FileToRemove.begin() + 1);
         FileToRemove[name.size()] = L'\0';
-        FileToRemove[0] = name.front(); // only now is it a name
+        FileToRemove[0] = name.front(); // valid from here on
     }
 }
 

@@ -1,8 +1,6 @@
-// Colour, where somebody sees it.
+// Colour on terminals.
 #pragma once
 
-#include "commands/options.h"
-#include "exports/classify.h"
 #include "terminal/terminal.h"
 
 #include <cstdint>
@@ -11,22 +9,21 @@
 
 namespace tool {
 
+enum class ColourMode : std::uint8_t { Auto, Always, Never };
+
 enum class Style : std::uint8_t {
     Plain,
     Title,
-    Quiet,   // what is less than the value: units, remarks, readings that are not there
-    Warning, // in part, or not yet
+    Quiet,   // less important than the value: units, remarks, absent readings
+    Warning, // partly failed, or not read
     Bad,
     Count
 };
 
-/// How an answer of this worth is shown.
-Style StyleOf(Status status);
-
 class Paint {
 public:
-    /// Coloured on a terminal that takes it, unless the user says otherwise: by --colour, or by NO_COLOR.
-    Paint(ColourWish wish, terminal::Stream stream);
+    /// Auto: coloured on a terminal that supports it, unless the environment variable NO_COLOR is set.
+    Paint(ColourMode mode, terminal::Stream stream);
 
     [[nodiscard]] std::string operator()(Style style, std::string_view text) const;
 

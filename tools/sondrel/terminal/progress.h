@@ -1,4 +1,4 @@
-// What a command is waiting for, on the terminal of standard error; nothing elsewhere.
+// Shows what a command is waiting for, if standard error is a terminal.
 #pragma once
 
 #include <chrono>
@@ -16,10 +16,10 @@ public:
     Progress& operator=(const Progress&) = delete;
     ~Progress();
 
-    /// What is being done from now on. It is shown once it has lasted long enough to be noticed.
-    void Begin(std::string what);
+    /// Begins an activity, which is shown once it has lasted long enough to be noticed.
+    void Begin(std::string activity);
 
-    /// Takes the line off the terminal before something else is written to it.
+    /// Erases the line before something else is written to the terminal.
     void Clear();
 
 private:
@@ -28,11 +28,11 @@ private:
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::string m_what; // empty: nothing is being done
+    std::string m_activity; // empty: none
     std::chrono::steady_clock::time_point m_since;
     bool m_shown = false;
     bool m_ended = false;
-    std::thread m_ticker; // none where nobody looks
+    std::thread m_ticker; // none if nothing is shown
 };
 
 } // namespace tool

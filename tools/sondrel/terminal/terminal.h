@@ -15,12 +15,12 @@ struct Size {
 
 [[nodiscard]] bool IsTerminal(Stream stream);
 
-/// Whether it is a terminal that understands control sequences.
-[[nodiscard]] bool TakesSequences(Stream stream);
+/// Whether it is a terminal that supports control sequences.
+[[nodiscard]] bool SupportsSequences(Stream stream);
 
 [[nodiscard]] Size SizeOf(Stream stream);
 
-/// Makes the console take UTF-8 and control sequences for as long as this lives. A terminal takes them anyway.
+/// Makes a Windows console accept UTF-8 and control sequences during its lifetime. Other terminals accept them anyway.
 class Console {
 public:
     Console();
@@ -29,8 +29,8 @@ public:
     ~Console();
 };
 
-/// Standard output as a screen of its own: without cursor, echo and line wrap. The end of its life, an interrupt and
-/// a stop (Ctrl-Z) leave the terminal as it was before.
+/// Switches standard output to the alternate screen, without cursor, echo and line wrap. The destructor, an interrupt
+/// and a stop (Ctrl-Z) restore the terminal.
 class FullScreen {
 public:
     FullScreen();
@@ -39,10 +39,10 @@ public:
     ~FullScreen();
 };
 
-/// Puts the terminal back from wherever the program is, a signal handler included.
-void PutBack() noexcept;
+/// Restores the terminal from any state, also from a signal handler.
+void Restore() noexcept;
 
-/// What goes to the terminal when a FullScreen begins and ends.
+/// Sent to the terminal when a FullScreen begins and ends.
 inline constexpr char EnterScreen[] = "\x1b[?1049h\x1b[?25l\x1b[?7l\x1b[2J\x1b[H";
 inline constexpr char LeaveScreen[] = "\x1b[?7h\x1b[?25h\x1b[?1049l";
 

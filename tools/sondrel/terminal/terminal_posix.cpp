@@ -1,4 +1,4 @@
-// Terminals on systems that have them as files.
+// Terminals on POSIX systems.
 #include "terminal/terminal.h"
 
 #include "terminal/interrupt_posix.h"
@@ -19,9 +19,9 @@ int FileOf(Stream stream) {
     return stream == Stream::Out ? STDOUT_FILENO : STDERR_FILENO;
 }
 
-// For signal handlers: whether a screen is on, and what the terminal was like before it.
+// For signal handlers: whether the alternate screen is on, and the terminal's modes before it.
 volatile std::sig_atomic_t ScreenIsOn = 0;
-volatile std::sig_atomic_t ModesAreKept = 0;
+volatile std::sig_atomic_t ModesAreSaved = 0;
 termios ModesBefore{};
 
 template <std::size_t Size>
@@ -30,7 +30,7 @@ void Send(const char (&sequence)[Size]) noexcept {
 }
 
 void Enter() noexcept {
-    if (ModesAreKept != 0) {
+    if (ModesAreSaved != 0) {
         termios quiet = ModesBefore;
         quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON);
         tcsetattr(STDIN_FILENO, TCSANOW, &quiet);
@@ -40,8 +40,8 @@ void Enter() noexcept {
 
 void Leave() noexcept {
     Send(LeaveScreen);
-    if (ModesAreKept != 0) {
-        tcsetattr(STDIN_FILENO, TCSAFLUSH, &ModesBefore); // keys typed meanwhile are not the shell's
+    if (ModesAreSaved != 0) {
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &ModesBefore); // discards keys typed meanwhile
     }
 }
 
@@ -51,16 +51,16 @@ bool IsTerminal(Stream stream) {
     return isatty(FileOf(stream)) == 1;
 }
 
-bool TakesSequences(Stream stream) {
-    const char* const kind = std::getenv("TERM");
-    return IsTerminal(stream) && kind != nullptr && *kind != '\0' && std::string_view(kind) != "dumb";
+bool SupportsSequences(Stream stream) {
+    const char* const type = std::getenv("TERM");
+    return IsTerminal(stream) && type != nullptr && *type != '\0' && std::string_view(type) != "dumb";
 }
 
 Size SizeOf(Stream stream) {
-    winsize told{};
+    winsize reported{};
     Size size;
-    if (ioctl(FileOf(stream), TIOCGWINSZ, &told) == 0 && told.ws_col != 0 && told.ws_row != 0) {
-        size = {told.ws_col, told.ws_row};
+    if (ioctl(FileOf(stream), TIOCGWINSZ, &reported) == 0 && reported.ws_col != 0 && reported.ws_row != 0) {
+        size = {reported.ws_col, reported.ws_row};
     }
     return size;
 }
@@ -68,15 +68,15 @@ Size SizeOf(Stream stream) {
 Console::Console() = default;
 
 Console::~Console() {
-    PutBack();
+    Restore();
 }
 
 FullScreen::FullScreen() {
     std::cout.flush();
-    ModesAreKept = tcgetattr(STDIN_FILENO, &ModesBefore) == 0 ? 1 : 0;
+    ModesAreSaved = tcgetattr(STDIN_FILENO, &ModesBefore) == 0 ? 1 : 0;
     ScreenIsOn = 1;
     Enter();
-    interrupt::WhenStopped(
+    interrupt::SetStopHandlers(
         [] {
             if (ScreenIsOn != 0) {
                 Leave();
@@ -91,10 +91,10 @@ FullScreen::FullScreen() {
 
 FullScreen::~FullScreen() {
     std::cout.flush();
-    PutBack();
+    Restore();
 }
 
-void PutBack() noexcept {
+void Restore() noexcept {
     if (ScreenIsOn != 0) {
         ScreenIsOn = 0;
         Leave();

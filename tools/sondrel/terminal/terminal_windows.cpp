@@ -1,6 +1,6 @@
 // The console of Windows.
 //
-// Text goes to it as UTF-16: what the console's code page is does not matter then, and a character is never torn.
+// Output is written as UTF-16, independently of the console's code page, and characters are never split.
 #include "terminal/terminal.h"
 
 #include "base/text.h"
@@ -24,13 +24,13 @@ HANDLE HandleOf(Stream stream) {
 }
 
 void Send(HANDLE console, std::string_view utf8) {
-    constexpr std::size_t AtOnce = 8000; // older consoles take 64 KB at once
+    constexpr std::size_t MostAtOnce = 8000; // older consoles accept 64 KB
     const std::u16string text = Utf16(utf8);
     for (std::size_t start = 0; start < text.size();) {
-        std::size_t length = std::min(AtOnce, text.size() - start);
+        std::size_t length = std::min(MostAtOnce, text.size() - start);
         const char16_t last = text[start + length - 1];
         if (length > 1 && start + length < text.size() && last >= 0xD800 && last <= 0xDBFF) {
-            --length; // a pair stays together
+            --length; // surrogate pairs stay together
         }
         DWORD written = 0;
         if (WriteConsoleW(console, text.data() + start, static_cast<DWORD>(length), &written, nullptr) == 0) {
@@ -40,7 +40,7 @@ void Send(HANDLE console, std::string_view utf8) {
     }
 }
 
-/// A stream's buffer in front of a console.
+/// A stream buffer that writes to a console.
 class ConsoleText : public std::streambuf {
 public:
     explicit ConsoleText(HANDLE console) : m_console(console) {}
@@ -63,7 +63,7 @@ protected:
     }
 
     int sync() override {
-        // A character whose last bytes are still to come waits for them.
+        // An incomplete character waits for its last bytes.
         std::size_t whole = m_text.size();
         while (whole > 0 && m_text.size() - whole < 3 && (m_text[whole - 1] & 0xC0) == 0x80) {
             --whole;
@@ -86,7 +86,7 @@ private:
     std::string m_text;
 };
 
-/// One standard stream that is a console: its mode before, and the buffer before.
+/// A standard stream, and what it had before if it is a console.
 struct Attached {
     Stream stream;
     std::ostream& text;
@@ -107,17 +107,17 @@ bool IsTerminal(Stream stream) {
     return GetConsoleMode(HandleOf(stream), &mode) != 0;
 }
 
-bool TakesSequences(Stream stream) {
+bool SupportsSequences(Stream stream) {
     DWORD mode = 0;
     return GetConsoleMode(HandleOf(stream), &mode) != 0 && (mode & Sequences) != 0;
 }
 
 Size SizeOf(Stream stream) {
-    CONSOLE_SCREEN_BUFFER_INFO told{};
+    CONSOLE_SCREEN_BUFFER_INFO info{};
     Size size;
-    if (GetConsoleScreenBufferInfo(HandleOf(stream), &told) != 0) {
-        size.columns = static_cast<std::size_t>(told.srWindow.Right - told.srWindow.Left + 1);
-        size.lines = static_cast<std::size_t>(told.srWindow.Bottom - told.srWindow.Top + 1);
+    if (GetConsoleScreenBufferInfo(HandleOf(stream), &info) != 0) {
+        size.columns = static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+        size.lines = static_cast<std::size_t>(info.srWindow.Bottom - info.srWindow.Top + 1);
     }
     return size;
 }
@@ -126,7 +126,7 @@ Console::Console() {
     for (Attached& one : TheStreams) {
         const HANDLE console = HandleOf(one.stream);
         if (GetConsoleMode(console, &one.modeBefore) == 0) {
-            continue; // a file or a pipe takes bytes
+            continue; // files and pipes take bytes
         }
         one.modeChanged = SetConsoleMode(console, one.modeBefore | ENABLE_PROCESSED_OUTPUT | Sequences) != 0;
         one.buffer = std::make_unique<ConsoleText>(console);
@@ -142,7 +142,7 @@ Console::~Console() {
             one.buffer.reset();
         }
     }
-    PutBack();
+    Restore();
 }
 
 FullScreen::FullScreen() {
@@ -155,11 +155,11 @@ FullScreen::~FullScreen() {
     std::cout.flush();
     if (ScreenIsOn.exchange(false)) {
         Send(HandleOf(Stream::Out), LeaveScreen);
-        FlushConsoleInputBuffer(GetStdHandle(STD_INPUT_HANDLE)); // keys typed meanwhile are not the shell's
+        FlushConsoleInputBuffer(GetStdHandle(STD_INPUT_HANDLE)); // discards keys typed meanwhile
     }
 }
 
-void PutBack() noexcept {
+void Restore() noexcept {
     if (ScreenIsOn.exchange(false)) {
         DWORD written = 0;
         constexpr std::string_view Sequence = LeaveScreen;

@@ -1,4 +1,4 @@
-#include "output/reading_json.h"
+#include "readings/reading_json.h"
 
 #include <nlohmann/json.hpp>
 
@@ -16,10 +16,10 @@ OrderedJson ValueOf(const Reading& reading) {
     }
     const bool none = answer.untouched || reading.classification.status == Status::NotExported ||
                       reading.classification.status == Status::NotRun;
-    return none ? OrderedJson() : OrderedJson(answer.bare);
+    return none ? OrderedJson() : OrderedJson(answer.text);
 }
 
-void Describe(const Reading& reading, OrderedJson value, OrderedJson& object) {
+void AddMembers(const Reading& reading, OrderedJson value, OrderedJson& object) {
     object["family"] = exports::TitleOf(reading.row.group);
     object["status"] = TextOf(reading.classification.status);
     object["value"] = std::move(value);

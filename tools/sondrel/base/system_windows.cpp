@@ -1,7 +1,7 @@
 // The tool on Windows.
+#include "base/error.h"
+#include "base/system.h"
 #include "base/text.h"
-#include "base/trouble.h"
-#include "terminal/system.h"
 
 #include <windows.h>
 
@@ -40,7 +40,7 @@ std::string ReasonOf(DWORD code) {
 SharedLibrary::SharedLibrary(const std::filesystem::path& file) : m_handle(LoadLibraryW(file.c_str())) {
     if (m_handle == nullptr) {
         const DWORD code = GetLastError();
-        throw Trouble("cannot load the library: " + Utf8OfSystem(file.c_str()) + ": " + ReasonOf(code));
+        throw Error("cannot load the library: " + Utf8OfSystem(file.c_str()) + ": " + ReasonOf(code));
     }
 }
 
@@ -73,13 +73,13 @@ std::string_view WhereTraceLinesAre() {
 }
 
 std::filesystem::path OwnDirectory() {
-    std::wstring file(32768, L'\0'); // the longest path there is
+    std::wstring file(32768, L'\0'); // the longest possible path
     file.resize(GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size())));
     return std::filesystem::path(file).parent_path();
 }
 
 std::vector<std::string> Arguments(int, const char* const*) {
-    // main's own arguments have gone through the code page of the machine, which loses characters.
+    // The arguments of main have been converted to the machine's code page, which loses characters.
     int count = 0;
     const std::unique_ptr<wchar_t*[], LocalFreer> wide(CommandLineToArgvW(GetCommandLineW(), &count));
     std::vector<std::string> arguments;
@@ -89,7 +89,7 @@ std::vector<std::string> Arguments(int, const char* const*) {
     return arguments;
 }
 
-unsigned long ProcessNumber() {
+unsigned long ProcessId() {
     return GetCurrentProcessId();
 }
 

@@ -1,30 +1,29 @@
-#include "base/text.h"
-#include "base/trouble.h"
-#include "commands/commands.h"
+#include "readings/host.h"
 
-#include <iostream>
+#include "base/error.h"
+#include "base/text.h"
+
 #include <vector>
 
 namespace tool {
 namespace {
 
-/// These options speak to the simulated machine; the real one is as it is.
-void RefuseForRealMachine(const Options& options) {
+void RefuseMachineOptions(const HostOptions& options) {
     if (options.trace) {
-        throw Trouble(std::string(host_system::WhereTraceLinesAre()));
+        throw Error(std::string(host_system::WhereTraceLinesAre()));
     }
     if (options.machine || options.store) {
-        throw Trouble(std::string(options.machine ? "--machine" : "--store") +
-                      " is for the simulated machine; this library reads the real one");
+        throw Error(std::string(options.machine ? "--machine" : "--store") +
+                    " is for the simulated machine; this library reads the real one");
     }
 }
 
 } // namespace
 
-Host::Host(const Options& options)
+Host::Host(const HostOptions& options)
     : library(options.library), machine(SimulatedMachine::Beside(library.File())) {
     if (!machine) {
-        RefuseForRealMachine(options);
+        RefuseMachineOptions(options);
         machineName = "this computer";
         return;
     }
@@ -46,24 +45,17 @@ const Export& ExportNamed(std::string_view name) {
         names.push_back(row.name);
     }
     const std::string_view nearest = Nearest(name, names);
-    throw Trouble(
-        "there is no export \"" + OnOneLine(name) + "\"" +
-        (nearest.empty() ? "; sondrel list tells them all" : "; did you mean " + std::string(nearest) + "?"));
+    throw Error("there is no export \"" + OnOneLine(name) + "\"" +
+                (nearest.empty() ? "; sondrel list shows all of them"
+                                 : "; did you mean " + std::string(nearest) + "?"));
 }
 
 Address AddressOf(const Library& library, const Export& row) {
     const Address address = library.Find(row.name);
     if (address == nullptr) {
-        throw Trouble("this library does not export " + std::string(row.name));
+        throw Error("this library does not export " + std::string(row.name));
     }
     return address;
-}
-
-void OpenSession(std::optional<Session>& session, const Host& host) {
-    session.emplace(host.library);
-    if (!session->IsOpen()) {
-        std::cerr << "sondrel: the driver session could not be opened; readings that need it will fail\n";
-    }
 }
 
 } // namespace tool

@@ -1,5 +1,4 @@
-// What differs between systems: loading a library, the command line, files. Terminals and interrupts have files of
-// their own. Everything else is portable.
+// What differs between operating systems, besides terminals and interrupts: loading a library, the command line, files.
 #pragma once
 
 #include <filesystem>
@@ -9,13 +8,13 @@
 
 namespace tool {
 
-/// A routine of a loaded library, to be cast to its own type before it is called.
+/// A function of a loaded library, to be cast to its type before it is called.
 using Address = void (*)();
 
-/// A loaded library, unloaded with its owner.
+/// A loaded library.
 class SharedLibrary {
 public:
-    /// Loads the file as a host does, by its full path. Throws Trouble with the system's reason.
+    /// Loads the file by its full path, as a host does. Throws Error with the system's reason.
     explicit SharedLibrary(const std::filesystem::path& file);
     SharedLibrary(SharedLibrary&& other) noexcept;
     SharedLibrary(const SharedLibrary&) = delete;
@@ -23,7 +22,7 @@ public:
     SharedLibrary& operator=(SharedLibrary&&) = delete;
     ~SharedLibrary();
 
-    /// Null when the library has no such name.
+    /// Null if the library has no such function.
     [[nodiscard]] Address Find(const char* name) const;
 
 private:
@@ -32,23 +31,23 @@ private:
 
 namespace host_system {
 
-/// What the library's file is called here.
+/// The file name of the library on this system.
 std::string_view LibraryFileName();
-/// The simulated machine's library, which stands beside a library that reads it; empty where there is none.
+/// The file name of the simulated machine, which is in the same directory as a library that reads it; empty on a
+/// system without one.
 std::string_view MachineFileName();
-/// What --trace says where debug and event lines are not the tool's to show.
+/// The answer to --trace where the tool cannot show debug and event lines.
 std::string_view WhereTraceLinesAre();
 
-/// Where this program's own file stands.
+/// The directory of this program.
 std::filesystem::path OwnDirectory();
 
 /// The command line without the program's name, in UTF-8.
 std::vector<std::string> Arguments(int count, const char* const* arguments);
 
-/// Of this process.
-unsigned long ProcessNumber();
+unsigned long ProcessId();
 
-/// Has the system write to the disk what it holds of a file, as far as it lets itself be told.
+/// Asks the system to write the file's cached content to the disk. Failure is ignored.
 void FlushToDisk(const std::filesystem::path& file);
 
 } // namespace host_system

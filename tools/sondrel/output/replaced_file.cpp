@@ -1,9 +1,9 @@
-#include "base/replaced_file.h"
+#include "output/replaced_file.h"
 
+#include "base/error.h"
+#include "base/system.h"
 #include "base/text.h"
-#include "base/trouble.h"
 #include "terminal/interrupt.h"
-#include "terminal/system.h"
 
 #include <fstream>
 
@@ -12,13 +12,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void RefuseToWrite(const fs::path& file, std::string_view reason = {}) {
+[[noreturn]] void ThrowCannotWrite(const fs::path& file, std::string_view reason = {}) {
     std::string text = OnOneLine(Utf8Of(file));
     text.append(": cannot be written").append(reason.empty() ? "" : ": ").append(reason);
-    throw Trouble(text);
+    throw Error(text);
 }
 
-/// Behind a link, so that the link stays one.
+/// The target of a link, so that the link stays one.
 fs::path TargetOf(const fs::path& file) {
     std::error_code problem;
     const fs::path target = fs::weakly_canonical(file, problem);
@@ -31,18 +31,18 @@ ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)), m_draft(m_fi
     std::error_code problem;
     const fs::file_status present = fs::status(m_file, problem);
     if (fs::is_directory(present)) {
-        RefuseToWrite(m_file, "it is a directory");
+        ThrowCannotWrite(m_file, "it is a directory");
     }
     if (fs::exists(present)) {
         m_permissions = present.permissions();
     }
     if (!fs::exists(present) || fs::is_regular_file(present)) {
         m_draft += ".";
-        m_draft += std::to_string(host_system::ProcessNumber()).append(".new");
+        m_draft += std::to_string(host_system::ProcessId()).append(".new");
         interrupt::RemoveWhenForced(m_draft);
         if (!std::ofstream(m_draft, std::ios::binary)) {
             interrupt::RemoveWhenForced({});
-            RefuseToWrite(m_file);
+            ThrowCannotWrite(m_file);
         }
     }
 }
@@ -55,12 +55,12 @@ ReplacedFile::~ReplacedFile() {
     }
 }
 
-void ReplacedFile::Put(std::string_view text) {
+void ReplacedFile::Write(std::string_view text) {
     std::ofstream out(m_draft, std::ios::binary);
     out.write(text.data(), static_cast<std::streamsize>(text.size()));
     out.close();
     if (!out) {
-        RefuseToWrite(m_file);
+        ThrowCannotWrite(m_file);
     }
     if (m_draft == m_file) {
         return;
@@ -73,7 +73,7 @@ void ReplacedFile::Put(std::string_view text) {
     interrupt::Check();
     fs::rename(m_draft, m_file, problem);
     if (problem) {
-        RefuseToWrite(m_file, problem.message());
+        ThrowCannotWrite(m_file, problem.message());
     }
 }
 

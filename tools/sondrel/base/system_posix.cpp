@@ -1,6 +1,6 @@
 // The tool on systems with dlopen.
-#include "base/trouble.h"
-#include "terminal/system.h"
+#include "base/error.h"
+#include "base/system.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -14,7 +14,7 @@ SharedLibrary::SharedLibrary(const std::filesystem::path& file)
     : m_handle(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
     if (m_handle == nullptr) {
         const char* const reason = dlerror(); // names the file
-        throw Trouble("cannot load the library: " + std::string(reason != nullptr ? reason : file.c_str()));
+        throw Error("cannot load the library: " + std::string(reason != nullptr ? reason : file.c_str()));
     }
 }
 
@@ -42,7 +42,7 @@ std::string_view MachineFileName() {
 }
 
 std::string_view WhereTraceLinesAre() {
-    return "--trace shows the lines of a simulated machine, and this library has none beside it";
+    return "--trace shows the lines of a simulated machine, and this library has none";
 }
 
 std::filesystem::path OwnDirectory() {
@@ -54,7 +54,7 @@ std::vector<std::string> Arguments(int count, const char* const* arguments) {
                      : std::vector<std::string>();
 }
 
-unsigned long ProcessNumber() {
+unsigned long ProcessId() {
     return static_cast<unsigned long>(getpid());
 }
 

@@ -1,4 +1,4 @@
-#include "output/readable.h"
+#include "readings/readable.h"
 
 #include "base/text.h"
 
@@ -23,10 +23,11 @@ std::string HexadecimalOf(std::int64_t number) {
 std::string PercentOf(double fraction) {
     char text[32];
     const int length = std::snprintf(text, sizeof text, "%.1f", fraction * 100);
-    return length > 0 && static_cast<std::size_t>(length) < sizeof text ? text : "more than any";
+    return length > 0 && static_cast<std::size_t>(length) < sizeof text ? text : "very large";
 }
 
-/// The printable characters that a number is packed of, the first in the highest byte; empty if they are not.
+/// The printable characters that are packed into the number, the first in the highest byte; empty if they are not
+/// printable.
 std::string LettersOf(std::int64_t number) {
     std::string letters;
     for (int shift = 24; shift >= 0; shift -= 8) {
@@ -42,7 +43,7 @@ std::string LettersOf(std::int64_t number) {
     return letters;
 }
 
-/// Raw bytes that are a text are easier read as one.
+/// The bytes as characters, if all of them are printable.
 std::string TextOfBytes(const std::string& hexadecimal) {
     const auto bytes = BytesOfHex(hexadecimal);
     if (!bytes ||
@@ -52,49 +53,49 @@ std::string TextOfBytes(const std::string& hexadecimal) {
     return {bytes->begin(), bytes->end()};
 }
 
-/// CPUID leaf 0 tells the processor's vendor in EBX, EDX, ECX, the first letter in the lowest byte.
+/// CPUID leaf 0 has the processor's vendor in EBX, EDX, ECX, the first letter in the lowest byte.
 std::string VendorOf(const std::string& words) {
-    constexpr std::size_t OneWord = 9; // with its blank
+    constexpr std::size_t OneWord = 9; // with a blank
     std::string vendor;
-    for (const std::size_t place : {1, 3, 2}) {
-        std::string letters = TextOfBytes(words.substr(place * OneWord, OneWord - 1));
+    for (const std::size_t index : {1, 3, 2}) {
+        std::string letters = TextOfBytes(words.substr(index * OneWord, OneWord - 1));
         std::ranges::reverse(letters);
         vendor += letters;
     }
     return vendor;
 }
 
-/// What is added in brackets to make a bare value readable.
+/// Added in brackets to make the value readable.
 std::string HintOf(const Export& row, const Answer& answer) {
     if (const auto* const number = std::get_if<std::int64_t>(&answer.number); number != nullptr) {
         return row.display == Display::Hexadecimal ? HexadecimalOf(*number)
                : row.display == Display::Letters   ? LettersOf(*number)
                                                    : std::string();
     }
-    return row.display == Display::Registers ? VendorOf(answer.bare)
-           : row.display == Display::Bytes   ? TextOfBytes(answer.bare)
+    return row.display == Display::Registers ? VendorOf(answer.text)
+           : row.display == Display::Bytes   ? TextOfBytes(answer.text)
                                              : std::string();
 }
 
 std::string ListOf(const Export& row, const Answer& answer, std::size_t columns) {
-    const std::vector<std::string_view> places = ElementsOf(answer.bare);
+    const std::vector<std::string_view> elements = ElementsOf(answer.text);
     std::string text;
-    for (const std::string_view place : places) {
-        const bool failed = StatusOfElement(row, place) == Status::Failed;
-        text.append(text.empty() ? "" : ", ").append(failed ? "failed" : place);
+    for (const std::string_view element : elements) {
+        const bool failed = StatusOfElement(row, element) == Status::Failed;
+        text.append(text.empty() ? "" : ", ").append(failed ? "failed" : element);
         if (text.size() > 8 * columns) {
-            break; // what is behind is not shown
+            break; // the rest is not shown
         }
     }
-    return Columns(text) <= columns ? text : std::to_string(places.size()) + ": " + text;
+    return Columns(text) <= columns ? text : std::to_string(elements.size()) + ": " + text;
 }
 
-/// A reading that is no value: its meaning, and the bare result in brackets.
-std::string NoValueOf(const Reading& reading) {
-    const std::string bare = Shortened(OnOneLine(reading.answer.bare), 40);
-    const std::string shown = bare.empty()               ? " (empty)"
-                              : reading.answer.untouched ? ' ' + bare
-                                                         : InBrackets(bare);
+/// A reading without a value: its meaning, and the result in brackets.
+std::string TextWithoutValue(const Reading& reading) {
+    const std::string result = Shortened(OnOneLine(reading.answer.text), 40);
+    const std::string shown = result.empty()             ? " (empty)"
+                              : reading.answer.untouched ? ' ' + result
+                                                         : InBrackets(result);
     const std::string& meaning = reading.classification.meaning;
     if (reading.classification.status == Status::Absent) {
         return meaning + shown;
@@ -106,20 +107,16 @@ std::string NoValueOf(const Reading& reading) {
 
 } // namespace
 
-bool HasValue(const Reading& reading) {
-    return reading.classification.status == Status::Ok || reading.classification.status == Status::Partly;
-}
-
-std::optional<double> NumberIn(std::string_view place) {
+std::optional<double> NumberIn(std::string_view text) {
     double number = 0;
-    const auto [end, problem] = std::from_chars(place.data(), place.data() + place.size(), number);
-    const bool whole = problem == std::errc() && end == place.data() + place.size();
+    const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool whole = problem == std::errc() && end == text.data() + text.size();
     return whole && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 Readable ReadableOf(const Reading& reading, std::size_t columns) {
     if (!HasValue(reading)) {
-        return {NoValueOf(reading), {}, {}};
+        return {TextWithoutValue(reading), {}, {}};
     }
     const Export& row = reading.row;
     const Answer& answer = reading.answer;
@@ -127,11 +124,11 @@ Readable ReadableOf(const Reading& reading, std::size_t columns) {
     if (row.display == Display::Fraction && fraction != nullptr) {
         return {PercentOf(*fraction), "%", reading.classification.meaning};
     }
-    const std::string text = row.display == Display::List ? ListOf(row, answer, columns) : answer.bare;
+    const std::string text = row.display == Display::List ? ListOf(row, answer, columns) : answer.text;
     std::string remark = HintOf(row, answer);
     remark.append(remark.empty() || reading.classification.meaning.empty() ? "" : ": ");
     remark.append(reading.classification.meaning);
-    return {answer.bare.empty() ? "(empty)" : Shortened(OnOneLine(text), columns), std::string(row.unit),
+    return {answer.text.empty() ? "(empty)" : Shortened(OnOneLine(text), columns), std::string(row.unit),
             std::move(remark)};
 }
 

@@ -1,0 +1,142 @@
+#include "output/metrics_page.h"
+
+#include "base/text.h"
+#include "readings/readable.h"
+
+#include <charconv>
+#include <vector>
+
+namespace tool {
+namespace {
+
+using exports::Metric;
+using exports::MetricType;
+
+std::string EscapedLabel(std::string_view text) {
+    std::string escaped;
+    for (const char character : WellFormed(text)) {
+        switch (character) {
+        case '\\':
+            escaped += "\\\\";
+            break;
+        case '"':
+            escaped += "\\\"";
+            break;
+        case '\n':
+            escaped += "\\n";
+            break;
+        default:
+            escaped.push_back(character);
+        }
+    }
+    return escaped;
+}
+
+std::string Label(std::string_view name, std::string_view value) {
+    return std::string(name).append("=\"").append(EscapedLabel(value)).append(1, '"');
+}
+
+std::string NumberText(double number) {
+    char text[32];
+    const auto [end, problem] = std::to_chars(text, text + sizeof text, number);
+    return problem == std::errc{} ? std::string(text, end) : "NaN";
+}
+
+class Page {
+public:
+    void Begin(std::string_view name, std::string_view help, MetricType type = MetricType::Gauge) {
+        m_text.append("# HELP ").append(name).append(1, ' ').append(help);
+        m_text.append("\n# TYPE ").append(name);
+        m_text.append(type == MetricType::Counter ? " counter\n" : " gauge\n");
+    }
+
+    void Add(std::string_view name, const std::string& labels, double number) {
+        m_text.append(name);
+        if (!labels.empty()) {
+            m_text.append(1, '{').append(labels).append(1, '}');
+        }
+        m_text.append(1, ' ').append(NumberText(number)).append(1, '\n');
+    }
+
+    [[nodiscard]] const std::string& Text() const { return m_text; }
+
+private:
+    std::string m_text;
+};
+
+/// The number in the base unit; nothing for other text.
+std::optional<double> BaseNumber(std::string_view text, const exports::Conversion& conversion) {
+    const std::optional<double> number = NumberIn(text);
+    return number ? std::optional((*number * conversion.factor + conversion.offset) / conversion.divisor)
+                  : std::nullopt;
+}
+
+std::string LabelOf(const Metric& metric, std::size_t element) {
+    if (metric.label.empty()) {
+        return {};
+    }
+    const std::vector<std::string_view> values = Split(metric.labelValues, ',');
+    const bool named = !metric.labelValues.empty() && element < values.size();
+    return Label(metric.label, named ? std::string(values[element]) : std::to_string(element));
+}
+
+/// Adds the samples of one export. False if the reading failed, completely or in an element.
+bool AddSamples(Page& page, const Metric& metric, const Reading& reading) {
+    if (!HasValue(reading)) {
+        const Status status = reading.classification.status;
+        return status == Status::Absent || status == Status::NotRead;
+    }
+    const bool isList = reading.row.display == Display::List;
+    const std::vector<std::string_view> elements =
+        isList ? ElementsOf(reading.answer.text) : std::vector<std::string_view>{reading.answer.text};
+    bool complete = true;
+    for (std::size_t element = 0; element < elements.size(); ++element) {
+        const Status status = StatusOfElement(reading.row, elements[element]);
+        const auto number =
+            status == Status::Ok ? BaseNumber(elements[element], metric.conversion) : std::nullopt;
+        if (number) {
+            page.Add(metric.name, LabelOf(metric, element), *number);
+        }
+        complete = complete && (number || status == Status::Absent);
+    }
+    return complete;
+}
+
+/// The labels that identify the machine.
+std::string InfoLabels(const Reader& reader) {
+    std::string labels;
+    for (const Export& row : AllExports()) {
+        if (row.infoLabel.empty()) {
+            continue;
+        }
+        if (const Reading reading = reader.Read(row); HasValue(reading)) {
+            labels.append(labels.empty() ? "" : ",").append(Label(row.infoLabel, reading.answer.text));
+        }
+    }
+    return labels;
+}
+
+} // namespace
+
+std::string MetricsPage(const Reader& reader, std::string_view toolVersion) {
+    Page page;
+    page.Begin("sondrel_build_info", "The tool that wrote this.");
+    page.Add("sondrel_build_info", Label("version", toolVersion), 1);
+    page.Begin("sondrel_machine_info", "What the machine is.");
+    page.Add("sondrel_machine_info", InfoLabels(reader), 1);
+    Page failures;
+    failures.Begin("sondrel_reading_failed", "1 if a reading failed, completely or in an element.");
+    std::string_view current;
+    for (const Metric& metric : exports::AllMetrics()) {
+        const Reading reading = reader.Read(AllExports()[metric.index]);
+        if (metric.name != current) {
+            page.Begin(metric.name, metric.help, metric.type);
+            current = metric.name;
+        }
+        const bool complete = AddSamples(page, metric, reading);
+        failures.Add("sondrel_reading_failed", Label("export", reading.row.name), complete ? 0 : 1);
+    }
+    return page.Text() + failures.Text();
+}
+
+} // namespace tool

@@ -1,0 +1,40 @@
+// The library, and the machine that it reads.
+#pragma once
+
+#include "exports/answer.h"
+#include "exports/library.h"
+#include "machines/simulated_machine.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tool {
+
+struct HostOptions {
+    /// The library's file; empty for the one of this kit or build.
+    std::string library;
+    /// Simulated machine: a built-in one or a profile, and the file that stores its state.
+    std::optional<std::string> machine;
+    std::optional<std::string> store;
+    /// Simulated machine: debug and event lines on standard error.
+    bool trace = false;
+};
+
+struct Host {
+    /// Throws Error.
+    explicit Host(const HostOptions& options);
+
+    Library library;
+    /// Nothing if the library reads the real machine.
+    std::optional<SimulatedMachine> machine;
+    std::string machineName;
+};
+
+/// Throws Error with the nearest name for one that the library does not have.
+const Export& ExportNamed(std::string_view name);
+
+/// Throws Error for an export that this library lacks.
+Address AddressOf(const Library& library, const Export& row);
+
+} // namespace tool

@@ -1,0 +1,50 @@
+// Calls exports as a report does.
+#pragma once
+
+#include "exports/calls.h"
+#include "exports/classify.h"
+#include "readings/host.h"
+
+#include <functional>
+#include <optional>
+
+namespace tool {
+
+struct ReadOptions {
+    std::uint8_t initCom = 1;
+    /// Open the driver session before a reading.
+    bool session = true;
+};
+
+struct Reading {
+    const Export& row;
+    Answer answer;
+    Classification classification;
+};
+
+/// Whether the reading succeeded, at least partly.
+bool HasValue(const Reading& reading);
+
+/// Opens the session, or says on standard error that it could not be opened.
+void OpenSession(std::optional<Session>& session, const Library& library);
+
+class Reader {
+public:
+    /// Opens the session if the options say so.
+    Reader(const Host& host, const ReadOptions& options);
+
+    /// InitializeSondrel is not called again: the reader's own session is the answer.
+    [[nodiscard]] Reading Read(const Export& row) const;
+
+    /// All exports that a report calls, in the order of the header.
+    void ReadAll(const std::function<void(const Reading&)>& sink) const;
+
+private:
+    [[nodiscard]] Reading ReadSession(const Export& row) const;
+
+    const Host& m_host;
+    ReadOptions m_options;
+    std::optional<Session> m_session;
+};
+
+} // namespace tool
