@@ -37,16 +37,16 @@ public:
 
     [[nodiscard]] bool Untouched() const { return IsFill(0, m_units.size()); }
 
-    /// What to say of a library that wrote in front, or from the room's unit number `end` on.
+    /// The message for a library that wrote before the buffer, or from the buffer's unit `end` on; empty if it did not.
     [[nodiscard]] std::string Beyond(std::size_t end) const {
-        const bool kept = IsFill(0, Guard) && IsFill(Guard + end, m_units.size());
-        return kept ? "" : "something was written outside the text";
+        const bool intact = IsFill(0, Guard) && IsFill(Guard + end, m_units.size());
+        return intact ? "" : "something was written outside the text";
     }
 
 private:
     static constexpr std::size_t Guard = 64;
 
-    /// No zero, and not constant, so that a library that clears or fills a buffer shows.
+    /// Not zero and not constant, so that a library that clears or fills a buffer is noticed.
     static Unit FillAt(std::size_t place) { return static_cast<Unit>(0xA5 ^ (place & 0x1F)); }
 
     [[nodiscard]] bool IsFill(std::size_t begin, std::size_t end) const {
@@ -60,7 +60,7 @@ private:
     std::vector<Unit> m_units;
 };
 
-/// A call that fills a buffer of so many units.
+/// The buffer after the call has filled it.
 template <class Unit, class Read>
 GuardedBuffer<Unit> Filled(std::size_t room, const Read& read) {
     GuardedBuffer<Unit> buffer(room);
@@ -77,7 +77,7 @@ std::string ToUtf8(std::span<const char> text) {
     return {text.data(), text.size()};
 }
 
-/// The text up to its terminator. Behind that nothing may have been written, unless the field has a fixed size.
+/// The string up to its terminator. Nothing after it may have been written, unless the size is exact.
 template <class Unit>
 HostAnswer TextIn(const GuardedBuffer<Unit>& buffer, bool fixedSize = false) {
     if (buffer.Untouched()) {
@@ -101,7 +101,7 @@ auto Invoke(void* address, Arguments... arguments) {
     return As<Function>(address)(arguments...);
 }
 
-/// How the host calls: the export, and what differs between hosts.
+/// The export, and what differs between hosts.
 struct HostSide {
     void* address;
     const exports::Export& row;
@@ -119,7 +119,7 @@ HostAnswer NumberAnswer(auto number) {
     return {{digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr}, ""};
 }
 
-/// With the arguments that are given here, and initCom behind them if the export takes it.
+/// With the given arguments, followed by initCom if the export takes it.
 template <class Function, auto... Given>
 HostAnswer CallNumber(const HostSide& side) {
     const auto number = [&side] {
@@ -139,7 +139,7 @@ HostAnswer CallSetWideText(const HostSide& side) {
 
 HostAnswer CallStringObject(const HostSide& side) {
     const std::string object = Invoke<std::string()>(side.address);
-    return {std::string(object.data(), object.size()), ""}; // a block of our own
+    return {std::string(object.data(), object.size()), ""}; // a copy on the test's heap
 }
 
 HostAnswer CallNarrowText(const HostSide& side) {
@@ -185,12 +185,12 @@ HostAnswer CallRegisters(const HostSide& side) {
     return {text.data(), words.Beyond(4)};
 }
 
-struct Way {
+struct Caller {
     Signature signature;
     HostAnswer (*call)(const HostSide& side);
 };
 
-constexpr Way Ways[] = {
+constexpr Caller Callers[] = {
     {Signature::NoResult, CallNothing},
     {Signature::Int32, CallNumber<Number()>},
     {Signature::Uint32, CallNumber<Word()>},
@@ -218,11 +218,11 @@ HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t room
 
 HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t room) {
     void* const address = ::dlsym(RTLD_DEFAULT, std::string(row.name).c_str());
-    const auto* const way = std::ranges::find(Ways, row.signature, &Way::signature);
-    if (address == nullptr || way == std::end(Ways)) {
-        throw std::runtime_error(std::string(row.name) + " is not linked in, or called in an unknown way");
+    const auto* const caller = std::ranges::find(Callers, row.signature, &Caller::signature);
+    if (address == nullptr || caller == std::end(Callers)) {
+        throw std::runtime_error(std::string(row.name) + " is not linked, or has an unknown signature");
     }
-    return [side = HostSide{address, row, initCom, room}, call = way->call] {
+    return [side = HostSide{address, row, initCom, room}, call = caller->call] {
         return call(side);
     };
 }

@@ -1,4 +1,4 @@
-// One call of an export as a careful host makes it: into a buffer of the stated size, between guard characters.
+// One call of an export as a careful host makes it: into a buffer of the described size, between guard units.
 #pragma once
 
 #include "exports/answer.h"
@@ -11,19 +11,19 @@
 namespace sweep {
 
 struct HostAnswer {
-    /// A number in decimal, a text in UTF-8, bytes in hexadecimal, or the mark of an untouched buffer.
+    /// A number in decimal, a string in UTF-8, bytes in hexadecimal, or the text for an untouched buffer.
     std::string text;
-    /// What the library did that it must not: wrote beyond its text, raised something. Empty as a rule.
+    /// A violation of the library: it wrote outside its string, or threw. Usually empty.
     std::string fault;
 };
 
-/// What is called, by which arguments and into how much room is settled.
+/// A call with all its arguments.
 using HostCall = std::function<HostAnswer()>;
 
-/// An export of the library that is linked in. `room` is in characters and counts the terminator.
+/// An export of the linked library. `room` is in characters, the terminator included.
 HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t room);
 
-/// The same for a reading that writes a wide text.
+/// The same for a function that writes a wide string.
 HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t room);
 
 } // namespace sweep

@@ -26,13 +26,13 @@ using exports::State;
 using observer::Failure;
 using observer::Operation;
 
-/// Failures that say nothing of the answer: the sinks of the diagnostics, and what only they ask for.
+/// Operations that do not influence the answer: the sinks of the diagnostics, and what only they call.
 constexpr Operation Sinks[] = {Operation::EventRegister,      Operation::EventSetInformation,
                                Operation::EventWriteTransfer, Operation::RegisterEventSourceW,
                                Operation::ReportEventW,       Operation::StringFromGUID2};
 
-/// Calls that many readings can do without: the last of a list, one with a way around it, one whose answer
-/// nobody looks at, one that reads as 0 where 0 is the value.
+/// Operations that many readings succeed without: the last item of a list, one with an alternative, one whose result
+/// is ignored, one that reads as 0 where 0 is the value.
 constexpr Operation Dispensable[] = {Operation::Next,
                                      Operation::RegEnumKeyExW,
                                      Operation::RegOpenKeyExW,
@@ -55,25 +55,26 @@ bool Names(std::span<const std::string_view> list, std::string_view operation) {
     return Has(list, operation) || Has(list, std::string_view("*"));
 }
 
-/// What an answer has to be, by what failed.
-enum class Wanted : std::uint8_t { Good, NotGood, Either };
+/// Whether the good answer is expected after the failure.
+enum class Expected : std::uint8_t { Good, NotGood, Either };
 
-Wanted WantedAfter(const FaultExpectation& expected, const Fault& fault) {
+Expected ExpectedAfter(const FaultExpectation& expectation, const Fault& fault) {
     if (fault.heap) {
-        return Wanted::Either;
+        return Expected::Either;
     }
     if (Has(Sinks, fault.operation)) {
-        return fault.andLater ? Wanted::Either : Wanted::Good; // what comes later is no sink
+        return fault.andLater ? Expected::Either : Expected::Good; // the later failures are not in sinks
     }
     if (fault.lacking) {
-        return Wanted::Either;
+        return Expected::Either;
     }
     const std::string_view name = observer::RowOf(fault.operation).name;
-    if (Has(expected.mustNotice, name)) {
-        return Wanted::NotGood;
+    if (Has(expectation.mustNotice, name)) {
+        return Expected::NotGood;
     }
-    return Names(expected.maySucceedWithout, name) || Has(Dispensable, fault.operation) ? Wanted::Either
-                                                                                        : Wanted::NotGood;
+    return Names(expectation.maySucceedWithout, name) || Has(Dispensable, fault.operation)
+               ? Expected::Either
+               : Expected::NotGood;
 }
 
 std::optional<std::int64_t> NumberIn(std::string_view text) {
@@ -94,9 +95,9 @@ bool BytesLost(std::int64_t number, std::int64_t good) {
     return true;
 }
 
-/// A failure that the EC's status tells gives the failure value or, while the EC is being identified, 0; one
-/// that nobody tells loses bytes, or leads the commands that follow astray.
-bool IsEcNumber(const Fault& fault, std::string_view text, std::string_view goodText, bool strays) {
+/// A failure in the EC's status gives the failure value or, while the EC is being identified, 0; one that is not
+/// reported loses bytes, or misleads the following commands.
+bool IsEcNumber(const Fault& fault, std::string_view text, std::string_view goodText, bool misled) {
     const auto number = NumberIn(text);
     const auto good = NumberIn(goodText);
     if (!number || !good) {
@@ -106,7 +107,7 @@ bool IsEcNumber(const Fault& fault, std::string_view text, std::string_view good
         return true;
     }
     constexpr std::int64_t CurveEnds[] = {100, 110}; // of a thermistor whose count reads as 0
-    return fault.kind != Failure::Status && (strays || BytesLost(*number, *good) || Has(CurveEnds, *number));
+    return fault.kind != Failure::Status && (misled || BytesLost(*number, *good) || Has(CurveEnds, *number));
 }
 
 bool ArePlaces(std::string_view answer, std::string_view good, char separator, const auto& fits) {
@@ -130,7 +131,7 @@ bool IsEcList(const Fault& fault, std::string_view answer, std::string_view good
     return true;
 }
 
-/// A text that nobody made up: it is empty, a plain number, or stands in the machine's profile.
+/// Not invented: empty, a plain number, or in the machine's profile.
 bool IsFromMachine(std::string_view text, std::string_view profile) {
     constexpr std::string_view NumberCharacters = "0123456789abcdefx .-";
     return text.find_first_not_of(NumberCharacters) == std::string_view::npos ||
@@ -147,7 +148,7 @@ void CollectTexts(const nlohmann::json& document, std::vector<std::string>& text
     }
 }
 
-/// Whether each record has the keys that some record of the good document has.
+/// Whether each record has the keys of a record of the good document.
 bool HasShapeOf(const nlohmann::json& answer, const nlohmann::json& good) {
     if (answer.is_array() && good.is_array()) {
         return std::ranges::all_of(answer, [&](const auto& item) {
@@ -177,7 +178,7 @@ bool IsDocument(std::string_view answer, std::string_view good, std::string_view
         texts, [&](const std::string& text) { return Has(goodTexts, text) || IsFromMachine(text, profile); });
 }
 
-/// A search for radios that fails on its way is taken for one that has ended.
+/// The library takes a search for radios that fails for one that has ended.
 bool EndsRadioSearch(const Fault& fault) {
     return fault.operation == Operation::BluetoothFindNextRadio ||
            (fault.andLater && Has(Sinks, fault.operation));
@@ -237,18 +238,18 @@ std::size_t RoomOf(const Export& row) {
 
 std::string Objection(const Export& row, const Fault& fault, const std::string& answer,
                       const std::string& good, std::string_view profile) {
-    const FaultExpectation& expected = ExpectationOf(row);
-    const Wanted wanted = WantedAfter(expected, fault);
+    const FaultExpectation& expectation = ExpectationOf(row);
+    const Expected expected = ExpectedAfter(expectation, fault);
     if (answer == good) {
-        // A reading that fails anyway has nothing left to lose, and a refused byte is 0.
-        const bool told = wanted != Wanted::NotGood || IsFailureValue(row, good) ||
-                          (expected.form == AnswerForm::EcNumber && good == "0");
-        return told ? "" : "the failure was swallowed";
+        // The good answer can be a failure value, and a refused byte is 0.
+        const bool allowed = expected != Expected::NotGood || IsFailureValue(row, good) ||
+                             (expectation.form == AnswerForm::EcNumber && good == "0");
+        return allowed ? "" : "the failure was swallowed";
     }
-    if (wanted == Wanted::Good) {
+    if (expected == Expected::Good) {
         return "a failed sink changed the answer";
     }
-    return IsFailureValue(row, answer) || Fits(expected.form, fault, answer, good, profile)
+    return IsFailureValue(row, answer) || Fits(expectation.form, fault, answer, good, profile)
                ? ""
                : "no answer for this failure";
 }

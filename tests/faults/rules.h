@@ -1,4 +1,4 @@
-// What an export may answer after a failure.
+// What an export may return after a failure.
 #pragma once
 
 #include "exports/answer.h"
@@ -15,19 +15,20 @@ struct Fault {
     observer::Failure kind = observer::Failure::None;
     bool andLater = false;
     bool heap = false;
-    /// The machine has values missing of its own, which no failure can take away.
+    /// The machine itself lacks values, which no failure can remove.
     bool lacking = false;
 };
 
-/// Room for the export's text in characters, the terminator counted, as the header states it.
+/// The size of the export's buffer in characters, the terminator included.
 std::size_t RoomOf(const exports::Export& row);
 
-/// Why this answer may not come after this failure; empty when it may. `profile` is the machine's own text.
+/// Why the export must not return this answer after this failure; empty if it may. `profile` is the text of the
+/// machine's profile.
 std::string Objection(const exports::Export& row, const Fault& fault, const std::string& answer,
                       const std::string& good, std::string_view profile);
 
-/// Whether what was answered may stand for the next calls too: a record of the radios that was read with a list
-/// missing, the failure value where a later read finds nothing for it, or an identity of which the driver refused a byte, since a refused request reads as 0.
+/// Whether the next calls may return this answer too: a radio record that was read without a list, the failure value
+/// that a later read without a result leaves, or an EC identity with a byte that the driver refused, which reads as 0.
 bool MayStay(const exports::Export& row, const Fault& fault, const std::string& answer,
              const std::string& good);
 
