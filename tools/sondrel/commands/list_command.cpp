@@ -1,4 +1,5 @@
 // sondrel list [NAME]
+#include "base/error.h"
 #include "base/text.h"
 #include "commands/commands.h"
 #include "exports/classify.h"
@@ -32,6 +33,18 @@ std::string Shown(const SpecialValue& value) {
     }
 }
 
+std::string BufferText(const exports::Buffer& buffer) {
+    const std::string size = std::to_string(buffer.size).append(1, ' ').append(buffer.unit);
+    switch (buffer.rule) {
+    case exports::BufferRule::Exact:
+        return "exactly " + size;
+    case exports::BufferRule::Grows:
+        return "no limit; " + size + " suffice for known machines";
+    default:
+        return size;
+    }
+}
+
 void PrintInFull(const Export& row, bool exported) {
     std::cout << row.name << (exported ? "" : " (not exported by this library)") << "\n  " << row.summary
               << "\n\n  declared  " << row.declaration << "\n  group     " << exports::TitleOf(row.group)
@@ -39,8 +52,8 @@ void PrintInFull(const Export& row, bool exported) {
     if (!row.unit.empty()) {
         std::cout << "  unit      " << row.unit << '\n';
     }
-    if (row.buffer.size != 0) {
-        std::cout << "  buffer    " << row.buffer.size << ' ' << row.buffer.unit << '\n';
+    if (row.buffer.rule != exports::BufferRule::None) {
+        std::cout << "  buffer    " << BufferText(row.buffer) << '\n';
     }
     std::cout << "  session   " << (row.needsSession ? "needed" : "not needed") << '\n';
     std::size_t width = 0;
@@ -68,11 +81,11 @@ void PrintRow(const Export& row, bool exported, std::size_t width) {
 } // namespace
 
 int ListExports(const Options& options) {
-    const Export* const wanted = options.name.empty() ? nullptr : &ExportNamed(options.name);
+    const Export* const chosen = options.name.empty() ? nullptr : &ExportNamed(options.name);
     const Library library(options.host.library);
-    if (wanted != nullptr) {
-        PrintInFull(*wanted, library.Find(wanted->name) != nullptr);
-        return 0;
+    if (chosen != nullptr) {
+        PrintInFull(*chosen, library.Find(chosen->name) != nullptr);
+        return ExitOk;
     }
     std::size_t width = 0;
     for (const Export& row : AllExports()) {
@@ -92,7 +105,7 @@ int ListExports(const Options& options) {
     if (missing != 0) {
         std::cout << "\nnot exported by this library (marked with -): " << missing << " names\n";
     }
-    return 0;
+    return ExitOk;
 }
 
 } // namespace tool

@@ -109,8 +109,8 @@ int Watch(const Options& options) {
         if (taken == sampling.count) {
             return ExitOk;
         }
-        due = std::max(due + sampling.interval,
-                       Clock::now()); // a late sample does not shorten the next intervals
+        // A late sample does not shorten the next intervals.
+        due = std::max(due + sampling.interval, Clock::now());
         WaitUntil(due, view);
     }
 }

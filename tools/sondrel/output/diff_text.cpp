@@ -2,6 +2,7 @@
 #include "output/diff_text.h"
 
 #include "base/text.h"
+#include "readings/readable.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -15,37 +16,20 @@ constexpr std::size_t LongestValue = 80;
 constexpr std::size_t NameColumn = 44;
 constexpr std::string_view Missing = "(not in this snapshot)";
 
-/// The characters that are packed into the number, the first in the highest byte.
-std::string LettersOf(std::uint64_t number) {
-    std::string letters;
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        const auto letter = static_cast<char>(number >> shift & 0xFF);
-        if (letter != '\0') {
-            letters.push_back(letter);
-        }
-    }
-    return std::string(1, '"').append(OnOneLine(WellFormed(letters))).append(1, '"');
-}
-
 /// The number in the form of the export.
 std::string NumberText(const Json& value, Display display) {
-    char text[32];
-    if (!value.is_number_integer() && display != Display::Fraction) {
-        return value.dump();
-    }
-    switch (display) {
-    case Display::Hexadecimal:
-        std::snprintf(text, sizeof text, "0x%08llx",
-                      static_cast<unsigned long long>(value.get<std::int64_t>()));
-        return text;
-    case Display::Letters:
-        return LettersOf(static_cast<std::uint64_t>(value.get<std::int64_t>()));
-    case Display::Fraction:
+    if (display == Display::Fraction) {
+        char text[32];
         std::snprintf(text, sizeof text, "%.3g", value.get<double>());
         return text;
-    default:
-        return value.dump();
     }
+    if (value.is_number_integer() && display == Display::Hexadecimal) {
+        return HexadecimalOf(value.get<std::int64_t>());
+    }
+    const std::string letters = value.is_number_integer() && display == Display::Letters
+                                    ? LettersOf(value.get<std::int64_t>())
+                                    : std::string();
+    return letters.empty() ? value.dump() : std::string(1, '"').append(letters).append(1, '"');
 }
 
 std::string ValueText(const Json& value, Display display) {

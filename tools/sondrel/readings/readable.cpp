@@ -14,33 +14,10 @@ std::string InBrackets(std::string_view text) {
     return text.empty() ? std::string() : std::string(" (").append(text).append(1, ')');
 }
 
-std::string HexadecimalOf(std::int64_t number) {
-    char text[24];
-    std::snprintf(text, sizeof text, "0x%08llx", static_cast<unsigned long long>(number));
-    return text;
-}
-
 std::string PercentOf(double fraction) {
     char text[32];
     const int length = std::snprintf(text, sizeof text, "%.1f", fraction * 100);
     return length > 0 && static_cast<std::size_t>(length) < sizeof text ? text : "very large";
-}
-
-/// The printable characters that are packed into the number, the first in the highest byte; empty if they are not
-/// printable.
-std::string LettersOf(std::int64_t number) {
-    std::string letters;
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        const auto letter = static_cast<char>(number >> shift & 0xFF);
-        if (letter == '\0' && letters.empty()) {
-            continue;
-        }
-        if (letter < ' ' || letter > '~') {
-            return {};
-        }
-        letters.push_back(letter);
-    }
-    return letters;
 }
 
 /// The bytes as characters, if all of them are printable.
@@ -106,6 +83,27 @@ std::string TextWithoutValue(const Reading& reading) {
 }
 
 } // namespace
+
+std::string HexadecimalOf(std::int64_t number) {
+    char text[24];
+    std::snprintf(text, sizeof text, "0x%08llx", static_cast<unsigned long long>(number));
+    return text;
+}
+
+std::string LettersOf(std::int64_t number) {
+    std::string letters;
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        const auto letter = static_cast<char>(number >> shift & 0xFF);
+        if (letter == '\0' && letters.empty()) {
+            continue;
+        }
+        if (letter < ' ' || letter > '~') {
+            return {};
+        }
+        letters.push_back(letter);
+    }
+    return letters;
+}
 
 std::optional<double> NumberIn(std::string_view text) {
     double number = 0;

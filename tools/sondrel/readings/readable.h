@@ -22,6 +22,12 @@ struct Readable {
 /// No part is longer than `columns`.
 Readable ReadableOf(const Reading& reading, std::size_t columns);
 
+/// "0x00010203"
+std::string HexadecimalOf(std::int64_t number);
+
+/// The characters that are packed into the number, the first in the highest byte; empty if they are not printable.
+std::string LettersOf(std::int64_t number);
+
 /// All parts on one line.
 std::string OnOneLine(const Readable& readable);
 
