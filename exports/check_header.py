@@ -4,9 +4,9 @@
     exports/check_header.py [HEADER]
 
 Reports one line for each difference in names, groups, signatures, buffer sizes, sessions and failure values, with
-status 1. What a comment has to state, each with a colon behind it: "Failure", "Session", "Blocks", the name of each
-buffer, and "Absent" or "Not there" where there is nothing to read; labels can be joined ("Failure and not there"). A
-value may also be stated in the comment of the export's group.
+status 1. A comment has to state, each followed by a colon: "Failure", "Session", "Blocks", the name of each buffer, and "Absent" if
+there can be nothing to read; labels can be joined ("Failure or absent"). A value can also be stated in the comment of
+the export's group.
 """
 
 from __future__ import annotations
@@ -76,7 +76,7 @@ def words(text: str) -> str:
 
 
 def clauses(comment: str) -> dict:
-    """What the comment says behind each of its labels."""
+    """The text after each label of the comment."""
     found = {}
     matches = list(LABEL.finditer(comment))
     for match, following in zip(matches, matches[1:] + [None]):
@@ -102,7 +102,7 @@ def states(text: str, value: dict) -> bool:
 
 
 def stated_values(text: str) -> list:
-    """The values that a failure clause names: at its beginning, or behind a comma or a semicolon."""
+    """The values that a failure clause names: at its beginning, or after a comma or a semicolon."""
     found = []
     for constant in CONSTANTS.values():
         if constant in text:
@@ -200,7 +200,7 @@ def value_differences(export: dict, stated: dict, comment: str, header: Header):
         for named in stated_values(stated.get(label, "")):
             constant = named == "0" and export["result"]["role"] == "constant"
             if not constant and not any(names_value(named, value) for value in export["values"]):
-                yield f"the comment states {named} behind {label.capitalize()}, which is not described"
+                yield f"the comment states {named} after {label.capitalize()}, which is not described"
 
 
 def names_value(named: str, value: dict) -> bool:

@@ -21,7 +21,7 @@ enum class Match : std::uint8_t {
     Other      // every value without an entry before this one
 };
 
-/// An answer that means something of its own.
+/// An answer with a special meaning.
 struct SpecialValue {
     Match match;
     /// As the tool prints it.

@@ -20,7 +20,7 @@ scripts/build_docs.sh
 echo "cppcheck"
 cppcheck -j "$(nproc)" --quiet --error-exitcode=1 --std=c++20 --language=c++ \
     --enable=warning,style,performance,portability,information \
-    --suppressions-list=.cppcheck-suppressions -I . -I src -I include -I tools/sondrel src machine observer tools examples bench
+    --suppressions-list=.cppcheck-suppressions -I . -I src -I include -I tools/sondrel src machine observer exports tools examples bench
 
 # The C++ sources in the compile commands of one configuration whose paths go on from here as the pattern says.
 sources_in() {
@@ -33,12 +33,12 @@ tidy() {
     build=$1
     shift
     xargs -P "$(nproc)" -n 1 clang-tidy -p "build/$build" --quiet --checks=-bugprone-suspicious-include \
-        --header-filter="^$PWD/(src|machine|observer|tools|examples)/.*\.(h|cpp)\$" "$@" 2>/dev/null
+        --header-filter="^$PWD/(src|machine|observer|exports|tools|examples)/.*\.(h|cpp)\$" "$@" 2>/dev/null
 }
 
 echo "clang-tidy"
 cmake --preset tidy >build/tidy.log 2>&1 || { cat build/tidy.log >&2; exit 1; }
-sources_in tidy '((build/tidy/)?(src|machine|observer|tools|examples)/.*Unity/|(src|machine|observer|tools|examples)/)' | tidy tidy
+sources_in tidy '((build/tidy/)?(src|machine|observer|exports|tools|examples)/.*Unity/|(src|machine|observer|exports|tools|examples)/)' | tidy tidy
 
 echo "clang-tidy for Windows"
 cmake --preset windows >build/windows.log 2>&1 || { cat build/windows.log >&2; exit 1; }

@@ -14,7 +14,7 @@ enum class AnswerForm : std::uint8_t { Exact, EcNumber, EcList, ShortenedText, W
 
 struct FaultExpectation {
     AnswerForm form;
-    /// The good answer may come although one of these failed; "*" stands for all.
+    /// The good answer may come although one of these failed; "*" means all.
     std::span<const std::string_view> maySucceedWithout;
     /// The good answer must not come when one of these failed, although it may for most exports.
     std::span<const std::string_view> mustNotice;

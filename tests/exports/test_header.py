@@ -44,7 +44,7 @@ PLANTED = [
     (changed_comment("System_Read_LocalTime", "exactly ", ""), "System_Read_LocalTime: out: the size is described as exact"),
     (changed_comment("GPNV_Get_RandomUUID", "16", "32"), "GPNV_Get_RandomUUID: out: 16 bytes are described"),
     (changed_comment("GetUWPVersion", " out: ", " size: "), "GetUWPVersion: the comment does not state the size of out"),
-    (changed_comment("Power_Read_ACDCMode", "Failure: 255", "Failure: 256"), "the comment states 256 behind Failure"),
+    (changed_comment("Power_Read_ACDCMode", "Failure: 255", "Failure: 256"), "the comment states 256 after Failure"),
     (changed_comment("Power_Read_ACDCMode", "255", "256"), "does not state the failure value 255"),
     (changed_comment("WMIGetSystemChassisTypes", '"unknown"', '"other"'), "does not state the failure value 'unknown'"),
     (changed_comment("System_Read_VolumeLevel", "Blocks:", "Takes:"), "the comment does not state: Blocks"),

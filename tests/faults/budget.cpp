@@ -19,7 +19,7 @@ void ForEachRun(const std::function<void(std::string_view name, const Run& run)>
     Stage stage({.used = true});
     for (const exports::Export& row : exports::AllExports()) {
         stage.Restart();
-        look(row.name, stage.Play(CallOf(row, stage.Where().initCom, RoomOf(row))));
+        look(row.name, stage.Play(CallOf(row, stage.Where().initCom, BufferSizeOf(row))));
     }
 }
 

@@ -25,7 +25,7 @@ using exports::Signature;
 template <class Unit>
 class GuardedBuffer {
 public:
-    explicit GuardedBuffer(std::size_t room) : m_room(room), m_units(Guard + room + Guard) {
+    explicit GuardedBuffer(std::size_t size) : m_size(size), m_units(Guard + size + Guard) {
         for (std::size_t place = 0; place < m_units.size(); ++place) {
             m_units[place] = FillAt(place);
         }
@@ -33,7 +33,7 @@ public:
 
     Unit* Start() { return m_units.data() + Guard; }
 
-    [[nodiscard]] std::span<const Unit> Room() const { return std::span(m_units).subspan(Guard, m_room); }
+    [[nodiscard]] std::span<const Unit> Content() const { return std::span(m_units).subspan(Guard, m_size); }
 
     [[nodiscard]] bool Untouched() const { return IsFill(0, m_units.size()); }
 
@@ -56,14 +56,14 @@ private:
         return begin == end;
     }
 
-    std::size_t m_room;
+    std::size_t m_size;
     std::vector<Unit> m_units;
 };
 
 /// The buffer after the call has filled it.
 template <class Unit, class Read>
-GuardedBuffer<Unit> Filled(std::size_t room, const Read& read) {
-    GuardedBuffer<Unit> buffer(room);
+GuardedBuffer<Unit> Filled(std::size_t size, const Read& read) {
+    GuardedBuffer<Unit> buffer(size);
     const heap::InLibrary here;
     read(buffer.Start());
     return buffer;
@@ -83,11 +83,11 @@ HostAnswer TextIn(const GuardedBuffer<Unit>& buffer, bool fixedSize = false) {
     if (buffer.Untouched()) {
         return {std::string(tool::BufferUntouched), ""};
     }
-    const std::span room = buffer.Room();
-    const auto length = static_cast<std::size_t>(std::ranges::find(room, Unit{}) - room.begin());
-    return {ToUtf8(room.first(length)),
-            length == room.size() ? "the text has no terminator in its room of " + std::to_string(length)
-                                  : buffer.Beyond(fixedSize ? room.size() : length + 1)};
+    const std::span content = buffer.Content();
+    const auto length = static_cast<std::size_t>(std::ranges::find(content, Unit{}) - content.begin());
+    return {ToUtf8(content.first(length)),
+            length == content.size() ? "the text has no terminator in its buffer of " + std::to_string(length)
+                                     : buffer.Beyond(fixedSize ? content.size() : length + 1)};
 }
 
 template <class Function>
@@ -106,7 +106,7 @@ struct HostSide {
     void* address;
     const exports::Export& row;
     std::uint8_t initCom;
-    std::size_t room;
+    std::size_t size;
 };
 
 HostAnswer CallNothing(const HostSide& side) {
@@ -149,19 +149,19 @@ HostAnswer CallNarrowText(const HostSide& side) {
 }
 
 HostAnswer CallWideText(const HostSide& side) {
-    return CallWide(As<void(char16_t*)>(side.address), side.room);
+    return CallWide(As<void(char16_t*)>(side.address), side.size);
 }
 
 HostAnswer CallWideTextCom(const HostSide& side) {
     return CallWide([&](char16_t* out) { As<void(char16_t*, Byte)>(side.address)(out, side.initCom); },
-                    side.room);
+                    side.size);
 }
 
 HostAnswer CallReadBytes(const HostSide& side) {
     const std::size_t size = side.row.buffer.size;
     Word code = 0;
     const auto buffer = Filled<Byte>(size, [&](Byte* out) { code = As<Word(Byte*)>(side.address)(out); });
-    return {(buffer.Untouched() ? std::string(tool::BufferUntouched) : tool::Hex(buffer.Room()))
+    return {(buffer.Untouched() ? std::string(tool::BufferUntouched) : tool::Hex(buffer.Content()))
                 .append(code != 0 ? " error " + std::to_string(code) : ""),
             buffer.Beyond(size)};
 }
@@ -179,7 +179,7 @@ HostAnswer CallRegisters(const HostSide& side) {
         return {std::string(tool::BufferUntouched), ""};
     }
     std::array<char, 4 * 8 + 4> text{};
-    const std::span registers = words.Room();
+    const std::span registers = words.Content();
     std::snprintf(text.data(), text.size(), "%08x %08x %08x %08x", registers[0], registers[1], registers[2],
                   registers[3]);
     return {text.data(), words.Beyond(4)};
@@ -212,17 +212,17 @@ constexpr Caller Callers[] = {
 
 } // namespace
 
-HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t room) {
-    return TextIn(Filled<char16_t>(room, read));
+HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t size) {
+    return TextIn(Filled<char16_t>(size, read));
 }
 
-HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t room) {
+HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t size) {
     void* const address = ::dlsym(RTLD_DEFAULT, std::string(row.name).c_str());
     const auto* const caller = std::ranges::find(Callers, row.signature, &Caller::signature);
     if (address == nullptr || caller == std::end(Callers)) {
         throw std::runtime_error(std::string(row.name) + " is not linked, or has an unknown signature");
     }
-    return [side = HostSide{address, row, initCom, room}, call = caller->call] {
+    return [side = HostSide{address, row, initCom, size}, call = caller->call] {
         return call(side);
     };
 }

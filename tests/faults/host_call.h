@@ -20,10 +20,10 @@ struct HostAnswer {
 /// A call with all its arguments.
 using HostCall = std::function<HostAnswer()>;
 
-/// An export of the linked library. `room` is in characters, the terminator included.
-HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t room);
+/// An export of the linked library. `size` is in characters, the terminator included.
+HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t size);
 
 /// The same for a function that writes a wide string.
-HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t room);
+HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t size);
 
 } // namespace sweep

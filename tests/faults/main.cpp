@@ -86,7 +86,7 @@ void Play(const Scene& scene, Tally& tally) {
         const bool belongs = scene.groups.empty() || std::ranges::count(scene.groups, row.group) != 0;
         if (belongs && InterruptCame == 0) {
             TellProgress(scene.situation, row.name);
-            SweepReading(stage, {&row, CallOf(row, scene.situation.initCom, RoomOf(row))}, tally);
+            SweepReading(stage, {&row, CallOf(row, scene.situation.initCom, BufferSizeOf(row))}, tally);
         }
     }
 }

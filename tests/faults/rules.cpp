@@ -50,7 +50,7 @@ bool Has(const List& list, const Item& item) {
     return std::ranges::find(list, item) != std::end(list);
 }
 
-/// "*" stands for all of them.
+/// "*" means all of them.
 bool Names(std::span<const std::string_view> list, std::string_view operation) {
     return Has(list, operation) || Has(list, std::string_view("*"));
 }
@@ -231,7 +231,7 @@ const FaultExpectation& ExpectationOf(const Export& row) {
 
 } // namespace
 
-std::size_t RoomOf(const Export& row) {
+std::size_t BufferSizeOf(const Export& row) {
     constexpr std::size_t Growing = 65536; // more than any machine of the sweep needs
     return row.buffer.rule == exports::BufferRule::Grows ? Growing : row.buffer.size;
 }

@@ -20,7 +20,7 @@ struct Fault {
 };
 
 /// The size of the export's buffer in characters, the terminator included.
-std::size_t RoomOf(const exports::Export& row);
+std::size_t BufferSizeOf(const exports::Export& row);
 
 /// Why the export must not return this answer after this failure; empty if it may. `profile` is the text of the
 /// machine's profile.

@@ -34,7 +34,7 @@ std::string Shown(const SpecialValue& value) {
 }
 
 std::string BufferText(const exports::Buffer& buffer) {
-    const std::string size = std::to_string(buffer.size).append(1, ' ').append(buffer.unit);
+    std::string size = std::to_string(buffer.size).append(1, ' ').append(buffer.unit);
     switch (buffer.rule) {
     case exports::BufferRule::Exact:
         return "exactly " + size;

@@ -15,10 +15,10 @@ namespace fs = std::filesystem;
 /// In the directory of the tool, or in lib of an installed kit, which has the tool in bin.
 fs::path OwnLibrary() {
     const fs::path directory = host_system::OwnDirectory();
-    const fs::path beside = directory / host_system::LibraryFileName();
+    const fs::path sameDirectory = directory / host_system::LibraryFileName();
     const fs::path installed = directory.parent_path() / "lib" / host_system::LibraryFileName();
     std::error_code problem;
-    return !fs::exists(beside, problem) && fs::exists(installed, problem) ? installed : beside;
+    return !fs::exists(sameDirectory, problem) && fs::exists(installed, problem) ? installed : sameDirectory;
 }
 
 fs::path FullPathOf(std::string_view file) {

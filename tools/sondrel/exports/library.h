@@ -10,7 +10,7 @@ namespace tool {
 
 class Library {
 public:
-    /// An empty name stands for the library of this program's kit or build.
+    /// An empty name means the library of this program's kit or build.
     explicit Library(std::string_view file);
 
     [[nodiscard]] const std::filesystem::path& File() const { return m_file; }

@@ -21,7 +21,7 @@ public:
 
 private:
     std::filesystem::path m_file;
-    std::filesystem::path m_draft; // beside the file; the file itself if that is written to directly
+    std::filesystem::path m_draft; // in the file's directory; the file itself if that is written to directly
     std::filesystem::perms m_permissions = std::filesystem::perms::unknown;
 };
 

@@ -25,14 +25,14 @@ struct Layout {
 };
 
 Layout LayoutFor(std::size_t longestName) {
-    constexpr std::size_t EnoughBesideName = 28;
+    constexpr std::size_t EnoughAfterName = 28;
     constexpr std::size_t Least = 16;
     const Layout wide{longestName + 4, LongestLine, false};
     if (!terminal::IsTerminal(terminal::Stream::Out)) {
         return wide;
     }
     const std::size_t columns = terminal::SizeOf(terminal::Stream::Out).columns;
-    if (columns >= wide.margin + EnoughBesideName) {
+    if (columns >= wide.margin + EnoughAfterName) {
         return {wide.margin, std::min(LongestLine, columns - wide.margin), false};
     }
     constexpr std::size_t Indent = 4;

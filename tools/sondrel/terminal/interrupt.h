@@ -17,7 +17,7 @@ public:
     [[nodiscard]] const char* what() const noexcept override { return "interrupted"; }
 };
 
-/// Interrupts before this end the program at once.
+/// Begins to catch interrupts; before, they end the program immediately.
 void Listen();
 
 [[nodiscard]] bool Came();

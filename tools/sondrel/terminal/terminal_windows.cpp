@@ -24,10 +24,10 @@ HANDLE HandleOf(Stream stream) {
 }
 
 void Send(HANDLE console, std::string_view utf8) {
-    constexpr std::size_t MostAtOnce = 8000; // older consoles accept 64 KB
+    constexpr std::size_t LongestWrite = 8000; // older consoles accept 64 KB
     const std::u16string text = Utf16(utf8);
     for (std::size_t start = 0; start < text.size();) {
-        std::size_t length = std::min(MostAtOnce, text.size() - start);
+        std::size_t length = std::min(LongestWrite, text.size() - start);
         const char16_t last = text[start + length - 1];
         if (length > 1 && start + length < text.size() && last >= 0xD800 && last <= 0xDBFF) {
             --length; // surrogate pairs stay together
