@@ -5,7 +5,7 @@ from __future__ import annotations
 import json
 
 import c_types
-from description import Description, user_argument
+from description import Description, DescriptionError, user_argument
 
 # Each way in which exports are called has a name in C++.
 SIGNATURES = {
@@ -53,7 +53,7 @@ def string(text: str) -> str:
 def signature_name(export: dict) -> str:
     signature = c_types.signature(export)
     if signature not in SIGNATURES:
-        raise KeyError(f"{export['name']}: give the signature {signature} a name in cpp_files.py")
+        raise DescriptionError(f"{export['name']}: give the signature {signature} a name in cpp_files.py")
     return SIGNATURES[signature]
 
 

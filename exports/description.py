@@ -117,7 +117,8 @@ def named(document: dict, error: str) -> str:
     if not match:
         return error
     export = document["groups"][int(match.group(1))]["exports"][int(match.group(2))]
-    return f": {export.get('name', match.group(0))}{error[match.end():]}"
+    name = export.get("name", match.group(0)) if isinstance(export, dict) else match.group(0)
+    return f": {name}{error[match.end():]}"
 
 
 def in_arguments(export: dict) -> list:
@@ -292,7 +293,8 @@ def plain_value_errors(export: dict, value: dict):
     plain = value["value"]
     in_element = value["at"] == "element"
     result = export["result"]["type"]
-    numeric = export["value"]["element"]["kind"] == "number" if in_element else result in RANGES
+    element = export["value"].get("element", {})
+    numeric = element.get("kind") == "number" if in_element else result in RANGES
     if numeric != isinstance(plain, int):
         yield f"{shown(plain)} is not of the type of the answer"
     elif numeric:
