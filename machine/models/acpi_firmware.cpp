@@ -102,11 +102,7 @@ ControlAnswer AcpiFirmware::NextRecord() {
             m_record = 0;
         }
     }
-    ControlAnswer answer;
-    for (const std::uint8_t byte : record.bytes) {
-        answer.bytes.push_back(std::byte{byte});
-    }
-    return answer;
+    return {platform::error::Success, record.bytes};
 }
 
 } // namespace machine

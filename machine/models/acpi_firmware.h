@@ -2,7 +2,7 @@
 #pragma once
 
 #include "machine/models/device.h"
-#include "machine/profile/acpi_profile.h"
+#include "machine/profile/sections/firmware_profile.h"
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 
 #include "machine/models/device.h"
 #include "machine/models/machine_course.h"
-#include "machine/profile/battery_profile.h"
+#include "machine/profile/sections/power_profile.h"
 
 #include <string>
 

@@ -63,7 +63,7 @@ WmiMethodAnswer FirmwareFeatures::Status(const FeatureProfile* feature) {
     if (feature == nullptr || !feature->supported) {
         return Output(u"device_status", Absent);
     }
-    const bool on = feature->tellsSetting && SettingOf(*feature) != 0;
+    const bool on = feature->reportsSetting && SettingOf(*feature) != 0;
     return Output(u"device_status", on ? Present + 1 : Present);
 }
 

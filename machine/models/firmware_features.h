@@ -3,7 +3,7 @@
 
 #include "machine/models/storage/firmware_variable_store.h"
 #include "machine/models/wmi/wmi_repository.h"
-#include "machine/profile/firmware_features_profile.h"
+#include "machine/profile/sections/firmware_profile.h"
 
 #include <utility>
 

@@ -1,10 +1,9 @@
 // The small physical model behind a profile's course: how load, heat, fans and charge follow from each other.
 #pragma once
 
-#include "machine/profile/battery_profile.h"
-#include "machine/profile/course_profile.h"
-#include "machine/profile/ec_profile.h"
-#include "machine/profile/system_power_profile.h"
+#include "machine/profile/sections/course_profile.h"
+#include "machine/profile/sections/ec_profile.h"
+#include "machine/profile/sections/power_profile.h"
 
 #include <array>
 #include <chrono>

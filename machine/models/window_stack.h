@@ -1,7 +1,7 @@
 // The windows of the simulated machine in their stacking order.
 #pragma once
 
-#include "machine/profile/desktop_profile.h"
+#include "machine/profile/sections/desktop_profile.h"
 #include "platform/desktop.h"
 
 #include <map>

@@ -5,7 +5,6 @@
 #include "machine/models/xml_check.h"
 #include "platform/back_end.h"
 
-#include <new>
 
 namespace VESK_BACK_END {
 namespace {
@@ -73,9 +72,6 @@ HResult get_xml(XmlDocument document, std::u16string& xml) {
     if (object->loaded == nullptr) {
         xml.clear();
         return hresult::False;
-    }
-    if (object->loaded->exhaustsMemory) {
-        throw std::bad_alloc();
     }
     xml = object->xml;
     return hresult::Ok;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "machine/models/ec/ec_answer.h"
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <array>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // Which firmware generation an EC runs.
 #pragma once
 
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <cstdint>
 

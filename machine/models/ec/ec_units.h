@@ -1,7 +1,7 @@
 // How the EC's firmware turns what it measures into the bytes of its registers.
 #pragma once
 
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <cstdint>
 

@@ -3,7 +3,7 @@
 
 #include "machine/models/ec/ec_firmware.h"
 #include "machine/models/machine_course.h"
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <array>
 #include <cstdint>

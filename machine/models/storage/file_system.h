@@ -6,7 +6,7 @@
 // a backslash separates there too. The machine has no present directory: other paths lead nowhere.
 #pragma once
 
-#include "machine/profile/files_profile.h"
+#include "machine/profile/sections/disk_profile.h"
 #include "platform/types.h"
 
 #include <cstdint>

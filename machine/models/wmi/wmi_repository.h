@@ -3,7 +3,7 @@
 
 #include "machine/models/com/com_objects.h"
 #include "machine/models/wmi/wql.h"
-#include "machine/profile/wmi_profile.h"
+#include "machine/profile/sections/wmi_profile.h"
 #include "platform/types.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 // The part of WQL that the simulated machine understands.
 #pragma once
 
-#include "machine/profile/wmi_profile.h"
+#include "machine/profile/sections/wmi_profile.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,0 +1,33 @@
+#include "machine/profile/sections/power_profile.h"
+
+#include "machine/profile/profile_reader.h"
+
+namespace machine {
+
+void ReadBattery(ProfileReader& reader, BatteryProfile& battery) {
+    reader.Number("tag", battery.tag);
+    reader.Flag("system_battery", battery.systemBattery);
+    reader.Number("designed_capacity", battery.designedCapacity);
+    reader.Number("full_charged_capacity", battery.fullChargedCapacity);
+    reader.Number("cycle_count", battery.cycleCount);
+    reader.Number("capacity", battery.capacity);
+    reader.Number("voltage", battery.voltage);
+}
+
+void ReadSystemPower(ProfileReader& reader, SystemPowerProfile& power) {
+    constexpr std::uint8_t LineStates[] = {0, 1, 255};
+    reader.Number("processors", power.processors, {1, 1024});
+    reader.Real("load", power.load, 0, 1);
+    reader.Real("kernel_share", power.kernelShare, 0, 1);
+    reader.Objects("samples", [&](ProfileReader& row) {
+        SystemTimesSample& sample = power.samples.emplace_back();
+        row.Number("idle", sample.idle);
+        row.Number("kernel", sample.kernel);
+        row.Number("user", sample.user);
+    });
+    if (std::size_t line = 0; reader.Choice("running_on", {"battery", "ac", "unknown"}, line)) {
+        power.acLine = LineStates[line];
+    }
+}
+
+} // namespace machine
