@@ -1,4 +1,4 @@
-// The simulated machine itself: profiles with mistakes, its store and its clock.
+// The simulated machine itself: errors in profiles, and what its store persists.
 #include "machine_fixture.h"
 
 #include "machine/models/clock.h"
@@ -9,7 +9,6 @@
 #include "platform/registry.h"
 
 #include <array>
-#include <fstream>
 #include <span>
 
 namespace {
@@ -37,17 +36,7 @@ TEST(Profile, AnErrorNamesFilePlaceAndExpectation) {
 
 using StoreTest = test::MachineTest;
 
-TEST_F(StoreTest, ADamagedFileIsToldAndLeftAsItIs) {
-    const std::string garbage = "this is no database, and somebody may want to look at it";
-    std::ofstream(m_store) << garbage;
-    EXPECT_THAT([this] { machine::Store store(m_store); },
-                ThrowsMessage<machine::StoreError>(m_store + ": file is not a database"));
-    std::ifstream file(m_store);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), garbage);
-    EXPECT_THROW(machine::Store("/nowhere/at/all/store"), machine::StoreError);
-}
-
-TEST_F(StoreTest, WhatIsKeptSurvivesTheProcess) {
+TEST_F(StoreTest, StateOutlivesTheMachine) {
     StartMachine("{}", m_store);
     InitializeSondrel();
     EXPECT_EQ(EC_ReadEcFwRev(), 0x4B4Cu);
