@@ -2,7 +2,7 @@
 
 #include "machine/machine.h"
 #include "machine/models/com/xml_document_object.h"
-#include "machine/models/xml_check.h"
+#include "machine/models/xml_text.h"
 #include "platform/back_end.h"
 
 
@@ -20,7 +20,7 @@ HResult PutNothing(XmlDocument document) {
 /// The file's content as the parser writes it: without its byte order mark.
 std::optional<std::u16string> Serialised(std::u16string_view text) {
     text.remove_prefix(text.starts_with(u'\xFEFF') ? 1 : 0);
-    return machine::SerialisedXml(text);
+    return machine::SerializedXml(text);
 }
 
 } // namespace

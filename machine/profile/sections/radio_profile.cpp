@@ -4,7 +4,6 @@
 #include "machine/text/wide_text.h"
 
 #include <algorithm>
-#include <span>
 
 namespace machine {
 namespace {
@@ -21,7 +20,9 @@ void ReadSsid(ProfileReader& reader, std::string& ssid) {
 void ReadBssid(ProfileReader& reader, std::array<std::uint8_t, 6>& bssid) {
     std::vector<std::byte> bytes;
     if (reader.Bytes("bssid", bytes, bssid.size(), ":", Required)) {
-        std::ranges::transform(bytes, bssid.begin(), std::to_integer<std::uint8_t>);
+        for (std::size_t index = 0; index < bssid.size(); ++index) {
+            bssid[index] = std::to_integer<std::uint8_t>(bytes[index]);
+        }
     }
 }
 
@@ -35,7 +36,9 @@ void ReadGuid(ProfileReader& reader, platform::Guid& guid) {
                                           std::to_integer<unsigned>(bytes[at + 1]));
     };
     guid = {static_cast<std::uint32_t>(number16(0)) << 16 | number16(2), number16(4), number16(6), {}};
-    std::ranges::transform(std::span(bytes).subspan(8), guid.data4, std::to_integer<std::uint8_t>);
+    for (std::size_t index = 0; index < sizeof guid.data4; ++index) {
+        guid.data4[index] = std::to_integer<std::uint8_t>(bytes[8 + index]);
+    }
 }
 
 bool Contains(const std::vector<std::uint64_t>& numbers, std::uint64_t wanted) {
