@@ -3,6 +3,7 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -62,6 +63,15 @@ public:
                      const Body& body);
 
     bool Has(std::string_view name);
+
+    /// Optional members by name, each in the whole range of its type: Members("rpm", fan.rpm, "lid", ec.lid).
+    template <class Value, class... More>
+    void Members(std::string_view name, Value& value, More&&... more) {
+        Member(name, value);
+        if constexpr (sizeof...(more) != 0) {
+            Members(std::forward<More>(more)...);
+        }
+    }
 
     bool Flag(std::string_view name, bool& flag);
     bool Real(std::string_view name, double& number, double low, double high,
@@ -146,6 +156,26 @@ public:
     void Fail(std::string_view name, const std::string& expected);
 
 private:
+    void Member(std::string_view name, bool& flag) { Flag(name, flag); }
+
+    void Member(std::string_view name, std::string& text) { String(name, text); }
+
+    void Member(std::string_view name, std::u16string& text) { String(name, text); }
+
+    template <std::unsigned_integral Integer>
+    void Member(std::string_view name, Integer& number) {
+        Number(name, number);
+    }
+
+    /// There when the member is.
+    template <class Value>
+    void Member(std::string_view name, std::optional<Value>& value) {
+        if (Value read{}; Has(name)) {
+            Member(name, read);
+            value = std::move(read);
+        }
+    }
+
     using Rule = std::function<bool(const nlohmann::json&)>;
 
     ProfileReader(const nlohmann::json& object, std::string pointer, ProfileIssues& issues)

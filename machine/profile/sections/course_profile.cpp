@@ -47,8 +47,7 @@ void ReadFanCourse(ProfileReader& reader, FanCourse& fan) {
 }
 
 void ReadPackagePower(ProfileReader& reader, PackagePowerCourse& power) {
-    reader.Number("idle", power.idle);
-    reader.Number("busy", power.busy);
+    reader.Members("idle", power.idle, "busy", power.busy);
 }
 
 void ReadBatteryCourse(ProfileReader& reader, BatteryCourse& battery) {

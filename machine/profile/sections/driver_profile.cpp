@@ -5,10 +5,8 @@
 namespace machine {
 
 void ReadDriver(ProfileReader& reader, DriverProfile& driver) {
-    reader.Flag("present", driver.present);
+    reader.Members("present", driver.present, "version", driver.version, "ref_count", driver.refCount);
     reader.Choice("held_by_other", {"no", "shared", "alone"}, driver.heldBy);
-    reader.Number("version", driver.version);
-    reader.Number("ref_count", driver.refCount);
 }
 
 void ReadProcessor(ProfileReader& reader, ProcessorProfile& processor) {
@@ -17,15 +15,11 @@ void ReadProcessor(ProfileReader& reader, ProcessorProfile& processor) {
         std::uint32_t number = 0;
         CpuIdLeaf leaf{};
         row.Number("leaf", number, Presence::Required);
-        row.Number("eax", leaf.eax);
-        row.Number("ebx", leaf.ebx);
-        row.Number("ecx", leaf.ecx);
-        row.Number("edx", leaf.edx);
+        row.Members("eax", leaf.eax, "ebx", leaf.ebx, "ecx", leaf.ecx, "edx", leaf.edx);
         processor.leaves[number] = leaf;
     });
-    reader.Number("package_power", processor.packagePower);
-    reader.Number("power_limit_1", processor.powerLimit1);
-    reader.Number("power_limit_2", processor.powerLimit2);
+    reader.Members("package_power", processor.packagePower, "power_limit_1", processor.powerLimit1,
+                   "power_limit_2", processor.powerLimit2);
 }
 
 } // namespace machine

@@ -13,33 +13,26 @@ namespace {
 constexpr double MostVolts = 65.535;
 
 void ReadTemperatures(ProfileReader& reader, EcTemperatures& degrees) {
-    reader.Number("cpu", degrees.cpu);
-    reader.Number("board_left", degrees.boardLeft);
-    reader.Number("board_right", degrees.boardRight);
-    reader.Number("gpu_left", degrees.gpuLeft);
-    reader.Number("gpu_right", degrees.gpuRight);
+    reader.Members("cpu", degrees.cpu, "board_left", degrees.boardLeft, "board_right", degrees.boardRight);
+    reader.Members("gpu_left", degrees.gpuLeft, "gpu_right", degrees.gpuRight);
 }
 
 void ReadChannel(ProfileReader& reader, EcSensorChannel& channel) {
-    reader.Number("degrees", channel.degrees);
-    reader.Flag("valid", channel.valid);
+    reader.Members("degrees", channel.degrees, "valid", channel.valid);
 }
 
 void ReadSensors(ProfileReader& reader, EcSensors& sensors) {
     constexpr std::string_view Names[] = {"battery_connector", "ac_fet",    "charger_choke",
                                           "gpu_vrm",           "upper_cpu", "gpu_vram"};
-    reader.Flag("ready", sensors.ready);
-    reader.Flag("device_1_present", sensors.devicePresent[0]);
-    reader.Flag("device_2_present", sensors.devicePresent[1]);
+    reader.Members("ready", sensors.ready, "device_1_present", sensors.devicePresent[0], "device_2_present",
+                   sensors.devicePresent[1]);
     for (std::size_t index = 0; index < sensors.channels.size(); ++index) {
         reader.Object(Names[index], sensors.channels[index], ReadChannel);
     }
 }
 
 void ReadFan(ProfileReader& reader, EcFanSpeed& fan) {
-    reader.Number("rpm", fan.rpm);
-    reader.Number("ready_after", fan.readyAfter);
-    reader.Flag("never_ready", fan.neverReady);
+    reader.Members("rpm", fan.rpm, "ready_after", fan.readyAfter, "never_ready", fan.neverReady);
 }
 
 /// "2017-10-28", with any month and day that the packed form of the battery can hold.
@@ -63,7 +56,6 @@ void ReadPack(ProfileReader& reader, EcBattery& battery) {
     reader.Real("package_voltage", battery.packageVolts, 0, MostVolts);
     reader.Real("current", battery.amperes, -32.768, 32.767);
     reader.Real("temperature", battery.degrees, -273.15, 6000);
-    reader.Number("cycle_count", battery.cycles);
     std::vector<double> cells;
     reader.Reals("cell_voltages", cells, 0, MostVolts);
     if (cells.size() > battery.cellVolts.size()) {
@@ -83,25 +75,22 @@ void ReadPack(ProfileReader& reader, EcBattery& battery) {
                   {"a string of at most 10 bytes", [](const std::string& text) {
                        return text.size() <= MostLetters;
                    }});
-    reader.Number("bus_busy_polls", battery.busyPolls);
-    reader.Flag("bus_busy_for_ever", battery.busyForEver);
+    reader.Members("cycle_count", battery.cycles, "bus_busy_polls", battery.busyPolls, "bus_busy_for_ever",
+                   battery.busyForEver);
 }
 
 void ReadEcFault(ProfileReader& reader, EcFault& fault) {
     reader.Number("command", fault.command, Presence::Required);
-    reader.Number("use", fault.use);
     reader.Number("status", fault.status, {1, 0xFFFFFFFF}, Presence::Required);
-    reader.Number("byte", fault.byte);
+    reader.Members("use", fault.use, "byte", fault.byte);
 }
 
 } // namespace
 
 void ReadEc(ProfileReader& reader, EcProfile& ec) {
     reader.String("revision", ec.revision, Presence::Required, PrintableAscii(2));
-    reader.Number("chip_id", ec.chipId);
     reader.String("chip_name", ec.chipName, Presence::Required, PrintableAscii(4));
-    reader.Number("tablet_mode", ec.tabletMode);
-    reader.Number("lid", ec.lid);
+    reader.Members("chip_id", ec.chipId, "tablet_mode", ec.tabletMode, "lid", ec.lid);
     reader.Object("temperatures", ec.temperatures, ReadTemperatures);
     reader.Object("sensors", ec.sensors, ReadSensors);
     reader.Objects("fans", ec.fans, ReadFan);

@@ -29,8 +29,7 @@ void ReadRecord(ProfileReader& reader, LogRecord& record) {
         // A firmware may claim another length than the payload has.
         auto length = static_cast<std::uint8_t>(std::min<std::size_t>(payload.size(), 0xFF));
         std::uint8_t kind = 0x10;
-        reader.Number("length", length);
-        reader.Number("kind", kind);
+        reader.Members("length", length, "kind", kind);
         record.bytes = {std::byte{0x5A}, std::byte{0xA5}};
         for (const Bytes& part : {stamp, Bytes{std::byte{length}, std::byte{kind}}, source, payload}) {
             record.bytes.insert(record.bytes.end(), part.begin(), part.end());
@@ -44,8 +43,7 @@ void ReadRecord(ProfileReader& reader, LogRecord& record) {
 }
 
 void ReadAcpiFault(ProfileReader& reader, AcpiFault& fault) {
-    reader.Number("use", fault.use);
-    reader.Number("error", fault.error);
+    reader.Members("use", fault.use, "error", fault.error);
     if (std::uint32_t size = 0; reader.Number("reply_size", size, {0, MostReplyBytes})) {
         fault.replySize = size;
     }
@@ -75,33 +73,27 @@ void ReadVariable(ProfileReader& reader, FirmwareVariable& variable) {
     std::size_t size = 0;
     std::uint8_t fill = 0;
     reader.String("name", variable.name, Presence::Required);
-    reader.String("guid", variable.guid);
-    reader.Number("fill", fill);
+    reader.Members("guid", variable.guid, "fill", fill, "read_only", variable.readOnly);
     if (!reader.Number("size", size, {1, LargestVariable}, Presence::Required)) {
         size = LargestVariable; // its fields are checked all the same
     }
     variable.data.assign(size, std::byte{fill});
     reader.Objects("fields", [&](ProfileReader& field) { ReadField(field, variable.data); });
-    reader.Flag("read_only", variable.readOnly);
 }
 
 void ReadFeature(ProfileReader& reader, FeatureProfile& feature) {
-    reader.Flag("supported", feature.supported);
-    reader.Number("setting", feature.setting);
-    reader.Number("result", feature.result);
+    reader.Members("supported", feature.supported, "setting", feature.setting, "result", feature.result);
 }
 
 } // namespace
 
 void ReadAcpi(ProfileReader& reader, AcpiProfile& acpi) {
-    reader.Flag("present", acpi.present);
-    reader.Number("store_version", acpi.storeVersion);
+    reader.Members("present", acpi.present, "store_version", acpi.storeVersion, "p_sensor", acpi.pSensor);
     reader.Numbers("registers", acpi.registers, {0, 0xFFFFFFFF});
     acpi.registerCount = static_cast<std::uint32_t>(acpi.registers.size());
     reader.Number("register_count", acpi.registerCount);
     reader.Objects("log", acpi.log, ReadRecord);
     reader.Choice("log_end", {"starts again", "stays at its end", "never ends"}, acpi.logEnd);
-    reader.Number("p_sensor", acpi.pSensor);
     reader.Objects("faults", acpi.faults, ReadAcpiFault);
 }
 

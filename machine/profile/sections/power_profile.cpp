@@ -5,13 +5,10 @@
 namespace machine {
 
 void ReadBattery(ProfileReader& reader, BatteryProfile& battery) {
-    reader.Number("tag", battery.tag);
-    reader.Flag("system_battery", battery.systemBattery);
-    reader.Number("designed_capacity", battery.designedCapacity);
-    reader.Number("full_charged_capacity", battery.fullChargedCapacity);
-    reader.Number("cycle_count", battery.cycleCount);
-    reader.Number("capacity", battery.capacity);
-    reader.Number("voltage", battery.voltage);
+    reader.Members("tag", battery.tag, "system_battery", battery.systemBattery, "voltage", battery.voltage);
+    reader.Members("designed_capacity", battery.designedCapacity, "full_charged_capacity",
+                   battery.fullChargedCapacity, "capacity", battery.capacity, "cycle_count",
+                   battery.cycleCount);
 }
 
 void ReadSystemPower(ProfileReader& reader, SystemPowerProfile& power) {
@@ -21,9 +18,7 @@ void ReadSystemPower(ProfileReader& reader, SystemPowerProfile& power) {
     reader.Real("kernel_share", power.kernelShare, 0, 1);
     reader.Objects("samples", [&](ProfileReader& row) {
         SystemTimesSample& sample = power.samples.emplace_back();
-        row.Number("idle", sample.idle);
-        row.Number("kernel", sample.kernel);
-        row.Number("user", sample.user);
+        row.Members("idle", sample.idle, "kernel", sample.kernel, "user", sample.user);
     });
     if (std::size_t line = 0; reader.Choice("running_on", {"battery", "ac", "unknown"}, line)) {
         power.acLine = LineStates[line];

@@ -118,16 +118,13 @@ void ReadInterface(ProfileReader& reader, WifiInterface& interface) {
                    "discovering", "authenticating"},
                   interface.state);
     reader.Object("connection", interface.connection, ReadConnection);
-    if (std::uint32_t channel = 0; reader.Number("channel", channel)) {
-        interface.channel = channel;
-    }
+    reader.Members("channel", interface.channel);
     reader.Objects("access_points", interface.accessPoints, ReadAccessPoint);
 }
 
 void ReadPeer(ProfileReader& reader, BluetoothPeer& peer) {
-    reader.String("name", peer.name);
+    reader.Members("name", peer.name, "connected", peer.connected);
     reader.Number("class", peer.classOfDevice, {0, 0xFFFFFF}, Required);
-    reader.Flag("connected", peer.connected);
 }
 
 void ReadRadio(ProfileReader& reader, BluetoothRadio& radio) {

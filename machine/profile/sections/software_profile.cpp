@@ -54,26 +54,21 @@ std::u16string UsualManifest(const std::u16string& displayName) {
 
 void ReadPackage(ProfileReader& reader, PackageProfile& package, RegistryProfile& registry) {
     reader.String("full_name", package.fullName, Presence::Required);
-    reader.Flag("installed", package.installed);
     package.folder = u"C:\\Program Files\\WindowsApps\\" + package.fullName;
-    reader.String("folder", package.folder);
-    std::u16string text;
-    if (reader.String("manifest", text)) {
-        package.manifest = text;
-    }
-    if (reader.String("display_name", text)) {
+    bool inStore = true;
+    reader.Members("folder", package.folder, "installed", package.installed, "in_store", inStore, "manifest",
+                   package.manifest);
+    if (std::u16string name; reader.String("display_name", name)) {
         if (package.manifest) {
             reader.Fail("manifest", "either this or \"display_name\"");
         }
-        package.manifest = UsualManifest(text);
+        package.manifest = UsualManifest(name);
     }
     reader.Object("resources", [&](ProfileReader& resources) {
         for (const std::string& reference : resources.Names()) {
             resources.String(reference, package.resources[WideFromUtf8(reference)]);
         }
     });
-    bool inStore = true;
-    reader.Flag("in_store", inStore);
     if (inStore) {
         registry.keys.push_back(StoreKey + package.fullName);
     }

@@ -38,9 +38,7 @@ std::optional<std::int64_t> DateOf(const std::string& text) {
 }
 
 void ReadVersion(ProfileReader& reader, OsVersionProfile& version) {
-    reader.Number("major", version.major);
-    reader.Number("minor", version.minor);
-    reader.Number("build", version.build);
+    reader.Members("major", version.major, "minor", version.minor, "build", version.build);
 }
 
 void ReadAdapter(ProfileReader& reader, AdapterProfile& adapter) {
@@ -52,12 +50,6 @@ void ReadAdapter(ProfileReader& reader, AdapterProfile& adapter) {
     adapter.type = Types[type];
 }
 
-void ReadOptional(ProfileReader& reader, std::string_view name, std::optional<std::u16string>& text) {
-    if (std::u16string read; reader.String(name, read)) {
-        text = std::move(read);
-    }
-}
-
 } // namespace
 
 void ReadSystem(ProfileReader& reader, SystemProfile& system) {
@@ -66,14 +58,11 @@ void ReadSystem(ProfileReader& reader, SystemProfile& system) {
     double offset = 0;
     constexpr double Day = 24 * 60;
     reader.Object("version", *system.version, ReadVersion);
-    reader.Flag("has_version", hasVersion);
+    reader.Members("has_version", hasVersion, "has_wldp", system.hasWldp, "has_lockdown_query",
+                   system.hasLockdownQuery, "lockdown_mode", system.lockdownMode, "country", system.country);
     if (!hasVersion) {
         system.version.reset();
     }
-    reader.Flag("has_wldp", system.hasWldp);
-    reader.Flag("has_lockdown_query", system.hasLockdownQuery);
-    reader.Number("lockdown_mode", system.lockdownMode);
-    reader.String("country", system.country);
     if (reader.String("date", date, Presence::Optional,
                       {"a date and time in UTC like \"2024-05-17T08:30:00\"", [](const std::string& text) {
                            return DateOf(text).has_value();
@@ -98,9 +87,8 @@ void ReadNetwork(ProfileReader& reader, NetworkProfile& network) {
 
 void ReadDeviceNode(ProfileReader& reader, DeviceNodeProfile& device, RegistryProfile& registry) {
     reader.String("id", device.id, Presence::Required);
-    reader.Flag("present", device.present);
-    ReadOptional(reader, "description", device.description);
-    ReadOptional(reader, "driver_key", device.driverKey);
+    reader.Members("present", device.present, "description", device.description, "driver_key",
+                   device.driverKey);
     if (std::u16string version; reader.String("driver_version", version)) {
         registry.AddString(u"HKLM\\SYSTEM\\ControlSet001\\Control\\Class\\" + device.driverKey.value_or(u""),
                            u"DriverVersion", version);
