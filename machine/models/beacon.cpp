@@ -15,7 +15,7 @@ constexpr std::uint8_t HtOperation = 61;
 constexpr std::uint8_t VhtCapabilities = 191;
 constexpr std::uint8_t VhtOperation = 192;
 constexpr std::uint8_t Extension = 255;
-constexpr std::uint8_t HeCapabilities = 35; // behind Extension
+constexpr std::uint8_t HeCapabilities = 35; // after Extension
 
 using Bytes = std::vector<std::byte>;
 

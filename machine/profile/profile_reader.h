@@ -21,7 +21,7 @@ namespace machine {
 struct ProfileIssue {
     std::string pointer; // empty: the whole document
     std::string message;
-    std::vector<std::string> knownNames{}; // for an unknown name: what it may have been meant to be
+    std::vector<std::string> knownNames{}; // for an unknown name: the names that the object may have
     std::optional<std::size_t> byte{};     // where the document stops being JSON, instead of a pointer
 };
 
@@ -33,7 +33,7 @@ std::string PointerPart(std::string_view name);
 /// Bytes from pairs of hexadecimal digits with blanks between them; nothing for another string.
 std::optional<std::vector<std::byte>> BytesFromHex(std::string_view text);
 
-/// Whether an object may lack a member. What it lacks keeps its default.
+/// Whether an object may lack a member, whose value is then the default.
 enum class Presence : std::uint8_t { Optional, Required };
 
 /// The range of a whole number.
@@ -52,7 +52,7 @@ struct StringRule {
 StringRule PrintableAscii(std::size_t length);
 
 /// One JSON object of a profile. Each function reads one member: it returns true when the member is there and
-/// right. A wrong member, and a required one that is missing, becomes an issue; the value keeps its default, and
+/// right. A wrong member, and a required one that is missing, becomes an issue; the value stays the default, and
 /// reading goes on. Every name that is asked for is known to the grammar; all others are issues too.
 class ProfileReader {
 public:
@@ -184,7 +184,7 @@ private:
     /// The value of a member that follows a rule; null for every other, which becomes an issue.
     const nlohmann::json* Right(std::string_view name, const std::string& expected, Presence presence,
                                 const Rule& rule);
-    /// Hands over the elements of a list that follow a rule. The others become issues.
+    /// Passes on the elements of a list that follow a rule. The others become issues.
     bool Elements(std::string_view name, const std::string& expected, Presence presence, const Rule& rule,
                   const std::function<void(const nlohmann::json&)>& take);
     std::optional<std::uint64_t> WholeNumber(std::string_view name, Limits limits, Presence presence);

@@ -78,7 +78,7 @@ std::string MissingIn(const std::string& store) {
     return Missing(OpenStorage(SomeProfile(), store));
 }
 
-/// Runs `body` in a process of its own and returns its status, as waitpid reports it.
+/// Runs `body` in a child process and returns its status, as waitpid reports it.
 int InChild(const std::function<void()>& body) {
     const pid_t child = ::fork();
     if (child == 0) {

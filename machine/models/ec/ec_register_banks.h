@@ -1,4 +1,4 @@
-// The registers that the EC's firmware shows, with the signals it puts there.
+// The registers of the EC's firmware with their contents.
 #pragma once
 
 #include "machine/profile/sections/ec_profile.h"

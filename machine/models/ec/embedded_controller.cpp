@@ -5,7 +5,7 @@
 namespace machine {
 namespace {
 
-// The firmware's own command set.
+// Commands that every generation has.
 constexpr std::uint8_t CommandModeQuery = 0x8E;
 constexpr std::uint8_t CommandIdentityRead = 0xBB;
 

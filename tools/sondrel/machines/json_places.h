@@ -32,7 +32,7 @@ public:
     /// Where the member or element at this JSON pointer begins, with its name if it has one. Of a name that an object
     /// has twice the second counts, as it does for the value.
     [[nodiscard]] TextPlace Of(const std::string& pointer) const;
-    /// The value's own bytes.
+    /// The bytes of the value.
     [[nodiscard]] ByteRange ValueOf(const std::string& pointer) const;
 
 private:
