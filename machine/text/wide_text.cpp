@@ -15,13 +15,14 @@ std::basic_string<To> Convert(std::basic_string_view<From> text, To replacement,
     const From* in = text.data();
     const From* const end = in + text.size();
     To* out = converted.data();
-    while (in != end) {
+    while (true) {
         std::mbstate_t state{};
         (facet.*step)(state, in, end, in, out, converted.data() + converted.size(), out);
-        if (in != end) {
-            ++in;
-            *out++ = replacement;
+        if (in == end) {
+            break;
         }
+        ++in;
+        *out++ = replacement;
     }
     converted.resize(static_cast<std::size_t>(out - converted.data()));
     return converted;

@@ -54,7 +54,8 @@ void ReadField(ProfileReader& reader, Bytes& variable) {
     std::size_t offset = 0;
     Bytes field;
     reader.Number("at", offset, {0, LargestVariable}, Presence::Required);
-    if (std::string text; reader.Has("text")) {
+    if (reader.Has("text")) {
+        std::string text;
         reader.String("text", text);
         const auto bytes = std::as_bytes(std::span(text));
         field.assign(bytes.begin(), bytes.end());
