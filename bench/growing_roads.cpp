@@ -37,8 +37,8 @@ auto With(Add add) {
 
 void AddApplication(Profile& profile, std::size_t item) {
     const std::u16string key = UninstallKey + Numbered("{application}", item);
-    const auto value = [&](const char16_t* name, std::u16string text) {
-        profile.registry.values.push_back({key, name, 1, machine::TextData(std::move(text))});
+    const auto value = [&](const char16_t* name, const std::u16string& text) {
+        profile.registry.AddString(key, name, text);
     };
     value(u"DisplayName", Numbered("A usual application ", item));
     value(u"DisplayVersion", Numbered("1.0.", item));

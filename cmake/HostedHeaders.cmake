@@ -13,4 +13,3 @@ endfunction()
 
 add_hosted_headers(nlohmann_json nlohmann)
 add_hosted_headers(cli11 CLI)
-add_hosted_headers(valijson valijson)

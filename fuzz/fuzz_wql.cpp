@@ -1,5 +1,5 @@
-// Queries of any text: one that is understood means the same when it is written out again, and no query makes
-// the service or the library stumble.
+// Queries of any text: a query that is accepted means the same when it is written again, and no query makes the
+// service or the library fail.
 #include "harness.h"
 
 #include "machine/models/wmi/wql.h"

@@ -1,7 +1,7 @@
 // A machine whose storage is a file, and the default one.
 #include "machine/machine.h"
 #include "machine/models/storage/open_storage.h"
-#include "machine/models/storage/store_error.h"
+#include "machine/models/storage/store.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -16,15 +16,22 @@ void Start(Profile profile, const std::string& storePath) {
     Start(std::move(profile), std::move(storage));
 }
 
-/// Without a directory for its state the machine forgets it at the end, and says so once.
+/// If its state has no place, the machine forgets it at the end; if its state cannot be read, whatever is stored fails
+/// instead of being absent. Either is reported once.
 void StartDefault() {
     Profile profile = LoadProfile(BuiltInMachines().front());
     try {
         const std::string path = DefaultStorePath(profile);
         Start(profile, path);
     } catch (const StoreError& problem) {
-        std::cerr << "simulated machine: " << problem.what() << "; its state is not kept\n";
-        Start(std::move(profile), ":memory:");
+        std::cerr << "simulated machine: " << problem.what()
+                  << (problem.IsDamage() ? "; its registry, files and firmware variables fail\n"
+                                         : "; its state is not saved\n");
+        Storage storage = OpenStorage(profile, ":memory:");
+        if (problem.IsDamage()) {
+            storage.store->FailFromNowOn();
+        }
+        Start(std::move(profile), std::move(storage));
     }
 }
 

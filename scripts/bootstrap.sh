@@ -10,17 +10,17 @@ set -eu
 packages_of() {
     case $1 in
     native)
-        echo "g++ make cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev libvalijson-dev" \
-            "libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3" \
+        echo "g++ make cmake ninja-build libsqlite3-dev libexpat1-dev nlohmann-json3-dev" \
+            "libcli11-dev libvalijson-dev libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3" \
             "chromium-headless-shell fonts-dejavu-core"
         ;;
     windows)
-        echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev libvalijson-dev" \
+        echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
             "g++-mingw-w64-x86-64-posix googletest wine wine64 pkgconf"
         ;;
     fuzz)
-        echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev" \
-            "libvalijson-dev"
+        echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev libexpat1-dev nlohmann-json3-dev" \
+            "libcli11-dev"
         ;;
     lint)
         echo "clang clang-format clang-tidy cppcheck shellcheck doxygen"

@@ -12,9 +12,9 @@ constexpr std::uint32_t EvaluateMethod = 0x22 << 16 | 0x903 << 2;
 
 constexpr std::uint32_t EventStoreId = 393305;
 constexpr std::uint32_t PSensorId = 393320;
-constexpr std::uint32_t UnknownId = 0xFFFFFFFE; // what this firmware answers to what it does not know
+constexpr std::uint32_t UnknownId = 0xFFFFFFFE; // this firmware's answer to an id that it does not know
 
-constexpr std::size_t ReplyRoom = 1024;
+constexpr std::size_t ReplySize = 1024;
 
 constexpr platform::SystemError UnknownRequest = 1;
 
@@ -24,11 +24,11 @@ platform::SystemError AcpiFirmware::Open(std::uint32_t, std::uint32_t) {
     return m_profile.present ? platform::error::Success : platform::error::FileNotFound;
 }
 
-ControlAnswer AcpiFirmware::Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) {
+ControlAnswer AcpiFirmware::Control(std::uint32_t code, std::span<const std::byte> in, std::size_t outSize) {
     if (code != EvaluateMethod) {
         return {UnknownRequest, {}};
     }
-    if (room < ReplyRoom) {
+    if (outSize < ReplySize) {
         return {platform::error::InsufficientBuffer, {}};
     }
     const AcpiFault fault = FaultOf(++m_requests);
@@ -95,18 +95,14 @@ ControlAnswer AcpiFirmware::NextRecord() {
         return Words({0});
     }
     const LogRecord& record = m_profile.log[m_record];
-    if (++m_given == record.times) {
-        m_given = 0;
+    if (++m_returned == record.times) {
+        m_returned = 0;
         ++m_record;
         if (m_record == m_profile.log.size() && m_profile.logEnd == LogEnd::NeverEnds) {
             m_record = 0;
         }
     }
-    ControlAnswer answer;
-    for (const std::uint8_t byte : record.bytes) {
-        answer.bytes.push_back(std::byte{byte});
-    }
-    return answer;
+    return {platform::error::Success, record.bytes};
 }
 
 } // namespace machine

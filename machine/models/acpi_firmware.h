@@ -1,15 +1,15 @@
-// The pass-through device ZRNACPI, with the part of the firmware that answers behind it.
+// The pass-through device ZRNACPI with the part of the firmware that implements it.
 #pragma once
 
 #include "machine/models/device.h"
-#include "machine/profile/acpi_profile.h"
+#include "machine/profile/sections/firmware_profile.h"
 
 #include <utility>
 
 namespace machine {
 
-/// The firmware walks its event log itself: a request for the next record gets the one behind the last that was
-/// given, whoever asked for that.
+/// The firmware has one place in its event log: a request for the next record gets the one after the last that was
+/// returned, to any caller.
 class AcpiFirmware final : public Device {
 public:
     explicit AcpiFirmware(AcpiProfile profile) : m_profile(std::move(profile)) {}
@@ -18,7 +18,7 @@ public:
 
     void Close() override {}
 
-    ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) override;
+    ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t outSize) override;
 
 private:
     [[nodiscard]] AcpiFault FaultOf(std::uint32_t request) const;
@@ -29,7 +29,7 @@ private:
     AcpiProfile m_profile;
     std::uint32_t m_requests = 0;
     std::size_t m_record = 0;
-    std::uint32_t m_given = 0; // how often the present record has been given
+    std::uint32_t m_returned = 0; // how often the present record has been returned
 };
 
 } // namespace machine

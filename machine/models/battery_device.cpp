@@ -37,26 +37,26 @@ platform::SystemError BatteryDevice::Open(std::uint32_t access, std::uint32_t sh
 
 void BatteryDevice::Close() {}
 
-ControlAnswer BatteryDevice::Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) {
+ControlAnswer BatteryDevice::Control(std::uint32_t code, std::span<const std::byte> in, std::size_t outSize) {
     switch (code) {
     case RequestTag:
-        if (in.size() != 4 || room < 4) {
+        if (in.size() != 4 || outSize < 4) {
             return {BadLength};
         }
         return m_profile.tag == 0 ? ControlAnswer{NoSuchBattery} : Words({m_profile.tag});
     case RequestInformation:
-        return Information(in, room);
+        return Information(in, outSize);
     case RequestStatus:
-        return Status(in, room);
+        return Status(in, outSize);
     default:
         return {InvalidFunction};
     }
 }
 
-ControlAnswer BatteryDevice::Information(std::span<const std::byte> in, std::size_t room) const {
-    constexpr std::size_t QuestionSize = 12;
+ControlAnswer BatteryDevice::Information(std::span<const std::byte> in, std::size_t outSize) const {
+    constexpr std::size_t RequestSize = 12;
     constexpr std::size_t AnswerSize = 36;
-    if (in.size() != QuestionSize || room < AnswerSize) {
+    if (in.size() != RequestSize || outSize < AnswerSize) {
         return {BadLength};
     }
     if (WordAt(in, 0) != m_profile.tag) {
@@ -76,10 +76,10 @@ ControlAnswer BatteryDevice::Information(std::span<const std::byte> in, std::siz
                   m_profile.fullChargedCapacity / 10, 0, m_profile.cycleCount});
 }
 
-ControlAnswer BatteryDevice::Status(std::span<const std::byte> in, std::size_t room) const {
-    constexpr std::size_t QuestionSize = 20;
+ControlAnswer BatteryDevice::Status(std::span<const std::byte> in, std::size_t outSize) const {
+    constexpr std::size_t RequestSize = 20;
     constexpr std::size_t AnswerSize = 16;
-    if (in.size() != QuestionSize || room < AnswerSize) {
+    if (in.size() != RequestSize || outSize < AnswerSize) {
         return {BadLength};
     }
     if (WordAt(in, 0) != m_profile.tag) {

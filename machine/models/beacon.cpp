@@ -15,7 +15,7 @@ constexpr std::uint8_t HtOperation = 61;
 constexpr std::uint8_t VhtCapabilities = 191;
 constexpr std::uint8_t VhtOperation = 192;
 constexpr std::uint8_t Extension = 255;
-constexpr std::uint8_t HeCapabilities = 35; // behind Extension
+constexpr std::uint8_t HeCapabilities = 35; // after Extension
 
 using Bytes = std::vector<std::byte>;
 
@@ -71,7 +71,7 @@ void AddHtCapabilities(Bytes& elements, const HtStation& ht) {
 void AddHtOperation(Bytes& elements, const Beacon& beacon) {
     constexpr std::uint8_t SecondaryAbove = 0x01;
     constexpr std::uint8_t AnyWidth = 0x04;
-    const std::uint8_t widths = beacon.ht.forty ? SecondaryAbove | AnyWidth : 0;
+    const std::uint8_t widths = beacon.ht->forty ? SecondaryAbove | AnyWidth : 0;
     Element(elements, HtOperation).Add({beacon.channel, widths}).Zeros(4 + 16);
 }
 
@@ -103,7 +103,7 @@ void AddVhtCapabilities(Bytes& elements, const VhtStation& vht) {
 void AddVhtOperation(Bytes& elements, const Beacon& beacon) {
     const auto centre = static_cast<std::uint8_t>(beacon.channel + 6);
     Element(elements, VhtOperation)
-        .Add({static_cast<std::uint8_t>(beacon.vht.width), centre, 0})
+        .Add({static_cast<std::uint8_t>(beacon.vht->width), centre, 0})
         .Add(0xFFFC, 2);
 }
 
@@ -126,16 +126,16 @@ std::vector<std::byte> EncodeElements(const Beacon& beacon) {
     // 6 to 54 Mbit/s, the basic ones marked.
     Element(elements, SupportedRates).Add({0x8C, 0x12, 0x98, 0x24, 0xB0, 0x48, 0x60, 0x6C});
     Element(elements, DsParameterSet).Add({beacon.channel});
-    if (beacon.ht.present) {
-        AddHtCapabilities(elements, beacon.ht);
+    if (beacon.ht) {
+        AddHtCapabilities(elements, *beacon.ht);
         AddHtOperation(elements, beacon);
     }
-    if (beacon.vht.present) {
-        AddVhtCapabilities(elements, beacon.vht);
+    if (beacon.vht) {
+        AddVhtCapabilities(elements, *beacon.vht);
         AddVhtOperation(elements, beacon);
     }
-    if (beacon.he.present) {
-        AddHeCapabilities(elements, beacon.he);
+    if (beacon.he) {
+        AddHeCapabilities(elements, *beacon.he);
     }
     return elements;
 }

@@ -8,7 +8,7 @@
 namespace machine {
 namespace {
 
-/// Under which the firmware keeps what no operating system asks for.
+/// Of the variables that the firmware has for itself.
 constexpr const char16_t* PrivateGuid = u"{00000000-0000-0000-0000-000000000000}";
 
 constexpr std::uint32_t BatteryHealthId = 0x00120057;
@@ -23,7 +23,7 @@ WmiMethodAnswer Output(std::u16string name, std::uint32_t number) {
     return answer;
 }
 
-/// The firmware's class takes unsigned numbers; one that was not put is 0.
+/// The firmware's class takes unsigned numbers; a missing one is 0.
 std::uint32_t ArgumentOf(const WmiArguments& in, const std::u16string& name) {
     const auto found = in.find(name);
     return found == in.end() ? 0 : found->second;
@@ -63,7 +63,7 @@ WmiMethodAnswer FirmwareFeatures::Status(const FeatureProfile* feature) {
     if (feature == nullptr || !feature->supported) {
         return Output(u"device_status", Absent);
     }
-    const bool on = feature->tellsSetting && SettingOf(*feature) != 0;
+    const bool on = feature->reportsSetting && SettingOf(*feature) != 0;
     return Output(u"device_status", on ? Present + 1 : Present);
 }
 
@@ -80,8 +80,9 @@ WmiMethodAnswer FirmwareFeatures::Control(const FeatureProfile* feature, const W
 
 std::uint32_t FirmwareFeatures::SettingOf(const FeatureProfile& feature) {
     std::uint32_t setting = feature.setting;
-    if (const auto kept = m_store.Get(PrivateGuid, feature.name); kept && kept->size() == sizeof setting) {
-        std::memcpy(&setting, kept->data(), sizeof setting);
+    if (const auto stored = m_store.Get(PrivateGuid, feature.name);
+        stored && stored->size() == sizeof setting) {
+        std::memcpy(&setting, stored->data(), sizeof setting);
     }
     return setting;
 }

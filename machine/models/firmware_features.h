@@ -1,9 +1,9 @@
-// The firmware's features, behind the methods of its WMI class. What is set survives the process.
+// The firmware's features, which implement the methods of its WMI class. Settings are persistent.
 #pragma once
 
 #include "machine/models/storage/firmware_variable_store.h"
 #include "machine/models/wmi/wmi_repository.h"
-#include "machine/profile/firmware_features_profile.h"
+#include "machine/profile/sections/firmware_profile.h"
 
 #include <utility>
 
@@ -20,7 +20,7 @@ public:
     WmiMethodAnswer Execute(std::u16string_view instance, std::u16string_view method,
                             const WmiArguments& in) override;
 
-    /// A feature's setting, as the firmware keeps it.
+    /// A feature's persistent setting.
     std::uint32_t SettingOf(const FeatureProfile& feature);
 
     [[nodiscard]] const FirmwareFeaturesProfile& Profile() const { return m_profile; }

@@ -15,7 +15,7 @@ double SecondsOf(std::chrono::microseconds time) {
     return std::chrono::duration<double>(time).count();
 }
 
-/// The share of the way to its goal that something with this inertia makes in one step.
+/// The share of the distance to its goal that something with this time constant covers in one step.
 double StepShare(double seconds) {
     return 1 - std::exp(-StepSeconds / seconds);
 }
@@ -36,7 +36,7 @@ std::uint8_t WholeDegrees(double degrees) {
     return static_cast<std::uint8_t>(std::clamp(std::lround(degrees), 0L, 255L));
 }
 
-/// Where the EC measures each part, the battery apart.
+/// The EC's temperatures of the parts, without the battery.
 std::array<std::uint8_t*, WarmedPartCount - 1> Thermometers(EcProfile& ec) {
     EcTemperatures& plain = ec.temperatures;
     std::array<std::uint8_t*, WarmedPartCount - 1> places{&plain.cpu, &plain.boardLeft, &plain.boardRight,
@@ -151,12 +151,12 @@ void MachineCourse::StepBattery(double load) {
     m_batteryWatts = (m_joules - before) / StepSeconds;
 }
 
-/// What goes into the battery unless it is full.
+/// The power into the battery unless it is full.
 double MachineCourse::BatteryWatts(double load, std::chrono::microseconds now) const {
     const BatteryCourse& battery = *m_course.battery;
     constexpr std::uint8_t OnAc = 1;
-    const double given = AcLine(now) == OnAc ? battery.chargerWatts : 0;
-    return given - std::lerp(battery.idleWatts, battery.busyWatts, load);
+    const double charger = AcLine(now) == OnAc ? battery.chargerWatts : 0;
+    return charger - std::lerp(battery.idleWatts, battery.busyWatts, load);
 }
 
 double MachineCourse::FanShare() const {

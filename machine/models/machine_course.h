@@ -1,10 +1,9 @@
-// The small physical model behind a profile's course: how load, heat, fans and charge follow from each other.
+// The small physical model of a profile's course: how load, heat, fans and charge follow from each other.
 #pragma once
 
-#include "machine/profile/battery_profile.h"
-#include "machine/profile/course_profile.h"
-#include "machine/profile/ec_profile.h"
-#include "machine/profile/system_power_profile.h"
+#include "machine/profile/sections/course_profile.h"
+#include "machine/profile/sections/ec_profile.h"
+#include "machine/profile/sections/power_profile.h"
 
 #include <array>
 #include <chrono>
@@ -30,8 +29,8 @@ private:
     double m_busyInPeriod = 0;
 };
 
-/// The state of everything that has an inertia, moved in equal steps of the machine's time: what a reading gives
-/// depends on when it is made, never on what was read before.
+/// The state of everything that has an inertia, advanced in equal steps of the machine's time: a reading depends on
+/// its time, never on earlier readings.
 class MachineCourse {
 public:
     MachineCourse(const CourseProfile& course, const EcProfile& ec, const SystemPowerProfile& power,
@@ -40,7 +39,7 @@ public:
     /// True when there has been a step since the last time. The first time counts as one.
     bool MoveTo(std::chrono::microseconds now);
 
-    // What is measured now, put in the place of what the profile says of a machine at rest.
+    // Replace the profile's values of a machine at rest with the present ones.
     void Measure(EcProfile& ec) const;
     void Measure(BatteryProfile& battery) const;
     [[nodiscard]] std::optional<std::uint32_t> PackagePower() const;
@@ -48,7 +47,7 @@ public:
     // At any moment, between two steps too.
     [[nodiscard]] const LoadCourse& Load() const { return m_load; }
 
-    /// As the platform says it: 0 battery, 1 AC, 255 unknown.
+    /// As the platform reports it: 0 battery, 1 AC, 255 unknown.
     [[nodiscard]] std::uint8_t AcLine(std::chrono::microseconds now) const;
 
 private:

@@ -3,7 +3,7 @@
 
 #include "machine/models/clock.h"
 #include "machine/models/machine_course.h"
-#include "machine/profile/profile.h"
+#include "machine/profile/sections/power_profile.h"
 
 #include <cstddef>
 #include <utility>

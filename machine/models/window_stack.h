@@ -1,7 +1,7 @@
 // The windows of the simulated machine in their stacking order.
 #pragma once
 
-#include "machine/profile/desktop_profile.h"
+#include "machine/profile/sections/desktop_profile.h"
 #include "platform/desktop.h"
 
 #include <map>
@@ -22,7 +22,7 @@ class WindowStack {
 public:
     explicit WindowStack(const std::vector<WindowProfile>& profile);
 
-    /// Null for a window that does not exist, or does no longer.
+    /// Null for a window that does not exist or is closed.
     [[nodiscard]] const StackedWindow* Find(platform::Window window) const;
     [[nodiscard]] const StackedWindow* Find(const std::string& name) const;
 

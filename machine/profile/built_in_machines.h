@@ -1,4 +1,4 @@
-// The profiles of machines/, compiled in so that everything runs with no file given.
+// The profiles of machines/, compiled in so that everything runs without a file.
 #pragma once
 
 #include <span>

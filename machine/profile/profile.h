@@ -1,66 +1,27 @@
 // A machine profile: one plain record for each service, in the field's own terms.
 #pragma once
 
-#include "machine/profile/acpi_profile.h"
-#include "machine/profile/battery_profile.h"
-#include "machine/profile/bluetooth_profile.h"
-#include "machine/profile/course_profile.h"
-#include "machine/profile/desktop_profile.h"
-#include "machine/profile/device_nodes_profile.h"
-#include "machine/profile/ec_profile.h"
-#include "machine/profile/files_profile.h"
-#include "machine/profile/firmware_features_profile.h"
-#include "machine/profile/firmware_variables_profile.h"
-#include "machine/profile/network_profile.h"
-#include "machine/profile/packages_profile.h"
-#include "machine/profile/system_power_profile.h"
-#include "machine/profile/system_profile.h"
-#include "machine/profile/wifi_profile.h"
-#include "machine/profile/wmi_profile.h"
+#include "machine/profile/profile_reader.h"
+#include "machine/profile/sections/course_profile.h"
+#include "machine/profile/sections/desktop_profile.h"
+#include "machine/profile/sections/disk_profile.h"
+#include "machine/profile/sections/driver_profile.h"
+#include "machine/profile/sections/ec_profile.h"
+#include "machine/profile/sections/firmware_profile.h"
+#include "machine/profile/sections/power_profile.h"
+#include "machine/profile/sections/radio_profile.h"
+#include "machine/profile/sections/software_profile.h"
+#include "machine/profile/sections/system_profile.h"
+#include "machine/profile/sections/wmi_profile.h"
 
 #include <cstdint>
-#include <map>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace machine {
-
-/// Who else has the I/O driver open, and how.
-enum class DriverHolder : std::uint8_t { Nobody, Sharing, Alone };
-
-struct DriverProfile {
-    bool present = true;
-    DriverHolder heldBy = DriverHolder::Nobody;
-    std::uint32_t version = 0;
-    std::uint32_t refCount = 0;
-};
-
-struct CpuIdLeaf {
-    std::uint32_t eax, ebx, ecx, edx;
-};
-
-struct ProcessorProfile {
-    std::string vendor; // twelve letters
-    std::map<std::uint32_t, CpuIdLeaf> leaves;
-    std::uint32_t packagePower = 0;
-    std::uint32_t powerLimit1 = 0;
-    std::uint32_t powerLimit2 = 0;
-};
-
-struct RegistryValue {
-    std::u16string key; // with the hive's short name in front: HKLM\SOFTWARE\...
-    std::u16string name;
-    std::uint32_t type = 0;
-    std::vector<std::byte> data;
-};
-
-struct RegistryProfile {
-    std::vector<std::u16string> keys; // keys without values
-    std::vector<RegistryValue> values;
-    std::vector<std::u16string> readOnly; // keys below which nothing may be written
-};
 
 struct Profile {
     std::string name;
@@ -89,8 +50,16 @@ struct Profile {
     std::uint64_t digest = 0; // of the profile's text: a changed profile is another machine
 };
 
-/// A text as the registry keeps it: UTF-16 with a terminator.
-std::vector<std::byte> TextData(std::u16string text);
+/// A profile cannot be used: "x.json: /ec/chip_id: expected a number from 0 to 255". The message has the first
+/// issue and the number of the others.
+class ProfileError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The whole grammar: reads a profile's text and adds every error to `issues`. With an issue the profile is not to
+/// be used.
+Profile ReadProfile(std::string_view text, ProfileIssues& issues);
 
 /// Reads a profile's text. `source` names it in errors. Throws ProfileError.
 Profile ParseProfile(std::string_view text, const std::string& source);

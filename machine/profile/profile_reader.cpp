@@ -1,17 +1,19 @@
 #include "machine/profile/profile_reader.h"
 
+#include "machine/text/wide_text.h"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
+#include <cstdio>
 
 namespace machine {
 namespace {
 
-const nlohmann::json EmptyObject = nlohmann::json::object();
+using nlohmann::json;
 
-std::optional<std::uint64_t> WholeNumber(const nlohmann::json& value) {
+std::optional<std::uint64_t> WholeNumberOf(const json& value) {
     if (value.is_number_unsigned()) {
         return value.get<std::uint64_t>();
     }
@@ -29,220 +31,42 @@ std::optional<std::uint64_t> WholeNumber(const nlohmann::json& value) {
     return problem == std::errc{} && last == end ? std::optional(number) : std::nullopt;
 }
 
-std::string Range(std::uint64_t low, std::uint64_t high) {
-    return "a whole number from " + std::to_string(low) + " to " + std::to_string(high) +
+bool IsWithin(const json& value, Limits limits) {
+    const auto number = WholeNumberOf(value);
+    return number && *number >= limits.low && *number <= limits.high;
+}
+
+bool IsWithin(const json& value, double low, double high) {
+    return value.is_number() && value.get<double>() >= low && value.get<double>() <= high;
+}
+
+std::string RangeOf(Limits limits) {
+    return "a whole number from " + std::to_string(limits.low) + " to " + std::to_string(limits.high) +
            ", or the same as \"0x...\"";
+}
+
+std::string RangeOf(double low, double high) {
+    char range[64];
+    std::snprintf(range, sizeof range, "a number from %g to %g", low, high);
+    return range;
+}
+
+bool Holds(const json& value, const StringRule& rule) {
+    return value.is_string() && (!rule.holds || rule.holds(value.get_ref<const std::string&>()));
 }
 
 } // namespace
 
-ProfileReader::ProfileReader(const nlohmann::json& object, std::string place)
-    : m_object(&object), m_place(std::move(place)) {
-    if (!object.is_object()) {
-        throw ProfileError((m_place.empty() ? "/" : m_place) + ": expected an object in braces");
+std::string PointerPart(std::string_view name) {
+    std::string part;
+    for (const char character : name) {
+        part += character == '~' ? "~0" : character == '/' ? "~1" : std::string(1, character);
     }
+    return part;
 }
 
-bool ProfileReader::Has(std::string_view name) const {
-    return m_object->contains(name);
-}
-
-const nlohmann::json* ProfileReader::Find(std::string_view name) {
-    m_known.emplace(name);
-    const auto found = m_object->find(name);
-    return found == m_object->end() ? nullptr : &*found;
-}
-
-std::string ProfileReader::PlaceOf(std::string_view name) const {
-    return m_place + '/' + std::string(name);
-}
-
-void ProfileReader::Fail(std::string_view name, const std::string& expected) const {
-    throw ProfileError(PlaceOf(name) + ": expected " + expected);
-}
-
-std::string ProfileReader::Text(std::string_view name) {
-    const auto* value = Find(name);
-    if (value == nullptr || !value->is_string()) {
-        Fail(name, "a text");
-    }
-    return value->get<std::string>();
-}
-
-std::string ProfileReader::Text(std::string_view name, std::string_view fallback) {
-    return Find(name) != nullptr ? Text(name) : std::string(fallback);
-}
-
-std::string ProfileReader::FixedText(std::string_view name, std::size_t length) {
-    std::string text = Text(name);
-    if (text.size() != length ||
-        !std::ranges::all_of(text, [](char each) { return each >= ' ' && each <= '~'; })) {
-        Fail(name, std::to_string(length) + " letters");
-    }
-    return text;
-}
-
-std::uint64_t ProfileReader::Number(std::string_view name, std::uint64_t low, std::uint64_t high) {
-    const auto* value = Find(name);
-    const auto number = value == nullptr ? std::nullopt : WholeNumber(*value);
-    if (!number || *number < low || *number > high) {
-        Fail(name, Range(low, high));
-    }
-    return *number;
-}
-
-std::uint64_t ProfileReader::Number(std::string_view name, std::uint64_t low, std::uint64_t high,
-                                    std::uint64_t fallback) {
-    return Find(name) != nullptr ? Number(name, low, high) : fallback;
-}
-
-double ProfileReader::Real(std::string_view name, double low, double high, double fallback) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        return fallback;
-    }
-    if (!value->is_number() || value->get<double>() < low || value->get<double>() > high) {
-        Fail(name, "a number from " + std::to_string(low) + " to " + std::to_string(high));
-    }
-    return value->get<double>();
-}
-
-bool ProfileReader::Flag(std::string_view name, bool fallback) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        return fallback;
-    }
-    if (!value->is_boolean()) {
-        Fail(name, "true or false");
-    }
-    return value->get<bool>();
-}
-
-std::size_t ProfileReader::Choice(std::string_view name, std::initializer_list<std::string_view> words,
-                                  std::size_t fallback) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        return fallback;
-    }
-    std::string expected = "one of";
-    std::size_t place = 0;
-    for (const std::string_view word : words) {
-        if (value->is_string() && value->get_ref<const std::string&>() == word) {
-            return place;
-        }
-        expected += (place++ == 0 ? " \"" : ", \"") + std::string(word) + '"';
-    }
-    Fail(name, expected);
-}
-
-std::vector<std::byte> ProfileReader::Bytes(std::string_view name) {
+std::optional<std::vector<std::byte>> BytesFromHex(std::string_view text) {
     std::vector<std::byte> bytes;
-    const auto* value = Find(name);
-    if (value == nullptr || !value->is_string() ||
-        !BytesFromHex(value->get_ref<const std::string&>(), bytes)) {
-        Fail(name, "bytes as pairs of hexadecimal digits in a text");
-    }
-    return bytes;
-}
-
-ProfileReader ProfileReader::Object(std::string_view name) {
-    const auto* value = Find(name);
-    return {value == nullptr ? EmptyObject : *value, PlaceOf(name)};
-}
-
-std::vector<ProfileReader> ProfileReader::Objects(std::string_view name) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        return {};
-    }
-    if (!value->is_array()) {
-        Fail(name, "a list of objects");
-    }
-    std::vector<ProfileReader> objects;
-    objects.reserve(value->size());
-    for (const auto& element : *value) {
-        objects.emplace_back(element, PlaceOf(name) + '/' + std::to_string(objects.size()));
-    }
-    return objects;
-}
-
-std::vector<std::string> ProfileReader::Texts(std::string_view name) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        return {};
-    }
-    std::vector<std::string> texts;
-    for (const auto& element : value->is_array() ? *value : nlohmann::json::array({nullptr})) {
-        if (!element.is_string()) {
-            Fail(name, "a list of texts");
-        }
-        texts.push_back(element.get<std::string>());
-    }
-    return texts;
-}
-
-std::vector<std::uint64_t> ProfileReader::Numbers(std::string_view name, std::uint64_t low,
-                                                  std::uint64_t high) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        return {};
-    }
-    std::vector<std::uint64_t> numbers;
-    for (const auto& element : value->is_array() ? *value : nlohmann::json::array({nullptr})) {
-        const auto number = WholeNumber(element);
-        if (!number || *number < low || *number > high) {
-            Fail(name, "a list, each element " + Range(low, high));
-        }
-        numbers.push_back(*number);
-    }
-    return numbers;
-}
-
-std::vector<double> ProfileReader::Reals(std::string_view name, double low, double high) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        return {};
-    }
-    std::vector<double> numbers;
-    for (const auto& element : value->is_array() ? *value : nlohmann::json::array({nullptr})) {
-        if (!element.is_number() || element.get<double>() < low || element.get<double>() > high) {
-            Fail(name, "a list of numbers from " + std::to_string(low) + " to " + std::to_string(high));
-        }
-        numbers.push_back(element.get<double>());
-    }
-    return numbers;
-}
-
-std::vector<std::string> ProfileReader::Names() {
-    std::vector<std::string> names;
-    for (const auto& [name, value] : m_object->items()) {
-        names.push_back(name);
-    }
-    return names;
-}
-
-const nlohmann::json& ProfileReader::Raw(std::string_view name) {
-    const auto* value = Find(name);
-    if (value == nullptr) {
-        Fail(name, "a value");
-    }
-    return *value;
-}
-
-void ProfileReader::Finish() const {
-    for (const auto& [name, value] : m_object->items()) {
-        if (m_known.contains(name)) {
-            continue;
-        }
-        std::string known;
-        for (const auto& each : m_known) {
-            known += (known.empty() ? "" : ", ") + each;
-        }
-        throw ProfileError(PlaceOf(name) + ": unknown name; expected one of " + known);
-    }
-}
-
-bool BytesFromHex(std::string_view text, std::vector<std::byte>& bytes) {
     for (std::size_t place = 0; place < text.size();) {
         if (text[place] == ' ') {
             ++place;
@@ -252,12 +76,225 @@ bool BytesFromHex(std::string_view text, std::vector<std::byte>& bytes) {
         const std::string_view pair = text.substr(place, 2);
         const auto [last, problem] = std::from_chars(pair.data(), pair.data() + pair.size(), byte, 16);
         if (pair.size() != 2 || problem != std::errc{} || last != pair.data() + 2) {
-            return false;
+            return std::nullopt;
         }
         bytes.push_back(std::byte{byte});
         place += 2;
     }
-    return true;
+    return bytes;
+}
+
+StringRule PrintableAscii(std::size_t length) {
+    return {"a string of " + std::to_string(length) + " printable ASCII characters",
+            [length](const std::string& text) {
+                return text.size() == length &&
+                       std::ranges::all_of(text, [](char each) { return each >= ' ' && each <= '~'; });
+            }};
+}
+
+void ProfileReader::Read(const json& value, const std::string& pointer, ProfileIssues& issues,
+                         const Body& body) {
+    if (!value.is_object()) {
+        issues.push_back({pointer, "expected an object in braces"});
+        return;
+    }
+    ProfileReader reader(value, pointer, issues);
+    body(reader);
+    reader.ReportUnknownNames();
+}
+
+std::string ProfileReader::PointerOf(std::string_view name) const {
+    return m_pointer + '/' + PointerPart(name);
+}
+
+void ProfileReader::Fail(std::string_view name, const std::string& expected) {
+    m_issues.push_back({PointerOf(name), "expected " + expected});
+}
+
+const json* ProfileReader::Value(std::string_view name, const std::string& expected, Presence presence) {
+    m_known.emplace(name);
+    const auto found = m_object.find(name);
+    if (found == m_object.end() && presence == Presence::Required) {
+        m_issues.push_back({m_pointer, '"' + std::string(name) + "\" is missing: expected " + expected});
+    }
+    return found == m_object.end() ? nullptr : &*found;
+}
+
+const json* ProfileReader::Right(std::string_view name, const std::string& expected, Presence presence,
+                                 const Rule& rule) {
+    const json* value = Value(name, expected, presence);
+    if (value != nullptr && !rule(*value)) {
+        Fail(name, expected);
+        return nullptr;
+    }
+    return value;
+}
+
+bool ProfileReader::Elements(std::string_view name, const std::string& expected, Presence presence,
+                             const Rule& rule, const std::function<void(const json&)>& take) {
+    const json* list = Right(name, "a list, each element " + expected, presence, &json::is_array);
+    for (std::size_t index = 0; list != nullptr && index < list->size(); ++index) {
+        if (const json& element = (*list)[index]; rule(element)) {
+            take(element);
+        } else {
+            m_issues.push_back({PointerOf(name) + '/' + std::to_string(index), "expected " + expected});
+        }
+    }
+    return list != nullptr;
+}
+
+bool ProfileReader::Has(std::string_view name) {
+    return Value(name, "") != nullptr;
+}
+
+bool ProfileReader::Flag(std::string_view name, bool& flag) {
+    const json* value = Right(name, "true or false", Presence::Optional, &json::is_boolean);
+    flag = value != nullptr ? value->get<bool>() : flag;
+    return value != nullptr;
+}
+
+bool ProfileReader::Real(std::string_view name, double& number, double low, double high, Presence presence) {
+    const json* value = Right(name, RangeOf(low, high), presence,
+                              [=](const json& each) { return IsWithin(each, low, high); });
+    number = value != nullptr ? value->get<double>() : number;
+    return value != nullptr;
+}
+
+bool ProfileReader::Reals(std::string_view name, std::vector<double>& numbers, double low, double high) {
+    return Elements(
+        name, RangeOf(low, high), Presence::Optional,
+        [=](const json& each) { return IsWithin(each, low, high); },
+        [&](const json& element) { numbers.push_back(element.get<double>()); });
+}
+
+std::optional<std::uint64_t> ProfileReader::WholeNumber(std::string_view name, Limits limits,
+                                                        Presence presence) {
+    const json* value =
+        Right(name, RangeOf(limits), presence, [=](const json& each) { return IsWithin(each, limits); });
+    return value != nullptr ? WholeNumberOf(*value) : std::nullopt;
+}
+
+bool ProfileReader::WholeNumbers(std::string_view name, Limits limits,
+                                 const std::function<void(std::uint64_t)>& take) {
+    return Elements(
+        name, RangeOf(limits), Presence::Optional, [=](const json& each) { return IsWithin(each, limits); },
+        [&](const json& element) { take(*WholeNumberOf(element)); });
+}
+
+bool ProfileReader::String(std::string_view name, std::string& text, Presence presence,
+                           const StringRule& rule) {
+    const json* value =
+        Right(name, rule.expected, presence, [&](const json& each) { return Holds(each, rule); });
+    if (value != nullptr) {
+        text = value->get_ref<const std::string&>();
+    }
+    return value != nullptr;
+}
+
+bool ProfileReader::String(std::string_view name, std::u16string& text, Presence presence,
+                           const StringRule& rule) {
+    std::string narrow;
+    const bool read = String(name, narrow, presence, rule);
+    if (read) {
+        text = WideFromUtf8(narrow);
+    }
+    return read;
+}
+
+bool ProfileReader::Strings(std::string_view name, std::vector<std::u16string>& texts, Presence presence,
+                            const StringRule& rule) {
+    return Elements(
+        name, rule.expected, presence, [&](const json& each) { return Holds(each, rule); },
+        [&](const json& element) { texts.push_back(WideFromUtf8(element.get_ref<const std::string&>())); });
+}
+
+std::optional<std::size_t> ProfileReader::WordOf(std::string_view name,
+                                                 std::initializer_list<std::string_view> words,
+                                                 Presence presence) {
+    std::string expected;
+    for (const std::string_view word : words) {
+        expected.append(expected.empty() ? "one of \"" : ", \"").append(word).append("\"");
+    }
+    const auto placeOf = [&](const json& value) {
+        const auto* word = value.get_ptr<const std::string*>();
+        return word == nullptr ? words.end() : std::ranges::find(words, *word);
+    };
+    const json* value =
+        Right(name, expected, presence, [&](const json& each) { return placeOf(each) != words.end(); });
+    return value != nullptr ? std::optional<std::size_t>(placeOf(*value) - words.begin()) : std::nullopt;
+}
+
+bool ProfileReader::Bytes(std::string_view name, std::vector<std::byte>& bytes, Presence presence) {
+    std::string digits;
+    const bool read =
+        String(name, digits, presence,
+               {"bytes as pairs of hexadecimal digits in a string", [](const std::string& each) {
+                    return BytesFromHex(each).has_value();
+                }});
+    if (read) {
+        bytes = *BytesFromHex(digits);
+    }
+    return read;
+}
+
+bool ProfileReader::Bytes(std::string_view name, std::vector<std::byte>& bytes, std::size_t count,
+                          std::string_view separators, Presence presence) {
+    const auto bytesOf = [&](std::string digits) {
+        std::erase_if(digits, [=](char each) { return separators.find(each) != std::string_view::npos; });
+        const auto whole = BytesFromHex(digits);
+        return whole && whole->size() == count ? whole : std::nullopt;
+    };
+    std::string digits;
+    const bool read = String(name, digits, presence,
+                             {std::to_string(count) + (count == 1 ? " byte" : " bytes") +
+                                  " as pairs of hexadecimal digits in a string",
+                              [&](const std::string& each) {
+                                  return bytesOf(each).has_value();
+                              }});
+    if (read) {
+        bytes = *bytesOf(digits);
+    }
+    return read;
+}
+
+bool ProfileReader::Object(std::string_view name, const Body& body, Presence presence) {
+    const json* value = Value(name, "an object in braces", presence);
+    if (value != nullptr) {
+        Read(*value, PointerOf(name), m_issues, body);
+    }
+    return value != nullptr;
+}
+
+bool ProfileReader::Objects(std::string_view name, const Body& body) {
+    std::size_t index = 0;
+    const auto read = [&](const json& element) {
+        Read(element, PointerOf(name) + '/' + std::to_string(index++), m_issues, body);
+    };
+    return Elements(
+        name, "an object in braces", Presence::Optional, [](const json&) { return true; }, read);
+}
+
+std::vector<std::string> ProfileReader::Names() {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : m_object.items()) {
+        m_known.insert(name);
+        names.push_back(name);
+    }
+    return names;
+}
+
+void ProfileReader::ReportUnknownNames() {
+    for (const auto& [name, value] : m_object.items()) {
+        if (m_known.contains(name)) {
+            continue;
+        }
+        std::string known;
+        for (const auto& each : m_known) {
+            known += (known.empty() ? "" : ", ") + each;
+        }
+        m_issues.push_back(
+            {PointerOf(name), "unknown name; expected one of " + known, {m_known.begin(), m_known.end()}});
+    }
 }
 
 } // namespace machine

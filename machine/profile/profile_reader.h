@@ -1,91 +1,203 @@
-// Reads a machine profile with errors that say where the mistake stands and what was expected there.
+// Reads the members of a profile's JSON objects and collects every error with its JSON pointer.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <limits>
-#include <memory>
+#include <optional>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace machine {
 
-/// One mistake, worded for the person who wrote the profile: "/ec/chip_id: expected a number from 0 to 255".
-class ProfileError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
+/// One error of a profile: "/ec/chip_id" and "expected a whole number from 0 to 255, ...".
+struct ProfileIssue {
+    std::string pointer; // empty: the whole document
+    std::string message;
+    std::vector<std::string> knownNames{}; // for an unknown name: the names that the object may have
+    std::optional<std::size_t> byte{};     // where the document stops being JSON, instead of a pointer
 };
 
-/// One JSON object of a profile. Every name that is asked for counts as known; `Finish` refuses the others,
-/// so that a misspelt name is told instead of passed over.
+using ProfileIssues = std::vector<ProfileIssue>;
+
+/// A name as a part of a JSON pointer.
+std::string PointerPart(std::string_view name);
+
+/// Bytes from pairs of hexadecimal digits with blanks between them; nothing for another string.
+std::optional<std::vector<std::byte>> BytesFromHex(std::string_view text);
+
+/// Whether an object may lack a member, whose value is then the default.
+enum class Presence : std::uint8_t { Optional, Required };
+
+/// The range of a whole number.
+struct Limits {
+    std::uint64_t low = 0;
+    std::uint64_t high = std::numeric_limits<std::uint64_t>::max();
+};
+
+/// What a string has to look like.
+struct StringRule {
+    std::string expected = "a string";
+    std::function<bool(const std::string&)> holds{};
+};
+
+/// Exactly so many printable ASCII characters.
+StringRule PrintableAscii(std::size_t length);
+
+/// One JSON object of a profile. Each function reads one member: it returns true when the member is there and
+/// right. A wrong member, and a required one that is missing, becomes an issue; the value stays the default, and
+/// reading goes on. Every name that is asked for is known to the grammar; all others are issues too.
 class ProfileReader {
 public:
-    ProfileReader(const nlohmann::json& object, std::string place);
+    using Body = std::function<void(ProfileReader&)>;
 
-    [[nodiscard]] bool Has(std::string_view name) const;
+    /// Reads a whole object with `body`.
+    static void Read(const nlohmann::json& value, const std::string& pointer, ProfileIssues& issues,
+                     const Body& body);
 
-    std::string Text(std::string_view name);
-    std::string Text(std::string_view name, std::string_view fallback);
-    /// A text of exactly so many printable ASCII characters.
-    std::string FixedText(std::string_view name, std::size_t length);
+    bool Has(std::string_view name);
 
-    /// A whole number, as JSON number or as text of hexadecimal digits behind "0x".
-    std::uint64_t Number(std::string_view name, std::uint64_t low, std::uint64_t high);
-    std::uint64_t Number(std::string_view name, std::uint64_t low, std::uint64_t high,
-                         std::uint64_t fallback);
-
-    template <class Integer>
-    Integer Number(std::string_view name, Integer fallback) {
-        return static_cast<Integer>(Number(name, 0, std::numeric_limits<Integer>::max(), fallback));
+    /// Optional members by name, each in the whole range of its type: Members("rpm", fan.rpm, "lid", ec.lid).
+    template <class Value, class... More>
+    void Members(std::string_view name, Value& value, More&&... more) {
+        Member(name, value);
+        if constexpr (sizeof...(more) != 0) {
+            Members(std::forward<More>(more)...);
+        }
     }
 
-    double Real(std::string_view name, double low, double high, double fallback);
-    bool Flag(std::string_view name, bool fallback);
+    bool Flag(std::string_view name, bool& flag);
+    bool Real(std::string_view name, double& number, double low, double high,
+              Presence presence = Presence::Optional);
 
-    /// One of a fixed set of words; gives its place in the set.
-    std::size_t Choice(std::string_view name, std::initializer_list<std::string_view> words,
-                       std::size_t fallback);
+    /// A whole number, as a JSON number or as a string of hexadecimal digits after "0x".
+    template <class Integer>
+    bool Number(std::string_view name, Integer& number, Limits limits,
+                Presence presence = Presence::Optional) {
+        const std::optional<std::uint64_t> read = WholeNumber(name, limits, presence);
+        number = read ? static_cast<Integer>(*read) : number;
+        return read.has_value();
+    }
 
-    /// Bytes, as text of hexadecimal pairs, blanks between them allowed.
-    std::vector<std::byte> Bytes(std::string_view name);
+    template <class Integer>
+    bool Number(std::string_view name, Integer& number, Presence presence = Presence::Optional) {
+        return Number(name, number, {0, std::numeric_limits<Integer>::max()}, presence);
+    }
 
-    /// An object, empty where the profile has none.
-    ProfileReader Object(std::string_view name);
-    /// A list of objects, empty where the profile has none.
-    std::vector<ProfileReader> Objects(std::string_view name);
-    /// A list of texts, empty where the profile has none.
-    std::vector<std::string> Texts(std::string_view name);
-    /// A list of whole numbers, empty where the profile has none.
-    std::vector<std::uint64_t> Numbers(std::string_view name, std::uint64_t low, std::uint64_t high);
-    /// A list of numbers, empty where the profile has none.
-    std::vector<double> Reals(std::string_view name, double low, double high);
-    /// The names of this object, in the order of their letters, for objects whose names are the profile's
-    /// own.
+    bool String(std::string_view name, std::string& text, Presence presence = Presence::Optional,
+                const StringRule& rule = {});
+    bool String(std::string_view name, std::u16string& text, Presence presence = Presence::Optional,
+                const StringRule& rule = {});
+
+    /// One of a fixed set of words, which are those of an enumeration in its order.
+    template <class Enumeration>
+    bool Choice(std::string_view name, std::initializer_list<std::string_view> words, Enumeration& choice,
+                Presence presence = Presence::Optional) {
+        const std::optional<std::size_t> read = WordOf(name, words, presence);
+        choice = read ? static_cast<Enumeration>(*read) : choice;
+        return read.has_value();
+    }
+
+    bool Bytes(std::string_view name, std::vector<std::byte>& bytes, Presence presence = Presence::Optional);
+    /// Exactly so many bytes; `separators` may be between their digits.
+    bool Bytes(std::string_view name, std::vector<std::byte>& bytes, std::size_t count,
+               std::string_view separators = "", Presence presence = Presence::Optional);
+
+    // Lists. Elements are added to what is there; one that is wrong is left out.
+    bool Strings(std::string_view name, std::vector<std::u16string>& texts,
+                 Presence presence = Presence::Optional, const StringRule& rule = {});
+    bool Reals(std::string_view name, std::vector<double>& numbers, double low, double high);
+
+    template <class Integer>
+    bool Numbers(std::string_view name, std::vector<Integer>& numbers, Limits limits) {
+        return WholeNumbers(name, limits, [&numbers](std::uint64_t number) {
+            numbers.push_back(static_cast<Integer>(number));
+        });
+    }
+
+    /// An object that the profile may lack.
+    bool Object(std::string_view name, const Body& body, Presence presence = Presence::Optional);
+
+    /// The same for a record with a function that reads it.
+    template <class Record>
+    bool Object(std::string_view name, Record& record, void (*read)(ProfileReader&, Record&)) {
+        return Object(name, [&](ProfileReader& reader) { read(reader, record); });
+    }
+
+    /// The same for a record that is there when the object is.
+    template <class Record>
+    bool Object(std::string_view name, std::optional<Record>& record, void (*read)(ProfileReader&, Record&)) {
+        return Object(name, [&](ProfileReader& reader) { read(reader, record.emplace()); });
+    }
+
+    /// A list of objects.
+    bool Objects(std::string_view name, const Body& body);
+
+    template <class Record>
+    bool Objects(std::string_view name, std::vector<Record>& records, void (*read)(ProfileReader&, Record&)) {
+        return Objects(name, [&](ProfileReader& reader) { read(reader, records.emplace_back()); });
+    }
+
+    /// The names of an object that chooses its names itself. All of them are known.
     std::vector<std::string> Names();
-    /// The bare value, for data whose type says how it is to be read.
-    const nlohmann::json& Raw(std::string_view name);
 
-    void Finish() const;
+    /// A member whose type says how to read it; null when there is none.
+    const nlohmann::json* Value(std::string_view name, const std::string& expected,
+                                Presence presence = Presence::Optional);
 
-    [[nodiscard]] const std::string& Place() const { return m_place; }
-
-    [[noreturn]] void Fail(std::string_view name, const std::string& expected) const;
+    /// Adds an issue to a member.
+    void Fail(std::string_view name, const std::string& expected);
 
 private:
-    const nlohmann::json* Find(std::string_view name);
-    [[nodiscard]] std::string PlaceOf(std::string_view name) const;
+    void Member(std::string_view name, bool& flag) { Flag(name, flag); }
 
-    const nlohmann::json* m_object;
-    std::string m_place;
+    void Member(std::string_view name, std::string& text) { String(name, text); }
+
+    void Member(std::string_view name, std::u16string& text) { String(name, text); }
+
+    template <std::unsigned_integral Integer>
+    void Member(std::string_view name, Integer& number) {
+        Number(name, number);
+    }
+
+    /// There when the member is.
+    template <class Value>
+    void Member(std::string_view name, std::optional<Value>& value) {
+        if (Value read{}; Has(name)) {
+            Member(name, read);
+            value = std::move(read);
+        }
+    }
+
+    using Rule = std::function<bool(const nlohmann::json&)>;
+
+    ProfileReader(const nlohmann::json& object, std::string pointer, ProfileIssues& issues)
+        : m_object(object), m_pointer(std::move(pointer)), m_issues(issues) {}
+
+    /// The value of a member that follows a rule; null for every other, which becomes an issue.
+    const nlohmann::json* Right(std::string_view name, const std::string& expected, Presence presence,
+                                const Rule& rule);
+    /// Passes on the elements of a list that follow a rule. The others become issues.
+    bool Elements(std::string_view name, const std::string& expected, Presence presence, const Rule& rule,
+                  const std::function<void(const nlohmann::json&)>& take);
+    std::optional<std::uint64_t> WholeNumber(std::string_view name, Limits limits, Presence presence);
+    bool WholeNumbers(std::string_view name, Limits limits, const std::function<void(std::uint64_t)>& take);
+    std::optional<std::size_t> WordOf(std::string_view name, std::initializer_list<std::string_view> words,
+                                      Presence presence);
+    [[nodiscard]] std::string PointerOf(std::string_view name) const;
+    void ReportUnknownNames();
+
+    const nlohmann::json& m_object;
+    std::string m_pointer;
+    ProfileIssues& m_issues;
     std::set<std::string, std::less<>> m_known;
 };
-
-/// Bytes from hexadecimal pairs; false when the text is none.
-bool BytesFromHex(std::string_view text, std::vector<std::byte>& bytes);
 
 } // namespace machine

@@ -2,10 +2,9 @@
 
 #include "machine/machine.h"
 #include "machine/models/com/xml_document_object.h"
-#include "machine/models/xml_check.h"
+#include "machine/models/xml_text.h"
 #include "platform/back_end.h"
 
-#include <new>
 
 namespace VESK_BACK_END {
 namespace {
@@ -21,7 +20,7 @@ HResult PutNothing(XmlDocument document) {
 /// The file's content as the parser writes it: without its byte order mark.
 std::optional<std::u16string> Serialised(std::u16string_view text) {
     text.remove_prefix(text.starts_with(u'\xFEFF') ? 1 : 0);
-    return machine::SerialisedXml(text);
+    return machine::SerializedXml(text);
 }
 
 } // namespace
@@ -73,9 +72,6 @@ HResult get_xml(XmlDocument document, std::u16string& xml) {
     if (object->loaded == nullptr) {
         xml.clear();
         return hresult::False;
-    }
-    if (object->loaded->exhaustsMemory) {
-        throw std::bad_alloc();
     }
     xml = object->xml;
     return hresult::Ok;

@@ -1,64 +1,47 @@
 #include "machine/text/wide_text.h"
 
-#include <iconv.h>
-
-#include <cerrno>
-#include <clocale>
-#include <cwctype>
-#include <stdexcept>
+#include <locale>
 
 namespace machine {
 namespace {
 
-/// Converts with iconv; a unit that is ill-formed becomes `replacement` and is passed over.
-template <class To, class From>
-std::basic_string<To> Convert(const char* to, const char* from, std::basic_string_view<From> text,
-                              To replacement) {
-    iconv_t converter = iconv_open(to, from);
-    if (converter == reinterpret_cast<iconv_t>(-1)) {
-        throw std::runtime_error("the C library cannot convert between UTF-8 and UTF-16");
-    }
-    std::basic_string<To> converted(text.size() * 3 + 1, To{});
-    auto* in = reinterpret_cast<char*>(const_cast<From*>(text.data()));
-    std::size_t inLeft = text.size() * sizeof(From);
-    auto* out = reinterpret_cast<char*>(converted.data());
-    std::size_t outLeft = converted.size() * sizeof(To);
-    while (inLeft >= sizeof(From) && iconv(converter, &in, &inLeft, &out, &outLeft) == std::size_t(-1) &&
-           (errno == EILSEQ || errno == EINVAL)) {
-        in += sizeof(From);
-        inLeft -= sizeof(From);
-        *reinterpret_cast<To*>(out) = replacement;
-        out += sizeof(To);
-        outLeft -= sizeof(To);
-    }
-    iconv_close(converter);
-    converted.resize(converted.size() - outLeft / sizeof(To));
-    return converted;
-}
+using Facet = std::codecvt<char16_t, char8_t, std::mbstate_t>;
 
-/// Letters are folded by the rules of Unicode, whatever the process's own locale.
-locale_t UnicodeLocale() {
-    static const locale_t Locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    return Locale;
+/// Converts with the standard library; a unit that is ill-formed becomes `replacement` and is skipped.
+template <class To, class From, class Step>
+std::basic_string<To> Convert(std::basic_string_view<From> text, To replacement, Step step) {
+    const auto& facet = std::use_facet<Facet>(std::locale::classic());
+    std::basic_string<To> converted(text.size() * 3 + 1, To{});
+    const From* in = text.data();
+    const From* const end = in + text.size();
+    To* out = converted.data();
+    while (true) {
+        std::mbstate_t state{};
+        (facet.*step)(state, in, end, in, out, converted.data() + converted.size(), out);
+        if (in == end) {
+            break;
+        }
+        ++in;
+        *out++ = replacement;
+    }
+    converted.resize(static_cast<std::size_t>(out - converted.data()));
+    return converted;
 }
 
 } // namespace
 
 std::u16string WideFromUtf8(std::string_view text) {
-    return Convert<char16_t>("UTF-16LE", "UTF-8", text, u'\xFFFD');
+    std::u8string checked(text.begin(), text.end());
+    for (std::size_t place = 0; place + 1 < checked.size(); ++place) {
+        // A surrogate, which GCC 12 takes for a character.
+        checked[place] = checked[place] == 0xED && checked[place + 1] >= 0xA0 ? 0xFF : checked[place];
+    }
+    return Convert<char16_t>(std::u8string_view(checked), u'\xFFFD', &Facet::in);
 }
 
 std::string Utf8FromWide(std::u16string_view text) {
-    return Convert<char>("UTF-8", "UTF-16LE", text, '?');
-}
-
-std::u16string Folded(std::u16string_view text) {
-    std::u16string folded(text);
-    for (char16_t& unit : folded) {
-        const auto upper = towupper_l(unit, UnicodeLocale());
-        unit = upper <= 0xFFFF ? static_cast<char16_t>(upper) : unit;
-    }
-    return folded;
+    const std::u8string converted = Convert<char8_t>(text, u8'?', &Facet::out);
+    return {converted.begin(), converted.end()};
 }
 
 } // namespace machine

@@ -1,4 +1,4 @@
-// UTF-8 and UTF-16 on the machine's side.
+// UTF-8 and UTF-16 strings of the machine.
 #pragma once
 
 #include <string>

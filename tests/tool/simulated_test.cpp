@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <filesystem>
 #include <fstream>
 #include <regex>
 
@@ -87,6 +88,19 @@ TEST_F(SimulatedTest, RunsTheExampleHost) {
     const test::Outcome run = Program(EXAMPLE_HOST, {});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_THAT(run.out, HasSubstr("tablet mode: 1\n"));
+}
+
+TEST_F(SimulatedTest, AHostOnADamagedStoreGetsFailuresInsteadOfAnEmptyMachine) {
+    EXPECT_EQ(Program(EXAMPLE_HOST, {}).err, "");
+    for (const auto& file : std::filesystem::directory_iterator(Path("state") + "/vesk-sondrel")) {
+        if (file.is_regular_file()) {
+            std::ofstream(file.path()) << "no database";
+        }
+    }
+    const test::Outcome run = Program(EXAMPLE_HOST, {});
+    EXPECT_THAT(run.err, AllOf(HasSubstr("file is not a database"),
+                               HasSubstr("; its registry, files and firmware variables fail\n")));
+    ExpectRefused(Tool({"report", "--machine", "default"}), "file is not a database");
 }
 
 } // namespace

@@ -1,11 +1,11 @@
-// How the EC answers a command.
+// The EC's answer to a command.
 #pragma once
 
 #include <cstdint>
 
 namespace machine {
 
-/// Status words of this firmware; 0 is done.
+/// Status words of this firmware; 0 is success.
 namespace ec_status {
 inline constexpr std::uint32_t BadCommand = 0x81;
 inline constexpr std::uint32_t BadData = 0x82;

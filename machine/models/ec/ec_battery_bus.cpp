@@ -62,14 +62,14 @@ EcAnswer EcBatteryBus::StartSecond() {
         return {ec_status::BadData};
     }
     m_running = true;
-    m_questions = 0;
+    m_polls = 0;
     return {};
 }
 
 std::uint8_t EcBatteryBus::SecondState() {
     constexpr std::uint8_t Idle = 0xA0;
     constexpr std::uint8_t Busy = 0xA1;
-    if (m_running && (m_battery.busyForEver || m_questions++ < m_battery.busyPolls)) {
+    if (m_running && (m_battery.busyForEver || m_polls++ < m_battery.busyPolls)) {
         return Busy;
     }
     if (m_running) {

@@ -1,8 +1,8 @@
-// The EC's way to the battery's own registers.
+// The EC's bus to the registers of the battery.
 #pragma once
 
 #include "machine/models/ec/ec_answer.h"
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <array>
 #include <cstdint>
@@ -16,7 +16,7 @@ class EcBatteryBus {
 public:
     explicit EcBatteryBus(const EcProfile& profile);
 
-    /// The cells have other voltages now.
+    /// Takes over new cell voltages.
     void Measure(const EcProfile& profile) { m_battery.cellVolts = profile.battery.cellVolts; }
 
     std::optional<EcAnswer> CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
@@ -33,7 +33,7 @@ private:
     EcBattery m_battery;
     std::array<std::uint8_t, 256> m_setUp{};
     bool m_running = false;
-    std::uint32_t m_questions = 0;
+    std::uint32_t m_polls = 0;
     std::uint16_t m_word = 0;
 };
 

@@ -9,31 +9,49 @@
 namespace machine {
 namespace {
 
-/// What a register holds.
-enum class Signal : std::uint8_t {
-    CpuDegrees,
-    GpuRightDegrees,
-    GpuLeftDegrees,
-    BoardRightDegrees,
-    BoardLeftDegrees,
-    Lid,
-    PackMillivolts,
-    PackMilliamperes,
-    PackDecikelvin,
-    ChargerMillivolts,
-    PackCycles,
-    PackMaker,
-    Cell1Millivolts,
-    Cell2Millivolts,
-    Cell3Millivolts,
-    Cell4Millivolts,
-    Fan1Rpm,
-    Fan2Rpm,
-    Fan3Rpm,
-    Fan4Rpm,
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes TwoBytes(std::uint32_t number) {
+    return {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8)};
+}
+
+Bytes FanRpm(const EcProfile& ec, std::size_t fan) {
+    return TwoBytes(fan < ec.fans.size() ? ec.fans[fan].rpm : 0);
+}
+
+/// What a register contains, in the firmware's bytes.
+using Signal = Bytes (*)(const EcProfile& ec);
+
+// clang-format off
+constexpr Signal CpuDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.cpu}; };
+constexpr Signal GpuRightDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.gpuRight}; };
+constexpr Signal GpuLeftDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.gpuLeft}; };
+constexpr Signal BoardRightDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.boardRight}; };
+constexpr Signal BoardLeftDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.boardLeft}; };
+constexpr Signal Lid = [](const EcProfile& ec) { return Bytes{ec.lid}; };
+constexpr Signal PackMillivolts = [](const EcProfile& ec) { return TwoBytes(Millivolts(ec.battery.packageVolts)); };
+constexpr Signal PackMilliamperes = [](const EcProfile& ec) { return TwoBytes(Milliamperes(ec.battery.amperes)); };
+constexpr Signal PackDecikelvin = [](const EcProfile& ec) { return TwoBytes(Decikelvin(ec.battery.degrees)); };
+constexpr Signal ChargerMillivolts = [](const EcProfile& ec) { return TwoBytes(Millivolts(ec.battery.chargingVolts)); };
+constexpr Signal PackCycles = [](const EcProfile& ec) { return TwoBytes(ec.battery.cycles); };
+constexpr Signal Cell1Millivolts = [](const EcProfile& ec) { return TwoBytes(Millivolts(ec.battery.cellVolts[0])); };
+constexpr Signal Cell2Millivolts = [](const EcProfile& ec) { return TwoBytes(Millivolts(ec.battery.cellVolts[1])); };
+constexpr Signal Cell3Millivolts = [](const EcProfile& ec) { return TwoBytes(Millivolts(ec.battery.cellVolts[2])); };
+constexpr Signal Cell4Millivolts = [](const EcProfile& ec) { return TwoBytes(Millivolts(ec.battery.cellVolts[3])); };
+constexpr Signal Fan1Rpm = [](const EcProfile& ec) { return FanRpm(ec, 0); };
+constexpr Signal Fan2Rpm = [](const EcProfile& ec) { return FanRpm(ec, 1); };
+constexpr Signal Fan3Rpm = [](const EcProfile& ec) { return FanRpm(ec, 2); };
+constexpr Signal Fan4Rpm = [](const EcProfile& ec) { return FanRpm(ec, 3); };
+// clang-format on
+
+/// Ten bytes, zeros after the name.
+constexpr Signal PackMaker = [](const EcProfile& ec) {
+    Bytes bytes(ec.battery.manufacturer.begin(), ec.battery.manufacturer.end());
+    bytes.resize(10);
+    return bytes;
 };
 
-/// Where a generation keeps a signal. Words lie with their low byte first.
+/// Where a generation has a signal. Words have their low byte first.
 struct Placement {
     std::uint8_t command;
     std::uint16_t address;
@@ -41,53 +59,51 @@ struct Placement {
 };
 
 constexpr Placement LegacyPlacements[] = {
-    {0x80, 0x03A0, Signal::CpuDegrees},
-    {0x80, 0x03A4, Signal::GpuRightDegrees},
-    {0x80, 0x03A5, Signal::GpuLeftDegrees},
-    {0x80, 0x03B2, Signal::PackMillivolts},
-    {0x80, 0x03BC, Signal::PackMilliamperes},
-    {0x80, 0x03BE, Signal::PackDecikelvin},
-    {0x80, 0x03C2, Signal::ChargerMillivolts},
-    {0x80, 0x0511, Signal::BoardRightDegrees},
-    {0x80, 0x0512, Signal::BoardLeftDegrees},
-    {0x80, 0x0633, Signal::PackMaker},
-    {0x87, 0x0011, Signal::Lid},
+    {0x80, 0x03A0, CpuDegrees},
+    {0x80, 0x03A4, GpuRightDegrees},
+    {0x80, 0x03A5, GpuLeftDegrees},
+    {0x80, 0x03B2, PackMillivolts},
+    {0x80, 0x03BC, PackMilliamperes},
+    {0x80, 0x03BE, PackDecikelvin},
+    {0x80, 0x03C2, ChargerMillivolts},
+    {0x80, 0x0511, BoardRightDegrees},
+    {0x80, 0x0512, BoardLeftDegrees},
+    {0x80, 0x0633, PackMaker},
+    {0x87, 0x0011, Lid},
 };
 
 constexpr Placement BankedPlacements[] = {
-    {0xC4, 0x10, Signal::PackMaker},           {0xC4, 0x2E, Signal::PackCycles},
-    {0xC4, 0x34, Signal::PackDecikelvin},      {0xC4, 0x36, Signal::PackMillivolts},
-    {0xC4, 0x38, Signal::PackMilliamperes},    {0xC4, 0x3E, Signal::ChargerMillivolts},
-    {0xC4, 0x48, Signal::Cell1Millivolts},     {0xC4, 0x4A, Signal::Cell2Millivolts},
-    {0xC4, 0x4C, Signal::Cell3Millivolts},     {0xC4, 0x4E, Signal::Cell4Millivolts},
-    {0xCC, 0x0000, Signal::CpuDegrees},        {0xCC, 0x0001, Signal::BoardLeftDegrees},
-    {0xCC, 0x0002, Signal::BoardRightDegrees}, {0xCC, 0x0003, Signal::GpuLeftDegrees},
-    {0xCC, 0x0004, Signal::GpuRightDegrees},   {0xCC, 0x0035, Signal::Fan1Rpm},
-    {0xCC, 0x003C, Signal::Fan2Rpm},           {0xCC, 0x0135, Signal::Fan3Rpm},
-    {0xCC, 0x013C, Signal::Fan4Rpm},           {0xE0, 0x01, Signal::Lid},
+    {0xC4, 0x10, PackMaker},           {0xC4, 0x2E, PackCycles},
+    {0xC4, 0x34, PackDecikelvin},      {0xC4, 0x36, PackMillivolts},
+    {0xC4, 0x38, PackMilliamperes},    {0xC4, 0x3E, ChargerMillivolts},
+    {0xC4, 0x48, Cell1Millivolts},     {0xC4, 0x4A, Cell2Millivolts},
+    {0xC4, 0x4C, Cell3Millivolts},     {0xC4, 0x4E, Cell4Millivolts},
+    {0xCC, 0x0000, CpuDegrees},        {0xCC, 0x0001, BoardLeftDegrees},
+    {0xCC, 0x0002, BoardRightDegrees}, {0xCC, 0x0003, GpuLeftDegrees},
+    {0xCC, 0x0004, GpuRightDegrees},   {0xCC, 0x0035, Fan1Rpm},
+    {0xCC, 0x003C, Fan2Rpm},           {0xCC, 0x0135, Fan3Rpm},
+    {0xCC, 0x013C, Fan4Rpm},           {0xE0, 0x01, Lid},
 };
 
 constexpr Placement WindowedPlacements[] = {
-    {0x80, 0x03A0, Signal::CpuDegrees},       {0x80, 0x03A4, Signal::GpuRightDegrees},
-    {0x80, 0x03A5, Signal::GpuLeftDegrees},   {0x80, 0x0511, Signal::BoardRightDegrees},
-    {0x80, 0x0512, Signal::BoardLeftDegrees}, {0x87, 0x0011, Signal::Lid},
-    {0xA4, 0x02, Signal::PackMillivolts},     {0xA4, 0x0C, Signal::PackMilliamperes},
-    {0xA4, 0x0E, Signal::PackDecikelvin},     {0xA4, 0x12, Signal::ChargerMillivolts},
-    {0xA4, 0x20, Signal::PackMaker},
+    {0x80, 0x03A0, CpuDegrees},        {0x80, 0x03A4, GpuRightDegrees},  {0x80, 0x03A5, GpuLeftDegrees},
+    {0x80, 0x0511, BoardRightDegrees}, {0x80, 0x0512, BoardLeftDegrees}, {0x87, 0x0011, Lid},
+    {0xA4, 0x02, PackMillivolts},      {0xA4, 0x0C, PackMilliamperes},   {0xA4, 0x0E, PackDecikelvin},
+    {0xA4, 0x12, ChargerMillivolts},   {0xA4, 0x20, PackMaker},
 };
 
 constexpr Placement RelocatedPlacements[] = {
-    {0x80, 0xF7A0, Signal::CpuDegrees},
-    {0x80, 0xF7A4, Signal::GpuRightDegrees},
-    {0x80, 0xF7A5, Signal::GpuLeftDegrees},
-    {0x80, 0xF7B2, Signal::PackMillivolts},
-    {0x80, 0xF7BC, Signal::PackMilliamperes},
-    {0x80, 0xF7BE, Signal::PackDecikelvin},
-    {0x80, 0xF7C2, Signal::ChargerMillivolts},
-    {0x80, 0xF911, Signal::BoardRightDegrees},
-    {0x80, 0xF912, Signal::BoardLeftDegrees},
-    {0x80, 0xFA33, Signal::PackMaker},
-    {0x87, 0x00B4, Signal::Lid},
+    {0x80, 0xF7A0, CpuDegrees},
+    {0x80, 0xF7A4, GpuRightDegrees},
+    {0x80, 0xF7A5, GpuLeftDegrees},
+    {0x80, 0xF7B2, PackMillivolts},
+    {0x80, 0xF7BC, PackMilliamperes},
+    {0x80, 0xF7BE, PackDecikelvin},
+    {0x80, 0xF7C2, ChargerMillivolts},
+    {0x80, 0xF911, BoardRightDegrees},
+    {0x80, 0xF912, BoardLeftDegrees},
+    {0x80, 0xFA33, PackMaker},
+    {0x87, 0x00B4, Lid},
 };
 
 std::span<const Placement> PlacementsOf(Generation generation) {
@@ -102,68 +118,6 @@ std::span<const Placement> PlacementsOf(Generation generation) {
         return RelocatedPlacements;
     case Generation::None:
         break;
-    }
-    return {};
-}
-
-std::vector<std::uint8_t> TwoBytes(std::uint32_t number) {
-    return {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8)};
-}
-
-std::vector<std::uint8_t> FanRpm(const EcProfile& profile, std::size_t fan) {
-    return TwoBytes(fan < profile.fans.size() ? profile.fans[fan].rpm : 0);
-}
-
-std::vector<std::uint8_t> MakerName(const std::string& name) {
-    constexpr std::size_t Room = 10;
-    std::vector<std::uint8_t> bytes(name.begin(), name.end());
-    bytes.resize(Room);
-    return bytes;
-}
-
-std::vector<std::uint8_t> BytesOf(const EcProfile& profile, Signal signal) {
-    const EcBattery& pack = profile.battery;
-    switch (signal) {
-    case Signal::CpuDegrees:
-        return {profile.temperatures.cpu};
-    case Signal::GpuRightDegrees:
-        return {profile.temperatures.gpuRight};
-    case Signal::GpuLeftDegrees:
-        return {profile.temperatures.gpuLeft};
-    case Signal::BoardRightDegrees:
-        return {profile.temperatures.boardRight};
-    case Signal::BoardLeftDegrees:
-        return {profile.temperatures.boardLeft};
-    case Signal::Lid:
-        return {profile.lid};
-    case Signal::PackMillivolts:
-        return TwoBytes(Millivolts(pack.packageVolts));
-    case Signal::PackMilliamperes:
-        return TwoBytes(Milliamperes(pack.amperes));
-    case Signal::PackDecikelvin:
-        return TwoBytes(Decikelvin(pack.degrees));
-    case Signal::ChargerMillivolts:
-        return TwoBytes(Millivolts(pack.chargingVolts));
-    case Signal::PackCycles:
-        return TwoBytes(pack.cycles);
-    case Signal::PackMaker:
-        return MakerName(pack.manufacturer);
-    case Signal::Cell1Millivolts:
-        return TwoBytes(Millivolts(pack.cellVolts[0]));
-    case Signal::Cell2Millivolts:
-        return TwoBytes(Millivolts(pack.cellVolts[1]));
-    case Signal::Cell3Millivolts:
-        return TwoBytes(Millivolts(pack.cellVolts[2]));
-    case Signal::Cell4Millivolts:
-        return TwoBytes(Millivolts(pack.cellVolts[3]));
-    case Signal::Fan1Rpm:
-        return FanRpm(profile, 0);
-    case Signal::Fan2Rpm:
-        return FanRpm(profile, 1);
-    case Signal::Fan3Rpm:
-        return FanRpm(profile, 2);
-    case Signal::Fan4Rpm:
-        return FanRpm(profile, 3);
     }
     return {};
 }
@@ -206,7 +160,7 @@ std::uint8_t Flag(bool settled) {
 EcRegisterBanks::EcRegisterBanks(const EcProfile& profile) {
     for (const Placement& placement : PlacementsOf(GenerationOf(profile))) {
         std::uint32_t address = placement.address;
-        for (const std::uint8_t byte : BytesOf(profile, placement.signal)) {
+        for (const std::uint8_t byte : placement.signal(profile)) {
             Put(placement.command, address++, byte);
         }
     }
@@ -217,8 +171,8 @@ void EcRegisterBanks::Put(std::uint8_t command, std::uint32_t address, std::uint
     m_bytes[KeyOf(command, address)] = byte;
 }
 
-/// Six channels, three to a device. The hub of the older boards keeps the converters' counts in groups of its
-/// devices; the banked firmware has converted them, and keeps its devices apart from its own state.
+/// Six channels, three to a device. The hub of the older boards has the converters' counts in groups of its devices;
+/// the banked firmware has them in degrees, and its devices apart from its own state.
 void EcRegisterBanks::LayOutSensors(const EcProfile& profile) {
     const Generation generation = GenerationOf(profile);
     const EcSensors& sensors = profile.sensors;

@@ -1,7 +1,7 @@
-// The registers that the EC's firmware shows, with the signals it puts there.
+// The registers of the EC's firmware with their contents.
 #pragma once
 
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <cstdint>
 #include <optional>

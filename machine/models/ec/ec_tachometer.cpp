@@ -9,8 +9,8 @@ namespace machine {
 namespace {
 
 struct FanLine {
-    std::uint8_t input; // which input the counter is switched to
-    std::uint8_t done;  // and the bit that tells the end of its count
+    std::uint8_t input; // the input that the counter is switched to
+    std::uint8_t done;  // the bit that reports the end of its count
 };
 
 constexpr FanLine FanLines[] = {{0x20, 0x80}, {0x10, 0x40}, {0x04, 0x08}};
@@ -47,7 +47,7 @@ EcAnswer EcTachometer::Start(std::span<const std::uint8_t> data) {
     for (std::size_t fan = 0; fan < m_fans.size(); ++fan) {
         if (FanLines[fan].input == data[1]) {
             m_selected = fan;
-            m_questions = 0;
+            m_polls = 0;
             m_count = TachometerCount(m_fans[fan].rpm);
             return {};
         }
@@ -58,8 +58,8 @@ EcAnswer EcTachometer::Start(std::span<const std::uint8_t> data) {
 std::uint8_t EcTachometer::State() {
     constexpr std::uint8_t Running = 0x01;
     const EcFanSpeed& fan = m_fans[m_selected];
-    const bool done = !fan.neverReady && m_questions >= fan.readyAfter;
-    ++m_questions;
+    const bool done = !fan.neverReady && m_polls >= fan.readyAfter;
+    ++m_polls;
     return done ? FanLines[m_selected].done : Running;
 }
 

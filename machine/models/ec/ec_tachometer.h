@@ -2,7 +2,7 @@
 #pragma once
 
 #include "machine/models/ec/ec_answer.h"
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,12 +11,12 @@
 
 namespace machine {
 
-/// One counter for all fans: it is started for one of them and asked until it is done.
+/// One counter for all fans: it is started for one of them and polled until it is done.
 class EcTachometer {
 public:
     explicit EcTachometer(const EcProfile& profile);
 
-    /// The fans turn at other speeds now.
+    /// Takes over new fan speeds.
     void Measure(const EcProfile& profile);
 
     std::optional<EcAnswer> CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
@@ -27,7 +27,7 @@ private:
 
     std::vector<EcFanSpeed> m_fans;
     std::size_t m_selected = 0;
-    std::uint32_t m_questions = 0;
+    std::uint32_t m_polls = 0;
     std::uint16_t m_count = 0;
 };
 

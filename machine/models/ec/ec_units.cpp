@@ -8,31 +8,16 @@ namespace machine {
 namespace {
 
 struct ThermistorPoint {
-    std::uint8_t degrees;
-    std::uint8_t count;
+    int degrees;
+    int count;
 };
 
-// The parts' data sheets, from hot to cold.
-constexpr ThermistorPoint PowerStagePoints[] = {
-    {110, 26}, {109, 32}, {108, 35}, {107, 38}, {106, 41}, {105, 44}, {104, 47}, {103, 50}, {102, 54},
-    {101, 57}, {100, 60}, {99, 63},  {98, 67},  {97, 71},  {96, 74},  {95, 78},  {94, 81},  {93, 85},
-    {92, 89},  {91, 93},  {90, 96},  {89, 100}, {88, 104}, {87, 108}, {86, 112}, {85, 116}, {84, 120},
-    {83, 124}, {82, 129}, {81, 133}, {80, 137}, {79, 141}, {78, 146}, {77, 150}, {76, 154}, {75, 159},
-    {74, 163}, {73, 167}, {72, 172}, {71, 176}, {70, 181}, {69, 185}, {68, 190}, {67, 194}, {66, 198},
-    {65, 203}, {64, 207}, {63, 212}, {62, 216}, {61, 221}, {60, 225}, {59, 229}, {58, 234}, {57, 238},
-    {56, 242}, {55, 246}, {54, 250}, {53, 255}, {52, 255}, {51, 255},
-};
-
-constexpr ThermistorPoint ChipPoints[] = {
-    {100, 0},  {99, 3},   {98, 5},   {97, 7},   {96, 10},  {95, 13},  {94, 15},  {93, 18},  {92, 21},
-    {91, 24},  {90, 27},  {89, 30},  {88, 33},  {87, 36},  {86, 39},  {85, 42},  {84, 45},  {83, 49},
-    {82, 52},  {81, 56},  {80, 59},  {79, 63},  {78, 66},  {77, 70},  {76, 74},  {75, 78},  {74, 82},
-    {73, 86},  {72, 90},  {71, 94},  {70, 98},  {69, 102}, {68, 106}, {67, 110}, {66, 115}, {65, 119},
-    {64, 124}, {63, 128}, {62, 132}, {61, 137}, {60, 142}, {59, 146}, {58, 151}, {57, 155}, {56, 160},
-    {55, 165}, {54, 170}, {53, 174}, {52, 179}, {51, 184}, {50, 188}, {49, 193}, {48, 198}, {47, 203},
-    {46, 207}, {45, 212}, {44, 217}, {43, 222}, {42, 226}, {41, 231}, {40, 235}, {39, 240}, {38, 244},
-    {37, 249}, {36, 253}, {35, 255},
-};
+// Every ten degrees and near the ends, from hot to cold; between two points the converter's input is linear enough. Its
+// counts end at 255.
+constexpr ThermistorPoint PowerStagePoints[] = {{110, 26}, {109, 32}, {100, 60}, {90, 96}, {80, 137},
+                                                {70, 181}, {60, 225}, {53, 255}, {51, 264}};
+constexpr ThermistorPoint ChipPoints[] = {{100, 0},  {90, 27},  {80, 59},  {70, 98},
+                                          {60, 142}, {50, 188}, {40, 235}, {35, 258}};
 
 std::uint16_t Rounded(double number) {
     return static_cast<std::uint16_t>(std::lround(number));
@@ -44,12 +29,15 @@ std::uint8_t ThermistorCount(Thermistor part, std::uint8_t degrees) {
     const std::span<const ThermistorPoint> points = part == Thermistor::PowerStage
                                                         ? std::span<const ThermistorPoint>(PowerStagePoints)
                                                         : std::span<const ThermistorPoint>(ChipPoints);
-    for (const ThermistorPoint& point : points) {
-        if (degrees >= point.degrees) {
-            return point.count;
-        }
-    }
-    return points.back().count;
+    const int within = std::clamp<int>(degrees, points.back().degrees, points.front().degrees);
+    const auto cold = std::ranges::find_if(
+        points.subspan(1), [=](const ThermistorPoint& point) { return within >= point.degrees; });
+    const ThermistorPoint& low = *cold;
+    const ThermistorPoint& high = *std::prev(cold);
+    const double share = double(within - low.degrees) / (high.degrees - low.degrees);
+    const double input = low.count + share * (high.count - low.count);
+    // The converter does not round up.
+    return static_cast<std::uint8_t>(std::clamp(std::floor(input - 0.5), 0.0, 255.0));
 }
 
 std::uint16_t TachometerCount(std::uint32_t rpm) {

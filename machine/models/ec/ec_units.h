@@ -1,26 +1,26 @@
-// How the EC's firmware turns what it measures into the bytes of its registers.
+// How the EC's firmware converts measurements into the bytes of its registers.
 #pragma once
 
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <cstdint>
 
 namespace machine {
 
-/// The two parts that the boards carry: a power-stage thermistor, and a more sensitive one near the chips.
+/// The two parts on the boards: a power-stage thermistor, and a more sensitive one near the chips.
 enum class Thermistor : std::uint8_t { PowerStage, Chip };
 
 /// The converter's count at a temperature; beyond the part's range it stays at the end.
 std::uint8_t ThermistorCount(Thermistor part, std::uint8_t degrees);
 
-/// Ticks of the tachometer's clock for half a turn; 0 for a fan that stands still, all ones for one that is
-/// too slow to be counted.
+/// Ticks of the tachometer's clock for half a turn; 0 for a stopped fan, all ones for one that is too
+/// slow to be counted.
 std::uint16_t TachometerCount(std::uint32_t rpm);
 
 std::uint16_t Millivolts(double volts);
 /// Two's complement.
 std::uint16_t Milliamperes(double amperes);
-/// Tenths of a kelvin, as smart batteries tell temperatures.
+/// Tenths of a kelvin, as smart batteries report temperatures.
 std::uint16_t Decikelvin(double degrees);
 
 /// As smart batteries pack a date: seven bits of years since 1980, four of months, five of days.

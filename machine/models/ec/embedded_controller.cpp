@@ -5,7 +5,7 @@
 namespace machine {
 namespace {
 
-// The firmware's own command set.
+// Commands that every generation has.
 constexpr std::uint8_t CommandModeQuery = 0x8E;
 constexpr std::uint8_t CommandIdentityRead = 0xBB;
 
@@ -15,16 +15,18 @@ constexpr std::uint8_t ModeTablet = 0x33;
 constexpr std::uint8_t RegisterRevisionFirst = 0x03;
 constexpr std::uint8_t RegisterRevisionSecond = 0x04;
 constexpr std::uint8_t RegisterChipId = 0x10;
-constexpr std::uint8_t RegisterChipName = 0x12; // and the three behind it
+constexpr std::uint8_t RegisterChipName = 0x12; // and the next three
 
 } // namespace
 
 EmbeddedController::EmbeddedController(EcProfile profile)
-    : m_profile(std::move(profile)), m_firmware(m_profile) {}
+    : m_profile(std::move(profile)), m_banks(m_profile), m_tachometer(m_profile), m_bus(m_profile) {}
 
 void EmbeddedController::Measure(const MachineCourse& course) {
     course.Measure(m_profile);
-    m_firmware.Measure(m_profile);
+    m_banks = EcRegisterBanks(m_profile);
+    m_tachometer.Measure(m_profile);
+    m_bus.Measure(m_profile);
 }
 
 const EcFault* EmbeddedController::FaultOf(std::uint8_t command) {
@@ -70,8 +72,21 @@ EcAnswer EmbeddedController::CarryOut(std::uint8_t command, std::span<const std:
         }
         return {0, m_profile.tabletMode};
     default:
-        return m_firmware.CarryOut(command, data);
+        return CarryOutOfGeneration(command, data);
     }
+}
+
+EcAnswer EmbeddedController::CarryOutOfGeneration(std::uint8_t command, std::span<const std::uint8_t> data) {
+    if (const auto answer = m_tachometer.CarryOut(command, data)) {
+        return *answer;
+    }
+    if (const auto answer = m_bus.CarryOut(command, data)) {
+        return *answer;
+    }
+    if (const auto byte = m_banks.Find(command, data)) {
+        return {0, *byte};
+    }
+    return {ReadsBank(command) ? ec_status::BadData : ec_status::BadCommand};
 }
 
 } // namespace machine

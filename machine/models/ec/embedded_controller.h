@@ -1,9 +1,12 @@
 // The embedded controller, seen from its command port.
 #pragma once
 
-#include "machine/models/ec/ec_firmware.h"
+#include "machine/models/ec/ec_answer.h"
+#include "machine/models/ec/ec_battery_bus.h"
+#include "machine/models/ec/ec_register_banks.h"
+#include "machine/models/ec/ec_tachometer.h"
 #include "machine/models/machine_course.h"
-#include "machine/profile/ec_profile.h"
+#include "machine/profile/sections/ec_profile.h"
 
 #include <array>
 #include <cstdint>
@@ -15,18 +18,21 @@ class EmbeddedController {
 public:
     explicit EmbeddedController(EcProfile profile);
 
-    /// Other values are measured now.
+    /// Takes over new measurements. What is being counted or transferred continues.
     void Measure(const MachineCourse& course);
 
-    /// Carries out one command. A command that this firmware does not have is answered with a status.
+    /// Carries out one command. Commands that this firmware does not have get a status.
     EcAnswer CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
 
 private:
+    EcAnswer CarryOutOfGeneration(std::uint8_t command, std::span<const std::uint8_t> data);
     [[nodiscard]] std::uint8_t IdentityRegister(std::uint8_t number) const;
     const EcFault* FaultOf(std::uint8_t command);
 
     EcProfile m_profile;
-    EcFirmware m_firmware;
+    EcRegisterBanks m_banks;
+    EcTachometer m_tachometer;
+    EcBatteryBus m_bus;
     std::array<std::uint32_t, 256> m_uses{};
 };
 

@@ -9,7 +9,7 @@
 namespace machine {
 namespace {
 
-// The driver's request codes, by function number of device type 0x8010.
+// The driver's IOCTLs, by function number of device type 0x8010.
 constexpr std::uint32_t DriverRequest(std::uint32_t function) {
     return 0x80102000 | function;
 }
@@ -30,7 +30,7 @@ constexpr ControlAnswer Refusal(platform::SystemError error) {
     return {error, {}};
 }
 
-/// The vendor text as CPUID leaf 0 spells it: EBX, EDX, ECX.
+/// The vendor string in CPUID leaf 0: EBX, EDX, ECX.
 CpuIdLeaf VendorLeaf(const std::string& vendor) {
     const auto bytes = std::as_bytes(std::span(vendor));
     return {0x16, WordAt(bytes, 0), WordAt(bytes, 8), WordAt(bytes, 4)};

@@ -1,4 +1,4 @@
-// The kernel I/O driver VESKHWIO: the device and its seven requests.
+// The kernel I/O driver VESKHWIO: the device and its seven IOCTLs.
 #pragma once
 
 #include "machine/models/device.h"
@@ -11,12 +11,12 @@ class IoDriver final : public Device {
 public:
     IoDriver(const DriverProfile& driver, ProcessorProfile processor, EmbeddedController& controller);
 
-    /// Other values are measured now.
+    /// Takes over new measurements.
     void Measure(const MachineCourse& course);
 
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
     void Close() override;
-    ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) override;
+    ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t outSize) override;
 
 private:
     ControlAnswer EcExchange(std::span<const std::byte> in);

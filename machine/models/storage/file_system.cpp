@@ -1,6 +1,6 @@
 #include "machine/models/storage/file_system.h"
 
-#include "machine/models/storage/store.h"
+#include "machine/models/storage/machine_path.h"
 #include "machine/text/wide_text.h"
 #include "platform/device_io.h"
 
@@ -9,7 +9,7 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <fstream>
+#include <cstring>
 
 namespace machine {
 namespace {
@@ -33,6 +33,11 @@ constexpr SystemError SharingViolation = 32;
 constexpr SystemError DiskFull = 112;
 constexpr SystemError AlreadyExists = 183;
 
+// Of a directory on the way to a file. A link is no directory.
+constexpr int OpenDirectory = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+// Of a file: nothing that would wait, as a pipe does, and no link.
+constexpr int OpenFileOnly = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+
 SystemError FromErrno(int code) {
     switch (code) {
     case ENOENT:
@@ -43,6 +48,8 @@ SystemError FromErrno(int code) {
     case EPERM:
     case EISDIR:
     case EROFS:
+    case ELOOP: // a link
+    case ENXIO: // a pipe
         return platform::error::AccessDenied;
     case ENOSPC:
         return DiskFull;
@@ -57,35 +64,12 @@ SystemError Outcome(bool done) {
     return done ? platform::error::Success : FromErrno(errno);
 }
 
-/// Takes one name after the other; both separators count.
-std::string_view TakeName(std::string_view& path) {
-    const std::size_t begin = std::min(path.find_first_not_of("\\/"), path.size());
-    path.remove_prefix(begin);
-    const std::string_view name = path.substr(0, path.find_first_of("\\/"));
-    path.remove_prefix(name.size());
-    return name;
+[[noreturn]] void ThrowProblem(const std::string& path) {
+    throw StoreError(path + ": " + std::strerror(errno));
 }
 
-/// The path below `top`, which it cannot leave.
-fs::path Below(const fs::path& top, std::string_view names) {
-    fs::path below;
-    for (auto name = TakeName(names); !name.empty(); name = TakeName(names)) {
-        if (name == "..") {
-            below = below.parent_path();
-        } else if (name != ".") {
-            below /= name;
-        }
-    }
-    return below.empty() ? top : top / below;
-}
-
-bool HasDrive(std::u16string_view path) {
-    return path.size() >= 2 && path[1] == u':' &&
-           ((path[0] >= u'A' && path[0] <= u'Z') || (path[0] >= u'a' && path[0] <= u'z'));
-}
-
-/// Whether two openings of one file get along: each has to share what the other does.
-bool GetAlong(std::uint32_t access, std::uint32_t shareMode, const FileSystem::Opening& other) {
+/// Whether two openings of one file are possible together: each has to share what the other does.
+bool AreCompatible(std::uint32_t access, std::uint32_t shareMode, const FileSystem::Opening& other) {
     const auto shares = [](std::uint32_t share, std::uint32_t wanted) {
         return ((wanted & Reading) == 0 || (share & SharesReading) != 0) &&
                ((wanted & Writing) == 0 || (share & SharesWriting) != 0);
@@ -93,85 +77,209 @@ bool GetAlong(std::uint32_t access, std::uint32_t shareMode, const FileSystem::O
     return shares(shareMode, other.access) && shares(other.shareMode, access);
 }
 
+bool IsRegularFile(int descriptor) {
+    struct stat status {};
+
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool WriteAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const auto count = ::write(descriptor, text.data(), text.size());
+        if (count <= 0) {
+            return false;
+        }
+        text.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
 } // namespace
 
-FileSystem::FileSystem(std::string storePath, bool storeIsNew, FilesProfile profile)
-    : m_storePath(std::move(storePath)), m_storeIsNew(storeIsNew), m_profile(std::move(profile)) {}
+Descriptor::~Descriptor() {
+    if (m_number >= 0) {
+        ::close(m_number);
+    }
+}
+
+int FileSystem::Place::At() const {
+    return onHost ? AT_FDCWD : directory.Get();
+}
+
+std::optional<struct stat> FileSystem::Place::Status() const {
+    struct stat status {};
+
+    const int flags = onHost ? 0 : AT_SYMLINK_NOFOLLOW;
+    return ::fstatat(At(), name.c_str(), &status, flags) == 0 ? std::optional(status) : std::nullopt;
+}
+
+FileSystem::FileSystem(const std::string& storePath, const Store& store, FilesProfile profile)
+    : m_store(store), m_profile(std::move(profile)), m_isTemporary(storePath == ":memory:") {
+    if (m_isTemporary) {
+        return; // created when a path asks for it
+    }
+    m_root = fs::absolute(storePath + ".files");
+    if (::mkdir(m_root.c_str(), 0777) != 0 && errno != EEXIST) {
+        ThrowProblem(m_root);
+    }
+    RootDescriptor();
+    if (store.FilesState() != Store::Files::Complete) {
+        CreateFiles(store.FilesState() == Store::Files::CreateMissing);
+    }
+}
 
 FileSystem::~FileSystem() {
-    for (const auto& [number, file] : m_open) {
-        ::close(file.descriptor);
-    }
-    if (m_storePath == ":memory:" && !m_root.empty()) {
+    if (m_isTemporary && !m_root.empty()) {
         std::error_code ignored;
         fs::remove_all(m_root, ignored);
     }
 }
 
-const fs::path& FileSystem::Root() {
-    if (m_root.empty()) {
-        if (m_storePath == ":memory:") {
-            std::string pattern = (fs::temp_directory_path() / "vesk-machine-XXXXXX").string();
-            if (::mkdtemp(pattern.data()) == nullptr) {
-                throw StoreError(pattern + ": no directory for the machine's files");
-            }
-            m_root = pattern;
-        } else {
-            m_root = fs::absolute(m_storePath + ".files");
-        }
-        Seed();
+int FileSystem::RootDescriptor() {
+    m_store.DemandUsable();
+    if (m_rootDescriptor.IsOpen()) {
+        return m_rootDescriptor.Get();
     }
-    return m_root;
-}
-
-void FileSystem::Seed() {
-    std::error_code problem;
-    for (const std::u16string& directory : m_profile.directories) {
-        fs::create_directories(*HostPath(directory), problem);
-    }
-    for (const FileProfile& file : m_profile.files) {
-        const fs::path path = *HostPath(file.path);
-        fs::create_directories(path.parent_path(), problem);
-        if (m_storeIsNew) {
-            std::ofstream(path, std::ios::binary) << file.text;
+    if (m_isTemporary) {
+        std::string pattern = (fs::temp_directory_path() / "vesk-machine-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) {
+            ThrowProblem(pattern);
         }
+        m_root = pattern;
+    }
+    m_rootDescriptor = Descriptor(::open(m_root.c_str(), OpenDirectory));
+    if (!m_rootDescriptor.IsOpen()) {
+        ThrowProblem(m_root);
     }
     for (const std::u16string& held : m_profile.heldOpen) {
         m_held.insert(*HostPath(held));
     }
+    if (m_isTemporary) {
+        CreateFiles(false);
+    }
+    return m_rootDescriptor.Get();
+}
+
+void FileSystem::CreateFiles(bool onlyMissing) {
+    for (const std::u16string& directory : m_profile.directories) {
+        CreateDirectories(NamesBelowRoot(directory));
+    }
+    for (const FileProfile& file : m_profile.files) {
+        CreateFile(file, onlyMissing);
+    }
+}
+
+void FileSystem::CreateFile(const FileProfile& file, bool onlyMissing) {
+    const Names names = NamesBelowRoot(file.path);
+    const Descriptor directory = CreateDirectories(std::span(names).first(names.size() - 1));
+    const int at = names.size() == 1 ? RootDescriptor() : directory.Get();
+    const int mode = onlyMissing ? O_EXCL : 0;
+    const Descriptor created(
+        ::openat(at, names.back().c_str(), OpenFileOnly | O_WRONLY | O_CREAT | mode, 0644));
+    if (!created.IsOpen() && onlyMissing && errno == EEXIST) {
+        return;
+    }
+    // On the disk before the store says that it is there.
+    if (!created.IsOpen() || !IsRegularFile(created.Get()) || ::ftruncate(created.Get(), 0) != 0 ||
+        !WriteAll(created.Get(), file.text) || ::fsync(created.Get()) != 0) {
+        ThrowProblem(Utf8FromWide(file.path));
+    }
+}
+
+/// Opens a directory below the root and creates what is missing on the way.
+Descriptor FileSystem::CreateDirectories(std::span<const std::string> names) {
+    Descriptor directory;
+    for (const std::string& name : names) {
+        const int at = directory.IsOpen() ? directory.Get() : RootDescriptor();
+        if (::mkdirat(at, name.c_str(), 0777) != 0 && errno != EEXIST) {
+            ThrowProblem(name);
+        }
+        directory = Descriptor(::openat(at, name.c_str(), OpenDirectory));
+        if (!directory.IsOpen()) {
+            ThrowProblem(name);
+        }
+    }
+    return directory;
+}
+
+/// The path on the host's own disk, if a program on this host has stored it or a directory above it.
+std::string FileSystem::GivenHostPath(std::u16string_view path) const {
+    const Names names = NamesOf(Utf8FromWide(path));
+    Statement given = m_store.Prepare("SELECT path FROM host_path");
+    bool isGiven = false;
+    while (given.Step()) {
+        isGiven |= IsWithin(names, NamesOf(Utf8FromWide(given.Text(0))));
+    }
+    std::string whole;
+    for (const std::string& name : names) {
+        whole += '/' + name;
+    }
+    return !isGiven ? "" : whole.empty() ? "/" : whole;
 }
 
 std::optional<fs::path> FileSystem::HostPath(std::u16string_view path) {
+    if (path.find(u'\0') != std::u16string_view::npos) {
+        return std::nullopt;
+    }
     if (HasDrive(path)) {
-        const std::string drive(1, static_cast<char>(Folded(path)[0]));
-        return Below(Root() / drive, Utf8FromWide(Folded(path.substr(2))));
+        RootDescriptor();
+        fs::path whole = m_root;
+        for (const std::string& name : NamesBelowRoot(path)) {
+            whole /= name;
+        }
+        return whole;
     }
-    if (path.starts_with(u'/')) {
-        return Below("/", Utf8FromWide(path));
+    const std::string given = path.starts_with(u'/') ? GivenHostPath(path) : std::string();
+    return given.empty() ? std::nullopt : std::optional<fs::path>(given);
+}
+
+std::optional<FileSystem::Place> FileSystem::Find(std::u16string_view path, SystemError& problem) {
+    const auto host = HostPath(path);
+    if (!host) {
+        problem = platform::error::FileNotFound;
+        return std::nullopt;
     }
-    return std::nullopt;
+    Place place;
+    if (!HasDrive(path)) {
+        place.onHost = true;
+        place.name = host->string();
+        return place;
+    }
+    const Names names = NamesBelowRoot(path);
+    place.name = names.back();
+    place.directory = Descriptor(::openat(RootDescriptor(), ".", OpenDirectory));
+    for (std::size_t index = 0; place.directory.IsOpen() && index + 1 < names.size(); ++index) {
+        place.directory = Descriptor(::openat(place.At(), names[index].c_str(), OpenDirectory));
+    }
+    if (!place.directory.IsOpen()) {
+        problem = FromErrno(errno);
+        return std::nullopt;
+    }
+    return place;
 }
 
 std::optional<std::uint32_t> FileSystem::Attributes(std::u16string_view path, SystemError& problem) {
-    const auto host = HostPath(path);
-    std::error_code trouble;
-    const fs::file_status status =
-        host ? fs::status(*host, trouble) : fs::file_status(fs::file_type::not_found);
-    if (!fs::exists(status)) {
-        problem = trouble ? FromErrno(trouble.value()) : platform::error::FileNotFound;
+    const auto place = Find(path, problem);
+    if (!place) {
+        return std::nullopt;
+    }
+    const auto status = place->Status();
+    const bool isDirectory = status && S_ISDIR(status->st_mode);
+    if (!status || (!isDirectory && !S_ISREG(status->st_mode))) {
+        problem = status ? platform::error::AccessDenied : FromErrno(errno);
         return std::nullopt;
     }
     problem = platform::error::Success;
-    return fs::is_directory(status) ? Directory : Archive;
+    return isDirectory ? Directory : Archive;
 }
 
 bool FileSystem::SharesWith(const fs::path& path, const Opening& opening) const {
     for (const auto& [number, file] : m_open) {
-        if (file.path == path && !GetAlong(file.access, file.shareMode, opening)) {
+        if (file.path == path && !AreCompatible(file.access, file.shareMode, opening)) {
             return false;
         }
     }
-    return !m_held.contains(path) || GetAlong(Reading, SharesReading | SharesWriting, opening);
+    return !m_held.contains(path) || AreCompatible(Reading, SharesReading | SharesWriting, opening);
 }
 
 bool FileSystem::SharesDeletion(const fs::path& path) const {
@@ -184,46 +292,48 @@ bool FileSystem::SharesDeletion(const fs::path& path) const {
 }
 
 SystemError FileSystem::Open(std::u16string_view path, const Opening& opening, int& descriptor) {
-    const auto host = HostPath(path);
-    if (!host) {
-        return platform::error::FileNotFound;
+    SystemError problem = platform::error::Success;
+    const auto place = Find(path, problem);
+    if (!place) {
+        return problem;
     }
-    if (!SharesWith(*host, opening)) {
+    if (!SharesWith(*HostPath(path), opening)) {
         return SharingViolation;
     }
-    int flags = O_CLOEXEC;
-    const bool writes = (opening.access & Writing) != 0;
-    if (writes) {
+    int flags = place->onHost ? OpenFileOnly & ~O_NOFOLLOW : OpenFileOnly;
+    if ((opening.access & Writing) != 0) {
         flags |= (opening.access & Reading) != 0 ? O_RDWR : O_WRONLY;
     }
     if (opening.disposition == CreateAlways || opening.disposition == OpenAlways) {
         flags |= O_CREAT;
     }
-    if (opening.disposition == CreateAlways) {
-        flags |= O_TRUNC;
+    Descriptor opened(::openat(place->At(), place->name.c_str(), flags, 0644));
+    if (!opened.IsOpen()) {
+        return FromErrno(errno);
     }
-    if (fs::is_directory(*host)) {
+    if (!IsRegularFile(opened.Get())) {
         return platform::error::AccessDenied;
     }
-    descriptor = ::open(host->c_str(), flags, 0644);
-    return Outcome(descriptor >= 0);
+    if (opening.disposition == CreateAlways && ::ftruncate(opened.Get(), 0) != 0) {
+        return FromErrno(errno);
+    }
+    descriptor = opened.Release();
+    return platform::error::Success;
 }
 
 void FileSystem::Keep(std::uintptr_t number, std::u16string_view path, const Opening& opening,
                       int descriptor) {
-    m_open[number] = {*HostPath(path), opening.access, opening.shareMode, descriptor};
+    m_open.insert_or_assign(
+        number, OpenFile{*HostPath(path), opening.access, opening.shareMode, Descriptor(descriptor)});
 }
 
 void FileSystem::Close(std::uintptr_t number) {
-    if (const auto found = m_open.find(number); found != m_open.end()) {
-        ::close(found->second.descriptor);
-        m_open.erase(found);
-    }
+    m_open.erase(number);
 }
 
 int FileSystem::DescriptorOf(std::uintptr_t number) const {
     const auto found = m_open.find(number);
-    return found == m_open.end() ? -1 : found->second.descriptor;
+    return found == m_open.end() ? -1 : found->second.descriptor.Get();
 }
 
 SystemError FileSystem::Read(std::uintptr_t number, std::span<std::byte> buffer, std::uint32_t& read) {
@@ -249,32 +359,35 @@ SystemError FileSystem::Flush(std::uintptr_t number) {
 }
 
 SystemError FileSystem::Move(std::u16string_view existing, std::u16string_view next, bool replace) {
-    const auto from = HostPath(existing);
-    const auto to = HostPath(next);
-    if (!from || !to) {
-        return platform::error::FileNotFound;
+    SystemError problem = platform::error::Success;
+    const auto from = Find(existing, problem);
+    const auto to = from ? Find(next, problem) : std::nullopt;
+    if (!to) {
+        return problem;
     }
-    if (!SharesDeletion(*from)) {
+    if (!SharesDeletion(*HostPath(existing))) {
         return SharingViolation;
     }
-    if (!SharesDeletion(*to) || fs::is_directory(*to)) {
+    const auto target = to->Status();
+    if (!SharesDeletion(*HostPath(next)) || (target && S_ISDIR(target->st_mode))) {
         return platform::error::AccessDenied;
     }
-    if (!replace && fs::exists(*to)) {
+    if (!replace && target) {
         return AlreadyExists;
     }
-    return Outcome(::rename(from->c_str(), to->c_str()) == 0);
+    return Outcome(::renameat(from->At(), from->name.c_str(), to->At(), to->name.c_str()) == 0);
 }
 
 SystemError FileSystem::Delete(std::u16string_view path) {
-    const auto host = HostPath(path);
-    if (!host) {
-        return platform::error::FileNotFound;
+    SystemError problem = platform::error::Success;
+    const auto place = Find(path, problem);
+    if (!place) {
+        return problem;
     }
-    if (!SharesDeletion(*host)) {
+    if (!SharesDeletion(*HostPath(path))) {
         return SharingViolation;
     }
-    return Outcome(::unlink(host->c_str()) == 0);
+    return Outcome(::unlinkat(place->At(), place->name.c_str(), 0) == 0);
 }
 
 } // namespace machine

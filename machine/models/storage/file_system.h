@@ -1,13 +1,19 @@
 // The file system of the simulated machine: real files of the host.
 //
-// A path with a drive ("C:\ProgramData\...") lies in a directory beside the machine's store, named as that with
-// ".files" behind it, or in one that goes with the machine where the store keeps nothing. Names are kept there
-// in upper case, since they compare without regard to case. A path that begins with a slash is the host's own;
-// a backslash separates there too. The machine has no present directory: other paths lead nowhere.
+// A path with a drive ("C:\ProgramData\...") is in a directory next to the machine's store, named like it with ".files"
+// added, or in a temporary one if the store persists nothing. Names are upper case there, since Windows compares them
+// without case. No such path leaves that directory: ".." ends at the drive, and links are not followed.
+//
+// A path that begins with a slash is on the host's own disk; a backslash separates its names too. It exists for the
+// machine only at and below the directories that a program on this host stored in the registry, as WMISetAppPath
+// does: what a profile puts there opens nothing. The machine has no current directory: other paths lead nowhere.
 #pragma once
 
-#include "machine/profile/files_profile.h"
+#include "machine/models/storage/store.h"
+#include "machine/profile/sections/disk_profile.h"
 #include "platform/types.h"
+
+#include <sys/stat.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -17,20 +23,47 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace machine {
 
+/// A file descriptor of the host.
+class Descriptor {
+public:
+    explicit Descriptor(int number = -1) : m_number(number) {}
+
+    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
+
+    ~Descriptor();
+
+    [[nodiscard]] int Get() const { return m_number; }
+
+    [[nodiscard]] bool IsOpen() const { return m_number >= 0; }
+
+    [[nodiscard]] int Release() { return std::exchange(m_number, -1); }
+
+private:
+    int m_number;
+};
+
 class FileSystem {
 public:
-    FileSystem(std::string storePath, bool storeIsNew, FilesProfile profile);
+    /// On the machine's first start, which `store` has not committed yet, creates the profile's files. Throws
+    /// StoreError.
+    FileSystem(const std::string& storePath, const Store& store, FilesProfile profile);
     FileSystem(const FileSystem&) = delete;
     FileSystem& operator=(const FileSystem&) = delete;
     ~FileSystem();
 
-    /// The attributes of what is at a path; nothing with `problem` set where there is nothing.
+    /// The attributes of a file or directory; nothing with `problem` set if there is none.
     std::optional<std::uint32_t> Attributes(std::u16string_view path, platform::SystemError& problem);
 
-    /// Opens a file under a number of the ledger's.
     struct Opening {
         std::uint32_t access;
         std::uint32_t shareMode;
@@ -38,6 +71,7 @@ public:
     };
 
     platform::SystemError Open(std::u16string_view path, const Opening& opening, int& descriptor);
+    /// Owns an open file from now on, under a handle's number.
     void Keep(std::uintptr_t number, std::u16string_view path, const Opening& opening, int descriptor);
     void Close(std::uintptr_t number);
 
@@ -50,7 +84,8 @@ public:
     platform::SystemError Move(std::u16string_view existing, std::u16string_view next, bool replace);
     platform::SystemError Delete(std::u16string_view path);
 
-    /// Where a path of the machine lies on the host. Nothing where it leads nowhere.
+    /// Where a path of the machine is on the host, for those who look at the machine from outside. Nothing if it
+    /// leads nowhere.
     std::optional<std::filesystem::path> HostPath(std::u16string_view path);
 
 private:
@@ -58,19 +93,38 @@ private:
         std::filesystem::path path;
         std::uint32_t access;
         std::uint32_t shareMode;
-        int descriptor;
+        Descriptor descriptor;
     };
 
-    const std::filesystem::path& Root();
-    void Seed();
+    /// A directory that is open, and a name in it; or a whole path of the host.
+    struct Place {
+        Descriptor directory;
+        std::string name;
+        bool onHost = false;
+
+        [[nodiscard]] int At() const;
+        /// The file's status; nothing with errno set.
+        [[nodiscard]] std::optional<struct stat> Status() const;
+    };
+
+    using Names = std::vector<std::string>;
+
+    [[nodiscard]] std::string GivenHostPath(std::u16string_view path) const;
+    /// Finds a path's directory without following links; nothing with `problem` set.
+    std::optional<Place> Find(std::u16string_view path, platform::SystemError& problem);
+    int RootDescriptor();
+    void CreateFiles(bool onlyMissing);
+    void CreateFile(const FileProfile& file, bool onlyMissing);
+    Descriptor CreateDirectories(std::span<const std::string> names);
     [[nodiscard]] bool SharesWith(const std::filesystem::path& path, const Opening& opening) const;
     [[nodiscard]] bool SharesDeletion(const std::filesystem::path& path) const;
     [[nodiscard]] int DescriptorOf(std::uintptr_t number) const;
 
-    std::string m_storePath;
-    bool m_storeIsNew;
-    FilesProfile m_profile;
+    const Store& m_store;
+    const FilesProfile m_profile;
+    const bool m_isTemporary;
     std::filesystem::path m_root;
+    Descriptor m_rootDescriptor;
     std::set<std::filesystem::path> m_held;
     std::map<std::uintptr_t, OpenFile> m_open;
 };

@@ -3,7 +3,7 @@
 
 #include "machine/models/storage/firmware_variable_store.h"
 #include "machine/models/storage/store.h"
-#include "machine/profile/firmware_variables_profile.h"
+#include "machine/profile/sections/firmware_profile.h"
 
 #include <optional>
 #include <set>

@@ -13,7 +13,8 @@ Storage OpenStorage(const Profile& profile, const std::string& storePath) {
     const Store& store = *storage.store;
     storage.registry = std::make_shared<RegistryHive>(store, profile.registry);
     storage.firmwareVariables = std::make_shared<FirmwareStore>(store, profile.firmwareVariables);
-    storage.files = std::make_shared<FileSystem>(storePath, store.IsNew(), profile.files);
+    storage.files = std::make_shared<FileSystem>(storePath, store, profile.files);
+    storage.store->CommitFirstState();
     return storage;
 }
 

@@ -1,4 +1,4 @@
-// A machine's storage in one SQLite file, and a directory beside it.
+// A machine's storage in one SQLite file, and a directory next to it.
 #pragma once
 
 #include "machine/models/storage/storage.h"
@@ -8,7 +8,7 @@
 
 namespace machine {
 
-/// ":memory:" keeps nothing. Throws StoreError.
+/// Creates the machine's first state if there is none. ":memory:" persists nothing. Throws StoreError.
 Storage OpenStorage(const Profile& profile, const std::string& storePath);
 
 } // namespace machine

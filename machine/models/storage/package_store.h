@@ -1,7 +1,7 @@
 // The installed packages of the simulated machine, with their manifests on its disk and their resources.
 #pragma once
 
-#include "machine/profile/packages_profile.h"
+#include "machine/profile/sections/software_profile.h"
 
 #include <map>
 #include <string>

@@ -1,13 +1,16 @@
 #include "machine/models/storage/registry_hive.h"
 
 #include "machine/text/wide_text.h"
+#include "platform/registry.h"
+
+#include <algorithm>
 
 namespace machine {
 namespace {
 
 constexpr std::int64_t NoParent = 0;
 
-/// Takes the first name off a path; backslashes that stand together count as one.
+/// Takes the first name off a path; adjacent backslashes count as one.
 std::u16string_view TakeName(std::u16string_view& path) {
     while (!path.empty() && path.front() == u'\\') {
         path.remove_prefix(1);
@@ -15,6 +18,15 @@ std::u16string_view TakeName(std::u16string_view& path) {
     const std::u16string_view name = path.substr(0, path.find(u'\\'));
     path.remove_prefix(name.size());
     return name;
+}
+
+/// The string in a value's data, without what follows a terminator.
+std::u16string StringOf(std::span<const std::byte> data) {
+    std::u16string text(data.size() / sizeof(char16_t), u'\0');
+    std::ranges::copy(data.first(text.size() * sizeof(char16_t)),
+                      std::as_writable_bytes(std::span(text)).begin());
+    text.resize(std::min(text.find(u'\0'), text.size()));
+    return text;
 }
 
 const Store& WithHives(const Store& store) {
@@ -35,6 +47,8 @@ RegistryHive::RegistryHive(const Store& store, const RegistryProfile& profile)
       m_getValue(store.Prepare("SELECT name, type, data FROM registry_value WHERE key = ? AND folded = ?")),
       m_setValue(store.Prepare("INSERT INTO registry_value VALUES (?, ?, ?, ?, ?) ON CONFLICT DO UPDATE "
                                "SET type = excluded.type, data = excluded.data")),
+      m_setHostPath(store.Prepare("INSERT OR REPLACE INTO host_path VALUES (?, ?, ?)")),
+      m_clearHostPath(store.Prepare("DELETE FROM host_path WHERE key = ? AND folded = ?")),
       m_children(store.Prepare("SELECT name FROM registry_key WHERE parent = ? ORDER BY folded")),
       m_foreignChanges(store.Prepare("PRAGMA data_version")) {
     for (const std::u16string& path : profile.readOnly) {
@@ -46,14 +60,12 @@ RegistryHive::RegistryHive(const Store& store, const RegistryProfile& profile)
 }
 
 void RegistryHive::Seed(const RegistryProfile& profile) {
-    Store::Transaction whole(m_store);
     for (const std::u16string& key : profile.keys) {
         KeyAt(key);
     }
     for (const RegistryValue& value : profile.values) {
-        Set(KeyAt(value.key), value.name, value.type, value.data);
+        Write(KeyAt(value.key), value.name, value.type, value.data);
     }
-    whole.Commit();
 }
 
 std::int64_t RegistryHive::KeyAt(std::u16string_view pathWithHive) {
@@ -132,6 +144,19 @@ std::optional<RegistryHive::Value> RegistryHive::Get(std::int64_t key, std::u16s
 
 void RegistryHive::Set(std::int64_t key, std::u16string_view name, std::uint32_t type,
                        std::span<const std::byte> data) {
+    const std::u16string path = type == platform::value_type::String ? StringOf(data) : std::u16string();
+    Store::Transaction whole(m_store);
+    Write(key, name, type, data);
+    if (path.starts_with(u'/')) {
+        m_setHostPath.Bind(1, key).Bind(2, Folded(name)).Bind(3, path).Run();
+    } else {
+        m_clearHostPath.Bind(1, key).Bind(2, Folded(name)).Run();
+    }
+    whole.Commit();
+}
+
+void RegistryHive::Write(std::int64_t key, std::u16string_view name, std::uint32_t type,
+                         std::span<const std::byte> data) {
     m_setValue.Bind(1, key).Bind(2, name).Bind(3, Folded(name)).Bind(4, type).Bind(5, data);
     m_setValue.Run();
 }
@@ -143,6 +168,9 @@ void RegistryHive::Remove(std::int64_t key) {
     ++m_changes;
     Store::Transaction whole(m_store);
     m_store.Prepare(std::string(Below) + "DELETE FROM registry_value WHERE key IN (SELECT id FROM below)")
+        .Bind(1, key)
+        .Run();
+    m_store.Prepare(std::string(Below) + "DELETE FROM host_path WHERE key IN (SELECT id FROM below)")
         .Bind(1, key)
         .Run();
     m_store.Prepare(std::string(Below) + "DELETE FROM registry_key WHERE id IN (SELECT id FROM below)")

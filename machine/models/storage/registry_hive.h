@@ -12,7 +12,7 @@
 
 namespace machine {
 
-/// Keys are known by number; the two hives are there from the start. Names of keys and values compare without
+/// Keys are known by number; the two hives always exist. Names of keys and values compare without
 /// regard to case; both are listed in the order of their folded names.
 class RegistryHive {
 public:
@@ -40,6 +40,8 @@ public:
     };
 
     std::optional<Value> Get(std::int64_t key, std::u16string_view name);
+    /// Sets a value for a program. A path of the host's own disk that a program stores becomes one that the machine's
+    /// file system follows.
     void Set(std::int64_t key, std::u16string_view name, std::uint32_t type, std::span<const std::byte> data);
 
     /// Removes a key with everything below it.
@@ -47,21 +49,23 @@ public:
 
     std::vector<std::u16string> SubkeyNames(std::int64_t key);
 
-    /// A key's subkeys as they stood at one moment. An enumeration by index keeps one, so that its cost is in
-    /// proportion to the number of subkeys.
+    /// A key's subkeys at one moment. An enumeration by index caches one, so that its cost is proportional to the
+    /// number of subkeys.
     struct Listing {
         std::vector<std::u16string> names;
-        std::optional<std::uint64_t> state; // none: never taken
+        std::optional<std::uint64_t> state; // none: never read
     };
 
-    /// Takes the listing anew if the keys have changed since it was taken, by this process or another: an
-    /// enumeration by index sees what goes and comes meanwhile.
+    /// Reads the listing again if this process or another has changed keys since: an enumeration by index sees what
+    /// comes and goes meanwhile.
     void Refresh(std::int64_t key, Listing& listing);
 
 private:
     void Seed(const RegistryProfile& profile);
     std::optional<std::int64_t> Child(std::int64_t parent, std::u16string_view name);
     std::int64_t KeyAt(std::u16string_view pathWithHive);
+    void Write(std::int64_t key, std::u16string_view name, std::uint32_t type,
+               std::span<const std::byte> data);
 
     /// A number that differs whenever the keys may differ.
     std::uint64_t KeyState();
@@ -74,6 +78,8 @@ private:
     Statement m_describe;
     Statement m_getValue;
     Statement m_setValue;
+    Statement m_setHostPath;
+    Statement m_clearHostPath;
     Statement m_children;
     Statement m_foreignChanges;
 };

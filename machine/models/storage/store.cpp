@@ -4,34 +4,45 @@ namespace machine {
 namespace {
 
 constexpr int BusyMilliseconds = 5000;
-constexpr std::int64_t SchemaVersion = 1;
 
-// Names are compared in their folded form; the name itself keeps the case it was written with. Numbers of
-// keys are given in the order of creation, names are listed in the order of their folded form.
+// Values of user_version. The first version marked a store before it had its state, and created files later or never.
+constexpr std::int64_t NotMade = 0;
+constexpr std::int64_t MadeByFirstVersion = 1;
+constexpr std::int64_t Made = 2;
+
+// Names are compared in their folded form; the name itself keeps its case. Keys are numbered in the order of their
+// creation, names are listed in the order of their folded form. host_path has the values in which a program on this
+// host stored a path of the host's own disk; what the profile put into the registry is not in it.
 constexpr const char* Schema = R"(
-CREATE TABLE registry_key (
+CREATE TABLE IF NOT EXISTS registry_key (
     id INTEGER PRIMARY KEY,
     parent INTEGER NOT NULL,
     name TEXT NOT NULL,
     folded TEXT NOT NULL,
     UNIQUE (parent, folded));
-CREATE TABLE registry_value (
+CREATE TABLE IF NOT EXISTS registry_value (
     key INTEGER NOT NULL REFERENCES registry_key (id),
     name TEXT NOT NULL,
     folded TEXT NOT NULL,
     type INTEGER NOT NULL,
     data BLOB NOT NULL,
     PRIMARY KEY (key, folded)) WITHOUT ROWID;
-CREATE TABLE firmware_variable (
+CREATE TABLE IF NOT EXISTS firmware_variable (
     guid TEXT NOT NULL,
     name TEXT NOT NULL,
     data BLOB NOT NULL,
     PRIMARY KEY (guid, name)) WITHOUT ROWID;
-PRAGMA user_version = 1;
+CREATE TABLE IF NOT EXISTS host_path (
+    key INTEGER NOT NULL,
+    folded TEXT NOT NULL,
+    path TEXT NOT NULL,
+    PRIMARY KEY (key, folded)) WITHOUT ROWID;
 )";
 
 [[noreturn]] void ThrowProblem(sqlite3* database) {
-    throw StoreError(database != nullptr ? sqlite3_errmsg(database) : "out of memory");
+    const int code = database != nullptr ? sqlite3_errcode(database) : SQLITE_NOMEM;
+    throw StoreError(database != nullptr ? sqlite3_errmsg(database) : "out of memory",
+                     code == SQLITE_CORRUPT || code == SQLITE_NOTADB);
 }
 
 } // namespace
@@ -71,7 +82,7 @@ bool Statement::Step() {
     if (outcome != SQLITE_DONE) {
         const std::string problem = sqlite3_errmsg(sqlite3_db_handle(m_statement.get()));
         Reset();
-        throw StoreError(problem);
+        throw StoreError(problem, outcome == SQLITE_CORRUPT || outcome == SQLITE_NOTADB);
     }
     Reset();
     return false;
@@ -113,20 +124,64 @@ Store::Store(const std::string& path) {
             ThrowProblem(database);
         }
         sqlite3_busy_timeout(database, BusyMilliseconds);
-        Transaction whole(*this);
-        Statement version = Prepare("PRAGMA user_version");
-        version.Step();
-        const std::int64_t found = version.Number(0);
-        version.Reset();
-        m_new = found == 0;
-        if (m_new) {
-            Execute(Schema);
-        } else if (found != SchemaVersion) {
-            throw StoreError("made by another version of the simulated machine");
+        ReadState();
+        if (m_files == Files::Complete) {
+            CheckIntegrity();
+            return;
         }
-        whole.Commit();
+        Execute("BEGIN IMMEDIATE");
+        ReadState(); // another process may have been first
+        Execute(m_files == Files::Complete ? "COMMIT" : Schema);
     } catch (const StoreError& problem) {
-        throw StoreError(path + ": " + problem.what());
+        throw StoreError(path + ": " + problem.what(), problem.IsDamage());
+    }
+}
+
+std::int64_t Store::NumberOf(const char* query) const {
+    Statement statement = Prepare(query);
+    statement.Step();
+    const std::int64_t number = statement.Number(0);
+    statement.Reset();
+    return number;
+}
+
+void Store::ReadState() {
+    const std::int64_t version = NumberOf("PRAGMA user_version");
+    if (version != NotMade && version != MadeByFirstVersion && version != Made) {
+        throw StoreError("made by another version of the simulated machine", true);
+    }
+    m_hasNoState = version == NotMade || NumberOf("SELECT count(*) FROM registry_key") == 0;
+    m_files = version == Made ? Files::Complete : version == NotMade ? Files::Create : Files::CreateMissing;
+}
+
+/// Damage is found here, and not when what it hides is taken for absent.
+void Store::CheckIntegrity() const {
+    Statement check = Prepare("PRAGMA integrity_check(1)");
+    check.Step();
+    const std::u16string found = check.Text(0);
+    check.Reset();
+    if (found != u"ok" || m_hasNoState) {
+        throw StoreError("the store is damaged", true);
+    }
+}
+
+void Store::CommitFirstState() {
+    if (m_files != Files::Complete) {
+        Execute("PRAGMA user_version = 2");
+        Execute("COMMIT");
+        m_files = Files::Complete;
+    }
+}
+
+void Store::FailFromNowOn() {
+    m_fails = true;
+    sqlite3_progress_handler(
+        m_database.get(), 1, [](void*) { return 1; }, nullptr);
+}
+
+void Store::DemandUsable() const {
+    if (m_fails) {
+        throw StoreError("the machine's store cannot be used");
     }
 }
 

@@ -1,4 +1,4 @@
-// What a simulated machine keeps when its process ends: one SQLite file.
+// The persistent state of a simulated machine: one SQLite file.
 #pragma once
 
 #include "machine/models/storage/store_error.h"
@@ -43,19 +43,35 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
 
+/// Opens a store. On the machine's first start the store stays in one transaction, in which registry, firmware
+/// variables and files get their first state, until `CommitFirstState`: a first start that is interrupted starts
+/// again with the next process, and another process waits for its end.
 class Store {
 public:
-    /// ":memory:" keeps nothing.
+    /// ":memory:" persists nothing.
     explicit Store(const std::string& path);
 
     [[nodiscard]] Statement Prepare(std::string_view sql) const { return {m_database.get(), sql}; }
 
     void Execute(const char* sql) const;
 
-    /// Whether this file has just been made, so that the machine's first state has to be put into it.
-    [[nodiscard]] bool IsNew() const { return m_new; }
+    /// Whether registry and firmware variables have no state yet.
+    [[nodiscard]] bool IsNew() const { return m_hasNoState; }
 
-    /// Everything within happens whole or not at all, and no other process writes meanwhile.
+    /// What the machine's files need: earlier versions of the machine did not create all of them.
+    enum class Files : std::uint8_t { Create, CreateMissing, Complete };
+
+    [[nodiscard]] Files FilesState() const { return m_files; }
+
+    /// Ends the first start: all of its state is there now. Does nothing on a later start.
+    void CommitFirstState();
+
+    /// Lets every further use fail, for a machine whose own store cannot be read.
+    void FailFromNowOn();
+    /// Throws StoreError after `FailFromNowOn`.
+    void DemandUsable() const;
+
+    /// All or nothing of the changes within it, and no other process writes meanwhile.
     class Transaction {
     public:
         explicit Transaction(const Store& store);
@@ -74,8 +90,14 @@ private:
         void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
     };
 
+    [[nodiscard]] std::int64_t NumberOf(const char* query) const;
+    void ReadState();
+    void CheckIntegrity() const;
+
     std::unique_ptr<sqlite3, Close> m_database;
-    bool m_new = false;
+    bool m_hasNoState = false;
+    bool m_fails = false;
+    Files m_files = Files::Complete;
 };
 
 } // namespace machine

@@ -1,14 +1,22 @@
-// Why a machine's file cannot be used.
+// The error of a store that cannot be used.
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 namespace machine {
 
-/// The file cannot be used; the message names it and says why. A damaged file is left as it is.
+/// The store cannot be used; the message names the file and the reason. A damaged file is not changed.
 class StoreError : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    explicit StoreError(const std::string& message, bool isDamage = false)
+        : std::runtime_error(message), m_isDamage(isDamage) {}
+
+    /// Whether there is a store that cannot be read, rather than none.
+    [[nodiscard]] bool IsDamage() const { return m_isDamage; }
+
+private:
+    bool m_isDamage;
 };
 
 } // namespace machine

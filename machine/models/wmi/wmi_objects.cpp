@@ -65,7 +65,7 @@ HResult WbemInputsObject::Get(std::u16string_view name, WmiDatum& datum) const {
     return hresult::Ok;
 }
 
-/// A text is turned into the property's own type, or refused.
+/// A string is converted into the property's type, or the call fails.
 HResult WbemInputsObject::Put(std::u16string_view name, std::u16string_view text, std::int32_t cimType) {
     const std::u16string* known = Find(name);
     if (known == nullptr) {

@@ -1,4 +1,4 @@
-// The objects that the simulated WMI service hands out.
+// The COM objects of the simulated WMI service.
 #pragma once
 
 #include "machine/models/com/com_objects.h"
@@ -34,7 +34,7 @@ public:
     std::size_t next = 0;
 };
 
-/// An instance that a query gave.
+/// An instance that a query returned.
 class WbemInstanceObject final : public WbemThing {
 public:
     WbemInstanceObject(const WmiQueryResult& result, std::size_t row);
@@ -72,7 +72,7 @@ private:
     [[nodiscard]] const std::u16string* Find(std::u16string_view name) const;
 };
 
-/// What a method gave back.
+/// The outputs of a method.
 class WbemOutputsObject final : public WbemThing {
 public:
     explicit WbemOutputsObject(WmiRow outputs) : m_outputs(std::move(outputs)) {}

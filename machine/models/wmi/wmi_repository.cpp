@@ -8,7 +8,7 @@
 namespace machine {
 namespace {
 
-/// The property that tells a class's instances apart, as it stands in an instance's path.
+/// The properties that may identify an instance in its path, in this order.
 constexpr std::u16string_view KeyProperties[] = {u"InstanceName", u"DeviceID", u"ObjectId", u"Name"};
 
 std::u16string QuotedForPath(const std::u16string& text) {
@@ -59,7 +59,7 @@ bool Matches(const WmiInstance& instance, const std::vector<WqlCondition>& condi
     });
 }
 
-WmiQueryResult Trouble(platform::HResult status) {
+WmiQueryResult FailedQuery(platform::HResult status) {
     WmiQueryResult result;
     result.status = status;
     return result;
@@ -121,18 +121,18 @@ void WmiRepository::Measure(std::u16string_view space, std::u16string_view class
 WmiQueryResult WmiRepository::Run(const WmiNamespace& space, std::u16string_view query) {
     auto parsed = ParseWql(query);
     if (!parsed) {
-        return Trouble(platform::wbem::InvalidQuery);
+        return FailedQuery(platform::wbem::InvalidQuery);
     }
     const auto found = space.find(Folded(parsed->className));
     if (found == space.end()) {
-        return Trouble(platform::wbem::InvalidClass);
+        return FailedQuery(platform::wbem::InvalidClass);
     }
     WmiQueryResult result;
     result.source = found->second;
     for (WqlCondition& condition : parsed->conditions) {
         condition.property = Folded(condition.property);
         if (!result.source->instances.empty() && !result.source->propertyNames.contains(condition.property)) {
-            return Trouble(platform::wbem::InvalidQuery);
+            return FailedQuery(platform::wbem::InvalidQuery);
         }
     }
     for (const std::u16string& name : parsed->selected) {

@@ -3,7 +3,7 @@
 
 #include "machine/models/com/com_objects.h"
 #include "machine/models/wmi/wql.h"
-#include "machine/profile/wmi_profile.h"
+#include "machine/profile/sections/wmi_profile.h"
 #include "platform/types.h"
 
 #include <map>
@@ -21,11 +21,11 @@ using WmiArguments = std::map<std::u16string, std::uint32_t>;
 
 struct WmiMethodAnswer {
     platform::HResult status = 0;
-    /// What the method gives back; a method without any output gives no object at all.
+    /// The method's outputs; none for a method that returns no object.
     std::optional<WmiRow> out;
 };
 
-/// The methods of a class, answered by a model of what stands behind it.
+/// The methods of a class, implemented by a model.
 class WmiMethods {
 public:
     WmiMethods() = default;
@@ -43,13 +43,13 @@ public:
                                     const WmiArguments& in) = 0;
 };
 
-/// An instance as a query gives it.
+/// An instance as a query returns it.
 struct WmiInstance {
     WmiRow properties; // by folded name
     std::u16string path;
 };
 
-/// A class with its instances, which every object made from it keeps alive.
+/// A class with its instances, shared by every object made from it.
 struct WmiClass {
     std::u16string name;
     std::set<std::u16string> propertyNames; // folded; of all instances together
@@ -60,8 +60,8 @@ struct WmiClass {
 /// A namespace's classes, by folded name.
 using WmiNamespace = std::map<std::u16string, std::shared_ptr<WmiClass>>;
 
-/// What a query comes to. As with the real service, a query that cannot be carried out starts all the same and
-/// tells its trouble with the first row.
+/// The result of a query. As with the real service, a query that cannot be carried out starts all the same and fails
+/// with the first row.
 struct WmiQueryResult {
     platform::HResult status = 0;
     std::vector<std::u16string> selected; // folded; empty: every property
@@ -76,10 +76,10 @@ public:
     /// A namespace by its path, which may begin with a computer's name; null when there is none.
     [[nodiscard]] const WmiNamespace* FindNamespace(std::u16string_view path) const;
 
-    /// Puts a model behind a class's methods. A class that the profile does not have is not made.
+    /// Lets a model implement a class's methods, if the profile has that class.
     void AnswerMethods(std::u16string_view space, std::u16string_view className, WmiMethods& methods);
 
-    /// Gives all instances of a class another value of a property that they have.
+    /// Changes a property in all instances of a class that have it.
     void Measure(std::u16string_view space, std::u16string_view className, std::u16string_view property,
                  const WmiDatum& datum);
 

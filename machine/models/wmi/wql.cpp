@@ -28,7 +28,7 @@ std::optional<std::int64_t> SignedNumber(std::u16string_view text) {
     if (!text.empty() && IsSign(text.front())) {
         text.remove_prefix(1);
     }
-    constexpr std::size_t MostDigits = 18; // any such number fits 64 bits
+    constexpr std::size_t MostDigits = 18; // every such number fits in 64 bits
     if (text.empty() || text.size() > MostDigits || !std::ranges::all_of(text, IsDigit)) {
         return std::nullopt;
     }
@@ -39,7 +39,7 @@ std::optional<std::int64_t> SignedNumber(std::u16string_view text) {
     return negative ? -number : number;
 }
 
-/// One mistake anywhere ends the parsing: `Failed` stays set, and what was read counts for nothing.
+/// A syntax error ends the parsing: `Failed` stays true, and what was read is not used.
 class Parser {
 public:
     explicit Parser(std::u16string_view text) : m_rest(text) {}
@@ -114,7 +114,7 @@ private:
         return static_cast<std::size_t>(end - m_rest.begin());
     }
 
-    /// A quote or a backslash inside stands behind a backslash.
+    /// A backslash comes before a quote or a backslash inside.
     std::u16string QuotedText() {
         const char16_t quote = m_rest.front();
         std::u16string text;
@@ -150,7 +150,7 @@ bool Equal(const std::u16string& text, const std::u16string& literal) {
     return Folded(text) == Folded(literal);
 }
 
-/// Whether two values are equal; nothing when they cannot be compared.
+/// Whether two values are equal; nothing if they cannot be compared.
 std::optional<bool> Compare(const WmiDatum& datum, const std::u16string& literal) {
     if (const auto* text = std::get_if<std::u16string>(&datum.value)) {
         return Equal(*text, literal);

@@ -1,7 +1,7 @@
-// The part of WQL that the simulated machine understands.
+// The part of WQL that the simulated machine implements.
 #pragma once
 
-#include "machine/profile/wmi_profile.h"
+#include "machine/profile/sections/wmi_profile.h"
 
 #include <cstdint>
 #include <optional>
@@ -18,8 +18,8 @@ struct WqlCondition {
     bool equal = true; // =, otherwise != or <>
     std::variant<bool, std::int64_t, std::u16string> literal;
 
-    /// Whether it holds for a value. Nothing at all is neither equal nor unequal to anything. A number and a
-    /// text that reads as one compare as numbers, texts without regard to case.
+    /// Whether it is true for a value. A missing value is neither equal nor unequal to anything. A number and a string
+    /// of digits compare as numbers, strings compare without case.
     [[nodiscard]] bool Holds(const WmiDatum& datum) const;
 };
 
@@ -30,7 +30,7 @@ struct WqlQuery {
     std::vector<WqlCondition> conditions;
 };
 
-/// Nothing when the text is no such query.
+/// Nothing for any other text.
 std::optional<WqlQuery> ParseWql(std::u16string_view text);
 
 } // namespace machine

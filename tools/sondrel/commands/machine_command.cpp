@@ -1,10 +1,11 @@
-// sondrel machine: profiles of simulated machines, made, checked and told. No library is loaded.
+// sondrel machine: creates, checks and shows profiles of simulated machines. No library is loaded.
 #include "commands/machine_command.h"
 
 #include "base/error.h"
 #include "base/input_file.h"
 #include "base/text.h"
 #include "machine/profile/built_in_machines.h"
+#include "machine/profile/profile_document.h"
 #include "machines/json_places.h"
 #include "machines/machine_words.h"
 #include "machines/profile_check.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <stdexcept>
 
 namespace tool {
 namespace {
@@ -34,6 +36,14 @@ const machine::BuiltInMachine* FindBuiltIn(std::string_view name) {
     return found != machines.end() ? &*found : nullptr;
 }
 
+std::string TextOfFile(const std::string& file) {
+    try {
+        return machine::ReadProfileFile(file);
+    } catch (const std::runtime_error& problem) {
+        throw Error(OnOneLine(file) + ": " + problem.what());
+    }
+}
+
 std::string TextOf(const std::string& nameOrFile) {
     const machine::BuiltInMachine* const builtIn = FindBuiltIn(nameOrFile);
     if (builtIn != nullptr) {
@@ -42,21 +52,20 @@ std::string TextOf(const std::string& nameOrFile) {
     std::error_code problem;
     if (!std::filesystem::exists(PathOf(nameOrFile), problem)) {
         throw Error(std::string("there is no machine and no file \"").append(OnOneLine(nameOrFile)) +
-                    "\"; sondrel machine list tells the built-in ones");
+                    "\"; sondrel machine list shows the built-in ones");
     }
-    return ReadFile(nameOrFile);
+    return TextOfFile(nameOrFile);
 }
 
-std::string LineOf(const std::string& file, const Mistake& mistake) {
-    return OnOneLine(file) + ':' + std::to_string(mistake.place.line) + ':' +
-           std::to_string(mistake.place.column) + ": " + mistake.text;
+std::string LineOf(const std::string& file, const ProfileFinding& finding) {
+    return OnOneLine(file) + ':' + std::to_string(finding.place.line) + ':' +
+           std::to_string(finding.place.column) + ": " + finding.text;
 }
 
-/// A profile without a mistake. Throws Error with the first one.
-std::string GoodTextOf(const std::string& nameOrFile) {
-    std::string text = TextOf(nameOrFile);
-    if (const std::vector<Mistake> mistakes = MistakesOf(text); !mistakes.empty()) {
-        throw Error(LineOf(nameOrFile, mistakes.front()));
+/// A profile without errors. Throws Error with the first one.
+std::string Checked(const std::string& nameOrFile, std::string text) {
+    if (const std::vector<ProfileFinding> findings = FindingsIn(text); !findings.empty()) {
+        throw Error(LineOf(nameOrFile, findings.front()));
     }
     return text;
 }
@@ -78,6 +87,11 @@ std::string FamilyMachine(const std::string& family) {
     return std::string(found->machine);
 }
 
+std::string CheckedTextOf(const std::string& nameOrFile) {
+    return Checked(nameOrFile, TextOf(nameOrFile));
+}
+
+/// The name of the new machine: that of its file.
 std::string QuotedName(const Options& options) {
     const bool named = !options.output.empty() && options.output != "-";
     const std::string name = named ? Utf8Of(PathOf(options.output).stem()) : "my-machine";
@@ -90,12 +104,13 @@ int NewMachine(const Options& options) {
     if (options.from.empty() == options.name.empty()) {
         throw Error("machine new takes a family or --from NAME (sondrel machine new --help)");
     }
-    std::string text = GoodTextOf(options.from.empty() ? FamilyMachine(options.name) : options.from);
+    std::string text = CheckedTextOf(options.from.empty() ? FamilyMachine(options.name) : options.from);
     const ByteRange name = JsonPlaces(text).ValueOf("/name");
     text.replace(name.begin, name.end - name.begin, QuotedName(options));
+    text = Checked(options.output.empty() ? "-" : options.output, text);
     std::error_code problem;
     if (options.output != "-" && std::filesystem::is_regular_file(PathOf(options.output), problem)) {
-        throw Error(OnOneLine(options.output) + ": is there already, and is left as it is");
+        throw Error(OnOneLine(options.output) + ": exists already and is not replaced");
     }
     WriteOutput(options.output, text);
     return ExitOk;
@@ -104,20 +119,20 @@ int NewMachine(const Options& options) {
 int CheckMachines(const Options& options) {
     std::size_t wrong = 0;
     for (const std::string& file : options.files) {
-        const std::vector<Mistake> mistakes = MistakesOf(ReadFile(file));
-        for (const Mistake& mistake : mistakes) {
-            std::cout << LineOf(file, mistake) << '\n';
+        const std::vector<ProfileFinding> findings = FindingsIn(TextOfFile(file));
+        for (const ProfileFinding& finding : findings) {
+            std::cout << LineOf(file, finding) << '\n';
         }
-        if (mistakes.empty()) {
+        if (findings.empty()) {
             std::cout << OnOneLine(file) << ": a good profile\n";
         }
-        wrong += mistakes.empty() ? 0 : 1;
+        wrong += findings.empty() ? 0 : 1;
     }
     return wrong == 0 ? ExitOk : ExitFinding;
 }
 
 int ShowMachine(const Options& options) {
-    const std::string text = GoodTextOf(options.name);
+    const std::string text = CheckedTextOf(options.name);
     std::cout << MachineInWords(nlohmann::json::parse(text));
     return ExitOk;
 }

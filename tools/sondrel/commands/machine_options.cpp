@@ -14,15 +14,15 @@ void AddMachineCommands(CLI::App& app, Options& options) {
     fresh->add_option("FAMILY", options.name, "A family's code: AB, AR, CF, GL, KL, PC, WL")->type_name("");
     fresh->add_option("--from", options.from, "A built-in machine or another profile")
         ->type_name("NAME|FILE");
-    fresh->add_option("--output,-o", options.output, "The new profile; one that is there is left alone")
+    fresh->add_option("--output,-o", options.output, "The new profile; a file that exists is not replaced")
         ->type_name("FILE");
     fresh->callback([&options] { options.run = NewMachine; });
 
-    CLI::App* const check = machine->add_subcommand("check", "Tell all mistakes with their lines");
+    CLI::App* const check = machine->add_subcommand("check", "List all errors with their lines");
     check->add_option("FILE", options.files, "Profiles")->required()->type_name("");
     check->callback([&options] { options.run = CheckMachines; });
 
-    CLI::App* const show = machine->add_subcommand("show", "Tell a machine in words");
+    CLI::App* const show = machine->add_subcommand("show", "Describe a machine in words");
     show->add_option("NAME", options.name, "A built-in machine or a profile")->required()->type_name("");
     show->callback([&options] { options.run = ShowMachine; });
 

@@ -1,17 +1,16 @@
-// How deep a JSON text nests, told before it is parsed: a parser's stack ends somewhere.
+// JSON documents that nest no deeper than a stack allows.
 #pragma once
+
+#include "machine/profile/profile_document.h"
 
 #include <string_view>
 
 namespace tool {
 
-/// Deeper than any document of the library's and any profile. What is no JSON is the parser's affair.
-bool NestsTooDeep(std::string_view text);
-
 /// The document, which is discarded where the text is none or nests too deep.
 template <class Json>
 Json ParsedJson(std::string_view text) {
-    return NestsTooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
+    return machine::NestsTooDeep(text) ? Json(Json::value_t::discarded) : Json::parse(text, nullptr, false);
 }
 
 } // namespace tool

@@ -1,5 +1,7 @@
 #include "machines/json_places.h"
 
+#include "machine/profile/profile_reader.h"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -22,14 +24,6 @@ TextPlace PlaceOfByte(std::string_view text, std::size_t byte) {
     const std::size_t start = before.rfind('\n') + 1; // npos + 1 is 0
     return PlaceInLine(text, static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1, start,
                        before.size());
-}
-
-std::string PointerPart(std::string_view name) {
-    std::string part;
-    for (const char character : name) {
-        part += character == '~' ? "~0" : character == '/' ? "~1" : std::string(1, character);
-    }
-    return part;
 }
 
 JsonPlaces::JsonPlaces(std::string_view text) : m_text(text) {
@@ -60,7 +54,7 @@ void JsonPlaces::SkipSpace() {
     m_at = std::min(m_text.find_first_not_of(" \t\r\n", m_at), m_text.size());
 }
 
-/// Steps over a string and gives it with its quotes.
+/// Steps over a string and returns it with its quotes.
 std::string_view JsonPlaces::String() {
     const std::size_t start = m_at++;
     while (m_text[m_at] != '"') {
@@ -97,10 +91,7 @@ void JsonPlaces::Object(const std::string& pointer) {
         }
         const std::size_t named = m_at;
         const auto name = nlohmann::json::parse(String()).get<std::string>();
-        const std::string member = pointer + '/' + PointerPart(name);
-        if (m_ranges.contains(member)) {
-            m_twice.push_back(member);
-        }
+        const std::string member = pointer + '/' + machine::PointerPart(name);
         SkipSpace();
         ++m_at; // the colon
         SkipSpace();

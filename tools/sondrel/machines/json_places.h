@@ -1,4 +1,4 @@
-// Where the values of a JSON text stand in it.
+// The places of a JSON document's values in its text.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ struct TextPlace {
 /// The place of a byte, counted from 0.
 TextPlace PlaceOfByte(std::string_view text, std::size_t byte);
 
-/// From the byte behind the first to behind the last.
+/// From the first byte to the one after the last.
 struct ByteRange {
     std::size_t begin = 0;
     std::size_t end = 0;
@@ -29,13 +29,11 @@ public:
     /// The text has to be well-formed JSON, nested no deeper than the stack goes.
     explicit JsonPlaces(std::string_view text);
 
-    /// Where the member or element at this JSON pointer begins: its name where it has one.
+    /// Where the member or element at this JSON pointer begins, with its name if it has one. Of a name that an object
+    /// has twice the second counts, as it does for the value.
     [[nodiscard]] TextPlace Of(const std::string& pointer) const;
-    /// The value's own bytes.
+    /// The bytes of the value.
     [[nodiscard]] ByteRange ValueOf(const std::string& pointer) const;
-
-    /// The pointers of members that stand in their object twice.
-    [[nodiscard]] const std::vector<std::string>& Twice() const { return m_twice; }
 
 private:
     struct Range {
@@ -53,10 +51,6 @@ private:
     std::size_t m_at = 0;
     std::vector<std::size_t> m_lines; // where each begins
     std::map<std::string, Range> m_ranges;
-    std::vector<std::string> m_twice;
 };
-
-/// A name as a JSON pointer spells it.
-std::string PointerPart(std::string_view name);
 
 } // namespace tool

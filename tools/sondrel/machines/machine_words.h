@@ -1,4 +1,4 @@
-// A simulated machine's profile, told in words.
+// A simulated machine's profile, described in words.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -7,7 +7,7 @@
 
 namespace tool {
 
-/// The profile has to be a good one.
+/// For a profile without errors.
 std::string MachineInWords(const nlohmann::json& profile);
 
 } // namespace tool

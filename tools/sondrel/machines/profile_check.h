@@ -1,5 +1,4 @@
-// The mistakes in a simulated machine's profile, found with its published schema
-// (docs/machine-profile.schema.json).
+// The errors of a machine profile with their lines and columns.
 #pragma once
 
 #include "machines/json_places.h"
@@ -10,13 +9,13 @@
 
 namespace tool {
 
-struct Mistake {
+struct ProfileFinding {
     TextPlace place;
     /// "/ec/chip_id: expected a whole number from 0 to 255, or the same as "0x...""
     std::string text;
 };
 
-/// All mistakes in the order of their places; none for a profile that a machine can be made from.
-std::vector<Mistake> MistakesOf(std::string_view text);
+/// All errors in the order of their places; none for a profile that a machine can be made from.
+std::vector<ProfileFinding> FindingsIn(std::string_view text);
 
 } // namespace tool

@@ -11,7 +11,7 @@
 namespace tool {
 namespace {
 
-void TellLine(void*, int kind, const char* line) {
+void PrintLine(void*, int kind, const char* line) {
     std::string_view text(line);
     while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) {
         text.remove_suffix(1);
@@ -25,7 +25,7 @@ template <class Function>
 Function* SimulatedMachine::Routine(const char* name) const {
     const Address address = m_library.Find(name);
     if (address == nullptr) {
-        throw Error("the simulated machine beside the library has no " + std::string(name));
+        throw Error("the simulated machine next to the library has no " + std::string(name));
     }
     return reinterpret_cast<Function*>(address);
 }
@@ -49,7 +49,7 @@ void SimulatedMachine::Start(const std::string& machine, const std::optional<std
 }
 
 void SimulatedMachine::Trace() {
-    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(TellLine, nullptr);
+    Routine<decltype(VeskMachine_Listen)>("VeskMachine_Listen")(PrintLine, nullptr);
 }
 
 void SimulatedMachine::Listen(Listener listener, void* context) const {

@@ -1,4 +1,4 @@
-// The simulated machine that a library may read, spoken to through its own C interface.
+// The simulated machine that a library may read, controlled through its C interface.
 #pragma once
 
 #include "base/system.h"
@@ -12,32 +12,32 @@ namespace tool {
 
 class SimulatedMachine {
 public:
-    /// The machine behind this library, or nothing where the library reads the real one.
+    /// The machine that this library reads, or nothing if the library reads the real one.
     static std::optional<SimulatedMachine> Beside(const std::filesystem::path& libraryFile);
 
-    /// Starts a built-in machine or a profile's file. No store means the machine's own file. Throws Error
-    /// with the machine's own line.
+    /// Starts a built-in machine or a profile's file. Without a store the machine uses its default one. Throws
+    /// Error with the machine's error line.
     void Start(const std::string& machine, const std::optional<std::string>& store);
 
-    /// Tells every debug and event line to standard error as it is written.
+    /// Prints every debug and event line to standard error as it is written.
     void Trace();
 
-    /// What a listener is told, and what it does with a line.
+    /// Gets each line with its kind.
     using Listener = void (*)(void* context, int kind, const char* line);
 
     /// Passes debug and event lines to the listener as they are written; null ends it.
     void Listen(Listener listener, void* context) const;
 
-    /// Its time goes on as the world's does.
+    /// Its time advances with real time.
     void TieToRealTime() const;
 
-    /// Lets its own time go on by so much at once.
+    /// Advances its time at once.
     void PassTime(std::chrono::microseconds time) const;
 
-    /// Its own time.
+    /// Its present time.
     [[nodiscard]] std::chrono::microseconds Now() const;
 
-    /// The machine that runs when nobody says which.
+    /// The machine that runs by default.
     [[nodiscard]] std::string DefaultName() const;
 
 private:
