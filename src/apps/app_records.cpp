@@ -3,6 +3,7 @@
 #include "apps/registry_texts.h"
 #include "frame/host_buffer.h"
 #include "frame/registry_store.h"
+#include "vesk_sondrel.h"
 
 namespace sondrel {
 namespace {

@@ -4,6 +4,7 @@
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/text.h"
+#include "vesk_sondrel.h"
 
 #include <algorithm>
 #include <span>

@@ -7,6 +7,7 @@
 #include "frame/text.h"
 #include "platform/packages.h"
 #include "platform/xml_document.h"
+#include "vesk_sondrel.h"
 
 #include <exception>
 #include <vector>

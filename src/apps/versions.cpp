@@ -7,6 +7,7 @@
 #include "frame/text.h"
 #include "platform/device_nodes.h"
 #include "platform/packages.h"
+#include "vesk_sondrel.h"
 
 #include <array>
 #include <span>

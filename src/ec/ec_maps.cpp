@@ -1,7 +1,7 @@
 #include "ec/ec_maps.h"
 
+#include "ec/ec_identity.h"
 #include "platform/time.h"
-#include "vesk_sondrel.h"
 
 #include <algorithm>
 
@@ -263,7 +263,7 @@ Raw ReadWord(const BatteryBusWord9B& word) {
 }
 
 Raw ReadWord(const BatteryBusWordByChip& word) {
-    switch (EC_ReadEcChipId()) {
+    switch (ReadEcChipId()) {
     case 0:
         return ReadWord(BatteryBusWordAB{word.batteryRegister});
     case 1:
@@ -337,9 +337,9 @@ std::uint32_t ReadBatteryWord(const EcBatteryWord& reading) {
 } // namespace
 
 const EcMap* FindEcMap() {
-    const std::uint32_t code = EC_ReadEcFwRev();
+    const std::uint32_t code = ReadEcFirmwareRevision();
     for (const EcFamilyRow& row : EcFamilies) {
-        if (row.code == code && (!row.chipId || EC_ReadEcChipId() == *row.chipId)) {
+        if (row.code == code && (!row.chipId || ReadEcChipId() == *row.chipId)) {
             return row.map;
         }
     }

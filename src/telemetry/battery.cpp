@@ -1,4 +1,5 @@
 // The battery exports. Nothing is kept between them: each call asks its source from the start.
+#include "ec/ec_identity.h"
 #include "ec/ec_maps.h"
 #include "frame/host_buffer.h"
 #include "frame/text.h"
@@ -59,7 +60,7 @@ uint32_t Battery_Read_CapacityPercentage(void) {
 }
 
 uint32_t Battery_Read_CycleCount(void) {
-    const EcMap* const map = FirstEcMapOf(EC_ReadEcFwRev());
+    const EcMap* const map = FirstEcMapOf(ReadEcFirmwareRevision());
     if (map == nullptr) {
         return 0;
     }

@@ -1,4 +1,5 @@
 // The processor and power exports.
+#include "ec/ec_identity.h"
 #include "frame/session.h"
 #include "platform/system_power.h"
 #include "platform/time.h"
@@ -55,7 +56,7 @@ PowerLimits ReadPowerLimits(std::uint32_t request) {
     if (IsGenuineIntelCpu() != IsIntel) {
         return {};
     }
-    PowerLimits limits{.revisionCode = EC_ReadEcFwRev(), .limit1 = 0, .limit2 = 0};
+    PowerLimits limits{.revisionCode = ReadEcFirmwareRevision(), .limit1 = 0, .limit2 = 0};
     const std::span wire = std::as_writable_bytes(std::span(&limits, 1));
     DriverExchange(request, wire, wire);
     return limits;

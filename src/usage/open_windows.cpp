@@ -6,6 +6,7 @@
 #include "platform/processes.h"
 #include "platform/system_power.h"
 #include "platform/time.h"
+#include "vesk_sondrel.h"
 
 #include <optional>
 #include <string_view>
