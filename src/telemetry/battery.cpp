@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <optional>
 
 namespace sondrel {
 namespace {
@@ -60,41 +62,42 @@ uint32_t Battery_Read_CapacityPercentage(void) {
 }
 
 uint32_t Battery_Read_CycleCount(void) {
-    const EcMap* const map = FirstEcMapOf(ReadEcFirmwareRevision());
-    if (map == nullptr) {
+    const std::optional<EcMap> map = FirstEcMapOf(ReadEcFirmwareRevision());
+    if (!map) {
         return 0;
     }
-    return map->cycleCount ? ReadEcWord(*map->cycleCount) : ReadBatteryDevice().cycleCount;
+    const std::optional<EcWord>& source = ec_signal::CycleCount.In(*map);
+    return source ? ReadSource(*source) : ReadBatteryDevice().cycleCount;
 }
 
 uint32_t Battery_Get_LidStatus(void) {
-    return ReadEc(&EcMap::lidState);
+    return ReadEc(ec_signal::LidState);
 }
 
 uint32_t Battery_Read_ChargingVoltage(void) {
-    return ReadEc(&EcMap::chargingVoltage);
+    return ReadEc(ec_signal::ChargingVoltage);
 }
 
 uint32_t Battery_Read_PackageVoltage(void) {
-    return ReadEc(&EcMap::packageVoltage);
+    return ReadEc(ec_signal::PackageVoltage);
 }
 
 uint32_t Battery_Read_Temperature(void) {
-    return ReadEc(&EcMap::batteryTemperature);
+    return ReadEc(ec_signal::BatteryTemperature);
 }
 
 int32_t Battery_Read_Current(void) {
     // A failed reading keeps its low half like any other, and comes out as -1.
-    return static_cast<std::int16_t>(ReadEc(&EcMap::current));
+    return static_cast<std::int16_t>(ReadEc(ec_signal::Current));
 }
 
 void Battery_Read_CellVoltage(char* out) {
     if (out == nullptr) {
         return;
     }
-    std::array<std::uint32_t, EcCellCount> cells{};
+    std::array<std::uint32_t, std::size(ec_signal::CellVoltages)> cells{};
     for (std::size_t cell = 0; cell < cells.size(); ++cell) {
-        cells[cell] = ReadEcCellVoltage(cell);
+        cells[cell] = ReadEc(ec_signal::CellVoltages[cell]);
     }
     const auto format = [&cells](char* buffer, std::size_t size) {
         return FormatCounted(buffer, size, "%u;%u;%u;%u", cells[0], cells[1], cells[2], cells[3]);
@@ -107,7 +110,7 @@ void Battery_Read_ManufactureDate(char* out) {
     if (out == nullptr) {
         return;
     }
-    const Date date = DateOf(ReadEcManufactureDate());
+    const Date date = DateOf(ReadEc(ec_signal::ManufactureDate));
     FormatCounted(out, ShortTextSize, "%4u-%02u-%02u", date.year, date.month, date.day);
 }
 
