@@ -15,7 +15,7 @@ bool Resolve(std::u16string_view fullName, std::u16string_view reference, Packag
     std::u16string source(u"@{");
     source.append(fullName).append(u"? ").append(reference).append(u"}");
     resolved = {};
-    if (platform::SHLoadIndirectString(source.c_str(), resolved.data(), PackageTextRoom) !=
+    if (platform::SHLoadIndirectString(source.c_str(), resolved.data(), PackageTextSize) !=
         platform::hresult::Ok) {
         resolved = {};
         return false;

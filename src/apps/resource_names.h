@@ -8,9 +8,9 @@
 namespace sondrel {
 
 /// Room for the texts of a package, the terminator counted.
-inline constexpr std::size_t PackageTextRoom = 260;
+inline constexpr std::size_t PackageTextSize = 260;
 
-using PackageText = std::array<char16_t, PackageTextRoom>;
+using PackageText = std::array<char16_t, PackageTextSize>;
 
 /// The part of a package full name before its first "_": the whole name if it has none.
 std::u16string_view ShortNameOf(std::u16string_view fullName);

@@ -1,17 +1,17 @@
 #include "apps/versions.h"
 
+#include "apps/package_family.h"
 #include "apps/registry_texts.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/memory_guard.h"
 #include "frame/text.h"
 #include "platform/device_nodes.h"
-#include "platform/packages.h"
 #include "vesk_sondrel.h"
 
 #include <array>
 #include <span>
-#include <vector>
+#include <utility>
 
 namespace sondrel {
 namespace {
@@ -54,22 +54,14 @@ std::u16string DriverVersionAt(const std::u16string& driverKey) {
     return key ? ValueText(key.Get(), u"DriverVersion", VersionRoom).value_or(u"") : std::u16string();
 }
 
-/// The first package of a family by the platform's own order; nothing when there is none.
-std::optional<std::u16string> FirstPackageOf(const char16_t* family) {
-    std::uint32_t count = 0;
-    std::uint32_t length = 0;
-    if (platform::GetPackagesByPackageFamily(family, count, nullptr, length, nullptr) !=
-        platform::error::InsufficientBuffer) {
+/// The full name of the assistant package; nothing when it is not installed.
+std::optional<std::u16string> AssistantPackage() {
+    const FamilyPackages needed = QueryFamily(AssistantFamily, 0, 0);
+    if (needed.status != platform::error::InsufficientBuffer) {
         return std::nullopt;
     }
-    std::vector<const char16_t*> names(count, nullptr);
-    std::u16string characters(length, u'\0');
-    if (platform::GetPackagesByPackageFamily(family, count, names.data(), length, characters.data()) !=
-            platform::error::Success ||
-        names.empty() || names.front() == nullptr) {
-        return std::nullopt;
-    }
-    return names.front();
+    FamilyPackages packages = QueryFamily(AssistantFamily, needed.count, needed.length);
+    return packages.status == platform::error::Success ? std::move(packages.first) : std::nullopt;
 }
 
 } // namespace
@@ -115,8 +107,7 @@ void GetInfVersion(VeskChar16* out) {
 }
 
 void GetUWPVersion(VeskChar16* out) {
-    const auto fullName =
-        OrWithoutMemory(std::optional<std::u16string>(), [] { return FirstPackageOf(AssistantFamily); });
+    const auto fullName = OrWithoutMemory(std::optional<std::u16string>(), AssistantPackage);
     if (!fullName) {
         return;
     }

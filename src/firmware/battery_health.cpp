@@ -32,7 +32,7 @@ std::int32_t KeptHealth(std::uint8_t initCom) {
     return level;
 }
 
-bool SetLevel(std::int32_t level, std::uint8_t initCom) {
+bool SetBatteryHealth(std::int32_t level, std::uint8_t initCom) {
     if (!IsSupported(initCom)) {
         return false;
     }
@@ -53,5 +53,5 @@ int32_t WMIGetBatteryHealth(uint8_t initCom) {
 }
 
 int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return SetLevel(value, initCom); }) ? 1 : 0;
+    return OrWithoutMemory(false, [=] { return SetBatteryHealth(value, initCom); }) ? 1 : 0;
 }

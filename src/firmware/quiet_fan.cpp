@@ -47,7 +47,7 @@ std::int32_t KeptFanLevel(std::uint8_t initCom) {
     return level;
 }
 
-bool SetLevel(std::uint8_t level, std::uint8_t initCom) {
+bool SetQuietFan(std::uint8_t level, std::uint8_t initCom) {
     return SetFeature(QuietFan, "[WMISetQuietFan]", level == 0 ? u"0" : u"1", level, initCom);
 }
 
@@ -65,5 +65,5 @@ int32_t WMIGetQuietFan(uint8_t initCom) {
 }
 
 int32_t WMISetQuietFan(uint8_t value, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return SetLevel(value, initCom); }) ? 1 : 0;
+    return OrWithoutMemory(false, [=] { return SetQuietFan(value, initCom); }) ? 1 : 0;
 }
