@@ -1,13 +1,15 @@
-// UTF-8 and UTF-16 on the machine's side.
+// Strings on the machine's side.
 #pragma once
+
+#include "unicode/utf.h"
 
 #include <string>
 #include <string_view>
 
 namespace machine {
 
-std::u16string WideFromUtf8(std::string_view text);
-std::string Utf8FromWide(std::u16string_view text);
+using unicode::Utf8FromWide;
+using unicode::WideFromUtf8;
 
 /// Upper case, as names of the registry and of WMI are compared.
 std::u16string Folded(std::u16string_view text);

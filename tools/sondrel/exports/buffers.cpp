@@ -1,6 +1,7 @@
 #include "exports/buffers.h"
 
 #include "base/text.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <new>
@@ -40,7 +41,7 @@ Answer WideBuffer::Read() const {
         return LeftUntouched();
     }
     const VeskChar16* const end = std::find(text, text + WideCapacity, VeskChar16{});
-    Answer answer{.bare = Utf8(std::u16string(text, end))};
+    Answer answer{.bare = unicode::Utf8FromWide(std::u16string(text, end))};
     if (end == text + WideCapacity) {
         answer.fault = "the text has no terminator";
     }

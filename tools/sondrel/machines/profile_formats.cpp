@@ -1,6 +1,7 @@
 #include "machines/profile_formats.h"
 
 #include "base/text.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <charconv>
@@ -55,7 +56,7 @@ constexpr Format Formats[] = {
      }},
     {"wide-256",
      [](const std::string& text) {
-         return Utf16(text).size() <= 256;
+         return unicode::WideFromUtf8(text).size() <= 256;
      }},
 };
 

@@ -3,7 +3,7 @@
 // Text goes to it as UTF-16: what the console's code page is does not matter then, and a character is never torn.
 #include "terminal/terminal.h"
 
-#include "base/text.h"
+#include "unicode/utf.h"
 
 #include <windows.h>
 
@@ -25,7 +25,7 @@ HANDLE HandleOf(Stream stream) {
 
 void Send(HANDLE console, std::string_view utf8) {
     constexpr std::size_t AtOnce = 8000; // older consoles take 64 KB at once
-    const std::u16string text = Utf16(utf8);
+    const std::u16string text = unicode::WideFromUtf8(utf8);
     for (std::size_t start = 0; start < text.size();) {
         std::size_t length = std::min(AtOnce, text.size() - start);
         const char16_t last = text[start + length - 1];
