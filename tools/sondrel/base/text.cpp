@@ -1,6 +1,6 @@
 #include "base/text.h"
 
-#include "terminal/column_width.h"
+#include "unicode/column_width.h"
 #include "unicode/utf.h"
 
 #include <algorithm>
@@ -11,6 +11,7 @@ namespace tool {
 namespace {
 
 using unicode::AppendUtf8;
+using unicode::ColumnsOf;
 using unicode::TakeUtf8;
 
 int DigitOf(char character) {
