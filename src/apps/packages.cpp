@@ -35,7 +35,7 @@ std::optional<std::u16string> FirstPackageOf(const std::u16string& family) {
     return first;
 }
 
-/// Empty for a package without a folder, and for a folder whose path does not fit.
+/// Empty for a package without a folder, and for a path that does not fit.
 std::u16string FolderOf(const std::u16string& fullName) {
     PackageText folder{};
     std::uint32_t length = folder.size();
@@ -64,7 +64,7 @@ bool LoadManifest(platform::XmlDocument parser, const std::u16string& path) {
     return true;
 }
 
-/// The resource's text, or the manifest's own where there is none: at most 259 characters of either.
+/// The resource's string, or the manifest's if there is none: at most 259 characters.
 std::u16string DisplayNameFor(const std::u16string& package, std::u16string_view manifestText) {
     PackageText resolved{};
     if (LoadResourceDisplayName(package, manifestText, resolved)) {
@@ -73,8 +73,8 @@ std::u16string DisplayNameFor(const std::u16string& package, std::u16string_view
     return std::u16string(manifestText.substr(0, PackageTextSize - 1));
 }
 
-/// The display name of an installed package, empty for every failure. The parser is given back before the
-/// apartment is left, whatever happens.
+/// The display name of an installed package; empty on failure. The parser is always released before the
+/// apartment is left.
 std::u16string DisplayNameFromManifest(const std::u16string& package, const std::u16string& folder) {
     platform::OwnedApartment apartment;
     if (platform::Failed(platform::CoInitializeEx(platform::apartment::SingleThreaded))) {
@@ -125,7 +125,7 @@ std::u16string GetUWPDisplayName(const std::u16string& fullName) {
     std::u16string displayName;
     if (const auto package = FirstPackageOf(FamilyNameOf(fullName))) {
         const std::u16string folder = FolderOf(*package);
-        // Running out of memory over one manifest costs that package its display name and nothing else.
+        // When memory runs out for one manifest, only this display name is missing.
         try {
             displayName = DisplayNameFromManifest(*package, folder);
             TraceLine("GetUWPDisplayName End");

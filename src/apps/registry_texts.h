@@ -1,4 +1,4 @@
-// Names and values as the walkers of the registry take them: into a room of fixed size, up to what came.
+// Names and strings of the registry, read into buffers of fixed size.
 #pragma once
 
 #include "platform/registry.h"
@@ -9,25 +9,25 @@
 
 namespace sondrel {
 
-/// A key opened for reading; nothing held when it cannot be opened.
+/// A key opened for reading; no key on failure.
 platform::OwnedKey OpenForReading(platform::Key root, const char16_t* path);
 
-/// Room for a subkey's name, in characters with the terminator. Longer names do not exist in a sound registry.
-inline constexpr std::uint32_t SubkeyNameRoom = 1024;
+/// Buffer size of a subkey's name, in characters with the terminator. A valid registry has no longer names.
+inline constexpr std::uint32_t SubkeyNameSize = 1024;
 
-/// The name of subkey number `index`, up to a zero character, which the kernel's own calls can put into one.
-/// Nothing for every failure, the end of the list among them, and for a name that does not fit `room` with its
-/// terminator; `room` is at most SubkeyNameRoom.
+/// The name of subkey `index`, up to its first zero character: the kernel's calls can create names with one.
+/// Nothing on failure, which includes the end of the list, and for a name that does not fit `size` characters
+/// with its terminator; `size` is at most SubkeyNameSize.
 std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index,
-                                         std::uint32_t room = SubkeyNameRoom);
+                                         std::uint32_t size = SubkeyNameSize);
 
-/// Room for a value's text, in characters with the terminator.
-inline constexpr std::uint32_t ValueTextRoom = 1024;
+/// Buffer size of a value's string, in characters with the terminator.
+inline constexpr std::uint32_t ValueTextSize = 1024;
 
-/// A value's bytes as wide text up to the first zero character, whatever type the value has. A value without
-/// a terminator is read up to its last byte; a lone byte at the end counts as a character. Nothing when the
-/// read fails, and for a text that does not fit `room` with a terminator; `room` is at most ValueTextRoom.
+/// A value's bytes as a UTF-16 string up to the first zero character; the type is not checked. A value without a
+/// terminator is read up to its last byte; a single byte at the end is a character. Nothing on failure and for a
+/// string that does not fit `size` characters with a terminator; `size` is at most ValueTextSize.
 std::optional<std::u16string> ValueText(platform::Key key, const char16_t* name,
-                                        std::uint32_t room = ValueTextRoom);
+                                        std::uint32_t size = ValueTextSize);
 
 } // namespace sondrel

@@ -1,4 +1,4 @@
-// Quiet Fan: on or off for the firmware, one of several levels for the host.
+// Quiet Fan: on or off in the firmware, one of several levels in the settings file.
 #include "firmware/app_path.h"
 #include "firmware/firmware_feature.h"
 #include "firmware/settings_file.h"
@@ -31,7 +31,7 @@ std::int32_t FirmwareState(std::uint8_t initCom) {
     return NotSupported;
 }
 
-std::int32_t KeptFanLevel(std::uint8_t initCom) {
+std::int32_t StoredFanLevel(std::uint8_t initCom) {
     const std::string tag = "[WMIGetQuietFan]";
     const std::u16string path = SettingPath(QuietFan, tag, initCom);
     std::int32_t level = Off;
@@ -61,7 +61,7 @@ int32_t WMICheckQuietFanSupport(uint8_t initCom) {
 }
 
 int32_t WMIGetQuietFan(uint8_t initCom) {
-    return OrWithoutMemory(Off, [=] { return KeptFanLevel(initCom); });
+    return OrWithoutMemory(Off, [=] { return StoredFanLevel(initCom); });
 }
 
 int32_t WMISetQuietFan(uint8_t value, uint8_t initCom) {

@@ -1,4 +1,4 @@
-// The battery exports. Nothing is kept between them: each call asks its source from the start.
+// The battery exports. Nothing is cached: each call reads its source.
 #include "ec/ec_identity.h"
 #include "ec/ec_maps.h"
 #include "frame/host_buffer.h"
@@ -14,7 +14,7 @@
 namespace sondrel {
 namespace {
 
-/// The date and the name fill exactly this many bytes.
+/// The size of the date and of the name, in bytes with the terminator.
 constexpr std::size_t ShortTextSize = 11;
 
 struct Date {
@@ -23,7 +23,7 @@ struct Date {
     std::uint32_t day;
 };
 
-/// The word as the Smart Battery Data Specification packs it. No field is tested.
+/// The word is packed as the Smart Battery Data Specification says. No field is validated.
 constexpr Date DateOf(std::uint32_t word) {
     if (word == 0 || word == EcReadFailed) {
         return {1980, 1, 1};
@@ -87,7 +87,7 @@ uint32_t Battery_Read_Temperature(void) {
 }
 
 int32_t Battery_Read_Current(void) {
-    // A failed reading keeps its low half like any other, and comes out as -1.
+    // Only the low 16 bits, also of a failed reading, which becomes -1.
     return static_cast<std::int16_t>(ReadEc(ec_signal::Current));
 }
 
@@ -122,7 +122,8 @@ void Battery_Read_ManufactureName(char* out) {
     if (!ReadEcManufacturerName(std::span(name).first<EcNameLength>())) {
         name.fill('\0');
     }
-    // A name that begins with a zero counts as none. The bytes behind an earlier end go out with the others.
+    // A name that begins with a zero is no name. All ten bytes are copied, also those after an earlier
+    // terminator.
     if (name.front() == '\0') {
         CopyToHost("0x7FFFFFFF", out);
     } else {

@@ -15,9 +15,9 @@ using platform::WmiValue;
 namespace {
 
 constexpr std::u16string_view OemStringArray = u"OEMStringArray";
-constexpr std::size_t OemStringPlace = 4;
+constexpr std::size_t OemStringIndex = 4;
 
-/// Values with ";" between them; the first is taken over without a copy.
+/// Values joined by ";". The first is moved, not copied.
 class JoinedTexts {
 public:
     void Add(std::u16string text) {
@@ -51,8 +51,8 @@ std::u16string ReadOemString(const std::u16string& nameSpace, const std::u16stri
     WalkWmiQuery(WmiReader::PropStr, nameSpace, query, initCom, [&](WbemObject row) {
         WmiValue value = ReadWmiProperty(row, property.c_str());
         if (auto* texts = std::get_if<std::vector<std::u16string>>(&value);
-            texts != nullptr && texts->size() > OemStringPlace) {
-            result = std::move((*texts)[OemStringPlace]);
+            texts != nullptr && texts->size() > OemStringIndex) {
+            result = std::move((*texts)[OemStringIndex]);
         }
     });
     return result;

@@ -1,7 +1,7 @@
 // The kernel's handles as the operating system's headers have them.
 #pragma once
 
-#include "platform/types.h"
+#include "platform/device_io.h"
 
 #include <windows.h>
 
