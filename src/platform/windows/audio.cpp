@@ -1,6 +1,6 @@
 #include "platform/audio.h"
 
-#include "platform/windows/interface_pointer.h"
+#include "platform/windows/support/native.h"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 #include "platform/com.h"
 
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 #include <objbase.h>
 

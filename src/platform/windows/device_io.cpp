@@ -1,7 +1,6 @@
 #include "platform/device_io.h"
 
-#include "platform/windows/handle.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 namespace platform {
 

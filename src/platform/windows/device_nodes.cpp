@@ -1,6 +1,6 @@
 #include "platform/device_nodes.h"
 
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 #include <cfgmgr32.h>
 

@@ -1,6 +1,6 @@
 #include "platform/event_log.h"
 
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 namespace platform {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/firmware_variables.h"
 
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 namespace platform {
 

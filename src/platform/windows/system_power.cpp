@@ -1,6 +1,6 @@
 #include "platform/system_power.h"
 
-#include "platform/windows/file_time.h"
+#include "platform/windows/support/native.h"
 
 namespace platform {
 

@@ -1,6 +1,6 @@
 #include "platform/xml_document.h"
 
-#include "platform/windows/bstr.h"
+#include "platform/windows/support/bstr.h"
 
 #include <msxml2.h>
 

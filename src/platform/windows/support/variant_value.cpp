@@ -1,6 +1,6 @@
-#include "platform/windows/variant_value.h"
+#include "platform/windows/support/variant_value.h"
 
-#include "platform/windows/bstr.h"
+#include "platform/windows/support/bstr.h"
 
 #include <charconv>
 #include <concepts>
@@ -10,7 +10,7 @@
 namespace platform {
 namespace {
 
-/// The elements of a one-dimensional array in order, whatever its lower bound. Holds the array meanwhile.
+/// The elements of a one-dimensional array in order, with any lower bound. Locks the array meanwhile.
 class ArrayElements {
 public:
     explicit ArrayElements(SAFEARRAY* array) : m_array(array) {
@@ -38,7 +38,7 @@ public:
 
     template <class Element>
     [[nodiscard]] std::span<const Element> As() const {
-        // An array that says one type and holds elements of another size gives nothing.
+        // Nothing if the size of the elements does not agree with the type of the array.
         const bool fits = ::SafeArrayGetElemsize(m_array) == sizeof(Element);
         return {static_cast<const Element*>(m_data), fits ? m_count : 0};
     }
