@@ -1,6 +1,6 @@
 #include "apps/app_records.h"
 
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 #include "frame/host_buffer.h"
 #include "frame/registry_store.h"
 #include "vesk_sondrel.h"

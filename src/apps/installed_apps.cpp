@@ -1,6 +1,6 @@
 #include "apps/installed_apps.h"
 
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/text.h"
@@ -51,12 +51,12 @@ bool IsSystemComponent(platform::Key application) {
 
 /// The record of one application; empty if it has no name or is a system component.
 std::u16string ApplicationRecord(platform::Key application) {
-    std::optional<std::u16string> name = ValueText(application, u"DisplayName");
+    std::optional<std::u16string> name = ValueString(application, u"DisplayName");
     if (!name || IsSystemComponent(application)) {
         return {};
     }
     std::u16string record = u"{\"name\":\"" + CleanJsonText(std::move(*name)) + u"\",\"version\":\"";
-    if (std::optional<std::u16string> version = ValueText(application, u"DisplayVersion")) {
+    if (std::optional<std::u16string> version = ValueString(application, u"DisplayVersion")) {
         record += CleanJsonText(std::move(*version));
     }
     return record + u"\"}";

@@ -1,7 +1,7 @@
 #include "apps/packages.h"
 
 #include "apps/package_family.h"
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 #include "apps/resource_names.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"

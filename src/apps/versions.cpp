@@ -1,7 +1,7 @@
 #include "apps/versions.h"
 
 #include "apps/package_family.h"
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/memory_guard.h"
@@ -51,7 +51,7 @@ std::u16string DriverVersionAt(const std::u16string& driverKey) {
     constexpr std::uint32_t VersionSize = 1024 / sizeof(char16_t);
     const platform::OwnedKey key =
         OpenForReading(platform::Key::LocalMachine, (ClassKey + driverKey).c_str());
-    return key ? ValueText(key.Get(), u"DriverVersion", VersionSize).value_or(u"") : std::u16string();
+    return key ? ValueString(key.Get(), u"DriverVersion", VersionSize).value_or(u"") : std::u16string();
 }
 
 /// The full name of the assistant package; nothing when it is not installed.
@@ -107,7 +107,7 @@ void GetInfVersion(VeskChar16* out) {
 }
 
 void GetUWPVersion(VeskChar16* out) {
-    const auto fullName = OrWithoutMemory(std::optional<std::u16string>(), AssistantPackage);
+    const auto fullName = OnOutOfMemory(std::optional<std::u16string>(), AssistantPackage);
     if (!fullName) {
         return;
     }

@@ -44,18 +44,18 @@ std::uint32_t ReadOrFetch(const Identity& identity) {
     return number;
 }
 
-std::uint32_t Read(const Identity& identity) noexcept {
-    return OrWithoutMemory(EcReadFailed, [&] { return ReadOrFetch(identity); });
+std::uint32_t ReadIdentity(const Identity& identity) noexcept {
+    return OnOutOfMemory(EcReadFailed, [&] { return ReadOrFetch(identity); });
 }
 
 } // namespace
 
 std::uint32_t ReadEcFirmwareRevision() noexcept {
-    return Read(FirmwareRevision);
+    return ReadIdentity(FirmwareRevision);
 }
 
 std::uint32_t ReadEcChipId() noexcept {
-    return Read(ChipId);
+    return ReadIdentity(ChipId);
 }
 
 } // namespace sondrel
@@ -71,5 +71,5 @@ uint32_t EC_ReadEcChipId(void) {
 }
 
 uint32_t EC_ReadEcChipName(void) {
-    return Read(ChipName);
+    return ReadIdentity(ChipName);
 }

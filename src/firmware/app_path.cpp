@@ -56,5 +56,5 @@ bool WMICheckAppExist(std::uint8_t initCom) {
 using namespace sondrel;
 
 int32_t WMISetAppPath(const VeskChar16* path, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return StoreAppPath(path, initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return StoreAppPath(path, initCom); }) ? 1 : 0;
 }

@@ -45,13 +45,13 @@ bool SetBatteryHealth(std::int32_t level, std::uint8_t initCom) {
 using namespace sondrel;
 
 int32_t WMICheckBatteryHealthSupport(uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return IsSupported(initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return IsSupported(initCom); }) ? 1 : 0;
 }
 
 int32_t WMIGetBatteryHealth(uint8_t initCom) {
-    return OrWithoutMemory(Default, [=] { return StoredBatteryHealth(initCom); });
+    return OnOutOfMemory(Default, [=] { return StoredBatteryHealth(initCom); });
 }
 
 int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return SetBatteryHealth(value, initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return SetBatteryHealth(value, initCom); }) ? 1 : 0;
 }

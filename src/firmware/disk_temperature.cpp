@@ -48,7 +48,7 @@ SmartAttribute AttributeAt(std::span<const std::byte> block, std::size_t entry) 
 
 /// False if the row has no name or no data; the record is unchanged then.
 bool FillRecord(platform::WbemObject row, SmartDiskRecord& record) {
-    const std::u16string name = TextUpToZeroOf(ReadWmiProperty(row, u"InstanceName"));
+    const std::u16string name = StringUpToZeroOf(ReadWmiProperty(row, u"InstanceName"));
     const platform::WmiValue vendor = ReadWmiProperty(row, u"VendorSpecific");
     const auto* block = std::get_if<std::vector<std::byte>>(&vendor);
     if (name.empty() || block == nullptr) {

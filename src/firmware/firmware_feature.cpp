@@ -42,7 +42,7 @@ bool SetFeature(const FirmwareFeature& feature, const std::string& tag, std::u16
         return false;
     }
     // The firmware has the setting now, even if the settings file cannot be written.
-    OrWithoutMemory(false, [&] { return Store(feature, tag, number, initCom); });
+    OnOutOfMemory(false, [&] { return Store(feature, tag, number, initCom); });
     return true;
 }
 

@@ -57,13 +57,13 @@ bool SetQuietFan(std::uint8_t level, std::uint8_t initCom) {
 using namespace sondrel;
 
 int32_t WMICheckQuietFanSupport(uint8_t initCom) {
-    return OrWithoutMemory(NotSupported, [=] { return FirmwareState(initCom); });
+    return OnOutOfMemory(NotSupported, [=] { return FirmwareState(initCom); });
 }
 
 int32_t WMIGetQuietFan(uint8_t initCom) {
-    return OrWithoutMemory(Off, [=] { return StoredFanLevel(initCom); });
+    return OnOutOfMemory(Off, [=] { return StoredFanLevel(initCom); });
 }
 
 int32_t WMISetQuietFan(uint8_t value, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return SetQuietFan(value, initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return SetQuietFan(value, initCom); }) ? 1 : 0;
 }

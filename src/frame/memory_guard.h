@@ -7,7 +7,7 @@ namespace sondrel {
 
 /// Returns what `make` returns, or `failure` when memory runs out.
 template <class Result, class Make>
-Result OrWithoutMemory(Result failure, Make make) noexcept {
+Result OnOutOfMemory(Result failure, Make make) noexcept {
     try {
         return make();
     } catch (const std::exception&) {

@@ -44,9 +44,9 @@ Field SnapshotAnswer(std::mutex& guard, Record& record, void (*read)(Record&), F
         return SnapshotField(guard, record, read, field, exportName);
     };
     if constexpr (std::is_integral_v<Field>) {
-        return OrWithoutMemory(RadioReadFailed, get);
+        return OnOutOfMemory(RadioReadFailed, get);
     } else {
-        return OrWithoutMemory(Field(RadioReadFailedText), get);
+        return OnOutOfMemory(Field(RadioReadFailedText), get);
     }
 }
 

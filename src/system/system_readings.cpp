@@ -146,7 +146,7 @@ bool OpenEndpoint(Endpoint& endpoint) {
 }
 
 /// "0" while muted. If the mute state cannot be read, the endpoint counts as not muted.
-std::u16string VolumeText(platform::EndpointVolume volume) {
+std::u16string VolumeString(platform::EndpointVolume volume) {
     float level = 0;
     bool muted = false;
     const HResult status = platform::GetMasterVolumeLevelScalar(volume, level);
@@ -166,7 +166,7 @@ std::u16string getvolume() {
     }
     const platform::OwnedApartment apartment(platform::Apartment::Entered);
     Endpoint endpoint;
-    std::u16string text = OpenEndpoint(endpoint) ? VolumeText(endpoint.volume.Get()) : std::u16string();
+    std::u16string text = OpenEndpoint(endpoint) ? VolumeString(endpoint.volume.Get()) : std::u16string();
     endpoint.Release();
     return text;
 }
@@ -176,7 +176,7 @@ std::u16string getvolume() {
 using namespace sondrel;
 
 int32_t System_Check_S_Mode(void) {
-    const int32_t result = OrWithoutMemory(false, ReadSMode) ? 1 : 0;
+    const int32_t result = OnOutOfMemory(false, ReadSMode) ? 1 : 0;
     TraceMade([=] { return "[System_Check_S_Mode] result = " + std::to_string(result); });
     return result;
 }

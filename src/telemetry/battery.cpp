@@ -15,7 +15,7 @@ namespace sondrel {
 namespace {
 
 /// The size of the date and of the name, in bytes with the terminator.
-constexpr std::size_t ShortTextSize = 11;
+constexpr std::size_t DateAndNameSize = 11;
 
 struct Date {
     std::uint32_t year;
@@ -111,14 +111,14 @@ void Battery_Read_ManufactureDate(char* out) {
         return;
     }
     const Date date = DateOf(ReadEc(ec_signal::ManufactureDate));
-    FormatCounted(out, ShortTextSize, "%4u-%02u-%02u", date.year, date.month, date.day);
+    FormatCounted(out, DateAndNameSize, "%4u-%02u-%02u", date.year, date.month, date.day);
 }
 
 void Battery_Read_ManufactureName(char* out) {
     if (out == nullptr) {
         return;
     }
-    std::array<char, ShortTextSize> name{};
+    std::array<char, DateAndNameSize> name{};
     if (!ReadEcManufacturerName(std::span(name).first<EcNameLength>())) {
         name.fill('\0');
     }

@@ -102,7 +102,7 @@ BatteryRecord ReadFirstBattery() {
 } // namespace
 
 BatteryRecord ReadBatteryDevice() {
-    return OrWithoutMemory(BatteryRecord{}, ReadFirstBattery);
+    return OnOutOfMemory(BatteryRecord{}, ReadFirstBattery);
 }
 
 std::uint32_t RoundedPercentage(std::uint32_t capacity, std::uint32_t fullChargedCapacity) {

@@ -17,7 +17,7 @@ std::u16string ReadWMIBrightness(std::u16string nameSpace, std::u16string query,
     WalkWmiQuery(WmiReader::Brightness, nameSpace, query, initCom, [&](platform::WbemObject row) {
         const platform::WmiValue value = ReadWmiProperty(row, u"CurrentBrightness");
         if (NumberOf(value)) {
-            brightness = NumberTextOf(value);
+            brightness = NumberStringOf(value);
         }
     });
     return brightness;

@@ -47,14 +47,14 @@ float CpuUsageOf(const std::u16string& percentProcessorTime) {
 /// Nothing for the idle process and the total of all processes, whose process id is 0.
 std::optional<Record> ReadRecord(platform::WbemObject row) {
     Record record;
-    record.processName = TextUpToZeroOf(ReadWmiProperty(row, u"Name"));
+    record.processName = StringUpToZeroOf(ReadWmiProperty(row, u"Name"));
     const std::int32_t processId = NumberOf(ReadWmiProperty(row, u"IDProcess")).value_or(0);
-    record.cpuUsage = CpuUsageOf(TextUpToZeroOf(ReadWmiProperty(row, u"PercentProcessorTime")));
-    record.memUsage = WideToInt32(TextUpToZeroOf(ReadWmiProperty(row, u"WorkingSet"))) / 1024;
+    record.cpuUsage = CpuUsageOf(StringUpToZeroOf(ReadWmiProperty(row, u"PercentProcessorTime")));
+    record.memUsage = WideToInt32(StringUpToZeroOf(ReadWmiProperty(row, u"WorkingSet"))) / 1024;
     return processId != 0 ? std::optional(std::move(record)) : std::nullopt;
 }
 
-std::u16string RecordText(const Record& record) {
+std::u16string RecordJson(const Record& record) {
     return u"{\"process_name\":\"" + record.processName + u"\",\"cpu_usage\":\"" +
            CpuUsageText(record.cpuUsage) + u"\",\"mem_usage\":\"" + DecimalText(record.memUsage) + u"\"}";
 }
@@ -81,7 +81,7 @@ std::u16string Document(std::vector<Record> records, const UsageList& list) {
         if (&record != records.data()) {
             document += u',';
         }
-        document += RecordText(record);
+        document += RecordJson(record);
     }
     return document + u']';
 }

@@ -15,7 +15,7 @@ constexpr std::u16string_view FrameClass = u"ApplicationFrameWindow";
 constexpr std::size_t TextSize = 260;
 
 template <class Query>
-std::u16string TextOf(Query query) {
+std::u16string StringOf(Query query) {
     std::array<char16_t, TextSize> text{};
     query(text.data(), TextSize);
     text.back() = u'\0';
@@ -23,12 +23,12 @@ std::u16string TextOf(Query query) {
 }
 
 std::u16string ClassOf(Window window) {
-    return TextOf(
+    return StringOf(
         [window](char16_t* name, std::uint32_t size) { platform::GetClassNameW(window, name, size); });
 }
 
 std::u16string TitleOf(Window window) {
-    return TextOf(
+    return StringOf(
         [window](char16_t* text, std::uint32_t size) { platform::GetWindowTextW(window, text, size); });
 }
 
@@ -40,7 +40,7 @@ std::u16string ExecutableOf(Window window) {
     if (!process) {
         return {};
     }
-    return TextOf([&process](char16_t* path, std::uint32_t size) {
+    return StringOf([&process](char16_t* path, std::uint32_t size) {
         platform::K32GetModuleFileNameExW(process.Get(), path, size);
     });
 }

@@ -63,7 +63,7 @@ std::u16string WirelessNames(const Adapters& adapters, std::uint8_t initCom) {
 using namespace sondrel;
 
 void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
-    const auto adapters = OrWithoutMemory(std::optional<Adapters>(), ReadAdapters);
+    const auto adapters = OnOutOfMemory(std::optional<Adapters>(), ReadAdapters);
     if (adapters) {
         AnswerWith(out, [&] { return WirelessNames(*adapters, initCom); });
     }

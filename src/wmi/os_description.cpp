@@ -15,7 +15,7 @@ std::u16string ReadOsProperty(const char16_t* property, std::uint8_t initCom) {
 }
 
 /// "10.0.19041"; the numbers are 0 if RtlGetVersion is missing.
-std::u16string OsVersionText() {
+std::u16string OsVersionString() {
     platform::OsVersion version{.infoSize = platform::OsVersionInfoExSize};
     platform::RtlGetVersion(version);
     std::string text = std::to_string(static_cast<std::int32_t>(version.major));
@@ -33,7 +33,7 @@ std::u16string DescribeOs(std::uint8_t initCom) {
     if (caption.empty() && architecture.empty()) {
         return {};
     }
-    return caption + u' ' + architecture + u' ' + OsVersionText();
+    return caption + u' ' + architecture + u' ' + OsVersionString();
 }
 
 } // namespace

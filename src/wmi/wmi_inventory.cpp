@@ -39,7 +39,7 @@ std::u16string Disks(const Source& source, std::uint8_t initCom) {
 }
 
 std::u16string_view Chassis(const Source& source, std::uint8_t initCom) {
-    const std::int32_t type = OrWithoutMemory(
+    const std::int32_t type = OnOutOfMemory(
         -1, [&] { return ReadWMIProp(source.nameSpace, source.query, source.properties[0], initCom, 1); });
     switch (type) {
     case 3:
@@ -121,7 +121,7 @@ VESK_WMI_TEXTS(VESK_DEFINE_TEXT)
         TraceLine(#name " Start");                                                                           \
         TraceLine(#name " End");                                                                             \
         constexpr Source Read{nameSpace, query, {property}};                                                 \
-        return OrWithoutMemory(-1, [=] { return make(Read, initCom); });                                     \
+        return OnOutOfMemory(-1, [=] { return make(Read, initCom); });                                       \
     }
 VESK_WMI_NUMBERS(VESK_DEFINE_NUMBER)
 

@@ -19,13 +19,13 @@ std::optional<std::int32_t> NumberOf(const platform::WmiValue& value);
 std::optional<std::int32_t> FirstNumberOf(const platform::WmiValue& value);
 
 /// The number in signed decimal, or the empty string.
-std::u16string NumberTextOf(const platform::WmiValue& value);
+std::u16string NumberStringOf(const platform::WmiValue& value);
 
 /// The whole string, zero characters included. Any other value is the empty string.
-std::u16string TextOf(platform::WmiValue value);
+std::u16string StringOf(platform::WmiValue value);
 
 /// The string up to its first zero character. An array of numbers is read as 16-bit character codes, which is the
 /// form of a monitor's name. Any other value is the empty string.
-std::u16string TextUpToZeroOf(platform::WmiValue value);
+std::u16string StringUpToZeroOf(platform::WmiValue value);
 
 } // namespace sondrel

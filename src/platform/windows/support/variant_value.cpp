@@ -49,13 +49,13 @@ private:
     std::size_t m_count = 0;
 };
 
-std::u16string TextOf(std::integral auto number) {
+std::u16string StringOf(std::integral auto number) {
     char digits[24];
     const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
     return {std::begin(digits), end};
 }
 
-std::u16string TextOf(BSTR text) {
+std::u16string StringOf(BSTR text) {
     return std::u16string(ViewOf(text));
 }
 
@@ -69,12 +69,12 @@ WmiValue Numbers(const ArrayElements& elements) {
 }
 
 template <class Element>
-WmiValue Texts(const ArrayElements& elements) {
-    std::vector<std::u16string> texts;
+WmiValue Strings(const ArrayElements& elements) {
+    std::vector<std::u16string> strings;
     for (const Element element : elements.As<Element>()) {
-        texts.push_back(TextOf(element));
+        strings.push_back(StringOf(element));
     }
-    return texts;
+    return strings;
 }
 
 WmiValue Bytes(const ArrayElements& elements) {
@@ -103,11 +103,11 @@ WmiValue ArrayValueOf(VARTYPE elementType, SAFEARRAY* array) {
     case VT_UINT:
         return Numbers<LONG>(elements);
     case VT_I8:
-        return Texts<LONGLONG>(elements);
+        return Strings<LONGLONG>(elements);
     case VT_UI8:
-        return Texts<ULONGLONG>(elements);
+        return Strings<ULONGLONG>(elements);
     case VT_BSTR:
-        return Texts<BSTR>(elements);
+        return Strings<BSTR>(elements);
     default:
         return {};
     }
@@ -139,11 +139,11 @@ WmiValue ValueOf(const VARIANT& variant) {
     case VT_UINT:
         return Number(variant.lVal);
     case VT_I8:
-        return TextOf(variant.llVal);
+        return StringOf(variant.llVal);
     case VT_UI8:
-        return TextOf(variant.ullVal);
+        return StringOf(variant.ullVal);
     case VT_BSTR:
-        return TextOf(variant.bstrVal);
+        return StringOf(variant.bstrVal);
     default:
         return {};
     }

@@ -1,4 +1,4 @@
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 
 #include <array>
 #include <span>
@@ -22,9 +22,9 @@ std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index,
     return std::u16string(whole.substr(0, whole.find(u'\0')));
 }
 
-std::optional<std::u16string> ValueText(platform::Key key, const char16_t* name, std::uint32_t size) {
+std::optional<std::u16string> ValueString(platform::Key key, const char16_t* name, std::uint32_t size) {
     // Zero-filled, so that a string without a terminator ends too.
-    std::array<char16_t, ValueTextSize> text{};
+    std::array<char16_t, ValueStringSize> text{};
     std::uint32_t type = 0;
     auto byteCount = static_cast<std::uint32_t>(size * sizeof(char16_t));
     if (platform::RegQueryValueExW(key, name, type, std::as_writable_bytes(std::span(text)).data(),

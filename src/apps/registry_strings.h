@@ -22,12 +22,12 @@ std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index,
                                          std::uint32_t size = SubkeyNameSize);
 
 /// Buffer size of a value's string, in characters with the terminator.
-inline constexpr std::uint32_t ValueTextSize = 1024;
+inline constexpr std::uint32_t ValueStringSize = 1024;
 
 /// A value's bytes as a UTF-16 string up to the first zero character; the type is not checked. A value without a
 /// terminator is read up to its last byte; a single byte at the end is a character. Nothing on failure and for a
-/// string that does not fit `size` characters with a terminator; `size` is at most ValueTextSize.
-std::optional<std::u16string> ValueText(platform::Key key, const char16_t* name,
-                                        std::uint32_t size = ValueTextSize);
+/// string that does not fit `size` characters with a terminator; `size` is at most ValueStringSize.
+std::optional<std::u16string> ValueString(platform::Key key, const char16_t* name,
+                                          std::uint32_t size = ValueStringSize);
 
 } // namespace sondrel
