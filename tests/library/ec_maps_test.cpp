@@ -307,12 +307,37 @@ TEST_F(EcMapsTest, SequencesDependOnTheAnswersOfTheEc) {
             EXPECT_EQ(SentTraffic(), traffic) << "the value of a sensor that is not ready is not read";
         }
     }
-    // A fault of one device or channel does not affect the others.
+}
+
+TEST_F(EcMapsTest, ASensorIsNotReadyThroughItsOwnChannelOrDeviceOnly) {
+    struct Channel {
+        const char* name;
+        int device;
+        Ask ask;
+    };
+    const Channel channels[] = {{"battery_connector", 1, Number(Thermal_Read_BatteryConnector_Temperature)},
+                                {"ac_fet", 1, Number(Thermal_Read_ACFET_Temperature)},
+                                {"charger_choke", 1, Number(Thermal_Read_ChargerChoke_Temperature)},
+                                {"gpu_vrm", 2, Vrm},
+                                {"upper_cpu", 2, Number(Thermal_Read_UpCpu_Temperature)},
+                                {"gpu_vram", 2, Number(Thermal_Read_GpuVram_Temperature)}};
     for (const char* revision : {"AB", "GL"}) {
-        StartFamily(revision, 0, R"("sensors": {"device_2_present": false, "ac_fet": {"valid": false}})");
-        EXPECT_EQ(Thermal_Read_BatteryConnector_Temperature(), 55u);
-        StartFamily(revision, 0, R"("sensors": {"device_1_present": false, "gpu_vrm": {"valid": false}})");
-        EXPECT_EQ(Thermal_Read_UpCpu_Temperature(), 50u);
+        for (const Channel& faulty : channels) {
+            StartFamily(revision, 0,
+                        std::string(R"("sensors": {")") + faulty.name + R"(": {"valid": false}})");
+            for (const Channel& channel : channels) {
+                EXPECT_EQ(channel.ask() == "0", &channel == &faulty)
+                    << revision << faulty.name << channel.name;
+            }
+        }
+        for (const int absent : {1, 2}) {
+            StartFamily(revision, 0,
+                        R"("sensors": {"device_)" + std::to_string(absent) + R"(_present": false})");
+            for (const Channel& channel : channels) {
+                EXPECT_EQ(channel.ask() == "0", channel.device == absent)
+                    << revision << absent << channel.name;
+            }
+        }
     }
 }
 
