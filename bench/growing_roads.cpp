@@ -1,11 +1,11 @@
 // What walks a list, of any length.
 #include "measure.h"
 
-#include "machine/text/wide_text.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"
 #include "wmi/wmi_readers.h"
+#include "unicode/utf.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,7 +19,7 @@ constexpr const char16_t* StoreKey =
     u"HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Appx\\AppxAllUserStore\\Applications\\";
 
 std::u16string Numbered(const char* text, std::size_t number) {
-    return machine::WideFromUtf8(text + std::to_string(number));
+    return unicode::WideFromUtf8(text + std::to_string(number));
 }
 
 /// The default machine with an empty registry and a change for each item.

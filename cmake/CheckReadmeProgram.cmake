@@ -1,4 +1,4 @@
-# The program that the README shows is the one that is built and run: examples/host.cpp, to the letter.
+# The program in the README is examples/host.cpp, which is built and run.
 file(READ ${README} readme)
 file(READ ${PROGRAM} program)
 string(FIND "${readme}" "```cpp\n${program}```\n" place)

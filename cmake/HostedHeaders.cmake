@@ -1,7 +1,7 @@
-# Header-only libraries of the build machine, made visible to a cross build too.
+# Header-only libraries of the build machine, also for a cross build.
 #
-# Their packages install below /usr/include, which a cross compiler must not see as a whole: the headers of the
-# build machine's C library stand there. Copies in the build tree leave them alone.
+# Their packages install below /usr/include, which a cross compiler must not search: it has the headers of the build
+# machine's C library. The libraries are copied to the build tree instead.
 function(add_hosted_headers target directory)
   find_path(${target}_ROOT ${directory} PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
   set(copies ${CMAKE_BINARY_DIR}/hosted_headers)

@@ -1,8 +1,8 @@
-# What all code of this project is compiled with: warnings are errors here, and nowhere else.
+# The options of all code of this project: warnings are errors here, and not in the libraries.
 add_library(project_options INTERFACE)
 if(MSVC)
-  # The language as the standard has it, and sources in UTF-8; 5105 comes from Windows' own headers. Warnings are shown
-  # and are no errors: nobody has gone through this compiler's yet.
+  # Standard C++, sources in UTF-8; Windows' own headers cause 5105. Warnings are not errors yet: those of this compiler
+  # have not been reviewed.
   target_compile_options(project_options INTERFACE
     /W4 /permissive- /utf-8 /Zc:preprocessor /wd5105 $<$<COMPILE_LANGUAGE:CXX>:/Zc:__cplusplus>)
   add_compile_definitions(_CRT_SECURE_NO_WARNINGS)
@@ -14,7 +14,7 @@ else()
     # Designated initialisers and short aggregates leave the rest at its default on purpose.
     target_compile_options(project_options INTERFACE -Wno-missing-field-initializers)
   endif()
-  # A build of one tree is the same file wherever the tree stands.
+  # The same tree gives the same files in every directory.
   target_compile_options(project_options INTERFACE
     "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=." "-ffile-prefix-map=${CMAKE_BINARY_DIR}=build")
 endif()
@@ -38,6 +38,6 @@ if(VESK_FUZZ)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     message(FATAL_ERROR "VESK_FUZZ needs clang: -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++")
   endif()
-  # The library and the machine tell the fuzzer which ways a run has taken. Compiled to be built fast first of all.
+  # Library and machine report the executed branches to the fuzzer. The build should be fast.
   add_compile_options(-O1 -gline-tables-only -fsanitize=fuzzer-no-link)
 endif()

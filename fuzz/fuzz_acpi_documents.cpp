@@ -1,6 +1,7 @@
 // The documents of the firmware's event store and its sensor, with a firmware that answers anything: each is
 // whole, and says nothing but bytes.
 #include "harness.h"
+#include "unicode/utf.h"
 
 #include <nlohmann/json.hpp>
 
@@ -36,7 +37,7 @@ void DemandNumbers(const std::string& text) {
 }
 
 void DemandDocument(const std::u16string& text) {
-    for (const nlohmann::json& member : nlohmann::json::parse(machine::Utf8FromWide(text))) {
+    for (const nlohmann::json& member : nlohmann::json::parse(unicode::Utf8FromWide(text))) {
         if (member.is_string()) {
             DemandNumbers(member);
             continue;

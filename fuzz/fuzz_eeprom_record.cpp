@@ -3,6 +3,7 @@
 #include "harness.h"
 
 #include "acpi/eeprom_record.h"
+#include "unicode/utf.h"
 
 #include <array>
 #include <cstdio>
@@ -25,6 +26,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::u16string text = u"before";
     const std::span<const std::byte, sondrel::EepromRecordSize> bytes = std::as_bytes(std::span(record));
     fuzz::Demand(sondrel::RenderEepromRecord(bytes, text) == begins);
-    fuzz::Demand(u' ' + text == machine::WideFromUtf8(expected));
+    fuzz::Demand(u' ' + text == unicode::WideFromUtf8(expected));
     return 0;
 }

@@ -4,10 +4,11 @@
 
 #include "apps/packages.h"
 #include "machine/models/storage/package_store.h"
+#include "unicode/utf.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::u16string text =
-        machine::WideFromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
+        unicode::WideFromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
     const std::size_t line = std::min(text.find(u'\n'), text.size());
     const std::u16string fullName = text.substr(0, line).c_str();
     const std::u16string manifest = text.substr(std::min(line + 1, text.size()));

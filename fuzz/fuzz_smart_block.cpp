@@ -4,6 +4,7 @@
 
 #include "firmware/disk_temperature.h"
 #include "machine/models/wmi/wmi_repository.h"
+#include "unicode/utf.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ std::u16string Expected(const std::vector<std::byte>& block) {
     std::u16string list;
     for (std::size_t entry = 2; entry < 2 + 30 * 12; entry += 12) {
         if (byteAt(entry) == 194) {
-            list += machine::WideFromUtf8((list.empty() ? "" : ";") + std::to_string(byteAt(entry + 5)));
+            list += unicode::WideFromUtf8((list.empty() ? "" : ";") + std::to_string(byteAt(entry + 5)));
         }
     }
     return list;

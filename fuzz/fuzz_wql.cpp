@@ -4,6 +4,7 @@
 
 #include "machine/models/wmi/wql.h"
 #include "wmi/wmi_readers.h"
+#include "unicode/utf.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ std::u16string Literal(const machine::WqlCondition& condition) {
         return *flag ? u"true" : u"false";
     }
     if (const auto* number = std::get_if<std::int64_t>(&condition.literal)) {
-        return machine::WideFromUtf8(std::to_string(*number));
+        return unicode::WideFromUtf8(std::to_string(*number));
     }
     std::u16string quoted = u"'";
     for (const char16_t unit : std::get<std::u16string>(condition.literal)) {
@@ -39,7 +40,7 @@ std::u16string Written(const machine::WqlQuery& query) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::u16string text =
-        machine::WideFromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
+        unicode::WideFromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
     fuzz::TheMachine();
     if (const auto query = machine::ParseWql(text)) {
         const std::u16string written = Written(*query);

@@ -4,7 +4,7 @@
 #include "machine/machine.h"
 #include "machine/models/device.h"
 #include "machine/profile/profile.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "vesk_sondrel.h"
 
 #include <fuzzer/FuzzedDataProvider.h>

@@ -4,8 +4,8 @@
 #include "machine/machine.h"
 #include "machine/models/trace_sink.h"
 #include "machine/profile/built_in_machines.h"
-#include "machine/text/wide_text.h"
 #include "observer/observer.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <cstring>
@@ -35,7 +35,7 @@ struct Listening {
             return;
         }
         const auto pass = [self = *this](int kind, const std::u16string& line) {
-            self.listener(self.context, kind, Utf8FromWide(line).c_str());
+            self.listener(self.context, kind, unicode::Utf8FromWide(line).c_str());
         };
         Traces().OnEvent([pass](const TraceEvent& event) { pass(VESK_MACHINE_DEBUG_LINE, event.text); });
         machine.onLoggedEvent = [pass](const LoggedEvent& event) {

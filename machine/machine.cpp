@@ -4,7 +4,7 @@
 #include "machine/models/com/xml_document_object.h"
 #include "machine/models/wmi/wmi_objects.h"
 #include "machine/services/last_error.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/audio.h"
 #include "platform/back_end.h"
 #include "platform/device_io.h"

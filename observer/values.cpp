@@ -132,7 +132,7 @@ Value ValueOf(Call& call, const platform::TitleBarInfo& info) {
         states.push_back(Hexadecimal(state));
     }
     List place;
-    for (const std::int32_t side : info.place) {
+    for (const std::int32_t side : info.rectangle) {
         place.push_back(ValueOf(call, side));
     }
     return {Structure{

@@ -1,10 +1,10 @@
 #!/bin/sh
-# Installs the Debian packages that a job needs and this machine lacks.
+# Installs the Debian packages that a job needs and that are missing.
 #
 #   scripts/bootstrap.sh native|windows|fuzz|lint...
 #
-# As root through apt-get; otherwise with sudo where that works without a question; otherwise it prints the line
-# to type and stops with status 1. With nothing missing it does nothing and prints nothing.
+# Root uses apt-get; other users sudo, if it works without a password; otherwise the script prints the command to type
+# and ends with status 1. If nothing is missing it prints nothing.
 set -eu
 
 packages_of() {
@@ -23,7 +23,7 @@ packages_of() {
             "libcli11-dev"
         ;;
     lint)
-        echo "clang clang-format clang-tidy cppcheck shellcheck doxygen"
+        echo "clang clang-format clang-tidy cppcheck shellcheck doxygen python3 unicode-data"
         ;;
     *)
         echo "bootstrap: unknown job '$1'; expected native, windows, fuzz or lint" >&2

@@ -1,6 +1,5 @@
 #!/bin/sh
-# Configures and builds one preset, all of it or the targets named. Quiet while all goes well; everything is shown when it
-# does not.
+# Configures and builds one preset: all targets or the named ones. The output is shown only after a failure.
 set -eu
 
 preset=$1

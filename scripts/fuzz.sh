@@ -1,10 +1,10 @@
 #!/bin/sh
-# Runs the fuzz targets, as many at a time as there are processors, each for so many seconds on its seeds in
-# fuzz/corpus/ and on what earlier runs found:
+# Runs the fuzz targets, as many at a time as there are processors, each for SECONDS on its seeds in fuzz/corpus/ and on
+# the inputs that earlier runs found:
 #
 #   scripts/fuzz.sh SECONDS [NAME...]
 #
-# What is new goes to build/fuzz/found/NAME. A run that shows a fault prints its whole log, which names the input.
+# New inputs are written to build/fuzz/found/NAME. A run that fails prints its whole log, which names the input.
 set -eu
 
 run_one() {

@@ -1,6 +1,7 @@
 #!/bin/sh
-# Static checks: format, shell scripts, and cppcheck and clang-tidy over the library with both its platforms and the
-# tool. Tests and benchmarks are held to the compilers' warnings and to the sanitizers.
+# Static checks: format, shell scripts, layers, words, headers, and cppcheck and clang-tidy of the library with both its
+# platforms, the machine, the observer and the tool. Tests and benchmarks are checked by the compilers' warnings and the
+# sanitizers.
 set -eu
 
 echo "clang-format"
@@ -9,31 +10,57 @@ scripts/sources.sh | xargs clang-format --dry-run --Werror
 echo "shellcheck"
 git ls-files --cached --others --exclude-standard -- '*.sh' .ci/run | xargs shellcheck
 
-echo "exports, header and reference"
+echo "exports"
 python3 -B exports/generate.py --check
 python3 -B exports/check_header.py
+
+echo "layers"
+scripts/check_layers --self-test
+scripts/check_layers
+
+echo "plain English"
+scripts/check_plain_english --self-test
+scripts/check_plain_english
+
+echo "generated tables"
+scripts/generate_column_width --check
+
+echo "headers"
+scripts/check_headers.sh
+
+echo "public header and reference"
 tests/kit/check_header.sh clang clang++
 scripts/build_docs.sh
 
-# It looks into no system header. What is passed over stands in .cppcheck-suppressions, each with its reason; a
-# suppression that nothing needs any more is a finding too.
+# It does not read system headers. .cppcheck-suppressions has the findings that are accepted, each with its reason; a
+# suppression without a finding is an error too.
 echo "cppcheck"
 cppcheck -j "$(nproc)" --quiet --error-exitcode=1 --std=c++20 --language=c++ \
     --enable=warning,style,performance,portability,information \
-    --suppressions-list=.cppcheck-suppressions -I . -I src -I include -I tools/sondrel src machine observer exports tools examples bench
+    --suppressions-list=.cppcheck-suppressions -I . -I src -I include -I tools/sondrel \
+    unicode src machine observer exports tools examples bench
 
-# The C++ sources in the compile commands of one configuration whose paths go on from here as the pattern says.
+# The C++ sources in the compile commands of one configuration whose paths match the pattern.
 sources_in() {
     sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' "build/$1/compile_commands.json" |
         grep -E "^$PWD/$2.*\.c(xx|pp)?\$" | sort -u
 }
 
-# clang-tidy reads several sources as one: most of its time goes into what they all include.
+# BUILD OPTION... <LIST: one source a line. Several sources are read as one: most of the time is spent in what they all
+# include. Standard error has a count of warnings for each source, so it is shown only when the source fails.
+# shellcheck disable=SC2016 # the inner shell expands
 tidy() {
     build=$1
     shift
-    xargs -P "$(nproc)" -n 1 clang-tidy -p "build/$build" --quiet --checks=-bugprone-suspicious-include \
-        --header-filter="^$PWD/(src|machine|observer|exports|tools|examples)/.*\.(h|cpp)\$" "$@" 2>/dev/null
+    xargs -P "$(nproc)" -n 1 sh -c '
+        errors=$(mktemp)
+        status=0
+        clang-tidy "$@" 2>"$errors" || status=1
+        [ "$status" -eq 0 ] || cat "$errors" >&2
+        rm -f "$errors"
+        exit "$status"' \
+        sh -p "build/$build" --quiet --checks=-bugprone-suspicious-include \
+        --header-filter="^$PWD/(unicode|src|machine|observer|exports|tools|examples)/.*\.(h|cpp)\$" "$@"
 }
 
 echo "clang-tidy"

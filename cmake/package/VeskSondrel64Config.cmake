@@ -17,7 +17,7 @@ if(EXISTS "${_vesk_kit}/bin/VeskSondrel64.dll")
   endif()
   if(NOT EXISTS "${_vesk_import}")
     set(VeskSondrel64_FOUND FALSE)
-    set(VeskSondrel64_NOT_FOUND_MESSAGE "This compiler needs an import library of its own. Make it once, in \
+    set(VeskSondrel64_NOT_FOUND_MESSAGE "This compiler needs its own import library. Make it once, in \
 ${_vesk_kit}/lib: lib /def:VeskSondrel64.def /machine:x64 /out:VeskSondrel64.lib")
     return()
   endif()

@@ -1,6 +1,6 @@
 #include "machine/models/firmware_features.h"
 
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 
 #include <array>
 #include <cstring>

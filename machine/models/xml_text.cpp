@@ -1,6 +1,6 @@
 #include "machine/models/xml_text.h"
+#include "unicode/utf.h"
 
-#include "machine/text/wide_text.h"
 
 #include <expat.h>
 
@@ -68,13 +68,13 @@ std::optional<std::u16string> SerializedXml(std::u16string_view text) {
     XML_SetDefaultHandler(parser.get(), OnMarkup);
     XML_SetCharacterDataHandler(parser.get(), OnCharacters);
     XML_SetCdataSectionHandler(parser.get(), OnCdataStart, OnCdataEnd);
-    const std::string narrow = Utf8FromWide(text);
+    const std::string narrow = unicode::Utf8FromWide(text);
     const XML_Status status =
         XML_Parse(parser.get(), narrow.data(), static_cast<int>(narrow.size()), XML_TRUE);
     if (writer.failure) {
         std::rethrow_exception(writer.failure);
     }
-    return status == XML_STATUS_OK ? std::optional(WideFromUtf8(writer.out)) : std::nullopt;
+    return status == XML_STATUS_OK ? std::optional(unicode::WideFromUtf8(writer.out)) : std::nullopt;
 }
 
 } // namespace machine

@@ -1,6 +1,6 @@
 #include "machine/profile/profile_reader.h"
+#include "unicode/utf.h"
 
-#include "machine/text/wide_text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -196,7 +196,7 @@ bool ProfileReader::String(std::string_view name, std::u16string& text, Presence
     std::string narrow;
     const bool read = String(name, narrow, presence, rule);
     if (read) {
-        text = WideFromUtf8(narrow);
+        text = unicode::WideFromUtf8(narrow);
     }
     return read;
 }
@@ -205,7 +205,7 @@ bool ProfileReader::Strings(std::string_view name, std::vector<std::u16string>& 
                             const StringRule& rule) {
     return Elements(
         name, rule.expected, presence, [&](const json& each) { return Holds(each, rule); },
-        [&](const json& element) { texts.push_back(WideFromUtf8(element.get_ref<const std::string&>())); });
+        [&](const json& element) { texts.push_back(unicode::WideFromUtf8(element.get_ref<const std::string&>())); });
 }
 
 std::optional<std::size_t> ProfileReader::WordOf(std::string_view name,

@@ -4,7 +4,7 @@
 #include "machine/models/device.h"
 #include "machine/models/storage/file_system.h"
 #include "machine/services/last_error.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/back_end.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "platform/device_nodes.h"
 
 #include "machine/machine.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/back_end.h"
 
 #include <algorithm>

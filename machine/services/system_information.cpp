@@ -2,7 +2,7 @@
 
 #include "machine/machine.h"
 #include "machine/services/last_error.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/back_end.h"
 #include "platform/com.h"
 

@@ -3,7 +3,7 @@
 #include "machine/machine.h"
 #include "machine/models/wmi/wmi_objects.h"
 #include "machine/models/wmi/wmi_repository.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/back_end.h"
 
 #include <algorithm>

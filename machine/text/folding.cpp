@@ -1,4 +1,4 @@
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 
 #include <clocale>
 #include <cwctype>

@@ -21,7 +21,7 @@ constexpr std::size_t RequestHeaderSize = 8;
 
 static_assert(std::endian::native == std::endian::little, "the device's words are little-endian");
 
-/// One debug line, built on the stack: a document of many registers writes two of them for each.
+/// One debug line, built on the stack because a document writes two of them for each register.
 class Line {
 public:
     Line& Text(std::u16string_view text) {
@@ -46,11 +46,11 @@ public:
     }
 
 private:
-    std::array<char16_t, 260> m_characters; // as many as the platform's own formatting has
+    std::array<char16_t, 260> m_characters; // the size of the buffer that wsprintfW is used with
     std::size_t m_length = 0;
 };
 
-/// One call of a method that answers with one number, and its line.
+/// Calls a method that returns one number, and logs it.
 template <std::size_t Count>
 bool CallForNumber(std::uint32_t method, const std::array<std::uint32_t, Count>& arguments,
                    std::u16string_view returnText, std::uint32_t& value) {

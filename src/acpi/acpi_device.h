@@ -1,7 +1,6 @@
 // The firmware's pass-through device: status and control by device id.
 //
-// The device is open only within one call: every operation that opens it closes it again before it returns, on
-// every path.
+// The device is open only within one call: whatever opens it closes it before it returns.
 #pragma once
 
 #include "platform/device_io.h"
@@ -11,32 +10,32 @@
 
 namespace sondrel {
 
-/// The opened device; null while it is closed. One slot for the process: two threads must not use these
-/// operations at once.
+/// The opened device; null while it is closed. There is one for the process: two threads must not use these
+/// operations at the same time.
 extern platform::Handle ZrnAcpiHandle;
 
-/// The firmware's two methods, by the tag that requests carry: four letters, the first in the lowest byte.
+/// The tags of the firmware's two methods: four letters, the first in the lowest byte.
 namespace acpi_method {
 inline constexpr std::uint32_t ReadStatus = 0x53545344; // DSTS
 inline constexpr std::uint32_t Control = 0x53564544;    // DEVS
 } // namespace acpi_method
 
-/// What the firmware knows by a number.
+/// Device ids of the firmware.
 namespace acpi_id {
 inline constexpr std::uint32_t EventStore = 0x00060059;
 inline constexpr std::uint32_t PSensor = 0x00060068;
 } // namespace acpi_id
 
-/// The most bytes that a reply has.
+/// The maximum size of a reply in bytes.
 inline constexpr std::uint32_t AcpiReplySize = 1024;
 
-/// Opens the device. False when it cannot be opened, which leaves the handle null.
+/// Opens the device. False on failure; the handle is null then.
 bool InitializeZRNACPIDevice();
 
-/// Closes the device. False when it was not open.
+/// Closes the device. False if it was not open.
 bool UninitializeZRNACPIDevice();
 
-/// Keeps the device open for a scope.
+/// Opens the device for a scope.
 class OpenZrnAcpi {
 public:
     OpenZrnAcpi() { InitializeZRNACPIDevice(); }
@@ -49,17 +48,17 @@ public:
     [[nodiscard]] explicit operator bool() const { return ZrnAcpiHandle != platform::Handle::Null; }
 };
 
-/// Sends one request over the open device. On success the reply's first bytes are in `reply`, as many as it
-/// has room for and the device reported, and `replySize` is their number. False leaves both as they were: the
-/// device is not open, there is no memory for the request, or the device refused it.
+/// Sends one request to the open device. On success `reply` holds the first bytes of the reply, as many as fit,
+/// and `replySize` their number. On failure both are unchanged: the device is not open, memory ran out, or the
+/// device refused the request.
 bool ZrnAcpiCall(std::uint32_t method, std::span<const std::byte> arguments, std::span<std::byte> reply,
                  std::uint32_t& replySize);
 
-/// Controls: opens the device, calls DEVS and closes it. A reply below four bytes counts as the value 0.
-/// False leaves `value` as it was.
+/// Opens the device, calls DEVS (control by device id) and closes it. A reply of less than four bytes is the
+/// value 0. On failure `value` is unchanged.
 bool ACPI_ZRN_DEVS(std::uint32_t arg0, std::uint32_t arg1, std::uint32_t& value);
 
-/// Reads a status by device id, in the same way with DSTS.
+/// The same with DSTS (status by device id).
 bool ACPI_ZRN_DSTS(std::uint32_t arg, std::uint32_t& value);
 
 /// Logs the arguments of a DEVS call.

@@ -1,4 +1,4 @@
-// The document of the firmware's event store: its version, its registers and its event log.
+// The JSON document of the firmware's event store: version, registers and event log.
 #include "acpi/acpi_device.h"
 #include "acpi/eeprom_record.h"
 #include "frame/diagnostics.h"
@@ -13,32 +13,31 @@
 namespace sondrel {
 namespace {
 
-// What the store is asked for.
+// The second argument of DEVS selects what is read.
 constexpr std::uint32_t Version = 0xE0;
 constexpr std::uint32_t RegisterCount = 0xFFE3;
 constexpr std::uint32_t FirstRegister = 0xE3;
 constexpr std::uint32_t RegisterStep = 0x100;
 constexpr std::uint32_t NextEvent = 0xE5;
 
-/// The most registers whose request still fits 32 bits. A count beyond it cannot be walked.
+/// The registers whose selector fits 32 bits. The list of a larger count cannot be read.
 constexpr std::uint32_t AddressableRegisters = (0xFFFFFFFF - FirstRegister) / RegisterStep + 1;
 
-/// The characters of all values up to and with the last event.
+/// The maximum length of all values together, the last event included.
 constexpr std::size_t ValueLimit = 31500;
 
-/// The document while it grows. Nothing but the text itself is kept: it is read in the order in which it is
-/// written.
+/// The document so far. It is written in the order in which the store is read.
 class Document {
 public:
     void Piece(std::u16string_view text) { m_text += text; }
 
-    /// A piece that counts toward the limit.
+    /// A piece that counts for the limit.
     void Value(std::u16string_view text) {
         m_text += text;
         m_valueLength += text.size();
     }
 
-    [[nodiscard]] bool HasRoomFor(std::u16string_view event) const {
+    [[nodiscard]] bool CanAdd(std::u16string_view event) const {
         return m_valueLength + event.size() <= ValueLimit;
     }
 
@@ -49,10 +48,10 @@ private:
     std::size_t m_valueLength = 0;
 };
 
-/// One number of the store as a value; nothing where it cannot be read. Gives the number, 0 for none.
-std::uint32_t AppendNumber(Document& document, std::uint32_t what) {
+/// Reads one number and adds it as a value. Returns the number; 0 when the read failed, and no value is added.
+std::uint32_t AppendNumber(Document& document, std::uint32_t selector) {
     std::uint32_t number = 0;
-    if (!ACPI_ZRN_DEVS(acpi_id::EventStore, what, number)) {
+    if (!ACPI_ZRN_DEVS(acpi_id::EventStore, selector, number)) {
         return 0;
     }
     document.Value(u"0x" + HexByteText(number));
@@ -60,8 +59,8 @@ std::uint32_t AppendNumber(Document& document, std::uint32_t what) {
 }
 
 void AppendRegisters(Document& document, std::uint32_t count) {
-    const std::uint32_t walked = count <= AddressableRegisters ? count : 0;
-    for (std::uint32_t index = 0; index < walked; ++index) {
+    const std::uint32_t listed = count <= AddressableRegisters ? count : 0;
+    for (std::uint32_t index = 0; index < listed; ++index) {
         if (index != 0) {
             document.Piece(u"\",\"");
         }
@@ -69,11 +68,11 @@ void AppendRegisters(Document& document, std::uint32_t count) {
     }
 }
 
-/// A log that never ends is ended by the limit.
+/// The limit also ends a log that never ends.
 void AppendEvents(Document& document) {
     std::u16string event;
     const char16_t* opening = u"\"";
-    while (ReadEepromRecord(acpi_id::EventStore, NextEvent, event) && document.HasRoomFor(event)) {
+    while (ReadEepromRecord(acpi_id::EventStore, NextEvent, event) && document.CanAdd(event)) {
         document.Piece(opening);
         document.Value(event);
         document.Piece(u"\"");

@@ -9,7 +9,7 @@
 namespace sondrel {
 namespace {
 
-// The record's bytes.
+// The layout of a record.
 constexpr std::byte FirstMark{0x5A};
 constexpr std::byte SecondMark{0xA5};
 constexpr std::size_t PayloadLengthAt = 6;
@@ -17,12 +17,12 @@ constexpr std::size_t KindAt = 7;
 constexpr std::size_t PayloadAt = 9;
 constexpr std::byte BcdKind{0x20};
 
-/// What a reply reads as where the device wrote nothing.
+/// Fills the reply where the device writes nothing.
 constexpr std::byte Unwritten{0xFF};
 
 constexpr std::size_t TokenSize = 5; // "0x5a" and a blank
 
-/// The byte's two hexadecimal digits read as a decimal number from the left, up to the first that is none.
+/// Reads the two hexadecimal digits as a decimal number, up to the first one above 9.
 constexpr std::byte DecodeBcd(std::byte byte) {
     const auto high = std::to_integer<unsigned>(byte >> 4);
     const auto low = std::to_integer<unsigned>(byte & std::byte{0xF});
@@ -36,7 +36,7 @@ static_assert(DecodeBcd(std::byte{0x59}) == std::byte{0x3B} && DecodeBcd(std::by
 static_assert(DecodeBcd(std::byte{0x99}) == std::byte{0x63} && DecodeBcd(std::byte{0x1A}) == std::byte{0x01});
 static_assert(DecodeBcd(std::byte{0xA5}) == std::byte{0x00});
 
-/// Writes one token with the blank behind it.
+/// Writes one token and a blank after it.
 char16_t* AppendToken(char16_t* out, std::byte byte) {
     constexpr char16_t Digits[] = u"0123456789abcdef";
     *out++ = u'0';

@@ -1,13 +1,14 @@
 #include "apps/app_records.h"
 
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 #include "frame/host_buffer.h"
 #include "frame/registry_store.h"
+#include "vesk_sondrel.h"
 
 namespace sondrel {
 namespace {
 
-// With a separator at the end: a subkey's name follows it at once.
+// With a trailing separator: a subkey's name is appended.
 constexpr const char16_t* PackageStorePath =
     u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Appx\\AppxAllUserStore\\Applications\\";
 constexpr const char16_t* NativeUninstallPath = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
@@ -35,7 +36,7 @@ std::u16string ApplicationNames(const char16_t* keyPath) {
     std::u16string list;
     for (const std::u16string& subkey : SubkeyNamesAt(keyPath)) {
         const std::u16string path = keyPath + subkey;
-        // Any number at all marks a component of the system here, 0 too.
+        // Any number marks a component of the system here, also 0.
         if (!IsRegistrySentinel(ReadRegDword(platform::Key::LocalMachine, path, u"SystemComponent"))) {
             continue;
         }
@@ -51,11 +52,11 @@ std::u16string ApplicationNames(const char16_t* keyPath) {
 } // namespace
 
 void EnumSubkeyNames(platform::Key key, std::vector<std::u16string>& names) {
-    constexpr std::uint32_t NameRoom = 255;
+    constexpr std::uint32_t NameSize = 255;
     std::uint32_t count = 0;
     platform::RegQueryInfoKeyW(key, count);
     for (std::uint32_t index = 0; index < count; ++index) {
-        if (auto name = SubkeyName(key, index, NameRoom)) {
+        if (auto name = SubkeyName(key, index, NameSize)) {
             names.push_back(std::move(*name));
         }
     }

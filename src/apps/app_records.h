@@ -1,4 +1,4 @@
-// Plain name lists of the machine's applications, entries ended by ";".
+// Name lists of the machine's applications, each entry followed by ";".
 #pragma once
 
 #include "platform/registry.h"
@@ -8,7 +8,7 @@
 
 namespace sondrel {
 
-/// Appends the names of an open key's subkeys. A subkey whose name cannot be had is passed over.
+/// Appends the names of an open key's subkeys. A subkey whose name cannot be read is skipped.
 void EnumSubkeyNames(platform::Key key, std::vector<std::u16string>& names);
 
 } // namespace sondrel

@@ -1,9 +1,10 @@
 #include "apps/installed_apps.h"
 
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/text.h"
+#include "vesk_sondrel.h"
 
 #include <algorithm>
 #include <span>
@@ -17,7 +18,7 @@ constexpr const char16_t* Wow64UninstallKey =
 
 constexpr std::u16string_view NoApplications = u"[{\"machine\":[]},{\"user\":[]}]";
 
-/// All that the two walkers differ in.
+/// The differences between the two walkers.
 struct HiveWalker {
     platform::Key hive;
     std::u16string_view head;
@@ -26,18 +27,18 @@ struct HiveWalker {
 constexpr HiveWalker MachineWalker{platform::Key::LocalMachine, u"{\"machine\":["};
 constexpr HiveWalker UserWalker{platform::Key::CurrentUser, u"{\"user\":["};
 
-/// The path of an application's key. One that is longer than the room for it is cut, and names no key then.
+/// The path of an application's key. A path that is too long is cut, and no such key exists.
 std::u16string ApplicationPath(std::u16string_view keyPath, std::u16string_view subkey) {
-    constexpr std::size_t PathRoom = 1024;
+    constexpr std::size_t PathSize = 1024;
     std::u16string path(keyPath);
     path += u'\\';
     path += subkey;
-    path.resize(std::min(path.size(), PathRoom - 1));
+    path.resize(std::min(path.size(), PathSize - 1));
     return path;
 }
 
-/// Whether "SystemComponent" can be read as a number and is not 0. The type is not looked at: a text of one
-/// character fits the number as well, and counts as the number that its bytes make.
+/// Whether "SystemComponent" can be read into 32 bits and is not 0. The type is not checked: the bytes of a
+/// string of one character are a number too.
 bool IsSystemComponent(platform::Key application) {
     std::uint32_t number = 0;
     std::uint32_t type = 0;
@@ -48,14 +49,14 @@ bool IsSystemComponent(platform::Key application) {
            number != 0;
 }
 
-/// The record of one application, empty where it has no name or belongs to the system.
+/// The record of one application; empty if it has no name or is a system component.
 std::u16string ApplicationRecord(platform::Key application) {
-    std::optional<std::u16string> name = ValueText(application, u"DisplayName");
+    std::optional<std::u16string> name = ValueString(application, u"DisplayName");
     if (!name || IsSystemComponent(application)) {
         return {};
     }
     std::u16string record = u"{\"name\":\"" + CleanJsonText(std::move(*name)) + u"\",\"version\":\"";
-    if (std::optional<std::u16string> version = ValueText(application, u"DisplayVersion")) {
+    if (std::optional<std::u16string> version = ValueString(application, u"DisplayVersion")) {
         record += CleanJsonText(std::move(*version));
     }
     return record + u"\"}";
@@ -68,7 +69,7 @@ std::u16string WalkHive(const HiveWalker& walker, const char16_t* keyPath) {
             const platform::OwnedKey application =
                 OpenForReading(walker.hive, ApplicationPath(keyPath, *subkey).c_str());
             if (!application) {
-                break; // ends the walk, whatever subkeys are left
+                break; // ends the walk, even if there are more subkeys
             }
             const std::u16string record = ApplicationRecord(application.Get());
             if (!record.empty() && document.size() > walker.head.size()) {

@@ -5,11 +5,11 @@
 
 namespace sondrel {
 
-/// A value as it stands in the documents: without its double quotes, everything else as it is. An unpaired
-/// surrogate becomes U+FFFD on the way.
+/// A value as it appears in the documents: double quotes are removed, nothing is escaped. An unpaired surrogate
+/// becomes U+FFFD.
 std::u16string CleanJsonText(std::u16string text);
 
-/// The document of one hive, {"machine":[...]} and {"user":[...]}, for an uninstall key's path.
+/// The document of one hive, {"machine":[...]} or {"user":[...]}, for the path of an uninstall key.
 std::u16string GetApplist_Machine(const char16_t* keyPath);
 std::u16string GetApplist_User(const char16_t* keyPath);
 

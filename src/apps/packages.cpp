@@ -1,15 +1,18 @@
 #include "apps/packages.h"
 
-#include "apps/registry_texts.h"
+#include "apps/package_family.h"
+#include "apps/registry_strings.h"
 #include "apps/resource_names.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/text.h"
 #include "platform/packages.h"
 #include "platform/xml_document.h"
+#include "vesk_sondrel.h"
 
+#include <algorithm>
 #include <exception>
-#include <vector>
+#include <utility>
 
 namespace sondrel {
 namespace {
@@ -17,29 +20,22 @@ namespace {
 constexpr const char16_t* PackageStoreKey =
     u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Appx\\AppxAllUserStore\\Applications";
 
-/// The first package of a family by the platform's own order; nothing for a family without packages. Only the
-/// number that comes back decides: a name that the platform fails to give is the empty name, which has no
-/// folder.
+/// The first package of a family; nothing for a family without packages. Only the returned count decides: a
+/// missing name becomes the empty name, which has no folder.
 std::optional<std::u16string> FirstPackageOf(const std::u16string& family) {
-    std::uint32_t count = PackageTextRoom;
-    std::uint32_t length = PackageTextRoom;
-    std::vector<const char16_t*> names(count, nullptr);
-    std::u16string characters(length, u'\0');
-    if (platform::GetPackagesByPackageFamily(family.c_str(), count, names.data(), length,
-                                             characters.data()) == platform::error::InsufficientBuffer) {
-        // A family of more than that: the call has told the room it needs.
-        names.assign(count, nullptr);
-        characters.assign(length, u'\0');
-        platform::GetPackagesByPackageFamily(family.c_str(), count, names.data(), length, characters.data());
+    FamilyPackages packages = QueryFamily(family.c_str(), PackageTextSize, PackageTextSize);
+    if (packages.status == platform::error::InsufficientBuffer) {
+        packages = QueryFamily(family.c_str(), packages.count, packages.length);
     }
-    if (count == 0 || names.empty()) {
+    if (packages.count == 0) {
         return std::nullopt;
     }
-    const std::u16string_view first(names.front() != nullptr ? names.front() : u"");
-    return std::u16string(first.substr(0, PackageTextRoom - 1));
+    std::u16string first = std::move(packages.first).value_or(std::u16string());
+    first.resize(std::min<std::size_t>(first.size(), PackageTextSize - 1));
+    return first;
 }
 
-/// Empty for a package without a folder, and for a folder whose path does not fit.
+/// Empty for a package without a folder, and for a path that does not fit.
 std::u16string FolderOf(const std::u16string& fullName) {
     PackageText folder{};
     std::uint32_t length = folder.size();
@@ -68,17 +64,17 @@ bool LoadManifest(platform::XmlDocument parser, const std::u16string& path) {
     return true;
 }
 
-/// The resource's text, or the manifest's own where there is none: at most 259 characters of either.
+/// The resource's string, or the manifest's if there is none: at most 259 characters.
 std::u16string DisplayNameFor(const std::u16string& package, std::u16string_view manifestText) {
     PackageText resolved{};
     if (LoadResourceDisplayName(package, manifestText, resolved)) {
         return resolved.data();
     }
-    return std::u16string(manifestText.substr(0, PackageTextRoom - 1));
+    return std::u16string(manifestText.substr(0, PackageTextSize - 1));
 }
 
-/// The display name of an installed package, empty for every failure. The parser is given back before the
-/// apartment is left, whatever happens.
+/// The display name of an installed package; empty on failure. The parser is always released before the
+/// apartment is left.
 std::u16string DisplayNameFromManifest(const std::u16string& package, const std::u16string& folder) {
     platform::OwnedApartment apartment;
     if (platform::Failed(platform::CoInitializeEx(platform::apartment::SingleThreaded))) {
@@ -129,7 +125,7 @@ std::u16string GetUWPDisplayName(const std::u16string& fullName) {
     std::u16string displayName;
     if (const auto package = FirstPackageOf(FamilyNameOf(fullName))) {
         const std::u16string folder = FolderOf(*package);
-        // Running out of memory over one manifest costs that package its display name and nothing else.
+        // When memory runs out for one manifest, only this display name is missing.
         try {
             displayName = DisplayNameFromManifest(*package, folder);
             TraceLine("GetUWPDisplayName End");

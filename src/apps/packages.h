@@ -1,4 +1,4 @@
-// Packaged applications and the names that a user sees for them.
+// Packaged applications and their display names.
 #pragma once
 
 #include <string>
@@ -6,18 +6,18 @@
 
 namespace sondrel {
 
-/// The family a package full name belongs to: its short name and what stands from its last "_" on.
+/// The family of a package full name: its short name, and its end from the last "_" on.
 std::u16string FamilyNameOf(std::u16string_view fullName);
 
-/// The text of a manifest's <DisplayName> element: the first one, without attributes or prefix, behind the
-/// first "Properties" in any case; in the whole text where that word is missing. Empty where there is no such
+/// The content of a manifest's <DisplayName> element: of the first one without attributes or prefix after the
+/// first "Properties" in any case, or in the whole manifest if that word is missing. Empty without such an
 /// element.
 std::u16string_view ManifestDisplayText(std::u16string_view xml);
 
-/// The document of all packages of the store, one record for each.
+/// The JSON document of all packages of the store.
 std::u16string GetApplist_AllUserStore();
 
-/// The record of one package. Every package has one; what cannot be read leaves the display name empty.
+/// The record of one package. If a step fails the display name is empty.
 std::u16string GetUWPDisplayName(const std::u16string& fullName);
 
 } // namespace sondrel

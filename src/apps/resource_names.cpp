@@ -15,7 +15,7 @@ bool Resolve(std::u16string_view fullName, std::u16string_view reference, Packag
     std::u16string source(u"@{");
     source.append(fullName).append(u"? ").append(reference).append(u"}");
     resolved = {};
-    if (platform::SHLoadIndirectString(source.c_str(), resolved.data(), PackageTextRoom) !=
+    if (platform::SHLoadIndirectString(source.c_str(), resolved.data(), PackageTextSize) !=
         platform::hresult::Ok) {
         resolved = {};
         return false;
@@ -30,7 +30,7 @@ std::u16string Reference(std::u16string_view shortName, std::u16string_view infi
     return reference;
 }
 
-std::u16string_view BehindScheme(std::u16string_view text) {
+std::u16string_view AfterScheme(std::u16string_view text) {
     if (const std::size_t place = text.find(ResourceSchemeWithHost); place != std::u16string_view::npos) {
         return text.substr(place + ResourceSchemeWithHost.size());
     }
@@ -45,11 +45,11 @@ std::u16string_view ShortNameOf(std::u16string_view fullName) {
 
 bool LoadResourceDisplayName(std::u16string_view fullName, std::u16string_view text, PackageText& resolved) {
     const std::u16string_view shortName = ShortNameOf(fullName);
-    if (text.find(shortName) != std::u16string_view::npos) { // an empty short name stands in every text
+    if (text.find(shortName) != std::u16string_view::npos) { // also if the short name is empty
         return Resolve(fullName, text, resolved);
     }
     if (text.find(ResourceScheme) != std::u16string_view::npos) {
-        const std::u16string_view rest = BehindScheme(text);
+        const std::u16string_view rest = AfterScheme(text);
         return std::ranges::any_of(std::array{u"/resources/", u"/", u""}, [&](std::u16string_view infix) {
             return Resolve(fullName, Reference(shortName, infix, rest), resolved);
         });

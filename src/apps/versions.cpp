@@ -1,26 +1,27 @@
 #include "apps/versions.h"
 
-#include "apps/registry_texts.h"
+#include "apps/package_family.h"
+#include "apps/registry_strings.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/memory_guard.h"
 #include "frame/text.h"
 #include "platform/device_nodes.h"
-#include "platform/packages.h"
+#include "vesk_sondrel.h"
 
 #include <array>
 #include <span>
-#include <vector>
+#include <utility>
 
 namespace sondrel {
 namespace {
 
 constexpr std::u16string_view DriverDevice = u"Vesk Kelvane";
-// The fixed control set, which is where the installer writes.
+// The installer writes to this fixed control set.
 constexpr const char16_t* ClassKey = u"SYSTEM\\ControlSet001\\Control\\Class\\";
 constexpr const char16_t* AssistantFamily = u"F3A1C07E.VESKBrisenda_r4wkp8tz2yhnc";
 
-/// The ids of all present devices as the platform lists them: each with its terminator, an empty one last.
+/// The ids of all present devices, each with its terminator, and an empty one at the end.
 std::u16string DeviceIdList() {
     std::uint32_t length = 0;
     platform::CM_Get_Device_ID_List_SizeW(length, platform::FilterPresent);
@@ -33,7 +34,7 @@ std::u16string DeviceIdList() {
 
 std::optional<std::u16string> DeviceText(platform::DeviceNode node, std::uint32_t property) {
     constexpr std::size_t PropertyBytes = 8192;
-    // One character more than the platform is told of ends a text that fills the room.
+    // One character more than the size that is passed: the terminator of a string that fills the buffer.
     std::array<char16_t, PropertyBytes / sizeof(char16_t) + 1> text{};
     std::uint32_t size = PropertyBytes;
     if (platform::CM_Get_DevNode_Registry_PropertyW(node, property,
@@ -44,31 +45,23 @@ std::optional<std::u16string> DeviceText(platform::DeviceNode node, std::uint32_
     return text.data();
 }
 
-/// Empty when the key cannot be opened or does not tell a version. A driver key is taken whole, however long it
-/// is; an empty one, which is that of no device, leads to the key above all of them.
+/// Empty if the key cannot be opened or has no version. The driver key is not cut; an empty one, without such a
+/// device, selects the key above all drivers.
 std::u16string DriverVersionAt(const std::u16string& driverKey) {
-    constexpr std::uint32_t VersionRoom = 1024 / sizeof(char16_t);
+    constexpr std::uint32_t VersionSize = 1024 / sizeof(char16_t);
     const platform::OwnedKey key =
         OpenForReading(platform::Key::LocalMachine, (ClassKey + driverKey).c_str());
-    return key ? ValueText(key.Get(), u"DriverVersion", VersionRoom).value_or(u"") : std::u16string();
+    return key ? ValueString(key.Get(), u"DriverVersion", VersionSize).value_or(u"") : std::u16string();
 }
 
-/// The first package of a family by the platform's own order; nothing when there is none.
-std::optional<std::u16string> FirstPackageOf(const char16_t* family) {
-    std::uint32_t count = 0;
-    std::uint32_t length = 0;
-    if (platform::GetPackagesByPackageFamily(family, count, nullptr, length, nullptr) !=
-        platform::error::InsufficientBuffer) {
+/// The full name of the assistant package; nothing when it is not installed.
+std::optional<std::u16string> AssistantPackage() {
+    const FamilyPackages needed = QueryFamily(AssistantFamily, 0, 0);
+    if (needed.status != platform::error::InsufficientBuffer) {
         return std::nullopt;
     }
-    std::vector<const char16_t*> names(count, nullptr);
-    std::u16string characters(length, u'\0');
-    if (platform::GetPackagesByPackageFamily(family, count, names.data(), length, characters.data()) !=
-            platform::error::Success ||
-        names.empty() || names.front() == nullptr) {
-        return std::nullopt;
-    }
-    return names.front();
+    FamilyPackages packages = QueryFamily(AssistantFamily, needed.count, needed.length);
+    return packages.status == platform::error::Success ? std::move(packages.first) : std::nullopt;
 }
 
 } // namespace
@@ -114,8 +107,7 @@ void GetInfVersion(VeskChar16* out) {
 }
 
 void GetUWPVersion(VeskChar16* out) {
-    const auto fullName =
-        OrWithoutMemory(std::optional<std::u16string>(), [] { return FirstPackageOf(AssistantFamily); });
+    const auto fullName = OnOutOfMemory(std::optional<std::u16string>(), AssistantPackage);
     if (!fullName) {
         return;
     }

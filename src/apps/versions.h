@@ -7,12 +7,12 @@
 
 namespace sondrel {
 
-/// The driver key of the device "Vesk Kelvane", such as {class}\0001; empty without such a device. Among several
-/// the last of the device list counts.
+/// The driver key of the device "Vesk Kelvane", such as {class}\0001; empty without such a device. Of several
+/// devices the last in the device list counts.
 std::u16string GetDeviceDriverKey();
 
-/// The second of the pieces that "_" divides a package full name into; nothing where there is none. What
-/// follows a "_" at the very end is no piece.
+/// The second field of a package full name, whose fields are separated by "_"; nothing if there is none. A "_"
+/// at the end does not begin another field.
 std::optional<std::u16string_view> VersionOfFullName(std::u16string_view fullName);
 
 } // namespace sondrel

@@ -16,7 +16,7 @@ namespace {
 constexpr std::uint32_t TooMuchDataResult = 0x37;
 
 std::string CommandLine(std::uint8_t command, std::span<const std::uint8_t> data, std::uint8_t readFlag) {
-    constexpr std::size_t UsualLength = 64; // one allocation for all but the longest
+    constexpr std::size_t UsualLength = 64; // one allocation for all but the longest lines
     std::string line;
     line.reserve(UsualLength);
     line += "[RwEcCmd] cmd: 0x";
@@ -51,7 +51,7 @@ std::uint32_t RwEcCmd(std::uint8_t dataCount, std::uint8_t command, const std::u
         return TooMuchDataResult;
     }
     std::ranges::copy(bytes, request.data);
-    // A refused request leaves the buffer as it was sent: status 0 and the byte 0.
+    // A refused IOCTL leaves the buffer as it was sent: status 0 and byte 0.
     const std::span wire = std::as_writable_bytes(std::span(&request, 1));
     DriverExchange(driver_request::EcCommand, wire, wire);
     *status = request.status;

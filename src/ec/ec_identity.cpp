@@ -1,4 +1,5 @@
-// The three identity exports: which embedded controller the machine has, read once and kept in the registry.
+#include "ec/ec_identity.h"
+
 #include "ec/ec_command.h"
 #include "frame/memory_guard.h"
 #include "frame/registry_store.h"
@@ -12,24 +13,24 @@ namespace {
 
 constexpr std::uint8_t ReadIdentityRegister = 0xBB;
 
-/// One identity: where it is kept, and the EC registers whose bytes make the number, highest byte first.
+/// One number of the identity: its registry value, and the EC registers whose bytes it is made of, highest byte
+/// first.
 struct Identity {
     const char16_t* valueName;
     std::uint8_t registerCount;
     std::uint8_t registers[4];
 };
 
-constexpr Identity EcFwRev{u"EcFwRev", 2, {0x03, 0x04}};
-constexpr Identity EcChipId{u"EcChipId", 1, {0x10}};
-constexpr Identity EcChipName{u"EcChipName", 4, {0x12, 0x13, 0x14, 0x15}};
+constexpr Identity FirmwareRevision{u"EcFwRev", 2, {0x03, 0x04}};
+constexpr Identity ChipId{u"EcChipId", 1, {0x10}};
+constexpr Identity ChipName{u"EcChipName", 4, {0x12, 0x13, 0x14, 0x15}};
 
-/// A value that stands in the registry wins over what the EC would say, and costs no EC command. Otherwise
-/// the EC is read and the number kept; a store that refuses the number only means that the next call reads
-/// again.
-std::uint32_t FindIdentity(const Identity& identity) {
-    const std::u16string kept = ReadRegDword(platform::Key::LocalMachine, ProductKey, identity.valueName);
-    if (!IsRegistrySentinel(kept)) {
-        return static_cast<std::uint32_t>(WideToInt32(kept));
+/// A stored number is returned as it is and costs no EC command. A failed write only means that the next call
+/// reads the EC again.
+std::uint32_t ReadOrFetch(const Identity& identity) {
+    const std::u16string stored = ReadRegDword(platform::Key::LocalMachine, ProductKey, identity.valueName);
+    if (!IsRegistrySentinel(stored)) {
+        return static_cast<std::uint32_t>(WideToInt32(stored));
     }
     std::uint32_t number = 0;
     for (const std::uint8_t registerNumber : std::span(identity.registers, identity.registerCount)) {
@@ -43,23 +44,32 @@ std::uint32_t FindIdentity(const Identity& identity) {
     return number;
 }
 
-std::uint32_t ReadIdentity(const Identity& identity) {
-    return OrWithoutMemory(EcReadFailed, [&] { return FindIdentity(identity); });
+std::uint32_t ReadIdentity(const Identity& identity) noexcept {
+    return OnOutOfMemory(EcReadFailed, [&] { return ReadOrFetch(identity); });
 }
 
 } // namespace
+
+std::uint32_t ReadEcFirmwareRevision() noexcept {
+    return ReadIdentity(FirmwareRevision);
+}
+
+std::uint32_t ReadEcChipId() noexcept {
+    return ReadIdentity(ChipId);
+}
+
 } // namespace sondrel
 
 using namespace sondrel;
 
 uint32_t EC_ReadEcFwRev(void) {
-    return ReadIdentity(EcFwRev);
+    return ReadEcFirmwareRevision();
 }
 
 uint32_t EC_ReadEcChipId(void) {
-    return ReadIdentity(EcChipId);
+    return ReadEcChipId();
 }
 
 uint32_t EC_ReadEcChipName(void) {
-    return ReadIdentity(EcChipName);
+    return ReadIdentity(ChipName);
 }

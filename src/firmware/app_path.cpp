@@ -12,7 +12,7 @@
 namespace sondrel {
 namespace {
 
-/// The user as WMI names him. The empty text, where WMI names nobody, stands for the key's unnamed value.
+/// The user as WMI reports it. Without one the name is empty and selects the unnamed value of the key.
 std::u16string UserName(std::uint8_t initCom) {
     return ReadWMIPropStr(u"ROOT\\CIMV2", u"select * from win32_ComputerSystem", u"UserName", initCom);
 }
@@ -56,5 +56,5 @@ bool WMICheckAppExist(std::uint8_t initCom) {
 using namespace sondrel;
 
 int32_t WMISetAppPath(const VeskChar16* path, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return StoreAppPath(path, initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return StoreAppPath(path, initCom); }) ? 1 : 0;
 }

@@ -1,4 +1,4 @@
-// Where the settings files of the firmware's features live: one directory per user, registered by the host.
+// The directory of the settings files: one for each user, set by the host.
 #pragma once
 
 #include <cstdint>
@@ -6,10 +6,10 @@
 
 namespace sondrel {
 
-/// The path registered for the present user, or the registry sentinel.
+/// The path of the current user, or the registry sentinel.
 std::u16string WMIGetAppPath(std::uint8_t initCom);
 
-/// Whether the registered path names a directory.
+/// Whether that path is an existing directory.
 bool WMICheckAppExist(std::uint8_t initCom);
 
 bool DirectoryExists(const std::u16string& path);

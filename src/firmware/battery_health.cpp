@@ -1,4 +1,4 @@
-// Battery Health: the level up to which the firmware charges the battery.
+// Battery Health: a number that the firmware is given and the settings file stores.
 #include "firmware/app_path.h"
 #include "firmware/firmware_feature.h"
 #include "firmware/settings_file.h"
@@ -21,7 +21,7 @@ bool IsSupported(std::uint8_t initCom) {
     return supported;
 }
 
-std::int32_t KeptHealth(std::uint8_t initCom) {
+std::int32_t StoredBatteryHealth(std::uint8_t initCom) {
     const std::string tag = "[WMIGetBatteryHealth]";
     const std::u16string path = SettingPath(BatteryHealth, tag, initCom);
     if (!WMICheckAppExist(initCom)) {
@@ -32,7 +32,7 @@ std::int32_t KeptHealth(std::uint8_t initCom) {
     return level;
 }
 
-bool SetLevel(std::int32_t level, std::uint8_t initCom) {
+bool SetBatteryHealth(std::int32_t level, std::uint8_t initCom) {
     if (!IsSupported(initCom)) {
         return false;
     }
@@ -45,13 +45,13 @@ bool SetLevel(std::int32_t level, std::uint8_t initCom) {
 using namespace sondrel;
 
 int32_t WMICheckBatteryHealthSupport(uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return IsSupported(initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return IsSupported(initCom); }) ? 1 : 0;
 }
 
 int32_t WMIGetBatteryHealth(uint8_t initCom) {
-    return OrWithoutMemory(Default, [=] { return KeptHealth(initCom); });
+    return OnOutOfMemory(Default, [=] { return StoredBatteryHealth(initCom); });
 }
 
 int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return SetLevel(value, initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return SetBatteryHealth(value, initCom); }) ? 1 : 0;
 }

@@ -15,11 +15,11 @@ std::array<SmartDiskRecord, 10> SmartDiskTable;
 
 namespace {
 
-// The block of bytes: a revision word, then the entries.
+// The data block: a revision word, then the entries.
 constexpr std::size_t FirstEntryAt = 2;
 constexpr std::size_t EntrySize = 12;
 
-// Within an entry; its last byte is not used.
+// The layout of an entry; its last byte is not used.
 constexpr std::size_t IdAt = 0;
 constexpr std::size_t FlagsAt = 1;
 constexpr std::size_t CurrentAt = 3;
@@ -28,7 +28,7 @@ constexpr std::size_t RawAt = 5;
 
 constexpr std::uint8_t TemperatureId = 194;
 
-/// A block may be of any length: a byte behind its end is 0.
+/// A byte after the end of a short block is 0.
 std::uint8_t ByteAt(std::span<const std::byte> block, std::size_t place) {
     return place < block.size() ? std::to_integer<std::uint8_t>(block[place]) : std::uint8_t{0};
 }
@@ -46,9 +46,9 @@ SmartAttribute AttributeAt(std::span<const std::byte> block, std::size_t entry) 
     return attribute;
 }
 
-/// False when the row has nothing to fill a record with, which is then as it was.
+/// False if the row has no name or no data; the record is unchanged then.
 bool FillRecord(platform::WbemObject row, SmartDiskRecord& record) {
-    const std::u16string name = TextUpToZeroOf(ReadWmiProperty(row, u"InstanceName"));
+    const std::u16string name = StringUpToZeroOf(ReadWmiProperty(row, u"InstanceName"));
     const platform::WmiValue vendor = ReadWmiProperty(row, u"VendorSpecific");
     const auto* block = std::get_if<std::vector<std::byte>>(&vendor);
     if (name.empty() || block == nullptr) {

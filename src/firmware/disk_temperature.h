@@ -22,11 +22,12 @@ struct SmartDiskRecord {
     std::array<SmartAttribute, 30> attributes;
 };
 
-/// Zero at load and never cleared: each reading refills it from the first record and leaves the later ones alone.
+/// Zero at load and never cleared: each reading refills it from the first record and leaves later records
+/// unchanged.
 extern std::array<SmartDiskRecord, 10> SmartDiskTable;
 
-/// Reads one record for each row. A row without a name or without an array of bytes is passed over; rows that
-/// find no record any more are dropped. A failed step leaves the table as it was.
+/// Reads one record for each row. A row without a name or without an array of bytes is skipped; rows after the
+/// tenth are dropped. A failed step leaves the table unchanged.
 void ReadWMISmartData(std::u16string nameSpace, std::u16string query, std::uint8_t initCom);
 
 } // namespace sondrel

@@ -12,9 +12,9 @@
 namespace sondrel {
 namespace {
 
-/// False where nothing could be remembered.
-bool Remember(const FirmwareFeature& feature, const std::string& tag, std::int32_t number,
-              std::uint8_t initCom) {
+/// False without an app path.
+bool Store(const FirmwareFeature& feature, const std::string& tag, std::int32_t number,
+           std::uint8_t initCom) {
     if (!WMICheckAppExist(initCom)) {
         return false;
     }
@@ -41,8 +41,8 @@ bool SetFeature(const FirmwareFeature& feature, const std::string& tag, std::u16
     if (!EqualIgnoringCase(answer, u"1")) {
         return false;
     }
-    // The firmware has it now, whatever becomes of the settings file.
-    OrWithoutMemory(false, [&] { return Remember(feature, tag, number, initCom); });
+    // The firmware has the setting now, even if the settings file cannot be written.
+    OnOutOfMemory(false, [&] { return Store(feature, tag, number, initCom); });
     return true;
 }
 

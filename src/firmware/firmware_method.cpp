@@ -13,61 +13,60 @@ namespace {
 
 constexpr const char16_t* FirmwareClass = u"VeskZrnWmi_WMNB";
 
-/// What a failed step writes in front of its status. The event log's text is not always the debug log's.
-struct FailureText {
+/// The message of a failed step; the status follows. In some steps the logs have different messages.
+struct FailureMessage {
     const char* event;
     const char* debug;
 
-    constexpr FailureText(const char* both) : event(both), debug(both) {}
-
-    constexpr FailureText(const char* eventText, const char* debugText)
-        : event(eventText), debug(debugText) {}
+    constexpr FailureMessage(const char* both) : event(both), debug(both) {}
+    constexpr FailureMessage(const char* eventMessage, const char* debugMessage)
+        : event(eventMessage), debug(debugMessage) {}
 };
 
 namespace failure {
-constexpr FailureText Apartment = "[wmiMethod] Step1 Failed to initialize COM library. Error code = 0x";
-constexpr FailureText Locator = "[wmiMethod] Step3 Failed to create IWbemLocator object. Error code = 0x";
-constexpr FailureText Connect = "[wmiMethod] Step4 Could not connect. Error code = 0x";
-constexpr FailureText Blanket = "[wmiMethod] Step5 Could not set proxy blanket. Error code = 0x";
-constexpr FailureText Query = {"[wmiMethod]  Step6 Could not ExecQuery. Error code = 0x",
-                               "[wmiMethod] Step6 Could not ExecQuery. Error code = 0x"};
-constexpr FailureText NextInstance = "[wmiMethod] Could not Get the Next Object. Error code = 0x";
-constexpr FailureText ClassDefinition = "[wmiMethod] Could not GetObject. Error code = 0x";
-constexpr FailureText MethodDefinition = "[wmiMethod] Could not GetMethod. Error code = 0x";
-constexpr FailureText Input = "[wmiMethod] Could not SpawnInstance. Error code = 0x";
-constexpr FailureText Parameter = "[wmiMethod] Could not put parameters. Error code = 0x";
-constexpr FailureText Path = "[wmiMethod] Could not Get method retrieves. Error code = 0x";
-constexpr FailureText Execute = {"[wmiMethod] Could not execute method.Error code = 0x",
-                                 "[wmiMethod] Could not execute method. Error code = 0x"};
-constexpr FailureText Output = {"[wmiMethod] Could not get output.Error code = 0x",
-                                "[wmiMethod] Could not get output. Error code = 0x"};
+constexpr FailureMessage Apartment = "[wmiMethod] Step1 Failed to initialize COM library. Error code = 0x";
+constexpr FailureMessage Locator = "[wmiMethod] Step3 Failed to create IWbemLocator object. Error code = 0x";
+constexpr FailureMessage Connect = "[wmiMethod] Step4 Could not connect. Error code = 0x";
+constexpr FailureMessage Blanket = "[wmiMethod] Step5 Could not set proxy blanket. Error code = 0x";
+constexpr FailureMessage Query = {"[wmiMethod]  Step6 Could not ExecQuery. Error code = 0x",
+                                  "[wmiMethod] Step6 Could not ExecQuery. Error code = 0x"};
+constexpr FailureMessage NextInstance = "[wmiMethod] Could not Get the Next Object. Error code = 0x";
+constexpr FailureMessage ClassDefinition = "[wmiMethod] Could not GetObject. Error code = 0x";
+constexpr FailureMessage MethodDefinition = "[wmiMethod] Could not GetMethod. Error code = 0x";
+constexpr FailureMessage Input = "[wmiMethod] Could not SpawnInstance. Error code = 0x";
+constexpr FailureMessage Parameter = "[wmiMethod] Could not put parameters. Error code = 0x";
+constexpr FailureMessage Path = "[wmiMethod] Could not Get method retrieves. Error code = 0x";
+constexpr FailureMessage Execute = {"[wmiMethod] Could not execute method.Error code = 0x",
+                                    "[wmiMethod] Could not execute method. Error code = 0x"};
+constexpr FailureMessage Output = {"[wmiMethod] Could not get output.Error code = 0x",
+                                   "[wmiMethod] Could not get output. Error code = 0x"};
 } // namespace failure
 
-/// Reports a status that is a failure.
-bool Worked(platform::HResult status, const FailureText& text, bool gaveObject = true) {
-    if (!platform::Failed(status) && gaveObject) {
+/// Whether a step succeeded. A failure is logged.
+bool Succeeded(platform::HResult status, const FailureMessage& message, bool hasObject = true) {
+    if (!platform::Failed(status) && hasObject) {
         return true;
     }
     const std::string code = HexText(static_cast<std::uint32_t>(status));
-    ReportWmiWarning(text.event + code);
-    TraceLine(text.debug + code);
+    ReportWmiWarning(message.event + code);
+    TraceLine(message.debug + code);
     return false;
 }
 
-/// The same for a step that hands out an object: success without one is a failure of that step too.
+/// The same for a step that returns an object: success without one is a failure too.
 template <class Owner>
-bool Gave(const Owner& object, platform::HResult status, const FailureText& text) {
-    return Worked(status, text, static_cast<bool>(object));
+bool Returned(const Owner& object, platform::HResult status, const FailureMessage& message) {
+    return Succeeded(status, message, static_cast<bool>(object));
 }
 
-/// One call with its own connection.
+/// One call with its connection.
 class MethodCall {
 public:
     MethodCall() = default;
     MethodCall(const MethodCall&) = delete;
     MethodCall& operator=(const MethodCall&) = delete;
 
-    /// The order in which everything is given back.
+    /// The order of release is part of the contract.
     ~MethodCall() {
         m_class.Reset();
         m_input.Reset();
@@ -106,44 +105,44 @@ private:
 
 bool MethodCall::Connect() {
     platform::HResult status = CreateWmiLocator(m_locator.Receive());
-    if (!Gave(m_locator, status, failure::Locator)) {
+    if (!Returned(m_locator, status, failure::Locator)) {
         return false;
     }
     status = platform::ConnectServer(m_locator.Get(), u"ROOT\\WMI", m_services.Receive());
-    return Gave(m_services, status, failure::Connect) &&
-           Worked(SetWmiProxyBlanket(m_services.Get()), failure::Blanket);
+    return Returned(m_services, status, failure::Connect) &&
+           Succeeded(SetWmiProxyBlanket(m_services.Get()), failure::Blanket);
 }
 
-/// The first instance; a class without any fails here, with the status by which the end is told.
+/// The first instance. A class without one fails here, with the status that means the end of the rows.
 bool MethodCall::FindInstance() {
     platform::HResult status =
         ExecWmiQuery(m_services.Get(), u"Select * from VeskZrnWmi_WMNB", m_rows.Receive());
-    if (!Gave(m_rows, status, failure::Query)) {
+    if (!Returned(m_rows, status, failure::Query)) {
         return false;
     }
     std::uint32_t returned = 0;
     status = platform::Next(m_rows.Get(), platform::wbem::Infinite, m_instance.Receive(), returned);
-    return Gave(m_instance, status, failure::NextInstance);
+    return Returned(m_instance, status, failure::NextInstance);
 }
 
 bool MethodCall::MakeInput(const char16_t* method,
                            const std::map<std::u16string, std::u16string>& parameters) {
     platform::HResult status = platform::GetObject(m_services.Get(), FirmwareClass, m_class.Receive());
-    if (!Gave(m_class, status, failure::ClassDefinition)) {
+    if (!Returned(m_class, status, failure::ClassDefinition)) {
         return false;
     }
     status = platform::GetMethod(m_class.Get(), method, m_inputDefinition.Receive());
-    if (!Gave(m_inputDefinition, status, failure::MethodDefinition)) {
+    if (!Returned(m_inputDefinition, status, failure::MethodDefinition)) {
         return false;
     }
     status = platform::SpawnInstance(m_inputDefinition.Get(), m_input.Receive());
-    if (!Gave(m_input, status, failure::Input)) {
+    if (!Returned(m_input, status, failure::Input)) {
         return false;
     }
     for (const auto& [name, value] : parameters) {
-        // The service turns the text into the number that the property is.
+        // The service converts the string to the type of the property.
         status = platform::Put(m_input.Get(), name.c_str(), value, platform::cim_type::UInt32);
-        if (!Worked(status, failure::Parameter)) {
+        if (!Succeeded(status, failure::Parameter)) {
             return false;
         }
     }
@@ -152,21 +151,21 @@ bool MethodCall::MakeInput(const char16_t* method,
 
 bool MethodCall::Execute(const char16_t* method) {
     platform::WmiValue value;
-    if (!Worked(platform::Get(m_instance.Get(), u"__PATH", value), failure::Path)) {
+    if (!Succeeded(platform::Get(m_instance.Get(), u"__PATH", value), failure::Path)) {
         return false;
     }
     const auto* path = std::get_if<std::u16string>(&value);
     const platform::HResult status = platform::ExecMethod(
         m_services.Get(), path != nullptr ? path->c_str() : u"", method, m_input.Get(), m_output.Receive());
-    return Gave(m_output, status, failure::Execute);
+    return Returned(m_output, status, failure::Execute);
 }
 
 std::u16string MethodCall::Output(const char16_t* name) {
     platform::WmiValue value;
-    if (!Worked(platform::Get(m_output.Get(), name, value), failure::Output)) {
+    if (!Succeeded(platform::Get(m_output.Get(), name, value), failure::Output)) {
         return {};
     }
-    // What is no number has 0 where a number would stand.
+    // A value that is not a number has 0 in its place.
     const auto* found = std::get_if<std::int32_t>(&value);
     const std::string number = std::to_string(found != nullptr ? *found : 0);
     TraceMade([&] { return "[wmiMethod] varReturnValue is " + number; });
@@ -179,7 +178,7 @@ std::u16string wmiMethod(std::u16string methodName, std::map<std::u16string, std
                          std::u16string outputName, std::uint8_t initCom) {
     platform::OwnedApartment apartment;
     if (initCom != 0) {
-        if (!Worked(platform::CoInitializeEx(platform::apartment::Multithreaded), failure::Apartment)) {
+        if (!Succeeded(platform::CoInitializeEx(platform::apartment::Multithreaded), failure::Apartment)) {
             return {};
         }
         apartment.Reset(platform::Apartment::Entered);

@@ -7,10 +7,10 @@
 
 namespace sondrel {
 
-/// Calls a method of the class's first instance and gives one property of its output, in decimal with a sign;
-/// an output that is no number is "0". The empty text after any failure; a class without an instance is one.
-/// Parameters are put in the order of their names, by code unit. Each call has a connection of its own; with
-/// `initCom` not 0 it also enters an apartment of its own.
+/// Calls a method of the first instance and returns one property of its output as a signed decimal string; "0" if
+/// the property is not a number. The empty string after any failure, which includes a class without an instance.
+/// Parameters are put in the order of their names, by code unit. Each call makes its own connection; with
+/// `initCom` not 0 it also enters and leaves the multithreaded apartment.
 std::u16string wmiMethod(std::u16string methodName, std::map<std::u16string, std::u16string> parameters,
                          std::u16string outputName, std::uint8_t initCom);
 

@@ -1,4 +1,4 @@
-// Three facts about the machine in two firmware variables, read and written as raw bytes.
+// Three fields of two firmware variables, read and written as raw bytes.
 #include "platform/firmware_variables.h"
 
 #include "frame/diagnostics.h"
@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char16_t* FirmwareVariableGuid = u"{91b89306-5bac-4ae0-aab3-207ec12e989b}";
 
-/// One field: the variable it stands in, and its place there. What stands around it is carried along.
+/// One field of a variable. The bytes around it are written as they were read.
 struct Field {
     const char16_t* variable;
     std::size_t offset;
@@ -25,20 +25,19 @@ constexpr Field RandomUuid{u"CNFG", 0, 16};
 constexpr Field ActivatedTime{u"CNFG", 32, 19};
 constexpr Field ManufacturedTime{u"MFG0", 148, 23};
 
-/// A variable as it was read, with the room for the largest one that is handled.
+/// A variable as it was read; larger ones fail the read.
 struct Variable {
-    std::array<std::byte, 256> room;
+    std::array<std::byte, 256> buffer;
     std::size_t size = 0;
 
-    [[nodiscard]] std::span<std::byte> Read() { return std::span(room).first(size); }
-
+    [[nodiscard]] std::span<std::byte> Bytes() { return std::span(buffer).first(size); }
     [[nodiscard]] std::byte* At(const Field& field) {
-        return room.data() + static_cast<std::ptrdiff_t>(field.offset);
+        return buffer.data() + static_cast<std::ptrdiff_t>(field.offset);
     }
 };
 
-/// Asks for the privilege that firmware variables demand. That it was not granted is only logged: the
-/// operation that follows tells the host with its own code.
+/// Enables the privilege that firmware variables need. A failure is only logged: the operation after it fails
+/// with a code of the system.
 void RasiePrivileges() {
     platform::OwnedToken token;
     if (!platform::OpenProcessToken(platform::access::TokenAdjustAndQuery, token.Receive())) {
@@ -53,38 +52,39 @@ void RasiePrivileges() {
     }
 }
 
-/// Reads the variable of a field. One that ends before the field does holds no such field, which counts as a
-/// read that failed with ERROR_INVALID_DATA. After a failure the variable's size is 0.
+/// Reads the variable of a field. A variable that ends before the field does fails with ERROR_INVALID_DATA.
+/// After a failure the variable's size is 0.
 platform::SystemError ReadVariable(const Field& field, Variable& variable) {
     variable.size =
-        platform::GetFirmwareEnvironmentVariableW(field.variable, FirmwareVariableGuid, variable.room);
-    platform::SystemError problem = platform::error::Success;
+        platform::GetFirmwareEnvironmentVariableW(field.variable, FirmwareVariableGuid, variable.buffer);
+    platform::SystemError error = platform::error::Success;
     if (variable.size == 0) {
-        problem = platform::GetLastError();
-    } else if (variable.size < field.offset + field.size || variable.size > variable.room.size()) {
-        problem = platform::error::InvalidData;
+        error = platform::GetLastError();
+    } else if (variable.size < field.offset + field.size || variable.size > variable.buffer.size()) {
+        error = platform::error::InvalidData;
     } else {
-        return problem;
+        return error;
     }
     variable.size = 0;
-    TraceMade([problem] {
-        return "Failed, GetFirmwareEnvironmentVariable(), GetLastError return " + std::to_string(problem);
+    TraceMade([error] {
+        return "Failed, GetFirmwareEnvironmentVariable(), GetLastError return " + std::to_string(error);
     });
-    return problem;
+    return error;
 }
 
-/// The result is the code of a failed read, which not every getter gives on.
+/// Copies one field. Returns the code of a failed read.
 platform::SystemError GetField(const Field& field, std::uint8_t* out) {
     RasiePrivileges();
     Variable variable;
-    const platform::SystemError problem = ReadVariable(field, variable);
+    const platform::SystemError error = ReadVariable(field, variable);
     if (variable.size != 0) {
         std::copy_n(variable.At(field), field.size, reinterpret_cast<std::byte*>(out));
     }
-    return problem;
+    return error;
 }
 
-/// Replaces one field and writes the variable back at its size. A failed read writes nothing and gives 0.
+/// Replaces one field and writes the variable with its size unchanged. A failed read writes nothing and returns
+/// 0.
 platform::SystemError SetField(const Field& field, const std::uint8_t* bytes) {
     RasiePrivileges();
     Variable variable;
@@ -93,15 +93,15 @@ platform::SystemError SetField(const Field& field, const std::uint8_t* bytes) {
         return platform::error::Success;
     }
     std::copy_n(reinterpret_cast<const std::byte*>(bytes), field.size, variable.At(field));
-    if (platform::SetFirmwareEnvironmentVariableW(field.variable, FirmwareVariableGuid, variable.Read())) {
+    if (platform::SetFirmwareEnvironmentVariableW(field.variable, FirmwareVariableGuid, variable.Bytes())) {
         TraceLine("Success!! SetFirmwareEnvironmentVariable");
         return platform::error::Success;
     }
-    const platform::SystemError problem = platform::GetLastError();
-    TraceMade([problem] {
-        return "Failed!! SetFirmwareEnvironmentVariable, GetLastError return " + std::to_string(problem);
+    const platform::SystemError error = platform::GetLastError();
+    TraceMade([error] {
+        return "Failed!! SetFirmwareEnvironmentVariable, GetLastError return " + std::to_string(error);
     });
-    return problem;
+    return error;
 }
 
 } // namespace
@@ -110,7 +110,7 @@ platform::SystemError SetField(const Field& field, const std::uint8_t* bytes) {
 using namespace sondrel;
 
 uint32_t GPNV_Get_ActivatedTime(uint8_t* out) {
-    // A host cannot tell a failed read here: the result has always been 0.
+    // The result is 0 even when the read failed.
     GetField(ActivatedTime, out);
     return platform::error::Success;
 }

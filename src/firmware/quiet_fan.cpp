@@ -1,4 +1,4 @@
-// Quiet Fan: on or off for the firmware, one of several levels for the host.
+// Quiet Fan: on or off in the firmware, one of several levels in the settings file.
 #include "firmware/app_path.h"
 #include "firmware/firmware_feature.h"
 #include "firmware/settings_file.h"
@@ -31,7 +31,7 @@ std::int32_t FirmwareState(std::uint8_t initCom) {
     return NotSupported;
 }
 
-std::int32_t KeptFanLevel(std::uint8_t initCom) {
+std::int32_t StoredFanLevel(std::uint8_t initCom) {
     const std::string tag = "[WMIGetQuietFan]";
     const std::u16string path = SettingPath(QuietFan, tag, initCom);
     std::int32_t level = Off;
@@ -47,7 +47,7 @@ std::int32_t KeptFanLevel(std::uint8_t initCom) {
     return level;
 }
 
-bool SetLevel(std::uint8_t level, std::uint8_t initCom) {
+bool SetQuietFan(std::uint8_t level, std::uint8_t initCom) {
     return SetFeature(QuietFan, "[WMISetQuietFan]", level == 0 ? u"0" : u"1", level, initCom);
 }
 
@@ -57,13 +57,13 @@ bool SetLevel(std::uint8_t level, std::uint8_t initCom) {
 using namespace sondrel;
 
 int32_t WMICheckQuietFanSupport(uint8_t initCom) {
-    return OrWithoutMemory(NotSupported, [=] { return FirmwareState(initCom); });
+    return OnOutOfMemory(NotSupported, [=] { return FirmwareState(initCom); });
 }
 
 int32_t WMIGetQuietFan(uint8_t initCom) {
-    return OrWithoutMemory(Off, [=] { return KeptFanLevel(initCom); });
+    return OnOutOfMemory(Off, [=] { return StoredFanLevel(initCom); });
 }
 
 int32_t WMISetQuietFan(uint8_t value, uint8_t initCom) {
-    return OrWithoutMemory(false, [=] { return SetLevel(value, initCom); }) ? 1 : 0;
+    return OnOutOfMemory(false, [=] { return SetQuietFan(value, initCom); }) ? 1 : 0;
 }

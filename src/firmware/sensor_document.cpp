@@ -1,4 +1,4 @@
-// The document of the firmware's P-sensor.
+// The JSON document of the firmware's P-sensor.
 #include "acpi/acpi_device.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"

@@ -22,37 +22,37 @@ bool WriteWhole(platform::Handle file, std::string_view text) {
     return platform::WriteFile(file, std::as_bytes(std::span(text)), written) && written == text.size();
 }
 
-/// What became of the file that is to take the settings file's place.
-enum class NewFile : std::uint8_t { Moved, NotMade, NotMoved, NotWritten };
+/// The outcome of replacing the settings file by a new file.
+enum class NewFile : std::uint8_t { Moved, NotCreated, NotMoved, NotWritten };
 
-/// Nobody shares the new file: a second writer that comes between finds it taken and goes its own way.
+/// The new file is opened exclusively: a second writer at the same time cannot create it and writes in place.
 NewFile WriteNewFile(const std::u16string& newPath, std::string_view text) {
     const platform::OwnedFile file(platform::CreateFileW(newPath.c_str(), platform::access::GenericWrite,
                                                          platform::share::None, platform::CreateAlways,
                                                          platform::FileAttributeNormal));
     if (!file) {
-        return NewFile::NotMade;
+        return NewFile::NotCreated;
     }
-    const bool kept = WriteWhole(file.Get(), text) && platform::FlushFileBuffers(file.Get());
-    return kept ? NewFile::NotMoved : NewFile::NotWritten;
+    const bool written = WriteWhole(file.Get(), text) && platform::FlushFileBuffers(file.Get());
+    return written ? NewFile::NotMoved : NewFile::NotWritten;
 }
 
 NewFile Replace(const std::u16string& path, std::string_view text) {
     const std::u16string newPath = path + u".new";
-    const NewFile made = WriteNewFile(newPath, text);
-    if (made == NewFile::NotMade) {
-        return made;
+    const NewFile outcome = WriteNewFile(newPath, text);
+    if (outcome == NewFile::NotCreated) {
+        return outcome;
     }
-    if (made == NewFile::NotMoved &&
+    if (outcome == NewFile::NotMoved &&
         platform::MoveFileExW(newPath.c_str(), path.c_str(),
                               platform::move_file::ReplaceExisting | platform::move_file::WriteThrough)) {
         return NewFile::Moved;
     }
     platform::DeleteFileW(newPath.c_str());
-    return made;
+    return outcome;
 }
 
-/// The new text goes over the old one by one write and the file is cut behind it, so that it is never empty.
+/// One write over the old content, then the rest is cut off: the file is never empty.
 void Overwrite(const std::u16string& path, std::string_view text) {
     const platform::OwnedFile file(platform::CreateFileW(path.c_str(), platform::access::GenericWrite,
                                                          platform::share::ReadWrite, platform::OpenAlways,
@@ -77,8 +77,8 @@ bool NumberScanner::Feed(char character) {
         m_negative = character == '-';
         return true;
     }
-    if (m_place == Place::BehindNumber || character < '0' || character > '9') {
-        m_place = Place::BehindNumber;
+    if (m_place == Place::AfterNumber || character < '0' || character > '9') {
+        m_place = Place::AfterNumber;
         return false;
     }
     m_place = Place::InNumber;
@@ -113,8 +113,9 @@ void WriteSetting(const std::u16string& path, std::int32_t number) {
     std::string text = std::to_string(number);
     text += platform::TextLineEnd();
     const NewFile outcome = Replace(path, text);
-    // A disk too full for the new file leaves the old one as it is: writing over it could lose both numbers.
-    if (outcome == NewFile::NotMade || outcome == NewFile::NotMoved) {
+    // When the disk is too full for the new file, the old one is not touched: writing over it could lose both
+    // numbers.
+    if (outcome == NewFile::NotCreated || outcome == NewFile::NotMoved) {
         Overwrite(path, text);
     }
 }

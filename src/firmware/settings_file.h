@@ -1,6 +1,4 @@
-// A settings file: one number in decimal and a line end, as text.
-//
-// Other readers and writers may have the file open at the same time.
+// A settings file: one decimal number and a line end. Other processes may have it open for reading and writing.
 #pragma once
 
 #include <cstdint>
@@ -9,19 +7,19 @@
 
 namespace sondrel {
 
-/// Reads one number like formatted extraction from a text stream, however the text is cut into pieces: white
-/// space is passed over, then come one sign and digits up to the first other character. Anything else gives 0,
-/// a number beyond 32 bits the nearest that fits; nothing but white space gives no number.
+/// Parses one number as formatted extraction from a text stream does: white space is skipped, then one sign and
+/// digits are read up to the first other character. The text may come in pieces. A number above 32 bits becomes
+/// the nearest that fits; text that does not begin with a number becomes 0.
 class NumberScanner {
 public:
-    /// False when the number has ended, so that nothing that follows can change it.
+    /// False once the number has ended: further text cannot change it.
     bool Feed(std::string_view text);
 
-    /// The number so far, or `start` where none has begun.
+    /// The number so far, or `start` if there was only white space.
     [[nodiscard]] std::int32_t Number(std::int32_t start) const;
 
 private:
-    enum class Place : std::uint8_t { BeforeNumber, InNumber, BehindNumber };
+    enum class Place : std::uint8_t { BeforeNumber, InNumber, AfterNumber };
 
     bool Feed(char character);
 
@@ -30,12 +28,12 @@ private:
     std::int64_t m_magnitude = 0;
 };
 
-/// The number in a settings file; `start` where the file is absent or holds none.
+/// The number in a settings file; `start` if the file is absent or blank.
 std::int32_t ReadSetting(const std::u16string& path, std::int32_t start);
 
-/// Puts a number in place of what the file held. A crash or a full disk leaves the old number or the new one,
-/// but for a file that somebody holds open without sharing its deletion: that one is written in place. A
-/// failure is not told.
+/// Replaces the content of a settings file. A crash or a full disk leaves either the old or the new number,
+/// except for a file that another process has open without FILE_SHARE_DELETE: that one is written in place. A
+/// failure is not reported.
 void WriteSetting(const std::u16string& path, std::int32_t number);
 
 } // namespace sondrel

@@ -23,7 +23,7 @@ constexpr char ProviderTraits[] = "\x13\0VeskWinDllLogger";
 constexpr char EventMetadata[] = "\x22\0\0VeskWinDll\0String (wide char)\0\x01";
 constexpr std::size_t ProviderTraitsSize = 19;
 constexpr std::size_t EventMetadataSize = 34;
-static_assert(sizeof ProviderTraits == ProviderTraitsSize, "the provider's name keeps its terminator");
+static_assert(sizeof ProviderTraits == ProviderTraitsSize, "the terminator ends the provider's name");
 static_assert(sizeof EventMetadata == EventMetadataSize + 1,
               "the literal's own terminator is not part of it");
 
@@ -51,7 +51,7 @@ void OnTraceEnable(void* context, std::uint32_t controlCode, std::uint8_t level,
     } else if (controlCode == ControlEnable) {
         state.AnyKeyword.store(anyKeyword, std::memory_order_relaxed);
         state.AllKeyword.store(allKeyword, std::memory_order_relaxed);
-        // Level 0 asks for every level.
+        // Level 0 requests every level.
         state.TraceLevelPlus1.store(level == 0 ? EveryLevelPlus1 : level + 1u, std::memory_order_relaxed);
     }
 }

@@ -1,7 +1,5 @@
-// The host's buffers, whose size the library is not told.
+// The host's buffers. The library is not given their size.
 #pragma once
-
-#include "vesk_sondrel.h"
 
 #include <algorithm>
 #include <exception>
@@ -10,21 +8,25 @@
 
 namespace sondrel {
 
-/// Copies the whole text and its terminator. The host has given enough room.
-inline void CopyToHost(std::u16string_view text, VeskChar16* out) {
+/// A UTF-16 character as the host declares it, whose name depends on the platform.
+template <class Character>
+concept HostChar16 = sizeof(Character) == sizeof(char16_t);
+
+/// Copies the whole string and its terminator.
+template <HostChar16 Character>
+void CopyToHost(std::u16string_view text, Character* out) {
     out = std::transform(text.begin(), text.end(), out,
-                         [](char16_t unit) { return static_cast<VeskChar16>(unit); });
-    *out = VeskChar16{};
+                         [](char16_t unit) { return static_cast<Character>(unit); });
+    *out = Character{};
 }
 
-/// The same for narrow text.
 inline void CopyToHost(std::string_view text, char* out) {
     *std::copy(text.begin(), text.end(), out) = '\0';
 }
 
-/// The same with the text that `make` gives, or with `failure` where there is no memory for it.
-template <class Make>
-void AnswerWith(VeskChar16* out, Make make, std::u16string_view failure = u"") noexcept {
+/// Copies the string that `make` returns, or `failure` when memory runs out.
+template <HostChar16 Character, class Make>
+void AnswerWith(Character* out, Make make, std::u16string_view failure = u"") noexcept {
     try {
         CopyToHost(make(), out);
     } catch (const std::exception&) {
@@ -32,10 +34,11 @@ void AnswerWith(VeskChar16* out, Make make, std::u16string_view failure = u"") n
     }
 }
 
-/// A host's text up to its terminator; a null pointer counts as the empty text.
-inline std::u16string TextFromHost(const VeskChar16* text) {
+/// The host's string up to its terminator. A null pointer is the empty string.
+template <HostChar16 Character>
+std::u16string TextFromHost(const Character* text) {
     std::u16string copy;
-    for (; text != nullptr && *text != VeskChar16{}; ++text) {
+    for (; text != nullptr && *text != Character{}; ++text) {
         copy.push_back(static_cast<char16_t>(*text));
     }
     return copy;

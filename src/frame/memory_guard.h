@@ -1,13 +1,13 @@
-// Running out of memory is a failure like any other: nothing is raised across an export.
+// Running out of memory is a failure like any other: no exception leaves an export.
 #pragma once
 
 #include <exception>
 
 namespace sondrel {
 
-/// What `make` gives, or `failure` where there is no memory for it.
+/// Returns what `make` returns, or `failure` when memory runs out.
 template <class Result, class Make>
-Result OrWithoutMemory(Result failure, Make make) noexcept {
+Result OnOutOfMemory(Result failure, Make make) noexcept {
     try {
         return make();
     } catch (const std::exception&) {

@@ -9,7 +9,7 @@
 namespace sondrel {
 namespace {
 
-/// Reads one value of the given type into `buffer`. False for every failure; the key is closed on every path.
+/// Reads one value of the wanted type into `buffer`. False on failure.
 bool ReadValue(platform::Key root, const std::u16string& subKey, const std::u16string& valueName,
                std::uint32_t wantedType, std::span<std::byte> buffer) {
     platform::OwnedKey key;

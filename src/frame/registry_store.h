@@ -9,26 +9,26 @@
 
 namespace sondrel {
 
-/// What both readers return for every failure, in place of a value. Callers compare without regard to case.
+/// Returned by both readers for every failure. Callers compare without regard to case.
 inline constexpr std::u16string_view RegistrySentinel = u"ERROR_READREG";
 
 /// The key under HKEY_LOCAL_MACHINE that holds the EC identity and the app paths.
 inline constexpr const char16_t* ProductKey = u"SOFTWARE\\Vesk\\Vesk Kelvane\\VeskTessaly";
 
-/// Whether a reader's text stands for a failed read.
+/// Whether a reader's result means a failed read.
 bool IsRegistrySentinel(std::u16string_view text);
 
 /// A REG_DWORD as unsigned decimal digits, or the sentinel.
 std::u16string ReadRegDword(platform::Key root, std::u16string subKey, std::u16string valueName);
 
-/// A REG_SZ up to its first zero character, or the sentinel. The text and its terminator have to fit 256
-/// characters: a longer value counts as a failed read, since half a path helps nobody.
+/// A REG_SZ up to its first zero character, or the sentinel. A value of more than 255 characters is a failed
+/// read: half a path is of no use.
 std::u16string ReadRegString(platform::Key root, std::u16string subKey, std::u16string valueName);
 
-/// Writes a REG_DWORD, creating the key's path where it is missing. False when it failed.
+/// Writes a REG_DWORD and creates the key with its path if it is missing. False on failure.
 bool WriteRegDword(platform::Key root, std::u16string subKey, std::u16string valueName, std::uint32_t value);
 
-/// Writes a REG_SZ with its terminator, creating the key's path where it is missing. False when it failed.
+/// Writes a REG_SZ with its terminator and creates the key with its path if it is missing. False on failure.
 bool WriteRegString(platform::Key root, std::u16string subKey, std::u16string valueName, std::u16string text);
 
 } // namespace sondrel

@@ -17,8 +17,8 @@ platform::Handle OpenDriver(std::uint32_t shareMode) {
                                  platform::OpenExisting, platform::FileAttributeNormal);
 }
 
-/// One word from the driver. With no session nothing is sent: the handle that remains from an earlier session
-/// may belong to something else by now.
+/// A word that the driver returns, or 0. Without a session nothing is sent: the handle value that an earlier
+/// session left may belong to something else by now.
 std::uint32_t DriverWord(std::uint32_t code) {
     std::uint32_t word = 0;
     if (SessionOpen == 0 || !DriverExchange(code, {}, std::as_writable_bytes(std::span(&word, 1)))) {
@@ -40,7 +40,7 @@ using namespace sondrel;
 
 int32_t InitializeSondrel(void) {
     if (SessionRefCount == 0 && SessionOpen == 0) {
-        // The library would rather hold the device alone, and shares it where somebody else has it already.
+        // Exclusive if possible, shared if another process has the device open.
         DriverHandle = OpenDriver(platform::share::None);
         if (DriverHandle == platform::Handle::Invalid) {
             DriverHandle = OpenDriver(platform::share::ReadWrite);

@@ -1,7 +1,7 @@
 // Audio endpoints: the default device and its master volume.
 //
-// The operations are those of IMMDeviceEnumerator, IMMDevice and IAudioEndpointVolume, with the object in front.
-// An output is written on success only.
+// The operations are those of IMMDeviceEnumerator, IMMDevice and IAudioEndpointVolume, with the object as the
+// first argument. An output is written only on success.
 #pragma once
 
 #include "platform/com.h"

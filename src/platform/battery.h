@@ -1,4 +1,4 @@
-// The battery class: its devices' interface and the requests they answer.
+// The battery class: its device interface and its IOCTLs.
 #pragma once
 
 #include "platform/types.h"

@@ -1,7 +1,7 @@
-// Bluetooth: the radios, and the devices that a radio knows.
+// Bluetooth: the radios, and the devices of a radio.
 //
-// A search that finds nothing, or nothing more, says why in the last error: `error::NoMoreItems` is the end of
-// the list. A Windows without the API's library has the error of the look-up there.
+// When a search finds nothing more, the last error is the reason: `error::NoMoreItems` at the end of the list.
+// On a Windows without the API's library it is the error of loading it.
 #pragma once
 
 #include "platform/device_io.h"
@@ -24,19 +24,19 @@ struct BluetoothDeviceSearch {
     Handle radio = Handle::Null;
 };
 
-/// What is read of BLUETOOTH_DEVICE_INFO.
+/// The fields of BLUETOOTH_DEVICE_INFO that are used.
 struct BluetoothDevice {
     std::uint32_t classOfDevice = 0;
 };
 
-/// `radio` is written when one was found, and is closed with CloseHandle.
+/// `radio` is written if one was found; close it with CloseHandle.
 BluetoothRadioFind BluetoothFindFirstRadio(Handle& radio);
 
 bool BluetoothFindNextRadio(BluetoothRadioFind search, Handle& radio);
 
 void BluetoothFindRadioClose(BluetoothRadioFind search);
 
-/// Only whether the radio answers is wanted, so that what it answers stays on the other side.
+/// Only the status is used, so the record is not returned.
 SystemError BluetoothGetRadioInfo(Handle radio);
 
 BluetoothDeviceFind BluetoothFindFirstDevice(const BluetoothDeviceSearch& parameters,

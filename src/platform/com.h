@@ -1,4 +1,4 @@
-// COM: apartments, making objects, giving them back.
+// COM: apartments, creating and releasing objects.
 #pragma once
 
 #include "platform/owned.h"
@@ -19,7 +19,7 @@ inline constexpr std::uint32_t InprocServer = 1; // CLSCTX_INPROC_SERVER
 
 namespace hresult {
 inline constexpr HResult Ok = 0;
-inline constexpr HResult False = 1; // entered already
+inline constexpr HResult False = 1; // the thread is already in this kind of apartment
 inline constexpr HResult NotImplemented = static_cast<HResult>(0x80004001);
 inline constexpr HResult NoInterface = static_cast<HResult>(0x80004002);
 inline constexpr HResult Pointer = static_cast<HResult>(0x80004003);
@@ -40,7 +40,7 @@ HResult CoInitializeEx(std::uint32_t apartmentKind);
 
 void CoUninitialize();
 
-/// The identifier as text in braces, 39 characters with its terminator. 0 when the room is not enough.
+/// The GUID in braces, 39 characters with the terminator. 0 if `text` is too small.
 int StringFromGUID2(const Guid& guid, std::span<char16_t> text);
 
 /// An apartment that was entered and has to be left.
@@ -52,10 +52,10 @@ inline void LeaveApartment(Apartment) {
 
 using OwnedApartment = Owned<Apartment, LeaveApartment, Apartment::None>;
 
-/// An interface pointer. Each family names its own kinds (`WbemLocator`, ...), all of this shape.
+/// An interface pointer. Each API family has its own types of this form (`WbemLocator`, ...).
 enum class Unknown : std::uintptr_t { None = 0 };
 
-/// CoCreateInstance with no outer object. `made` is written on success only.
+/// CoCreateInstance with no outer object. `made` is written only on success.
 HResult CoCreateInstance(const Guid& classId, std::uint32_t classContext, const Guid& interfaceId,
                          Unknown& made);
 

@@ -10,9 +10,9 @@ namespace platform {
 
 enum class Window : std::uintptr_t { None = 0 };
 
-/// The windows that EnumWindows names, uppermost first. EnumWindows takes its list before it names the first of
-/// them and leaves out those that are closed meanwhile; a window of this list that has been closed fails
-/// IsWindow, so nothing is lost by having the list at once.
+/// The windows of EnumWindows, topmost first. EnumWindows takes its list before the first callback and skips
+/// windows that are closed meanwhile. A window of this list that has been closed fails IsWindow, so a list is
+/// equivalent.
 std::vector<Window> EnumWindows();
 
 std::uint32_t GetWindowTextLengthW(Window window);
@@ -28,9 +28,9 @@ Window GetLastActivePopup(Window window);
 
 /// TITLEBARINFO
 struct TitleBarInfo {
-    std::uint32_t size; // of this record
-    std::array<std::int32_t, 4> place;
-    std::array<std::uint32_t, 6> states; // of the bar itself, then of its elements
+    std::uint32_t size; // of this structure
+    std::array<std::int32_t, 4> rectangle;
+    std::array<std::uint32_t, 6> states; // of the bar, then of its elements
 };
 
 static_assert(sizeof(TitleBarInfo) == 44);
@@ -44,16 +44,16 @@ inline constexpr std::uint32_t ToolWindow = 0x80;  // WS_EX_TOOLWINDOW
 
 std::uint32_t GetWindowLongW(Window window, std::int32_t index);
 
-/// The two texts: their length, 0 when there is none. `size` in characters, the terminator counted; a longer
-/// text is cut.
+/// Both return the length of the string, 0 if there is none. `size` is in characters with the terminator; a
+/// longer string is cut.
 std::uint32_t GetClassNameW(Window window, char16_t* name, std::uint32_t size);
 std::uint32_t GetWindowTextW(Window window, char16_t* text, std::uint32_t size);
 
-/// FindWindowExW of a class, whatever the title: the children of `parent`, or the top-level windows for none,
-/// from the first on or behind `after`.
+/// FindWindowExW by class, with any title: searches the children of `parent`, or the top-level windows without
+/// one, from the first or after `after`.
 Window FindWindowExW(Window parent, Window after, const char16_t* className);
 
-/// GetWindowThreadProcessId, asked for the process: 0 for a window that is gone.
+/// The process of GetWindowThreadProcessId; 0 for a window that does not exist any more.
 std::uint32_t GetWindowThreadProcessId(Window window);
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// Device interfaces that are present, by their class (SetupAPI).
+// Present device interfaces of a class (SetupAPI).
 #pragma once
 
 #include "platform/owned.h"
@@ -19,20 +19,19 @@ struct DeviceInterfaceData {
 
 namespace device_interface {
 inline constexpr std::uint32_t PresentInterfaces = 0x12; // DIGCF_PRESENT | DIGCF_DEVICEINTERFACE
-// SP_DEVICE_INTERFACE_DETAIL_DATA_W as a block of bytes: its fixed size, which goes into the size field that it
-// begins with, and where the path stands.
+// SP_DEVICE_INTERFACE_DETAIL_DATA_W as a block of bytes: the value of its size field, and the offset of the path.
 inline constexpr std::uint32_t DetailSize = 8;
 inline constexpr std::size_t DetailPathOffset = 4;
 } // namespace device_interface
 
-/// SetupDiGetClassDevsW with no enumerator and no window. `DeviceInfoSet::Invalid` when it failed.
+/// SetupDiGetClassDevsW with no enumerator and no window. `DeviceInfoSet::Invalid` on failure.
 DeviceInfoSet SetupDiGetClassDevsW(const Guid& interfaceClass, std::uint32_t flags);
 
 /// SetupDiEnumDeviceInterfaces with no device.
 bool SetupDiEnumDeviceInterfaces(DeviceInfoSet set, const Guid& interfaceClass, std::uint32_t index,
                                  DeviceInterfaceData& data);
 
-/// SetupDiGetDeviceInterfaceDetailW with no device data. An empty `detail` asks for the size alone.
+/// SetupDiGetDeviceInterfaceDetailW with no device data. An empty `detail` requests only the size.
 bool SetupDiGetDeviceInterfaceDetailW(DeviceInfoSet set, const DeviceInterfaceData& data,
                                       std::span<std::byte> detail, std::uint32_t& requiredSize);
 

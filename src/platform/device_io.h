@@ -1,4 +1,4 @@
-// Devices: open, exchange a request, close.
+// Devices: open, send an IOCTL, close.
 #pragma once
 
 #include "platform/owned.h"
@@ -21,18 +21,18 @@ inline constexpr std::uint32_t ReadWrite = 3; // FILE_SHARE_READ | FILE_SHARE_WR
 inline constexpr std::uint32_t OpenExisting = 3;           // OPEN_EXISTING
 inline constexpr std::uint32_t FileAttributeNormal = 0x80; // FILE_ATTRIBUTE_NORMAL
 
-/// CreateFileW with no security attributes and no template. `Handle::Invalid` when the open failed.
+/// CreateFileW with no security attributes and no template. `Handle::Invalid` on failure.
 Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t shareMode,
                    std::uint32_t creationDisposition, std::uint32_t flagsAndAttributes);
 
-/// DeviceIoControl, synchronous. `in` and `out` may be the same bytes. `returned` is what the device reports
-/// to have written. A refused request leaves `out` as it was.
+/// DeviceIoControl, synchronous. `in` and `out` may be the same bytes. `returned` is the number of bytes that the
+/// device reports. On failure `out` is unchanged.
 bool DeviceIoControl(Handle device, std::uint32_t code, std::span<const std::byte> in,
                      std::span<std::byte> out, std::uint32_t& returned);
 
 void CloseHandle(Handle handle);
 
-/// The calling thread's last error, as the operation before this one left it.
+/// The last error of the calling thread, set by the operation before this one.
 SystemError GetLastError();
 
 using OwnedFile = Owned<Handle, CloseHandle, Handle::Invalid>;

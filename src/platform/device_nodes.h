@@ -1,4 +1,4 @@
-// The configuration manager: which devices the machine has, and what is said of them.
+// The configuration manager: the machine's devices and their properties.
 #pragma once
 
 #include "platform/types.h"
@@ -23,16 +23,16 @@ inline constexpr std::uint32_t LocatePhantom = 1;     // CM_LOCATE_DEVNODE_PHANT
 inline constexpr std::uint32_t DeviceDescription = 1; // CM_DRP_DEVICEDESC
 inline constexpr std::uint32_t DeviceDriverKey = 10;  // CM_DRP_DRIVER
 
-/// CM_Get_Device_ID_List_SizeW with no filter text. `length` in characters, the list's last terminator counted.
+/// CM_Get_Device_ID_List_SizeW with no filter string. `length` is in characters with the list's last terminator.
 ConfigReturn CM_Get_Device_ID_List_SizeW(std::uint32_t& length, std::uint32_t flags);
 
-/// CM_Get_Device_ID_ListW with no filter text: zero-terminated texts, an empty one at the end.
+/// CM_Get_Device_ID_ListW with no filter string: zero-terminated strings, an empty one at the end.
 ConfigReturn CM_Get_Device_ID_ListW(char16_t* list, std::uint32_t length, std::uint32_t flags);
 
 ConfigReturn CM_Locate_DevNodeW(DeviceNode& node, const char16_t* deviceId, std::uint32_t flags);
 
-/// CM_Get_DevNode_Registry_PropertyW, its type not asked for, flags 0. `size` in bytes goes in as the room at
-/// `value` and comes back as the value's size.
+/// CM_Get_DevNode_Registry_PropertyW without the type, flags 0. `size` is in bytes: the size of the buffer
+/// going in, the size of the value coming back.
 ConfigReturn CM_Get_DevNode_Registry_PropertyW(DeviceNode node, std::uint32_t property, std::byte* value,
                                                std::uint32_t& size);
 

@@ -10,7 +10,7 @@ namespace platform {
 
 enum class EventSource : std::uintptr_t { None = 0 };
 
-/// RegisterEventSourceW on the local machine. `EventSource::None` when it failed.
+/// RegisterEventSourceW on the local machine. `EventSource::None` on failure.
 EventSource RegisterEventSourceW(const char16_t* sourceName);
 
 /// ReportEventW with no user id and no raw data.

@@ -1,4 +1,4 @@
-// Files and directories. Files are opened and closed with CreateFileW and CloseHandle.
+// Files and directories. Open and close files with CreateFileW and CloseHandle.
 #pragma once
 
 #include "platform/device_io.h"
@@ -31,22 +31,22 @@ inline constexpr std::uint32_t WriteThrough = 8;    // MOVEFILE_WRITE_THROUGH
 /// answer it on another.
 std::string_view TextLineEnd();
 
-/// `file_attribute::Invalid` when there is nothing at the path.
+/// `file_attribute::Invalid` if the path does not exist.
 std::uint32_t GetFileAttributesW(const char16_t* path);
 
 /// ReadFile. `read` is 0 at the end of the file.
 bool ReadFile(Handle file, std::span<std::byte> buffer, std::uint32_t& read);
 
-/// WriteFile. `written` may be less than was asked for.
+/// WriteFile. `written` may be less than the size of `data`.
 bool WriteFile(Handle file, std::span<const std::byte> data, std::uint32_t& written);
 
-/// Ends the file at its present position.
+/// Cuts the file at the current position.
 bool SetEndOfFile(Handle file);
 
-/// Returns when what was written has reached the disk.
+/// Returns when the written data is on the disk.
 bool FlushFileBuffers(Handle file);
 
-/// MoveFileExW: one file takes another name, in one step within a directory.
+/// MoveFileExW. Within a directory the rename is atomic.
 bool MoveFileExW(const char16_t* existing, const char16_t* next, std::uint32_t flags);
 
 bool DeleteFileW(const char16_t* path);

@@ -1,4 +1,4 @@
-// Firmware variables, and the privilege that they demand.
+// Firmware variables, and the privilege that they need.
 #pragma once
 
 #include "platform/device_io.h"
@@ -25,11 +25,11 @@ bool OpenProcessToken(std::uint32_t access, Handle& token);
 /// LookupPrivilegeValueW on the local system.
 bool LookupPrivilegeValueW(const char16_t* name, Luid& privilege);
 
-/// AdjustTokenPrivileges for one privilege, disabling none of the others and keeping no previous state. It
-/// works too where the token does not hold the privilege: only the last error then tells.
+/// AdjustTokenPrivileges for one privilege, without disabling others and without the previous state. It
+/// succeeds even if the token does not have the privilege: then only the last error is not 0.
 bool AdjustTokenPrivileges(Handle token, const Luid& privilege, std::uint32_t attributes);
 
-/// The number of bytes read, or 0 with the last error set.
+/// Returns the number of bytes read, or 0 with the last error set.
 std::uint32_t GetFirmwareEnvironmentVariableW(const char16_t* name, const char16_t* guid,
                                               std::span<std::byte> buffer);
 

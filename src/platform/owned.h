@@ -1,21 +1,19 @@
-// Ownership of what the operating system hands out.
+// Ownership of resources of the operating system.
 #pragma once
 
 #include <utility>
 
 namespace platform {
 
-/// Owns one resource of the operating system from the moment it exists, and releases it once.
+/// Owns one resource from the moment it exists, and releases it once.
 ///
-/// `Release` is the operation that gives it back, `None` the value that stands for "nothing held". Each API
-/// family names its own owner (`OwnedFile`, `OwnedKey`, ...) beside its operations.
+/// `Release` is the operation that releases it, `None` the value without a resource. Each API family defines
+/// its owners (`OwnedFile`, `OwnedKey`, ...) with its operations.
 template <class Resource, auto Release, Resource None>
 class Owned {
 public:
     Owned() = default;
-
     explicit Owned(Resource resource) : m_resource(resource) {}
-
     Owned(Owned&& other) noexcept : m_resource(other.Detach()) {}
 
     Owned& operator=(Owned&& other) noexcept {
@@ -27,14 +25,12 @@ public:
 
     Owned(const Owned&) = delete;
     Owned& operator=(const Owned&) = delete;
-
     ~Owned() { Reset(); }
 
     [[nodiscard]] Resource Get() const { return m_resource; }
-
     [[nodiscard]] explicit operator bool() const { return m_resource != None; }
 
-    /// Where an operation writes what it acquired. Anything held before is released first.
+    /// The output argument for an operation that acquires a resource. The previous resource is released first.
     [[nodiscard]] Resource& Receive() {
         Reset();
         return m_resource;

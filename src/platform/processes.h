@@ -1,4 +1,4 @@
-// Processes: where they run from, what they use.
+// Processes: executable, times, memory.
 #pragma once
 
 #include "platform/device_io.h"
@@ -13,10 +13,10 @@ inline constexpr std::uint32_t ProcessAll = 0x1FFFFF;          // PROCESS_ALL_AC
 
 using OwnedProcess = Owned<Handle, CloseHandle, Handle::Null>;
 
-/// OpenProcess; the handle is not inherited. `Handle::Null` when it failed. CloseHandle gives it back.
+/// OpenProcess; the handle is not inherited. `Handle::Null` on failure. Close it with CloseHandle.
 Handle OpenProcess(std::uint32_t access, std::uint32_t processId);
 
-/// K32GetModuleFileNameExW of the executable itself (a null module): the path's length, 0 when it failed.
+/// K32GetModuleFileNameExW of the executable (a null module): the length of the path, 0 on failure.
 std::uint32_t K32GetModuleFileNameExW(Handle process, char16_t* path, std::uint32_t size);
 
 /// In units of 100 ns.
@@ -27,12 +27,12 @@ struct ProcessTimes {
     std::uint64_t user;
 };
 
-/// On failure the times stay as they were.
+/// On failure the times are unchanged.
 bool GetProcessTimes(Handle process, ProcessTimes& times);
 
 /// PROCESS_MEMORY_COUNTERS
 struct ProcessMemoryCounters {
-    std::uint32_t size; // of this record
+    std::uint32_t size; // of this structure
     std::uint32_t pageFaultCount;
     std::uint64_t peakWorkingSetSize;
     std::uint64_t workingSetSize;

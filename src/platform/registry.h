@@ -10,7 +10,7 @@ namespace platform {
 
 enum class Key : std::uintptr_t {
     None = 0,
-    // The predefined keys carry the platform's own numbers, sign-extended as they are there.
+    // The predefined keys have the platform's numbers, sign-extended as in its headers.
     CurrentUser = static_cast<std::uintptr_t>(std::intptr_t{-0x7FFFFFFF}),  // HKEY_CURRENT_USER, 0x80000001
     LocalMachine = static_cast<std::uintptr_t>(std::intptr_t{-0x7FFFFFFE}), // HKEY_LOCAL_MACHINE, 0x80000002
 };
@@ -26,24 +26,23 @@ inline constexpr std::uint32_t MultiString = 7;  // REG_MULTI_SZ
 /// RegOpenKeyExW with options 0.
 SystemError RegOpenKeyExW(Key root, const char16_t* subKey, std::uint32_t access, Key& opened);
 
-/// RegCreateKeyExW with no class, option 0, no security attributes and no disposition. Creates the whole
-/// path.
+/// RegCreateKeyExW with no class, option 0, no security attributes and no disposition. Creates the whole path.
 SystemError RegCreateKeyExW(Key root, const char16_t* subKey, std::uint32_t access, Key& opened);
 
-/// RegQueryValueExW. `size` goes in as the room at `data` in bytes and comes back as the value's size; with
-/// `data` null only type and size are asked for.
+/// RegQueryValueExW. `size` is in bytes: the size of the buffer going in, the size of the value coming back. With
+/// `data` null only type and size are returned.
 SystemError RegQueryValueExW(Key key, const char16_t* name, std::uint32_t& type, std::byte* data,
                              std::uint32_t& size);
 
 SystemError RegSetValueExW(Key key, const char16_t* name, std::uint32_t type,
                            std::span<const std::byte> data);
 
-/// RegEnumKeyExW with no class and no time. `length` goes in as the room at `name` in characters, its
-/// terminator counted, and comes back as the name's length without it. A name that does not fit gives
-/// `error::MoreData`, an index behind the last subkey `error::NoMoreItems`.
+/// RegEnumKeyExW with no class and no time. `length` is in characters: the size of `name` with the terminator
+/// going in, the length of the name without it coming back. `error::MoreData` if the name does not fit,
+/// `error::NoMoreItems` for an index after the last subkey.
 SystemError RegEnumKeyExW(Key key, std::uint32_t index, char16_t* name, std::uint32_t& length);
 
-/// RegQueryInfoKeyW, asked for the number of subkeys only. On failure `subKeys` stays as it was.
+/// The number of subkeys by RegQueryInfoKeyW. On failure `subKeys` is unchanged.
 SystemError RegQueryInfoKeyW(Key key, std::uint32_t& subKeys);
 
 void RegCloseKey(Key key);

@@ -1,4 +1,4 @@
-// What the operating system says of itself: version, lockdown mode, the user's nation, the time.
+// Properties of the operating system: version, lockdown mode, the user's nation, the time.
 #pragma once
 
 #include "platform/owned.h"
@@ -10,7 +10,7 @@ namespace platform {
 
 /// The fields of RTL_OSVERSIONINFOEXW that are used.
 struct OsVersion {
-    std::uint32_t infoSize = 0; // goes in
+    std::uint32_t infoSize = 0; // set by the caller
     std::uint32_t major = 0;
     std::uint32_t minor = 0;
     std::uint32_t build = 0;
@@ -18,22 +18,19 @@ struct OsVersion {
 
 inline constexpr std::uint32_t OsVersionInfoExSize = 284; // sizeof(RTL_OSVERSIONINFOEXW)
 
-/// RtlGetVersion of "ntdll", looked up at each call. False where there is no such routine; its own status is
-/// not given.
+/// RtlGetVersion of "ntdll", looked up at each call. False if there is no such routine; its status is ignored.
 bool RtlGetVersion(OsVersion& version);
 
 enum class Module : std::uintptr_t { None = 0 };
 
-/// LoadLibraryW of a library in the system directory, and nowhere else. `Module::None` with the last error set
-/// when it is not there.
+/// LoadLibraryW of a library in the system directory only. `Module::None` with the last error set on failure.
 Module LoadLibraryW(const char16_t* name);
 
 void FreeLibrary(Module module);
 
 using OwnedModule = Owned<Module, FreeLibrary, Module::None>;
 
-/// WldpQueryWindowsLockdownMode, looked up in "wldp.dll". A library without the routine answers
-/// `lockdown::NoRoutine`.
+/// WldpQueryWindowsLockdownMode, looked up in "wldp.dll". `lockdown::NoRoutine` if the library does not have it.
 HResult WldpQueryWindowsLockdownMode(Module wldp, std::uint32_t& mode);
 
 namespace lockdown {
@@ -48,11 +45,11 @@ inline constexpr std::int32_t NotAvailable = -1; // GEOID_NOT_AVAILABLE
 
 std::int32_t GetUserGeoID(std::uint32_t geoClass);
 
-/// The characters written, terminator included; with `data` empty those that are needed. 0 when it failed.
+/// The number of characters written, terminator included; with `data` empty, the number needed. 0 on failure.
 std::int32_t GetGeoInfoW(std::int32_t geoId, std::uint32_t geoType, std::span<char16_t> data,
                          std::uint16_t language);
 
-/// A point in time by the calendar.
+/// A calendar date and time.
 struct CalendarTime {
     std::int32_t year;  // 2024
     std::int32_t month; // 1 to 12
@@ -65,7 +62,7 @@ struct CalendarTime {
 /// _time64: seconds since the start of 1970, in UTC.
 std::int64_t Time64();
 
-/// _localtime64_s. False when the time cannot be told by the local calendar.
+/// _localtime64_s. False if the time cannot be converted.
 bool LocalTime64(std::int64_t time, CalendarTime& local);
 
 } // namespace platform

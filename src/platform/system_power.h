@@ -1,19 +1,18 @@
-// How busy the processors have been, and what the machine runs on.
+// Processor times and the power supply.
 #pragma once
 
 #include <cstdint>
 
 namespace platform {
 
-/// Time since the system's start, summed over all processors, in units of 100 ns. Kernel time includes idle
-/// time.
+/// Times since system start, summed over all processors, in units of 100 ns. Kernel time includes idle time.
 struct SystemTimes {
     std::uint64_t idle = 0;
     std::uint64_t kernel = 0;
     std::uint64_t user = 0;
 };
 
-/// GetSystemTimes, the three FILETIMEs as whole numbers.
+/// GetSystemTimes, the FILETIMEs as 64-bit numbers.
 bool GetSystemTimes(SystemTimes& times);
 
 /// SYSTEM_POWER_STATUS without the power saver's flag.

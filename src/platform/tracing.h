@@ -1,4 +1,4 @@
-// The trace provider's side of ETW.
+// ETW for a trace provider.
 #pragma once
 
 #include "platform/types.h"
@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// What ETW calls when a consumer attaches to the provider or leaves it; may come on any thread, also from
-/// within EventRegister. This is the one callback of the boundary: ETW has no other way of telling.
+/// Called by ETW when a consumer attaches to the provider or detaches; on any thread, also during
+/// EventRegister. It is the only callback of the boundary: ETW has no other way to report this.
 using TraceEnableCallback = void (*)(void* context, std::uint32_t controlCode, std::uint8_t level,
                                      std::uint64_t matchAnyKeyword, std::uint64_t matchAllKeyword);
 

@@ -1,7 +1,7 @@
 // The values that cross the boundary between the library and the operating system.
 //
-// Everything here is a plain value: it can be printed, compared, recorded on one machine and played back on
-// another. Nothing under src/platform/*.h includes anything of the library.
+// Everything here is a plain value: it can be printed, compared, recorded on one machine and replayed on
+// another. No header of src/platform includes anything of the library.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace platform {
 
-/// A Win32 error code, as GetLastError and the registry give it. 0 is success.
+/// A Win32 error code, as GetLastError and the registry return it. 0 is success.
 using SystemError = std::uint32_t;
 
 namespace error {
@@ -30,7 +30,7 @@ inline constexpr SystemError NoMoreItems = 259;
 /// A COM status. Negative is a failure.
 using HResult = std::int32_t;
 
-/// Access masks, spelled as the platform's documentation spells their values.
+/// Access masks.
 namespace access {
 inline constexpr std::uint32_t GenericReadWrite = 0xC0000000; // GENERIC_READ | GENERIC_WRITE
 inline constexpr std::uint32_t KeyRead = 0x20019;             // KEY_READ

@@ -1,8 +1,8 @@
-// Wi-Fi: the interfaces, the present connection, the access points in reach.
+// Wi-Fi: the interfaces, the current connection, the access points in range.
 //
-// The WLAN API hands out blocks of memory with lists, lengths and offsets in them. Here they arrive as plain
-// values: whatever points outside its block, or is missing, has been left out, and the block has been given
-// back. A Windows without the API's library answers with the error of the look-up.
+// The WLAN API returns blocks of memory with lists, lengths and offsets. Here they are copied to plain values
+// and released: what is missing or outside its block is left out. On a Windows without the API's library the
+// result is the error of loading it.
 #pragma once
 
 #include "platform/owned.h"
@@ -27,7 +27,7 @@ inline constexpr std::uint32_t InfrastructureNetworks = 1; // dot11_BSS_type_inf
 
 using MacAddress = std::array<std::uint8_t, 6>;
 
-/// DOT11_SSID. The bytes behind `length` are whatever lay there.
+/// DOT11_SSID. The bytes after `length` are undefined.
 struct WlanSsid {
     std::uint32_t length = 0;
     std::array<std::uint8_t, 32> bytes{};
@@ -49,7 +49,7 @@ struct WlanBssEntry {
     WlanSsid ssid;
     MacAddress bssid{};
     std::int32_t rssi = 0;
-    /// Empty where the entry's offset and size lead outside the list.
+    /// Empty if the entry's offset and size are outside the list.
     std::vector<std::byte> informationElements;
 };
 
@@ -57,11 +57,11 @@ SystemError WlanOpenHandle(std::uint32_t clientVersion, WlanClient& client);
 
 void WlanCloseHandle(WlanClient client);
 
-/// A null list with good status is an empty one.
+/// On success a null list is an empty one.
 SystemError WlanEnumInterfaces(WlanClient client, std::vector<WlanInterface>& interfaces);
 
-/// WlanQueryInterface for `wlan::CurrentConnection`. Good status without data, or with less than a connection
-/// takes, leaves `connection` empty.
+/// WlanQueryInterface for `wlan::CurrentConnection`. On success without data, or with less than a connection,
+/// `connection` is empty.
 SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std::uint32_t opcode,
                                std::optional<WlanConnection>& connection);
 
@@ -69,8 +69,8 @@ SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std
 SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std::uint32_t opcode,
                                std::optional<std::uint32_t>& number);
 
-/// WlanGetNetworkBssList for every SSID. A null list with good status is an empty one; entries that the list's
-/// size has no room for are left out.
+/// WlanGetNetworkBssList for every SSID. On success a null list is an empty one; entries after the end of the
+/// list's size are left out.
 SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, std::uint32_t bssType,
                                   bool securityEnabled, std::vector<WlanBssEntry>& entries);
 

@@ -1,8 +1,9 @@
 // WMI: a locator, the services of a namespace, the rows of a query, and a method call on an instance.
 //
 // The operations are those of IWbemLocator, IWbemServices, IEnumWbemClassObject and IWbemClassObject, with the
-// object in front. Arguments that are always null or 0 (user, password, locale, authority, context, call
-// result, the flags of all operations but ExecQuery) are not shown. An output is written on success only.
+// object as the first argument. Arguments that are always null or 0 (user, password, locale, authority,
+// context, call result, the flags except those of ExecQuery) are left out. An output is written only on
+// success.
 #pragma once
 
 #include "platform/com.h"
@@ -25,17 +26,15 @@ using OwnedServices = OwnedInterface<WbemServices>;
 using OwnedEnumerator = OwnedInterface<WbemEnumerator>;
 using OwnedObject = OwnedInterface<WbemObject>;
 
-/// What a VARIANT holds, as a plain value.
+/// The value of a VARIANT.
 ///
-/// nothing             VT_EMPTY, VT_NULL, and every type that is not named here
-/// a number            signed and unsigned types of 8, 16 and 32 bits, by their value; VT_BOOL gives 0 or -1
-/// a text              VT_BSTR, zero characters inside included, a null one as the empty text; the 64-bit types,
-///                     in decimal
-/// numbers             an array of such numbers
-/// texts               an array of such texts
-/// bytes               an array of VT_UI1
+/// no value            VT_EMPTY, VT_NULL, and every type that is not listed here number              the signed
+/// and unsigned types of 8, 16 and 32 bits; VT_BOOL as 0 or -1 string              VT_BSTR with its zero
+/// characters, a null one as the empty string; the 64-bit types in decimal numbers             an array of such
+/// numbers strings             an array of such strings bytes               an array of VT_UI1
 ///
-/// Arrays are read from their lower bound on, whatever it is; one of more than one dimension is nothing.
+/// Arrays are read from their lower bound, which may be any number. An array of more than one dimension is no
+/// value.
 using WmiValue = std::variant<std::monostate, std::int32_t, std::u16string, std::vector<std::int32_t>,
                               std::vector<std::u16string>, std::vector<std::byte>>;
 
@@ -44,7 +43,7 @@ inline constexpr Guid ClsidWbemLocator{
 inline constexpr Guid IidWbemLocator{
     0xDC12A687, 0x737F, 0x11CF, {0x88, 0x4D, 0x00, 0xAA, 0x00, 0x4B, 0x2E, 0x24}};
 
-/// The numbers that CoSetProxyBlanket takes.
+/// The arguments of CoSetProxyBlanket.
 struct ProxyBlanket {
     std::uint32_t authenticationService;
     std::uint32_t authorizationService;
@@ -88,27 +87,27 @@ HResult ConnectServer(WbemLocator locator, const char16_t* networkResource, Wbem
 /// With no principal name and no identity.
 HResult CoSetProxyBlanket(WbemServices proxy, const ProxyBlanket& blanket);
 
-/// IWbemServices::ExecQuery. With `wbem::ReturnImmediately` a query that the service cannot carry out is told
-/// by Next, not here.
+/// IWbemServices::ExecQuery. With `wbem::ReturnImmediately` a query that fails in the service is reported by
+/// Next.
 HResult ExecQuery(WbemServices services, const char16_t* queryLanguage, const char16_t* query,
                   std::int32_t flags, WbemEnumerator& rows);
 
-/// IEnumWbemClassObject::Next for one object. `returned` is how many came: 0 or 1, on failure too.
+/// IEnumWbemClassObject::Next for one object. `returned` is 0 or 1, on failure too.
 HResult Next(WbemEnumerator rows, std::uint32_t timeout, WbemObject& row, std::uint32_t& returned);
 
-/// IWbemClassObject::Get. On failure `value` is nothing.
+/// IWbemClassObject::Get. On failure there is no value.
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value);
 
-/// IWbemServices::GetObject: a class's definition by its name.
+/// IWbemServices::GetObject: the definition of a class by its name.
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition);
 
-/// IWbemClassObject::GetMethod: the definition of a method's input, which a method without any does not have.
+/// IWbemClassObject::GetMethod: the definition of a method's input. A method without input has none.
 HResult GetMethod(WbemObject definition, const char16_t* name, WbemObject& inSignature);
 
 /// IWbemClassObject::SpawnInstance.
 HResult SpawnInstance(WbemObject definition, WbemObject& instance);
 
-/// IWbemClassObject::Put of a VT_BSTR, whatever type the property is said to be of.
+/// IWbemClassObject::Put of a VT_BSTR, for every CIM type.
 HResult Put(WbemObject object, const char16_t* name, std::u16string_view text, std::int32_t cimType);
 
 /// IWbemServices::ExecMethod.

@@ -1,6 +1,6 @@
 // The XML document object.
 //
-// The operations are those of IXMLDOMDocument, with the object in front.
+// The operations are those of IXMLDOMDocument, with the object as the first argument.
 #pragma once
 
 #include "platform/com.h"
@@ -32,11 +32,11 @@ HResult put_validateOnParse(XmlDocument document, VariantBool value);
 HResult put_resolveExternals(XmlDocument document, VariantBool value);
 HResult put_preserveWhiteSpace(XmlDocument document, VariantBool value);
 
-/// IXMLDOMDocument::load of a VT_BSTR that holds the path. A file that is missing or no XML is no failure of
-/// the call: the flag tells it.
+/// IXMLDOMDocument::load of a VT_BSTR with the path. For a file that is missing or not XML the call succeeds and
+/// `successful` is VARIANT_FALSE.
 HResult load(XmlDocument document, const char16_t* path, VariantBool& successful);
 
-/// The whole document as one text; empty for a document that has none.
+/// The whole document as one string; may be empty.
 HResult get_xml(XmlDocument document, std::u16string& xml);
 
 } // namespace platform

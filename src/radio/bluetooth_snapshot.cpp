@@ -14,7 +14,7 @@ namespace {
 
 std::mutex BluetoothGuard;
 
-/// By major device class, from 0. Class 31 stands for itself, and the others count as "Others;" too.
+/// By major device class, from 0. Class 31 has its own string; all classes above 9 but this are "Others;".
 constexpr const char* ClassTexts[] = {"Others;",      "Computer;",   "Phone;",   "LAN/NetWortk Access point;",
                                       "Audio/Video;", "Peripheral;", "Imaging;", "Wearable;",
                                       "Toy;",         "Health;"};
@@ -28,27 +28,27 @@ const char* ClassText(std::uint32_t classOfDevice) {
     return ClassTexts[majorClass < std::size(ClassTexts) ? majorClass : 0];
 }
 
-/// Everything the API gave. It is closed at the end of the read: the radios, then the search for radios, then
-/// the searches for devices, which is the reverse of this order.
+/// The handles of one read. Closed at its end in reverse order: the radios, the search for radios, the searches
+/// for devices.
 struct Opened {
     std::vector<platform::OwnedBluetoothDeviceFind> deviceSearches;
     platform::OwnedBluetoothRadioFind radioSearch;
     std::vector<platform::OwnedBluetoothRadio> radios;
 };
 
-/// What the devices found so far come to.
+/// Summary of the devices found so far.
 struct Devices {
     std::int32_t count = RadioNotRead;
     std::string types = RadioNotReadText;
 };
 
-/// Whether a search that found nothing has simply come to the end of its list. Asked straight behind the
-/// search, since a debug line may change the last error.
+/// Whether the search that just failed reached the end of its list. Called directly after the search, because a
+/// debug line may change the last error.
 bool AtEndOfList() {
     return platform::GetLastError() == platform::error::NoMoreItems;
 }
 
-/// Walks the devices of one search. False when the search failed on its way.
+/// Walks the devices of one search. False if the search fails before its end.
 bool CountDevices(platform::BluetoothDeviceFind search, platform::BluetoothDevice device, Devices& devices) {
     devices = {0, ""};
     do {
@@ -76,12 +76,12 @@ bool SearchRadio(platform::Handle radio, Opened& opened, Devices& devices, Bluet
     if (!search) {
         return true;
     }
-    const auto held = search.Get();
+    const auto handle = search.Get();
     opened.deviceSearches.push_back(std::move(search));
-    return CountDevices(held, device, devices);
+    return CountDevices(handle, device, devices);
 }
 
-/// False when the read failed. A machine without a radio is no failure.
+/// False if the read failed. A machine without a radio is no failure.
 bool SearchRadios(Opened& opened, Devices& devices, BluetoothRecord& snapshot) {
     auto radio = platform::Handle::Null;
     opened.radioSearch.Reset(platform::BluetoothFindFirstRadio(radio));
@@ -92,8 +92,8 @@ bool SearchRadios(Opened& opened, Devices& devices, BluetoothRecord& snapshot) {
         return noRadio;
     }
     do {
-        platform::OwnedBluetoothRadio held(radio); // owned before the list may have to grow
-        opened.radios.push_back(std::move(held));
+        platform::OwnedBluetoothRadio owned(radio); // owned before the list may grow
+        opened.radios.push_back(std::move(owned));
         if (!SearchRadio(radio, opened, devices, snapshot)) {
             return false;
         }

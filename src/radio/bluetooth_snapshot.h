@@ -1,4 +1,4 @@
-// The connected Bluetooth devices, as they were at the first read that went through.
+// The connected Bluetooth devices at the time of the first successful read.
 #pragma once
 
 #include "radio/snapshot.h"
@@ -11,14 +11,14 @@ namespace sondrel {
 struct BluetoothRecord {
     std::int32_t isUsed = RadioNotRead; // whether the radio searched last has a connected device
     std::int32_t connectedNum = RadioNotRead;
-    std::string connectedType = RadioNotReadText; // one word with ";" behind it for each device
-    std::uint8_t valid = 0;                       // a read went through
+    std::string connectedType = RadioNotReadText; // one word and ";" for each device
+    std::uint8_t valid = 0;                       // a read succeeded
 };
 
-/// The process's record. The exports hold a lock of its own while they use it.
+/// The record of the process. The exports lock it while they use it.
 extern BluetoothRecord BluetoothSnapshot;
 
-/// Reads the connected devices from the system into the record. A failed read leaves `valid` at 0.
+/// Reads the connected devices into the record. A failed read leaves `valid` at 0.
 void RF_ReadBT_Info(BluetoothRecord& snapshot);
 
 } // namespace sondrel

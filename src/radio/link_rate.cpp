@@ -7,8 +7,8 @@ namespace {
 
 enum class Width : std::uint8_t { Mhz20, Mhz40, Mhz80, Mhz160, Mhz80Plus80 };
 
-/// What the elements say together. Their order counts: a VHT operation element widens only what is 40 MHz wide
-/// when it comes.
+/// The result of all elements. Their order matters: a VHT operation element has an effect only if the width is
+/// 40 MHz at that point.
 struct Capabilities {
     Width width = Width::Mhz20;
     bool shortGuard = false;
@@ -63,7 +63,7 @@ void ReadVhtOperation(std::span<const std::byte> data, Capabilities& found) {
 
 struct ElementReader {
     std::uint8_t id;
-    std::size_t leastLength; // what `read` looks at
+    std::size_t minLength; // of the fields that `read` uses
     void (*read)(std::span<const std::byte> data, Capabilities& found);
 };
 
@@ -85,7 +85,7 @@ Capabilities ReadElements(std::span<const std::byte> block) {
             break;
         }
         const auto* reader = std::ranges::find(ElementReaders, id, &ElementReader::id);
-        if (reader != std::end(ElementReaders) && length >= reader->leastLength) {
+        if (reader != std::end(ElementReaders) && length >= reader->minLength) {
             reader->read(block.first(length), found);
         }
         block = block.subspan(length);
@@ -93,7 +93,7 @@ Capabilities ReadElements(std::span<const std::byte> block) {
     return found;
 }
 
-/// Two bits for each stream: MCS 7, 8 or 9 is the highest, or the stream is not there, nor are those behind it.
+/// Two bits for each stream: its highest MCS is 7, 8 or 9, or this stream and all after it are not supported.
 std::int32_t HighestVhtRate(const Capabilities& found) {
     constexpr unsigned NoStream = 3;
     const auto width = static_cast<std::size_t>(found.width);

@@ -1,4 +1,4 @@
-// The highest link rate that an access point offers, worked out of its beacon.
+// The highest link rate that an access point offers, computed from its beacon.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 
 namespace sondrel {
 
-// Rates in units of 500 kbit/s. The rows are those of 802.11n and 802.11ac, rounded to the unit, except for
-// these, which stay as they are because hosts compare what comes out of them:
+// Rates in units of 500 kbit/s. They are the rates of 802.11n and 802.11ac, rounded to the unit, except these, which
+// hosts rely on:
 //   VHT, 20 MHz, MCS 9, 1 and 2 streams: not a rate of the standard, repeats MCS 8 (1 and 2 streams, both guards)
 //   VHT, 20 MHz, MCS 9, 4 streams: not a rate of the standard, 0
 //   20 MHz, short guard, 4 streams: MCS 2, 3, 4 and VHT MCS 8 are one unit off (174, 232, 346, 694)
@@ -34,7 +34,7 @@ inline constexpr std::uint16_t VhtRateTable[4][3][2][10] = {
      {{234, 468, 702, 936, 1404, 1872, 2106, 2340, 2808, 3120},
       {260, 520, 780, 1040, 1560, 2080, 2340, 2600, 3120, 3466}}}};
 
-/// 802.11n: [width: 20, 40 MHz][short guard interval][MCS], eight to a group of one to four streams.
+/// 802.11n: [width: 20, 40 MHz][short guard interval][MCS], eight MCS for each number of streams from 1 to 4.
 inline constexpr std::uint16_t HtRateTable[2][2][32] = {
     {{13, 26, 39,  52,  78,  104, 117, 130, 26, 52,  78,  104, 156, 208, 234, 260,
       39, 78, 117, 156, 234, 312, 351, 390, 52, 104, 156, 208, 312, 416, 468, 520},
@@ -45,11 +45,11 @@ inline constexpr std::uint16_t HtRateTable[2][2][32] = {
      {30, 60,  90,  120, 180, 240, 270, 300, 60,  120, 180, 240, 360, 480, 540,  600,
       90, 180, 270, 360, 540, 720, 810, 900, 120, 240, 360, 480, 720, 960, 1080, 1200}}};
 
-/// The highest rate in Mbit/s of a block of information elements, the remainder of half units dropped; 0
-/// without an HT or VHT element, for VHT at 160 and 80+80 MHz and for HT above 40 MHz, which have no rates here.
+/// The highest rate in Mbit/s of a block of information elements, rounded down. 0 without an HT or VHT element,
+/// for VHT at 160 and 80+80 MHz and for HT above 40 MHz, which have no rates here.
 ///
-/// The block comes from the air and is read as such: an element that claims more bytes than the block holds
-/// ends the walk, and one that is too short for what is read of it counts as absent.
+/// The block is received data and not trusted: an element that is longer than the rest of the block ends the
+/// walk, and an element that is too short for the fields that are read counts as absent.
 std::int32_t LinkRate(std::span<const std::byte> elements);
 
 } // namespace sondrel

@@ -1,4 +1,4 @@
-// What the two radio snapshots share: their sentinels, and how an export gets at a field.
+// What the two radio snapshots share: their sentinels, and the access to a field.
 #pragma once
 
 #include "frame/diagnostics.h"
@@ -20,8 +20,8 @@ inline constexpr const char* RadioNotReadText = "init_string";
 inline constexpr std::int32_t RadioReadFailed = 0x7FFFFFFF;
 inline constexpr const char* RadioReadFailedText = "error_string";
 
-/// Gives one field of a process-wide record, which is read from the system first unless a read has gone
-/// through before. Threads that come at once wait for the one read and get the same complete record; after a
+/// One field of a process-wide record. The record is read from the system first, unless a read has succeeded
+/// before. Threads that call at the same time wait for one read and get the same complete record; after a
 /// failed read each of them tries again.
 template <class Record, class Field>
 Field SnapshotField(std::mutex& guard, Record& record, void (*read)(Record&), Field Record::*field,
@@ -29,14 +29,14 @@ Field SnapshotField(std::mutex& guard, Record& record, void (*read)(Record&), Fi
     const std::lock_guard lock(guard);
     if (record.valid == 0) {
         TraceMade([=] { return std::string("[RF] ") + exportName + " FLAG FALSE"; });
-        Record next = record; // a read that runs out of memory halfway leaves the record whole
+        Record next = record; // when memory runs out during the read, the record is unchanged
         read(next);
         record = std::move(next);
     }
     return record.*field;
 }
 
-/// The same for the exports: without memory it is a failed read.
+/// The same for the exports: running out of memory is a failed read.
 template <class Record, class Field>
 Field SnapshotAnswer(std::mutex& guard, Record& record, void (*read)(Record&), Field Record::*field,
                      const char* exportName) {
@@ -44,9 +44,9 @@ Field SnapshotAnswer(std::mutex& guard, Record& record, void (*read)(Record&), F
         return SnapshotField(guard, record, read, field, exportName);
     };
     if constexpr (std::is_integral_v<Field>) {
-        return OrWithoutMemory(RadioReadFailed, get);
+        return OnOutOfMemory(RadioReadFailed, get);
     } else {
-        return OrWithoutMemory(Field(RadioReadFailedText), get);
+        return OnOutOfMemory(Field(RadioReadFailedText), get);
     }
 }
 

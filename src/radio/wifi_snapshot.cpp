@@ -36,7 +36,7 @@ std::string VendorPrefix(const platform::MacAddress& bssid) {
     return text;
 }
 
-/// The name as a text that ends at its first zero byte or with the field.
+/// The name up to its first zero byte or the end of the field.
 std::string_view NameOf(const platform::WlanSsid& ssid) {
     const std::size_t length = std::min<std::size_t>(ssid.length, ssid.bytes.size());
     const std::string_view name(reinterpret_cast<const char*>(ssid.bytes.data()), length);
@@ -49,8 +49,8 @@ void TraceInterfaceGuid(const platform::Guid& guid) {
                                                          : "[DLL][Wrieless]StringFromGUID2 failed");
 }
 
-/// Signal and highest rate of the access point that the interface is connected to. False when the list of
-/// access points cannot be had; a list without that access point is no failure.
+/// Signal and highest rate of the access point that the interface is connected to. False if the BSS list cannot
+/// be read; a list without that access point is no failure.
 bool ReadAccessPoint(platform::WlanClient client, const platform::Guid& guid,
                      const platform::WlanConnection& connection, WiFiRecord& snapshot) {
     std::vector<platform::WlanBssEntry> entries;

@@ -1,4 +1,4 @@
-// The machine's Wi-Fi link, as it was at the first read that went through.
+// The machine's Wi-Fi link at the time of the first successful read.
 #pragma once
 
 #include "radio/snapshot.h"
@@ -14,20 +14,19 @@ struct WiFiRecord {
     std::int32_t rssi = RadioNotRead; // dBm
     std::int32_t channel = RadioNotRead;
     std::string phyMode = RadioNotReadText;
-    std::string apMac = RadioNotReadText; // the maker's half of the access point's address
+    std::string apMac = RadioNotReadText; // the first three octets of the BSSID
     std::int32_t maxRate = RadioNotRead;  // Mbit/s
-    std::uint8_t valid = 0;               // a read went through
+    std::uint8_t valid = 0;               // a read succeeded
 };
 
-/// The process's record. The exports hold a lock of its own while they use it.
+/// The record of the process. The exports lock it while they use it.
 extern WiFiRecord WiFiSnapshot;
 
-/// Reads the link from the system into the record. A field that the machine has nothing for keeps what it had;
-/// a failed read overwrites all of them and leaves `valid` at 0. The client handle is closed when the read is over,
-/// whichever way it went.
+/// Reads the link into the record. A field without a value in the system is unchanged; a failed read overwrites
+/// all fields and leaves `valid` at 0. The client handle is closed at the end of every read.
 void RF_ReadWifi_Info(WiFiRecord& snapshot);
 
-/// The card's name, whole, as RF_WiFiCardName copies it out.
+/// The whole name of the card, as RF_WiFiCardName returns it.
 std::u16string WiFiCardName();
 
 } // namespace sondrel

@@ -21,7 +21,7 @@ using platform::HResult;
 
 namespace {
 
-/// Whether the system is locked down. A question that cannot be asked counts as no.
+/// Whether the system is in S mode. False if the query fails.
 bool ReadSMode() {
     const platform::OwnedModule wldp(platform::LoadLibraryW(u"wldp.dll"));
     if (!wldp) {
@@ -35,7 +35,7 @@ bool ReadSMode() {
         TraceLine("[System_Check_S_Mode] QueryWindowsMode Fail\n");
         return false;
     }
-    return mode == 1 || mode == 2; // unlocked or locked S mode
+    return mode == 1 || mode == 2;
 }
 
 std::u16string ReadCountryCode() {
@@ -52,9 +52,9 @@ std::u16string ReadCountryCode() {
     return {code.begin(), std::find(code.begin(), code.end(), u'\0')};
 }
 
-constexpr std::size_t LocalTimeSize = 20; // "2024-05-17 10:30:00" and its zero
+constexpr std::size_t LocalTimeSize = 20; // "2024-05-17 10:30:00" and the terminator
 
-/// All zeros when the time cannot be told.
+/// All zeros on failure.
 std::array<char, LocalTimeSize> ReadLocalTime() {
     std::array<char, LocalTimeSize> text{};
     platform::CalendarTime local{};
@@ -74,7 +74,7 @@ std::array<char, LocalTimeSize> ReadLocalTime() {
     return text;
 }
 
-/// Cut, not rounded. A level that a driver gives outside 0 to 1 is taken to the nearer end.
+/// Rounded down. A level outside 0 to 1 is clamped.
 std::int32_t PercentOf(float level) {
     return level > 0 ? static_cast<std::int32_t>(std::min(static_cast<double>(level), 1.0) * 100.0) : 0;
 }
@@ -94,8 +94,7 @@ HResult ActivateVolume(platform::AudioDevice device, platform::EndpointVolume& v
                               volume);
 }
 
-/// The level whether muted or not; -1 when it cannot be read. Each object is released as soon as the next one is
-/// there.
+/// The level, muted or not; -1 on failure. Each object is released as soon as the next one exists.
 std::int32_t ReadVolumeLevel() {
     platform::OwnedDeviceEnumerator devices;
     if (Failed(CreateDeviceEnumerator(devices.Receive()))) {
@@ -129,7 +128,7 @@ struct Endpoint {
     }
 };
 
-/// False when a step failed, which is logged.
+/// False if a step failed; the failure is logged.
 bool OpenEndpoint(Endpoint& endpoint) {
     if (Failed(CreateDeviceEnumerator(endpoint.devices.Receive()))) {
         TraceLine("[getvolume] CoCreateInstance fail");
@@ -146,8 +145,8 @@ bool OpenEndpoint(Endpoint& endpoint) {
     return true;
 }
 
-/// An endpoint that is muted gives 0 whatever its level. Where that cannot be told, the level stands.
-std::u16string VolumeText(platform::EndpointVolume volume) {
+/// "0" while muted. If the mute state cannot be read, the endpoint counts as not muted.
+std::u16string VolumeString(platform::EndpointVolume volume) {
     float level = 0;
     bool muted = false;
     const HResult status = platform::GetMasterVolumeLevelScalar(volume, level);
@@ -167,7 +166,7 @@ std::u16string getvolume() {
     }
     const platform::OwnedApartment apartment(platform::Apartment::Entered);
     Endpoint endpoint;
-    std::u16string text = OpenEndpoint(endpoint) ? VolumeText(endpoint.volume.Get()) : std::u16string();
+    std::u16string text = OpenEndpoint(endpoint) ? VolumeString(endpoint.volume.Get()) : std::u16string();
     endpoint.Release();
     return text;
 }
@@ -177,7 +176,7 @@ std::u16string getvolume() {
 using namespace sondrel;
 
 int32_t System_Check_S_Mode(void) {
-    const int32_t result = OrWithoutMemory(false, ReadSMode) ? 1 : 0;
+    const int32_t result = OnOutOfMemory(false, ReadSMode) ? 1 : 0;
     TraceMade([=] { return "[System_Check_S_Mode] result = " + std::to_string(result); });
     return result;
 }

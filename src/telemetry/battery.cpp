@@ -1,4 +1,5 @@
-// The battery exports. Nothing is kept between them: each call asks its source from the start.
+// The battery exports. Nothing is cached: each call reads its source.
+#include "ec/ec_identity.h"
 #include "ec/ec_maps.h"
 #include "frame/host_buffer.h"
 #include "frame/text.h"
@@ -7,12 +8,14 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <optional>
 
 namespace sondrel {
 namespace {
 
-/// The date and the name fill exactly this many bytes.
-constexpr std::size_t ShortTextSize = 11;
+/// The size of the date and of the name, in bytes with the terminator.
+constexpr std::size_t DateAndNameSize = 11;
 
 struct Date {
     std::uint32_t year;
@@ -20,7 +23,7 @@ struct Date {
     std::uint32_t day;
 };
 
-/// The word as the Smart Battery Data Specification packs it. No field is tested.
+/// The word is packed as the Smart Battery Data Specification says. No field is validated.
 constexpr Date DateOf(std::uint32_t word) {
     if (word == 0 || word == EcReadFailed) {
         return {1980, 1, 1};
@@ -59,41 +62,42 @@ uint32_t Battery_Read_CapacityPercentage(void) {
 }
 
 uint32_t Battery_Read_CycleCount(void) {
-    const EcMap* const map = FirstEcMapOf(EC_ReadEcFwRev());
-    if (map == nullptr) {
+    const std::optional<EcMap> map = FirstEcMapOf(ReadEcFirmwareRevision());
+    if (!map) {
         return 0;
     }
-    return map->cycleCount ? ReadEcWord(*map->cycleCount) : ReadBatteryDevice().cycleCount;
+    const std::optional<EcWord>& source = ec_signal::CycleCount.In(*map);
+    return source ? ReadSource(*source) : ReadBatteryDevice().cycleCount;
 }
 
 uint32_t Battery_Get_LidStatus(void) {
-    return ReadEc(&EcMap::lidState);
+    return ReadEc(ec_signal::LidState);
 }
 
 uint32_t Battery_Read_ChargingVoltage(void) {
-    return ReadEc(&EcMap::chargingVoltage);
+    return ReadEc(ec_signal::ChargingVoltage);
 }
 
 uint32_t Battery_Read_PackageVoltage(void) {
-    return ReadEc(&EcMap::packageVoltage);
+    return ReadEc(ec_signal::PackageVoltage);
 }
 
 uint32_t Battery_Read_Temperature(void) {
-    return ReadEc(&EcMap::batteryTemperature);
+    return ReadEc(ec_signal::BatteryTemperature);
 }
 
 int32_t Battery_Read_Current(void) {
-    // A failed reading keeps its low half like any other, and comes out as -1.
-    return static_cast<std::int16_t>(ReadEc(&EcMap::current));
+    // Only the low 16 bits, also of a failed reading, which becomes -1.
+    return static_cast<std::int16_t>(ReadEc(ec_signal::Current));
 }
 
 void Battery_Read_CellVoltage(char* out) {
     if (out == nullptr) {
         return;
     }
-    std::array<std::uint32_t, EcCellCount> cells{};
+    std::array<std::uint32_t, std::size(ec_signal::CellVoltages)> cells{};
     for (std::size_t cell = 0; cell < cells.size(); ++cell) {
-        cells[cell] = ReadEcCellVoltage(cell);
+        cells[cell] = ReadEc(ec_signal::CellVoltages[cell]);
     }
     const auto format = [&cells](char* buffer, std::size_t size) {
         return FormatCounted(buffer, size, "%u;%u;%u;%u", cells[0], cells[1], cells[2], cells[3]);
@@ -106,19 +110,20 @@ void Battery_Read_ManufactureDate(char* out) {
     if (out == nullptr) {
         return;
     }
-    const Date date = DateOf(ReadEcManufactureDate());
-    FormatCounted(out, ShortTextSize, "%4u-%02u-%02u", date.year, date.month, date.day);
+    const Date date = DateOf(ReadEc(ec_signal::ManufactureDate));
+    FormatCounted(out, DateAndNameSize, "%4u-%02u-%02u", date.year, date.month, date.day);
 }
 
 void Battery_Read_ManufactureName(char* out) {
     if (out == nullptr) {
         return;
     }
-    std::array<char, ShortTextSize> name{};
+    std::array<char, DateAndNameSize> name{};
     if (!ReadEcManufacturerName(std::span(name).first<EcNameLength>())) {
         name.fill('\0');
     }
-    // A name that begins with a zero counts as none. The bytes behind an earlier end go out with the others.
+    // A name that begins with a zero is no name. All ten bytes are copied, also those after an earlier
+    // terminator.
     if (name.front() == '\0') {
         CopyToHost("0x7FFFFFFF", out);
     } else {

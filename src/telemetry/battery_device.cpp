@@ -13,7 +13,7 @@
 namespace sondrel {
 namespace {
 
-/// The path in a detail block, up to its terminator or the block's end.
+/// The path in a detail block, up to its terminator or the end of the block.
 std::u16string PathOf(std::span<const std::byte> detail) {
     const auto path = detail.subspan(platform::device_interface::DetailPathOffset);
     std::u16string text(path.size() / sizeof(char16_t), u'\0');
@@ -21,7 +21,7 @@ std::u16string PathOf(std::span<const std::byte> detail) {
     return text.substr(0, text.find(u'\0'));
 }
 
-/// The detail block of the first battery device that is present; empty when there is none.
+/// The detail block of the first present battery device; empty if there is none.
 std::vector<std::byte> FirstBatteryDetail(platform::DeviceInfoSet set) {
     using namespace platform;
     DeviceInterfaceData first;
@@ -42,22 +42,22 @@ std::vector<std::byte> FirstBatteryDetail(platform::DeviceInfoSet set) {
 }
 
 template <class In, class Out>
-bool Request(platform::Handle battery, std::uint32_t code, const In& in, Out& out) {
+bool SendIoctl(platform::Handle battery, std::uint32_t code, const In& in, Out& out) {
     std::uint32_t returned = 0;
     return platform::DeviceIoControl(battery, code, std::as_bytes(std::span(&in, 1)),
                                      std::as_writable_bytes(std::span(&out, 1)), returned);
 }
 
-void AskBattery(platform::Handle battery, BatteryRecord& record) {
+void ReadBattery(platform::Handle battery, BatteryRecord& record) {
     using namespace platform;
     constexpr std::uint32_t NoWait = 0;
     std::uint32_t tag = 0;
-    if (!Request(battery, battery_request::QueryTag, NoWait, tag) || tag == 0) {
+    if (!SendIoctl(battery, battery_request::QueryTag, NoWait, tag) || tag == 0) {
         return;
     }
     const BatteryQuery query{.tag = tag, .level = BatteryInformationLevel, .rate = 0};
     BatteryInformation information{};
-    if (!Request(battery, battery_request::QueryInformation, query, information)) {
+    if (!SendIoctl(battery, battery_request::QueryInformation, query, information)) {
         return;
     }
     record.designedCapacity = information.designedCapacity;
@@ -72,16 +72,16 @@ void AskBattery(platform::Handle battery, BatteryRecord& record) {
     }
     const BatteryWaitStatus wait{.tag = tag, .timeout = NoWait};
     BatteryStatus status{};
-    if (Request(battery, battery_request::QueryStatus, wait, status)) {
+    if (SendIoctl(battery, battery_request::QueryStatus, wait, status)) {
         record.capacity = status.capacity;
         record.voltage = status.voltage;
     }
 }
 
-BatteryRecord AskFirstBattery() {
+BatteryRecord ReadFirstBattery() {
     using namespace platform;
     BatteryRecord record;
-    // Released in the opposite order: the file, the detail block, the set.
+    // Released in reverse order: the file, the detail block, the set.
     const OwnedDeviceInfoSet set(
         SetupDiGetClassDevsW(BatteryDeviceClass, device_interface::PresentInterfaces));
     if (!set) {
@@ -94,7 +94,7 @@ BatteryRecord AskFirstBattery() {
     const OwnedFile battery(CreateFileW(PathOf(detail).c_str(), access::GenericReadWrite, share::ReadWrite,
                                         OpenExisting, FileAttributeNormal));
     if (battery) {
-        AskBattery(battery.Get(), record);
+        ReadBattery(battery.Get(), record);
     }
     return record;
 }
@@ -102,20 +102,20 @@ BatteryRecord AskFirstBattery() {
 } // namespace
 
 BatteryRecord ReadBatteryDevice() {
-    return OrWithoutMemory(BatteryRecord{}, AskFirstBattery);
+    return OnOutOfMemory(BatteryRecord{}, ReadFirstBattery);
 }
 
 std::uint32_t RoundedPercentage(std::uint32_t capacity, std::uint32_t fullChargedCapacity) {
-    constexpr float Beyond32Bits = 4294967296.0F;
+    constexpr float Above32Bits = 4294967296.0F;
     constexpr std::uint32_t LargestMultipleOfTen = 4294967290;
     if (fullChargedCapacity == 0) {
         return 0;
     }
     const float quotient = static_cast<float>(capacity) / static_cast<float>(fullChargedCapacity) * 100.0F;
-    if (quotient >= Beyond32Bits) {
+    if (quotient >= Above32Bits) {
         return LargestMultipleOfTen;
     }
-    // Rounding up cannot overflow: the floats next below the bound lie 256 apart.
+    // Rounding up cannot overflow: the next smaller float is 256 below the bound.
     const auto percent = static_cast<std::uint32_t>(quotient);
     const std::uint32_t rest = percent % 10;
     return rest < 5 ? percent - rest : percent + (10 - rest);

@@ -1,4 +1,5 @@
 // The processor and power exports.
+#include "ec/ec_identity.h"
 #include "frame/session.h"
 #include "platform/system_power.h"
 #include "platform/time.h"
@@ -11,7 +12,7 @@
 namespace sondrel {
 namespace {
 
-/// Four words in the order in which CPUID gives its registers.
+/// The registers in CPUID's order.
 struct CpuIdWords {
     std::uint32_t eax;
     std::uint32_t ebx;
@@ -19,7 +20,7 @@ struct CpuIdWords {
     std::uint32_t edx;
 };
 
-/// The CPUID request: the leaf, then nothing, then a mark. Byte by byte, since 21 is no size of a structure.
+/// The IOCTL's input is the leaf, 16 unused bytes and a mark. 21 bytes are not the size of a structure.
 CpuIdWords CpuId(std::uint32_t leaf) {
     constexpr std::size_t MarkOffset = 20;
     std::array<std::byte, MarkOffset + 1> request{};
@@ -33,7 +34,7 @@ CpuIdWords CpuId(std::uint32_t leaf) {
 constexpr std::uint8_t IsIntel = 1;
 constexpr std::uint8_t IsNotIntel = 2;
 
-/// Whether the processor calls itself "GenuineIntel": only then does the driver have power values.
+/// The driver has power values only for processors with the vendor string "GenuineIntel".
 std::uint8_t IsGenuineIntelCpu() {
     if (SessionOpen == 0) {
         return IsNotIntel;
@@ -43,30 +44,30 @@ std::uint8_t IsGenuineIntelCpu() {
     return genuine ? IsIntel : IsNotIntel;
 }
 
-/// What the driver gets and answers in place.
+/// Input and output of the driver, in one buffer.
 struct PowerLimits {
     std::uint32_t revisionCode;
     std::uint32_t limit1;
     std::uint32_t limit2;
 };
 
-/// The driver keeps its limits by firmware revision code, and gets the code whatever it is.
+/// The driver selects the limits by firmware revision code. The code is sent unchecked, also EcReadFailed.
 PowerLimits ReadPowerLimits(std::uint32_t request) {
     if (IsGenuineIntelCpu() != IsIntel) {
         return {};
     }
-    PowerLimits limits{.revisionCode = EC_ReadEcFwRev(), .limit1 = 0, .limit2 = 0};
+    PowerLimits limits{.revisionCode = ReadEcFirmwareRevision(), .limit1 = 0, .limit2 = 0};
     const std::span wire = std::as_writable_bytes(std::span(&limits, 1));
     DriverExchange(request, wire, wire);
     return limits;
 }
 
-/// The difference of two counters, negative where they ran backwards.
+/// The difference of two counters, negative if they went backwards.
 float Elapsed(std::uint64_t first, std::uint64_t second) {
     return static_cast<float>(static_cast<std::int64_t>(second - first));
 }
 
-/// The idle share of the time between two samples. Kernel time includes idle time.
+/// The idle fraction of the time between two samples. Kernel time includes idle time.
 float IdleRatio(const platform::SystemTimes& first, const platform::SystemTimes& second) {
     const float total = Elapsed(first.user + first.kernel, second.user + second.kernel);
     return total == 0 ? 0.0F : Elapsed(first.idle, second.idle) / total;

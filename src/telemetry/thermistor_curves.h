@@ -1,4 +1,4 @@
-// The two thermistor curves: from a sensor's count to degrees Celsius.
+// The two thermistor curves, from a sensor's count to degrees Celsius.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace sondrel {
 
-/// Counts by temperature, one entry for each degree from `firstDegrees` on. The count never rises.
+/// The count at each degree from `firstDegrees` on. It never rises with the temperature.
 struct ThermistorCurve {
     std::uint32_t firstDegrees;
     std::span<const std::uint8_t> counts;
@@ -43,8 +43,8 @@ static_assert(std::size(ThermistorCounts1) == 60 && std::size(ThermistorCounts2)
 static_assert(std::ranges::is_sorted(ThermistorCounts1, std::greater<>{}));
 static_assert(std::ranges::is_sorted(ThermistorCounts2, std::greater<>{}));
 
-/// The temperature of the last entry before the first whose count is below `raw`; the ends of the curve bound
-/// the result. Of entries with the same count the hottest one wins.
+/// The temperature of the last entry before the first one with a count below `raw`, limited to the ends of the
+/// curve. Of entries with the same count the hottest one wins.
 constexpr std::uint32_t DegreesOf(const ThermistorCurve& curve, std::uint32_t raw) {
     std::uint32_t entry = 0;
     while (entry + 1 < curve.counts.size() && curve.counts[entry + 1] >= raw) {

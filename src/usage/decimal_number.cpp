@@ -18,8 +18,8 @@ constexpr bool BelongsToNumber(char16_t unit) {
     return IsDigit(unit) || unit == u'.' || unit == u'e' || unit == u'E' || unit == u'+' || unit == u'-';
 }
 
-/// What a number that no double holds comes to. Its size is the place of its first digit other than 0, counted
-/// from the point, together with its exponent.
+/// Infinity or 0 for a number outside the range of double. Its magnitude is its exponent and the position of its
+/// first digit other than 0, counted from the point.
 double OutOfRange(std::string_view number) {
     const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
     const std::string_view mantissa = number.substr(0, mantissaEnd);

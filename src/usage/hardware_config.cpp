@@ -1,4 +1,4 @@
-// Two settings of the machine: brightness and volume.
+// The JSON document of two settings: brightness and volume.
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "system/system_readings.h"
@@ -11,13 +11,13 @@
 namespace sondrel {
 namespace {
 
-/// The brightness of the last display that tells one, in decimal. Empty when none does or a step failed.
+/// The brightness of the last display that reports one, in decimal. Empty if none does or a step failed.
 std::u16string ReadWMIBrightness(std::u16string nameSpace, std::u16string query, std::uint8_t initCom) {
     std::u16string brightness;
     WalkWmiQuery(WmiReader::Brightness, nameSpace, query, initCom, [&](platform::WbemObject row) {
         const platform::WmiValue value = ReadWmiProperty(row, u"CurrentBrightness");
         if (NumberOf(value)) {
-            brightness = NumberTextOf(value);
+            brightness = NumberStringOf(value);
         }
     });
     return brightness;

@@ -6,6 +6,7 @@
 #include "platform/processes.h"
 #include "platform/system_power.h"
 #include "platform/time.h"
+#include "vesk_sondrel.h"
 
 #include <optional>
 #include <string_view>
@@ -15,20 +16,19 @@ namespace {
 
 using platform::Window;
 
-constexpr std::int32_t MostListed = 5;
+constexpr std::int32_t MaxListed = 5;
 constexpr std::uint32_t SampleMilliseconds = 1000;
 constexpr std::u16string_view FrameHost = u"ApplicationFrameHost.exe";
 
-/// Whether a window is the one that its root owner is shown by: the root owner itself, as long as no popup of
-/// its has taken over.
-bool StandsForItsOwner(Window window) {
-    // Popups that name each other in a circle would be followed for good.
-    constexpr unsigned LongestChain = 1000;
+/// Whether a window represents its root owner: it is the root owner, and no popup of it is active instead.
+bool RepresentsItsOwner(Window window) {
+    // Popups that refer to each other in a circle would be followed forever.
+    constexpr unsigned MaxChain = 1000;
     Window walk = platform::GetAncestor(window, platform::RootOwner);
     if (walk == Window::None) {
         return false;
     }
-    for (unsigned step = 0; step < LongestChain; ++step) {
+    for (unsigned step = 0; step < MaxChain; ++step) {
         const Window previous = walk;
         walk = platform::GetLastActivePopup(previous);
         if (walk == previous || platform::IsWindowVisible(walk)) {
@@ -45,16 +45,16 @@ bool HasVisibleTitleBar(Window window) {
     return (info.states[0] & platform::StateInvisible) == 0;
 }
 
-/// The tests that need nothing but the window, in their order.
+/// The tests that need only the window, in their order.
 bool IsApplicationWindow(Window window) {
     const std::uint32_t titleLength = platform::GetWindowTextLengthW(window);
     return platform::IsWindowEnabled(window) && platform::IsWindow(window) &&
-           platform::IsWindowVisible(window) && StandsForItsOwner(window) && HasVisibleTitleBar(window) &&
+           platform::IsWindowVisible(window) && RepresentsItsOwner(window) && HasVisibleTitleBar(window) &&
            (platform::GetWindowLongW(window, platform::ExtendedStyle) & platform::ToolWindow) == 0 &&
            titleLength != 0;
 }
 
-/// Nothing when it cannot be read.
+/// Nothing if it cannot be read.
 using ProcessorTime = std::optional<std::uint64_t>;
 
 ProcessorTime TimeOfAll() {
@@ -62,7 +62,7 @@ ProcessorTime TimeOfAll() {
     if (!platform::GetSystemTimes(times)) {
         return std::nullopt;
     }
-    return times.kernel + times.user; // the kernel time holds the idle time
+    return times.kernel + times.user; // kernel time includes idle time
 }
 
 ProcessorTime TimeOf(platform::Handle process) {
@@ -73,13 +73,13 @@ ProcessorTime TimeOf(platform::Handle process) {
     return times.kernel + times.user;
 }
 
-/// A time that could not be read on one of its ends counts as one that did not move.
+/// 0 if the time could not be read before or after.
 std::uint64_t Growth(ProcessorTime before, ProcessorTime after) {
     return before && after ? *after - *before : 0;
 }
 
-/// The share of all processors that a process takes over one second, in per cent; nothing when the process
-/// cannot be opened, in which case nothing is waited for.
+/// The share of all processor time that a process uses in one second, in per cent. If the process cannot be
+/// opened, nothing is returned and the call does not wait.
 std::optional<float> SampleCpuUsage(std::uint32_t processId) {
     const platform::OwnedProcess process(platform::OpenProcess(platform::access::ProcessAll, processId));
     if (!process) {
@@ -96,8 +96,8 @@ std::optional<float> SampleCpuUsage(std::uint32_t processId) {
     return static_cast<float>(static_cast<double>(own) * 100.0 / static_cast<double>(all));
 }
 
-/// Sets the working set in kilobytes. False when the process is open but does not tell it, which drops the
-/// record; a process that cannot be opened keeps its record and the number in it.
+/// Reads the working set in kilobytes. False if the process can be opened but the query fails: the record is
+/// dropped then. If it cannot be opened, the number is unchanged.
 bool ReadMemUsage(std::uint32_t processId, std::int32_t& memUsage) {
     const platform::OwnedProcess process(platform::OpenProcess(platform::access::ProcessAll, processId));
     if (!process) {
@@ -145,7 +145,7 @@ void EnumOpenWindowProc(Window window, OpenWindowWalk& walk) {
     const std::int32_t position = ++walk.WindowZOrderCounter;
     record.zOrder = DecimalText(position);
     record.isFocused = position == 1 ? u"1" : u"0";
-    if (position > MostListed) {
+    if (position > MaxListed) {
         return;
     }
     record.cpuUsage = SampleCpuUsage(processId).value_or(record.cpuUsage);

@@ -1,4 +1,4 @@
-// The busiest and the largest processes, from the formatted performance counters.
+// The busiest and the largest processes, from WMI's formatted performance counters.
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/text.h"
@@ -20,12 +20,12 @@ using Record = OpenWindowRecord;
 
 constexpr const char16_t* Query = u"SELECT * FROM Win32_PerfFormattedData_PerfProc_Process";
 
-/// What tells the two lists apart.
+/// The differences between the two lists.
 struct UsageList {
     WmiReader reader;
     std::size_t limit;
-    bool (*weighs)(const Record& record);                    // more than nothing: belongs on the list
-    bool (*before)(const Record& left, const Record& right); // weighs more
+    bool (*isListed)(const Record& record);                  // its key is above 0
+    bool (*before)(const Record& left, const Record& right); // its key is larger
 };
 
 constexpr UsageList CpuList{WmiReader::CpuUsage, 5, [](const Record& record) { return record.cpuUsage > 0; },
@@ -38,40 +38,39 @@ constexpr UsageList MemList{WmiReader::MemUsage, 10, [](const Record& record) { 
                                 return left.memUsage > right.memUsage;
                             }};
 
-/// The counter counts all processors together; the divisor is fixed, however many there are.
+/// The counter is the sum over all processors. The divisor is fixed, not the number of processors.
 float CpuUsageOf(const std::u16string& percentProcessorTime) {
     const auto percent = static_cast<float>(WideToDouble(percentProcessorTime));
     return static_cast<float>(static_cast<double>(percent) / 10.0);
 }
 
-/// Nothing for the idle process and for the sum of all, whose process id is 0.
+/// Nothing for the idle process and the total of all processes, whose process id is 0.
 std::optional<Record> ReadRecord(platform::WbemObject row) {
     Record record;
-    record.processName = TextUpToZeroOf(ReadWmiProperty(row, u"Name"));
+    record.processName = StringUpToZeroOf(ReadWmiProperty(row, u"Name"));
     const std::int32_t processId = NumberOf(ReadWmiProperty(row, u"IDProcess")).value_or(0);
-    record.cpuUsage = CpuUsageOf(TextUpToZeroOf(ReadWmiProperty(row, u"PercentProcessorTime")));
-    record.memUsage = WideToInt32(TextUpToZeroOf(ReadWmiProperty(row, u"WorkingSet"))) / 1024;
+    record.cpuUsage = CpuUsageOf(StringUpToZeroOf(ReadWmiProperty(row, u"PercentProcessorTime")));
+    record.memUsage = WideToInt32(StringUpToZeroOf(ReadWmiProperty(row, u"WorkingSet"))) / 1024;
     return processId != 0 ? std::optional(std::move(record)) : std::nullopt;
 }
 
-std::u16string RecordText(const Record& record) {
+std::u16string RecordJson(const Record& record) {
     return u"{\"process_name\":\"" + record.processName + u"\",\"cpu_usage\":\"" +
            CpuUsageText(record.cpuUsage) + u"\",\"mem_usage\":\"" + DecimalText(record.memUsage) + u"\"}";
 }
 
-/// Keeps a record in place of the one that weighs least, once there are as many as can be listed: of all processes
-/// of the machine only a handful is ever held.
-void Offer(Record record, std::vector<Record>& heaviest, const UsageList& list) {
-    if (!list.weighs(record)) {
+/// Adds a record; in a full list it replaces the smallest one. Only as many records as can be listed are held.
+void Add(Record record, std::vector<Record>& largest, const UsageList& list) {
+    if (!list.isListed(record)) {
         return;
     }
-    if (heaviest.size() < list.limit) {
-        heaviest.push_back(std::move(record));
+    if (largest.size() < list.limit) {
+        largest.push_back(std::move(record));
         return;
     }
-    const auto lightest = std::ranges::max_element(heaviest, list.before);
-    if (list.before(record, *lightest)) {
-        *lightest = std::move(record);
+    const auto smallest = std::ranges::max_element(largest, list.before);
+    if (list.before(record, *smallest)) {
+        *smallest = std::move(record);
     }
 }
 
@@ -82,20 +81,20 @@ std::u16string Document(std::vector<Record> records, const UsageList& list) {
         if (&record != records.data()) {
             document += u',';
         }
-        document += RecordText(record);
+        document += RecordJson(record);
     }
     return document + u']';
 }
 
 std::u16string ReadUsage(const UsageList& list, const std::u16string& nameSpace, const std::u16string& query,
                          std::uint8_t initCom) {
-    std::vector<Record> heaviest;
+    std::vector<Record> largest;
     const bool read = WalkWmiQuery(list.reader, nameSpace, query, initCom, [&](platform::WbemObject row) {
         if (auto record = ReadRecord(row)) {
-            Offer(std::move(*record), heaviest, list);
+            Add(std::move(*record), largest, list);
         }
     });
-    return read ? Document(std::move(heaviest), list) : std::u16string();
+    return read ? Document(std::move(largest), list) : std::u16string();
 }
 
 std::u16string ReadWMICpuUsage(std::u16string nameSpace, std::u16string query, std::uint8_t initCom) {

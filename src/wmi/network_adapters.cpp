@@ -1,4 +1,4 @@
-// The two exports that tie Wi-Fi adapters to the network classes of WMI.
+// The two exports that find Wi-Fi adapters in the network classes of WMI.
 #include "platform/network_adapters.h"
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
@@ -18,11 +18,10 @@ namespace {
 
 using Adapters = std::vector<platform::NetworkAdapter>;
 
-constexpr std::uint32_t OneAdapter = 704; // bytes of one record
-constexpr std::size_t CardNameRoom = 150; // characters of the card's name that count
+constexpr std::uint32_t OneAdapter = 704;      // bytes of one record
+constexpr std::size_t MaxCardNameLength = 150; // further characters are ignored
 
-/// The system's adapters, or nothing when they cannot be had. The list may grow between the two questions; then
-/// it counts as one that cannot be had.
+/// The system's adapters, or nothing on failure. A list that grows between the two calls is a failure.
 std::optional<Adapters> ReadAdapters() {
     Adapters adapters;
     std::uint32_t size = OneAdapter;
@@ -36,7 +35,7 @@ std::optional<Adapters> ReadAdapters() {
     return adapters;
 }
 
-/// The adapter's name in WMI, which knows it by its index; empty where it has no row.
+/// The adapter's name in WMI, found by the interface index; empty if there is no row.
 std::u16string WmiNameOf(const platform::NetworkAdapter& adapter, std::uint8_t initCom) {
     return ReadWMIPropStr(u"ROOT\\CIMV2",
                           u"select * from win32_NetworkAdapter where physicalAdapter='true'"
@@ -64,7 +63,7 @@ std::u16string WirelessNames(const Adapters& adapters, std::uint8_t initCom) {
 using namespace sondrel;
 
 void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
-    const auto adapters = OrWithoutMemory(std::optional<Adapters>(), ReadAdapters);
+    const auto adapters = OnOutOfMemory(std::optional<Adapters>(), ReadAdapters);
     if (adapters) {
         AnswerWith(out, [&] { return WirelessNames(*adapters, initCom); });
     }
@@ -73,7 +72,7 @@ void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
 void WMIGetWiFiBytesPersec(VeskChar16* out, uint8_t initCom) {
     TraceLine("WMIGetWiFiBytesPersec Start");
     AnswerWith(out, [=] {
-        const std::size_t nameLength = std::min(WiFiCardName().size(), CardNameRoom);
+        const std::size_t nameLength = std::min(WiFiCardName().size(), MaxCardNameLength);
         return ReadWMIPropStr2(
             u"ROOT\\CIMV2", u"SELECT * FROM Win32_PerfFormattedData_Tcpip_Networkinterface",
             std::array<std::u16string, 2>{u"BytesReceivedPersec", u"BytesSentPersec"}, initCom, nameLength);

@@ -1,4 +1,4 @@
-// The operating system in one line: caption, processor width, version.
+// The operating system in one line: caption, architecture, version.
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "platform/system_information.h"
@@ -14,8 +14,8 @@ std::u16string ReadOsProperty(const char16_t* property, std::uint8_t initCom) {
     return ReadWMIPropStr(u"ROOT\\CIMV2", u"select * from Win32_OperatingSystem", property, initCom);
 }
 
-/// "10.0.19041"; all three numbers are 0 where the system does not tell them.
-std::u16string OsVersionText() {
+/// "10.0.19041"; the numbers are 0 if RtlGetVersion is missing.
+std::u16string OsVersionString() {
     platform::OsVersion version{.infoSize = platform::OsVersionInfoExSize};
     platform::RtlGetVersion(version);
     std::string text = std::to_string(static_cast<std::int32_t>(version.major));
@@ -29,11 +29,11 @@ std::u16string OsVersionText() {
 std::u16string DescribeOs(std::uint8_t initCom) {
     const std::u16string caption = ReadOsProperty(u"Caption", initCom);
     const std::u16string architecture = ReadOsProperty(u"OSArchitecture", initCom);
-    // A bare version says nothing about which system it is.
+    // A version alone does not say which system it is.
     if (caption.empty() && architecture.empty()) {
         return {};
     }
-    return caption + u' ' + architecture + u' ' + OsVersionText();
+    return caption + u' ' + architecture + u' ' + OsVersionString();
 }
 
 } // namespace

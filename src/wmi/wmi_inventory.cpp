@@ -1,4 +1,4 @@
-// The inventory: one export per question, one row per export.
+// The inventory: one WMI query for each export, one row for each export.
 #include "frame/diagnostics.h"
 #include "frame/host_buffer.h"
 #include "frame/memory_guard.h"
@@ -15,32 +15,32 @@ constexpr const char16_t* Cimv2 = u"ROOT\\CIMV2";
 constexpr const char16_t* Wmi = u"ROOT\\WMI";
 constexpr const char16_t* Storage = u"root\\Microsoft\\Windows\\Storage";
 
-/// Where one reading comes from. Most have one property.
-struct Reading {
+/// The source of one export. Most read one property.
+struct Source {
     const char16_t* nameSpace;
     const char16_t* query;
     const char16_t* properties[3];
 };
 
-std::u16string Text(const Reading& reading, std::uint8_t initCom) {
-    return ReadWMIPropStr(reading.nameSpace, reading.query, reading.properties[0], initCom);
+std::u16string Text(const Source& source, std::uint8_t initCom) {
+    return ReadWMIPropStr(source.nameSpace, source.query, source.properties[0], initCom);
 }
 
-/// The day of a WMI date: "20211231000000.000000+000" gives "20211231".
-std::u16string Day(const Reading& reading, std::uint8_t initCom) {
-    return Text(reading, initCom).substr(0, 8);
+/// The day of a WMI date: "20211231" of "20211231000000.000000+000".
+std::u16string Day(const Source& source, std::uint8_t initCom) {
+    return Text(source, initCom).substr(0, 8);
 }
 
-/// Model, size and kind of every disk; the kind is a number.
-std::u16string Disks(const Reading& reading, std::uint8_t initCom) {
-    return ReadWMIPropStr2(reading.nameSpace, reading.query,
-                           {reading.properties[0], reading.properties[1], reading.properties[2]}, {0, 0, 1},
+/// Model, size and media type of every disk; the type is a number.
+std::u16string Disks(const Source& source, std::uint8_t initCom) {
+    return ReadWMIPropStr2(source.nameSpace, source.query,
+                           {source.properties[0], source.properties[1], source.properties[2]}, {0, 0, 1},
                            initCom);
 }
 
-std::u16string_view Chassis(const Reading& reading, std::uint8_t initCom) {
-    const std::int32_t type = OrWithoutMemory(
-        -1, [&] { return ReadWMIProp(reading.nameSpace, reading.query, reading.properties[0], initCom, 1); });
+std::u16string_view Chassis(const Source& source, std::uint8_t initCom) {
+    const std::int32_t type = OnOutOfMemory(
+        -1, [&] { return ReadWMIProp(source.nameSpace, source.query, source.properties[0], initCom, 1); });
     switch (type) {
     case 3:
         return u"Desktop";
@@ -56,15 +56,15 @@ std::u16string_view Chassis(const Reading& reading, std::uint8_t initCom) {
     }
 }
 
-std::int32_t Number(const Reading& reading, std::uint8_t initCom) {
-    return ReadWMIProp(reading.nameSpace, reading.query, reading.properties[0], initCom, 0);
+std::int32_t Number(const Source& source, std::uint8_t initCom) {
+    return ReadWMIProp(source.nameSpace, source.query, source.properties[0], initCom, 0);
 }
 
-std::int32_t Count(const Reading& reading, std::uint8_t initCom) {
-    return ReadWMIEnumNum(reading.nameSpace, reading.query, initCom);
+std::int32_t Count(const Source& source, std::uint8_t initCom) {
+    return ReadWMIEnumNum(source.nameSpace, source.query, initCom);
 }
 
-// X(export, what is made of the rows, last word of the closing debug line, namespace, query, properties...)
+// X(export, function, last word of the closing debug line, namespace, query, properties...)
 #define VESK_WMI_TEXTS(X)                                                                                    \
     X(WMIGet90Number, Text, "End", Cimv2, u"select * from win32_ComputerSystem", u"OEMStringArray")          \
     X(WMIGetBiosManufacture, Text, "End", Cimv2, u"select * from Win32_Baseboard", u"Manufacturer")          \
@@ -95,7 +95,7 @@ std::int32_t Count(const Reading& reading, std::uint8_t initCom) {
     X(WMIGetSystemChassisTypes, Chassis, "End", Cimv2, u"select * from Win32_SystemEnclosure",               \
       u"ChassisTypes")
 
-// The same without the closing word: these write both debug lines before they read.
+// The same without the closing word: these exports write both debug lines before the query.
 #define VESK_WMI_NUMBERS(X)                                                                                  \
     X(WMIGetCPUUsg, Number, Cimv2, u"select * from Win32_Processor", u"LoadPercentage")                      \
     X(WMIGetExternMonitorNum, Count, Wmi,                                                                    \
@@ -110,8 +110,8 @@ using namespace sondrel;
 #define VESK_DEFINE_TEXT(name, make, closing, nameSpace, query, ...)                                         \
     void name(VeskChar16* out, uint8_t initCom) {                                                            \
         TraceLine(#name " Start");                                                                           \
-        constexpr Reading Source{nameSpace, query, {__VA_ARGS__}};                                           \
-        AnswerWith(out, [=] { return make(Source, initCom); });                                              \
+        constexpr Source Read{nameSpace, query, {__VA_ARGS__}};                                              \
+        AnswerWith(out, [=] { return make(Read, initCom); });                                                \
         TraceLine(#name " " closing);                                                                        \
     }
 VESK_WMI_TEXTS(VESK_DEFINE_TEXT)
@@ -120,8 +120,8 @@ VESK_WMI_TEXTS(VESK_DEFINE_TEXT)
     int32_t name(uint8_t initCom) {                                                                          \
         TraceLine(#name " Start");                                                                           \
         TraceLine(#name " End");                                                                             \
-        constexpr Reading Source{nameSpace, query, {property}};                                              \
-        return OrWithoutMemory(-1, [=] { return make(Source, initCom); });                                   \
+        constexpr Source Read{nameSpace, query, {property}};                                                 \
+        return OnOutOfMemory(-1, [=] { return make(Read, initCom); });                                       \
     }
 VESK_WMI_NUMBERS(VESK_DEFINE_NUMBER)
 

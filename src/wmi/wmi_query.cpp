@@ -14,16 +14,16 @@ using platform::HResult;
 
 namespace {
 
-/// The steps that can fail, in their order. The messages count a second step that is not taken any more.
+/// The steps that can fail, in their order. The messages count a step 2 that does not exist.
 enum class Step : std::uint8_t { Apartment, Locator, Connection, Blanket, Query };
 
 enum class DebugLine : std::uint8_t {
-    Usual, // tag in front, status behind, written before anything is released
-    Bare,  // neither, written after the release
+    Usual, // with the tag and the status, written before the objects are released
+    Bare,  // without them, written after the release
 };
 
-/// What a failed step writes. The event entry has the tag in front and the status behind.
-struct StepTexts {
+/// The messages of a failed step. The event has the tag before it and the status after it.
+struct StepMessages {
     std::string_view event;
     std::string_view debug = event;
     DebugLine form = DebugLine::Usual;
@@ -37,12 +37,12 @@ constexpr std::string_view NoQuery = "Step6 Query for operating system name fail
 constexpr std::string_view NoQueryTwoBlanks =
     "Step6 Query for operating system name failed.  Error code = 0x";
 
-constexpr StepTexts UsualSteps[] = {{NoApartment}, {NoLocator}, {NoConnection}, {NoBlanket}, {NoQuery}};
+constexpr StepMessages UsualSteps[] = {{NoApartment}, {NoLocator}, {NoConnection}, {NoBlanket}, {NoQuery}};
 
-constexpr StepTexts TwoBlanksSteps[] = {
+constexpr StepMessages TwoBlanksSteps[] = {
     {NoApartment}, {NoLocator}, {NoConnection}, {NoBlanket}, {NoQueryTwoBlanks, NoQuery}};
 
-constexpr StepTexts PropStr2Steps[] = {
+constexpr StepMessages PropStr2Steps[] = {
     {NoApartment},
     {NoLocator},
     {"Could not connect. Error code = 0x", "Step4 ReadWMIPropStr2 Could not connect. Error code = 0x",
@@ -55,15 +55,15 @@ constexpr StepTexts PropStr2Steps[] = {
 
 enum class Logs : std::uint8_t { DebugOnly, EventAndDebug };
 
-struct ReaderTexts {
+struct ReaderMessages {
     std::string_view tag;
     Logs logs;
-    std::span<const StepTexts> steps;
+    std::span<const StepMessages> steps;
     std::string_view leaving; // before the apartment is left
 };
 
 /// In the order of WmiReader.
-constexpr ReaderTexts Readers[] = {
+constexpr ReaderMessages Readers[] = {
     {"[ReadWMIEnumNum] ", Logs::DebugOnly, UsualSteps, "Step7 Do CoUninitialize()"},
     {"[ReadWMIProp] ", Logs::EventAndDebug, UsualSteps, "Step7 Do CoUninitialize()"},
     {"[ReadWMIPropStr] ", Logs::EventAndDebug, TwoBlanksSteps, "Step7 Do CoUninitialize()"},
@@ -87,7 +87,7 @@ struct Connection {
     platform::OwnedServices services;
     platform::OwnedEnumerator rows;
 
-    /// The one order of release, after success and after every failure.
+    /// The order of release is part of the contract, after success and after every failure.
     void Release() {
         services.Reset();
         locator.Reset();
@@ -122,7 +122,7 @@ std::optional<FailedStep> Connect(const std::u16string& nameSpace, const std::u1
     return std::nullopt;
 }
 
-/// The status of Next is not looked at, only whether a row came.
+/// Only the count of rows ends the walk; the status of Next is ignored.
 void WalkRows(platform::WbemEnumerator rows, const WmiRowHandler& handleRow) {
     for (;;) {
         platform::OwnedObject row;
@@ -135,18 +135,18 @@ void WalkRows(platform::WbemEnumerator rows, const WmiRowHandler& handleRow) {
     }
 }
 
-void LogFailure(const ReaderTexts& reader, FailedStep failed, Connection& connection) {
-    const StepTexts& texts = reader.steps[static_cast<std::size_t>(failed.step)];
+void LogFailure(const ReaderMessages& reader, FailedStep failed, Connection& connection) {
+    const StepMessages& messages = reader.steps[static_cast<std::size_t>(failed.step)];
     const std::string code = HexText(static_cast<std::uint32_t>(failed.status));
     if (reader.logs == Logs::EventAndDebug) {
-        ReportWmiWarning(std::string(reader.tag).append(texts.event) + code);
+        ReportWmiWarning(std::string(reader.tag).append(messages.event) + code);
     }
-    if (texts.form == DebugLine::Usual) {
-        TraceLine(std::string(reader.tag).append(texts.debug) + code);
+    if (messages.form == DebugLine::Usual) {
+        TraceLine(std::string(reader.tag).append(messages.debug) + code);
         connection.Release();
     } else {
         connection.Release();
-        TraceLine(std::string(texts.debug));
+        TraceLine(std::string(messages.debug));
     }
 }
 
@@ -172,25 +172,25 @@ void ReportWmiWarning(const std::string& message) {
 
 bool WalkWmiQuery(WmiReader reader, const std::u16string& nameSpace, const std::u16string& query,
                   std::uint8_t initCom, const WmiRowHandler& handleRow) {
-    const ReaderTexts& texts = Readers[static_cast<std::size_t>(reader)];
+    const ReaderMessages& messages = Readers[static_cast<std::size_t>(reader)];
     platform::OwnedApartment apartment;
     Connection connection;
     if (initCom != 0) {
         if (const HResult status = platform::CoInitializeEx(platform::apartment::Multithreaded);
             Failed(status)) {
-            LogFailure(texts, {Step::Apartment, status}, connection);
+            LogFailure(messages, {Step::Apartment, status}, connection);
             return false;
         }
         apartment.Reset(platform::Apartment::Entered);
     }
     if (const auto failed = Connect(nameSpace, query, connection)) {
-        LogFailure(texts, *failed, connection);
+        LogFailure(messages, *failed, connection);
         return false;
     }
     WalkRows(connection.rows.Get(), handleRow);
     connection.Release();
     if (apartment) {
-        TraceLine(std::string(texts.tag).append(texts.leaving));
+        TraceLine(std::string(messages.tag).append(messages.leaving));
     }
     return true;
 }

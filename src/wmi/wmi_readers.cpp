@@ -15,10 +15,10 @@ using platform::WmiValue;
 namespace {
 
 constexpr std::u16string_view OemStringArray = u"OEMStringArray";
-constexpr std::size_t OemStringPlace = 4;
+constexpr std::size_t OemStringIndex = 4;
 
-/// Values with ";" between them; the first is taken over without a copy.
-class JoinedTexts {
+/// Values joined by ";". The first is moved, not copied.
+class JoinedStrings {
 public:
     void Add(std::u16string text) {
         if (std::exchange(m_any, true)) {
@@ -38,7 +38,7 @@ private:
     bool m_any = false;
 };
 
-void ReportEmptyText(const std::u16string& property) {
+void ReportEmptyString(const std::u16string& property) {
     const std::string message =
         "[ReadWMIPropStr] SysStringLen(temp) == 0 , propname = " + WideToUtf8Bounded(property);
     ReportWmiWarning(message);
@@ -50,9 +50,9 @@ std::u16string ReadOemString(const std::u16string& nameSpace, const std::u16stri
     std::u16string result;
     WalkWmiQuery(WmiReader::PropStr, nameSpace, query, initCom, [&](WbemObject row) {
         WmiValue value = ReadWmiProperty(row, property.c_str());
-        if (auto* texts = std::get_if<std::vector<std::u16string>>(&value);
-            texts != nullptr && texts->size() > OemStringPlace) {
-            result = std::move((*texts)[OemStringPlace]);
+        if (auto* strings = std::get_if<std::vector<std::u16string>>(&value);
+            strings != nullptr && strings->size() > OemStringIndex) {
+            result = std::move((*strings)[OemStringIndex]);
         }
     });
     return result;
@@ -81,11 +81,11 @@ std::u16string ReadWMIPropStr(std::u16string nameSpace, std::u16string query, st
     if (property == OemStringArray) {
         return ReadOemString(nameSpace, query, property, initCom);
     }
-    JoinedTexts joined;
+    JoinedStrings joined;
     WalkWmiQuery(WmiReader::PropStr, nameSpace, query, initCom, [&](WbemObject row) {
-        joined.Add(TextUpToZeroOf(ReadWmiProperty(row, property.c_str())));
+        joined.Add(StringUpToZeroOf(ReadWmiProperty(row, property.c_str())));
         if (joined.Empty()) {
-            ReportEmptyText(property);
+            ReportEmptyString(property);
         }
     });
     return joined.Take();
@@ -94,11 +94,11 @@ std::u16string ReadWMIPropStr(std::u16string nameSpace, std::u16string query, st
 std::u16string ReadWMIPropStr2(std::u16string nameSpace, std::u16string query,
                                std::array<std::u16string, 3> properties, std::array<std::int32_t, 3> isNumber,
                                std::uint8_t initCom) {
-    JoinedTexts joined;
+    JoinedStrings joined;
     WalkWmiQuery(WmiReader::PropStr2, nameSpace, query, initCom, [&](WbemObject row) {
         for (std::size_t place = 0; place < properties.size(); ++place) {
             WmiValue value = ReadWmiProperty(row, properties[place].c_str());
-            joined.Add(isNumber[place] != 0 ? NumberTextOf(value) : TextOf(std::move(value)));
+            joined.Add(isNumber[place] != 0 ? NumberStringOf(value) : StringOf(std::move(value)));
         }
     });
     return joined.Take();
@@ -111,11 +111,11 @@ std::u16string ReadWMIPropStr2(std::u16string nameSpace, std::u16string query,
     bool anyRow = false;
     WalkWmiQuery(WmiReader::PropStr2, nameSpace, query, initCom, [&](WbemObject row) {
         anyRow = true;
-        if (TextOf(ReadWmiProperty(row, u"Name")).size() != nameLength) {
+        if (StringOf(ReadWmiProperty(row, u"Name")).size() != nameLength) {
             return;
         }
         for (std::size_t place = 0; place < properties.size(); ++place) {
-            std::u16string text = TextOf(ReadWmiProperty(row, properties[place].c_str()));
+            std::u16string text = StringOf(ReadWmiProperty(row, properties[place].c_str()));
             if (text != u"0") {
                 counters[place] = std::move(text);
             }

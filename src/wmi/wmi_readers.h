@@ -1,8 +1,8 @@
-// The readers behind the inventory: how many rows, a number, a text over all rows.
+// The WMI readers: the number of rows, a number, a string over all rows.
 //
-// Each call runs one query over a connection of its own. A property that cannot be read, has no value or has
-// another type than the reader takes counts as no value: the empty text to a text reader, nothing to take to a
-// number reader.
+// Each call makes its own connection and runs one query. A property that cannot be read, has no value or has a
+// type that the reader does not take is no value: the empty string for a string reader, skipped by a number
+// reader.
 #pragma once
 
 #include <array>
@@ -12,27 +12,27 @@
 
 namespace sondrel {
 
-/// The number of rows; -1 when a step failed.
+/// The number of rows; -1 if a step failed.
 std::int32_t ReadWMIEnumNum(std::u16string nameSpace, std::u16string query, std::uint8_t initCom);
 
-/// The number in the last row that has one; with `isArray` not 0, the first element of an array. -1 when there
-/// is none or a step failed.
+/// The number in the last row that has one; with `isArray` not 0, the first element of an array. -1 if there is
+/// none or a step failed.
 std::int32_t ReadWMIProp(std::u16string nameSpace, std::u16string query, std::u16string property,
                          std::uint8_t initCom, std::uint8_t isArray);
 
-/// The texts of all rows with ";" between them. The property "OEMStringArray" gives the fifth text of its array
-/// instead, in the last row that has one. Empty when a step failed.
+/// The strings of all rows, joined by ";". For the property "OEMStringArray" the fifth string of the array, in
+/// the last row that has one. Empty if a step failed.
 std::u16string ReadWMIPropStr(std::u16string nameSpace, std::u16string query, std::u16string property,
                               std::uint8_t initCom);
 
-/// Three properties of all rows, row after row, with ";" between all values. A property whose flag in `isNumber`
-/// is not 0 is read as a number and given in decimal. Empty when a step failed.
+/// Three properties of all rows, row after row, all values joined by ";". A property whose flag in `isNumber`
+/// is not 0 is read as a number and returned in decimal. Empty if a step failed.
 std::u16string ReadWMIPropStr2(std::u16string nameSpace, std::u16string query,
                                std::array<std::u16string, 3> properties, std::array<std::int32_t, 3> isNumber,
                                std::uint8_t initCom);
 
-/// Two counters of the rows whose "Name" has `nameLength` characters: the first, ";", the second. A counter that
-/// reads "0" does not take the place of an earlier row's. Empty when there is no row or a step failed.
+/// Two counters of the rows whose "Name" has `nameLength` characters: the first, ";", the second. A counter "0"
+/// does not replace one of an earlier row. Empty if there is no row or a step failed.
 std::u16string ReadWMIPropStr2(std::u16string nameSpace, std::u16string query,
                                std::array<std::u16string, 2> properties, std::uint8_t initCom,
                                std::size_t nameLength);

@@ -34,17 +34,17 @@ std::optional<std::int32_t> FirstNumberOf(const WmiValue& value) {
     return std::nullopt;
 }
 
-std::u16string NumberTextOf(const WmiValue& value) {
+std::u16string NumberStringOf(const WmiValue& value) {
     const auto number = NumberOf(value);
     return number ? DecimalText(*number) : std::u16string();
 }
 
-std::u16string TextOf(WmiValue value) {
+std::u16string StringOf(WmiValue value) {
     auto* text = std::get_if<std::u16string>(&value);
     return text != nullptr ? std::move(*text) : std::u16string();
 }
 
-std::u16string TextUpToZeroOf(WmiValue value) {
+std::u16string StringUpToZeroOf(WmiValue value) {
     std::u16string text;
     if (const auto* codes = std::get_if<std::vector<std::int32_t>>(&value)) {
         text.resize(codes->size());

@@ -1,4 +1,4 @@
-// Reading one property, and what its value stands for.
+// Reading one property, and converting its value.
 #pragma once
 
 #include "platform/wmi.h"
@@ -9,23 +9,23 @@
 
 namespace sondrel {
 
-/// A property of a row. One that cannot be read is nothing, whatever was read before.
+/// A property of a row; no value if it cannot be read.
 platform::WmiValue ReadWmiProperty(platform::WbemObject row, const char16_t* name);
 
-/// A number; nothing when the value is none.
+/// The number; nothing if the value is not a number.
 std::optional<std::int32_t> NumberOf(const platform::WmiValue& value);
 
-/// The first element of an array of numbers or bytes; nothing when there is none.
+/// The first element of an array of numbers or bytes, if there is one.
 std::optional<std::int32_t> FirstNumberOf(const platform::WmiValue& value);
 
-/// A number in signed decimal, or the empty text.
-std::u16string NumberTextOf(const platform::WmiValue& value);
+/// The number in signed decimal, or the empty string.
+std::u16string NumberStringOf(const platform::WmiValue& value);
 
-/// A text whole, zero characters inside included. Everything else is the empty text.
-std::u16string TextOf(platform::WmiValue value);
+/// The whole string, zero characters included. Any other value is the empty string.
+std::u16string StringOf(platform::WmiValue value);
 
-/// A text up to its first zero character. An array of numbers is taken for the 16-bit codes of a text, which is
-/// how a monitor gives its name. Everything else is the empty text.
-std::u16string TextUpToZeroOf(platform::WmiValue value);
+/// The string up to its first zero character. An array of numbers is read as 16-bit character codes, which is the
+/// form of a monitor's name. Any other value is the empty string.
+std::u16string StringUpToZeroOf(platform::WmiValue value);
 
 } // namespace sondrel

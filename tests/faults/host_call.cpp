@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "heap.h"
+#include "unicode/utf.h"
 
 #include <dlfcn.h>
 
@@ -70,7 +71,7 @@ GuardedBuffer<Unit> Filled(std::size_t size, const Read& read) {
 }
 
 std::string ToUtf8(std::span<const char16_t> text) {
-    return tool::Utf8({text.data(), text.size()});
+    return unicode::Utf8FromWide({text.data(), text.size()});
 }
 
 std::string ToUtf8(std::span<const char> text) {

@@ -3,7 +3,7 @@
 #include "acpi/acpi_device.h"
 #include "acpi/eeprom_record.h"
 #include "machine/profile/profile.h"
-#include "machine/text/wide_text.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <array>
@@ -209,7 +209,7 @@ TEST(EepromRecord, RendersEveryKindLengthAndBcdByteAndKnowsTheMarks) {
             record[7] = static_cast<std::byte>(kind);
             std::u16string text = u"before";
             ASSERT_TRUE(sondrel::RenderEepromRecord(record, text));
-            ASSERT_EQ(machine::Utf8FromWide(text), Rendered(record)) << "kind " << kind << " round " << round;
+            ASSERT_EQ(unicode::Utf8FromWide(text), Rendered(record)) << "kind " << kind << " round " << round;
         }
     }
     for (const std::size_t mark : {0U, 1U}) {
@@ -233,7 +233,7 @@ TEST_F(EepromTest, ARecordIsRenderedFromRepliesOfEverySize) {
         std::copy_n(whole.begin(), std::min(size, whole.size()), record.begin());
         std::u16string text = u"before";
         ASSERT_EQ(sondrel::ReadEepromRecord(EventStore, 0xE5, text), size >= 2);
-        ASSERT_EQ(machine::Utf8FromWide(text), Rendered(record)) << size;
+        ASSERT_EQ(unicode::Utf8FromWide(text), Rendered(record)) << size;
     }
 }
 

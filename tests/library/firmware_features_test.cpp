@@ -5,7 +5,6 @@
 #include "machine/models/firmware_features.h"
 #include "machine/models/storage/file_system.h"
 #include "machine/models/trace_sink.h"
-#include "machine/text/wide_text.h"
 #include "platform/com.h"
 #include "platform/files.h"
 

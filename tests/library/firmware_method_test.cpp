@@ -2,8 +2,8 @@
 
 #include "firmware/firmware_method.h"
 #include "machine/models/trace_sink.h"
-#include "machine/text/wide_text.h"
 #include "platform/com.h"
+#include "unicode/utf.h"
 
 namespace {
 
@@ -13,12 +13,12 @@ using test::Lines;
 class FirmwareMethodTest : public test::MachineTest {
 protected:
     static std::string Dsts(const char16_t* id, std::uint8_t initCom = 1) {
-        return machine::Utf8FromWide(
+        return unicode::Utf8FromWide(
             sondrel::wmiMethod(u"DSTS", {{u"Device_ID", id}}, u"device_status", initCom));
     }
 
     static std::string Devs(const char16_t* status = u"80") {
-        return machine::Utf8FromWide(sondrel::wmiMethod(
+        return unicode::Utf8FromWide(sondrel::wmiMethod(
             u"DEVS", {{u"Device_ID", u"1179735"}, {u"Control_status", status}}, u"result", 1));
     }
 };

@@ -58,7 +58,7 @@ int PublishedRate(int streams, int width, bool shortGuard, int mcs) {
     return static_cast<int>(std::floor(megabits * 2 + 0.5 + 1e-9));
 }
 
-TEST(LinkRateTable, HoldsThePublishedRatesButForTheseRows) {
+TEST(LinkRateTable, HasThePublishedRatesExceptTheseRows) {
     std::vector<std::string> deviations;
     const auto compare = [&](const std::string& standard, int streams, int width, bool shortGuard, int mcs,
                              int rate) {
@@ -104,7 +104,7 @@ TEST(LinkRate, FindsEveryHtRate) {
     }
 }
 
-TEST(LinkRate, GoesByTheElementsInTheirOrder) {
+TEST(LinkRate, UsesTheElementsInTheirOrder) {
     struct RateCase {
         const char* why;
         int rate;
@@ -125,8 +125,8 @@ TEST(LinkRate, GoesByTheElementsInTheirOrder) {
         {"three at 80 MHz", 1170, ht40 + VhtCapabilities(0x00, 0xFFEA) + vht80},
         {"four with a short guard", 1733, ht40 + VhtCapabilities(0x20, 0xFFAA) + vht80},
         {"four, the first ones slow", 1560, ht40 + VhtCapabilities(0x00, 0xFF80) + vht80},
-        {"four streams of MCS 9 have no rate at 20 MHz: three stand", 260, VhtCapabilities(0, 0xFFAA)},
-        {"nor has a fourth that is not there", 260, VhtCapabilities(0, 0xFFEA)},
+        {"four streams of MCS 9 have no rate at 20 MHz: three count", 260, VhtCapabilities(0, 0xFFAA)},
+        {"nor has a missing fourth", 260, VhtCapabilities(0, 0xFFEA)},
         {"no first stream, whatever the others say", 0, VhtCapabilities(0, 0xFFAB)},
         {"no stream at all", 0, HtCapabilities(0, 0)},
         {"VHT decides, even with less to offer", 150,
@@ -138,7 +138,7 @@ TEST(LinkRate, GoesByTheElementsInTheirOrder) {
         {"a later 40 narrows 80", 400, vht + vht80 + HtOperation(0x06)},
         {"HT operation of 20 MHz", 65, ht20 + HtOperation(0x24)},
         {"a second operation finds no 40 any more", 867, ht40 + vht + vht80 + VhtOperation(2)},
-        {"unless it is there anew", 867, ht40 + vht + VhtOperation(2) + HtOperation(0x02) + vht80},
+        {"unless it is set again", 867, ht40 + vht + VhtOperation(2) + HtOperation(0x02) + vht80},
         {"no operation of width 0", 400, ht40 + vht + VhtOperation(0)},
         {"nor 4", 400, ht40 + vht + VhtOperation(4)},
         {"nor 255", 400, ht40 + vht + VhtOperation(255)},
@@ -160,7 +160,7 @@ TEST(LinkRate, GoesByTheElementsInTheirOrder) {
         {"VHT capabilities too short", 0, Bytes({191, 5, 0, 0, 0, 0, 0xFE})},
         {"and just long enough", 78, Bytes({191, 6, 0, 0, 0, 0, 0xFE, 0xFF})},
         {"an element of the largest length", 135, longest},
-        {"and what stands behind it", 180, longest + map},
+        {"and the element after it", 180, longest + map},
         {"cut by one byte", 0, cut},
         {"half a header at the end", 135, ht40 + Bytes({45})},
         {"an element that claims more than there is", 135, ht40 + Bytes({191, 255, 0, 0, 0, 0, 0xFE, 0xFF})},

@@ -5,9 +5,9 @@
 #include "frame/session.h"
 #include "machine/models/trace_sink.h"
 #include "machine/profile/profile.h"
-#include "machine/text/wide_text.h"
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
+#include "unicode/utf.h"
 
 #include <nlohmann/json.hpp>
 
@@ -53,7 +53,7 @@ MachineTest::MachineTest()
     StartMachine();
     machine::Traces().Attach(5);
     machine::Traces().OnEvent([this](const machine::TraceEvent& event) {
-        m_journal.push_back("debug " + machine::Utf8FromWide(event.text));
+        m_journal.push_back("debug " + unicode::Utf8FromWide(event.text));
     });
     // The process's first line registers the provider. Done here, so that the calls of a test are the same
     // whether it runs alone or behind others.
@@ -133,7 +133,7 @@ void MachineTest::Listen() {
     m_journal.clear();
     m_afterCall = {};
     TheMachine()->onLoggedEvent = [this](const machine::LoggedEvent& event) {
-        m_journal.push_back("event " + machine::Utf8FromWide(event.strings.back()));
+        m_journal.push_back("event " + unicode::Utf8FromWide(event.strings.back()));
     };
 }
 
@@ -162,7 +162,7 @@ Lines MachineTest::OpenThings() {
 Lines MachineTest::DebugLines() {
     Lines lines;
     for (const machine::TraceEvent& event : machine::Traces().Take()) {
-        lines.push_back(machine::Utf8FromWide(event.text));
+        lines.push_back(unicode::Utf8FromWide(event.text));
     }
     return lines;
 }
@@ -170,7 +170,7 @@ Lines MachineTest::DebugLines() {
 Lines MachineTest::EventLines() {
     Lines lines;
     for (const machine::LoggedEvent& event : std::exchange(TheMachine()->eventLog, {})) {
-        lines.push_back(machine::Utf8FromWide(event.strings.back()));
+        lines.push_back(unicode::Utf8FromWide(event.strings.back()));
     }
     return lines;
 }
@@ -261,7 +261,7 @@ std::string MachineTest::Text(const std::function<void(VeskChar16*)>& read) {
     const std::size_t end = buffer.find(u'\0');
     EXPECT_EQ(buffer.find_first_not_of(Filler, end == std::u16string::npos ? 0 : end + 1),
               std::u16string::npos);
-    return end == std::u16string::npos ? "untouched" : machine::Utf8FromWide(buffer.substr(0, end));
+    return end == std::u16string::npos ? "untouched" : unicode::Utf8FromWide(buffer.substr(0, end));
 }
 
 std::string MachineTest::Text(void (*read)(VeskChar16*, std::uint8_t)) {

@@ -2,8 +2,8 @@
 
 #include "apps/packages.h"
 #include "apps/resource_names.h"
-#include "machine/text/wide_text.h"
 #include "platform/com.h"
+#include "unicode/utf.h"
 
 #include <nlohmann/json.hpp>
 
@@ -44,7 +44,7 @@ protected:
     [[nodiscard]] std::string Attempts() const {
         std::string attempts;
         for (const CallRecord& call : RecordsOf(Operation::SHLoadIndirectString)) {
-            const auto source = machine::Utf8FromWide(std::get<std::u16string>(call.Input("source")->held));
+            const auto source = unicode::Utf8FromWide(std::get<std::u16string>(call.Input("source")->held));
             const std::string head = "@{" + FullName + "? ";
             EXPECT_THAT(source, AllOf(StartsWith(head), EndsWith("}")));
             attempts += source.substr(head.size(), source.size() - head.size() - 1) + ' ';

@@ -22,7 +22,7 @@ TEST(NumberText, HasTheDigitsItNeedsAndNoMore) {
     EXPECT_EQ(DecimalText(-2147483648), u"-2147483648");
 }
 
-// What Windows makes of every kind of text is asked of Windows itself, by the tests of the DLL.
+// The tests of the DLL compare every kind of string with Windows' own conversions.
 TEST(Conversions, ReplaceWhatIsIllFormedAndCutAtTheFirstZeroByte) {
     const std::string narrow = "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x94\x8B";
     EXPECT_EQ(Utf8ToWide(narrow), u"\u00E9\u20AC\U0001F50B");
@@ -38,7 +38,7 @@ TEST(Conversions, ReplaceWhatIsIllFormedAndCutAtTheFirstZeroByte) {
     EXPECT_EQ(WideToUtf8(std::u16string(u"a\0b", 3)), std::string("a\0b", 3));
 }
 
-TEST(WideToUtf8, BoundedCutsBehindTheLastWholeCharacter) {
+TEST(WideToUtf8, BoundedCutsAfterTheLastWholeCharacter) {
     EXPECT_EQ(WideToUtf8Bounded(std::u16string(1023, u'x')), std::string(1023, 'x'));
     EXPECT_EQ(WideToUtf8Bounded(std::u16string(2000, u'x')), std::string(1023, 'x'));
     EXPECT_EQ(WideToUtf8Bounded(std::u16string(1022, u'x') + u"\u00E9z"), std::string(1022, 'x'));

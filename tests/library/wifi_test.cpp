@@ -1,7 +1,6 @@
 #include "machine_fixture.h"
 
 #include "machine/profile/profile.h"
-#include "machine/text/wide_text.h"
 #include "radio/wifi_snapshot.h"
 
 #include <thread>

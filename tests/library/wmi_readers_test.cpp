@@ -2,9 +2,9 @@
 
 #include "firmware/disk_temperature.h"
 #include "machine/models/com/apartments.h"
-#include "machine/text/wide_text.h"
 #include "platform/com.h"
 #include "wmi/wmi_readers.h"
+#include "unicode/utf.h"
 
 #include <nlohmann/json.hpp>
 
@@ -336,7 +336,7 @@ TEST_F(WmiReadersTest, TheMachinesQueriesCompareByTheValuesType) {
     for (const auto& [id, texts] : queries) {
         for (const std::u16string& where : texts) {
             EXPECT_EQ(ReadWMIProp(u"\\\\.\\root\\cimv2", u"select * from c " + where, u"Id", 1, 0), id)
-                << machine::Utf8FromWide(where);
+                << unicode::Utf8FromWide(where);
         }
     }
 }

@@ -7,6 +7,7 @@
 #include <winver.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -120,13 +121,16 @@ TEST_F(ModuleTest, CarriesItsVersion) {
     VS_FIXEDFILEINFO* info = nullptr;
     UINT length = 0;
     ASSERT_TRUE(::VerQueryValueW(resource.data(), L"\\", reinterpret_cast<void**>(&info), &length));
-    EXPECT_EQ(info->dwFileVersionMS, 0x00010000u);
-    EXPECT_EQ(info->dwFileVersionLS, 0x00020000u);
-    EXPECT_EQ(info->dwProductVersionMS, 0x00010000u);
-    EXPECT_EQ(info->dwProductVersionLS, 0x00020000u);
+    unsigned version[4]{};
+    ASSERT_EQ(std::sscanf(PROJECT_VERSION, "%u.%u.%u.%u", &version[0], &version[1], &version[2], &version[3]),
+              4);
+    EXPECT_EQ(info->dwFileVersionMS, version[0] << 16 | version[1]);
+    EXPECT_EQ(info->dwFileVersionLS, version[2] << 16 | version[3]);
+    EXPECT_EQ(info->dwProductVersionMS, info->dwFileVersionMS);
+    EXPECT_EQ(info->dwProductVersionLS, info->dwFileVersionLS);
     const std::pair<const wchar_t*, const wchar_t*> texts[] = {
-        {L"FileVersion", L"1.0.2.0"},
-        {L"ProductVersion", L"1.0.2.0"},
+        {L"FileVersion", L"" PROJECT_VERSION},
+        {L"ProductVersion", L"" PROJECT_VERSION},
         {L"ProductName", L"VeskSondrel64"},
         {L"OriginalFilename", L"VeskSondrel64.dll"},
     };

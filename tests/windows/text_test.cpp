@@ -1,4 +1,4 @@
-// The library's own conversions beside those of Windows and of its C runtime.
+// The library's own conversions, compared with those of Windows and of its C runtime.
 #include "frame/text.h"
 
 #include <gtest/gtest.h>
@@ -28,20 +28,20 @@ std::string ByWindows(const std::u16string& text) {
     return narrow;
 }
 
-// Both sides of every border in UTF-8: between the kinds of bytes, and in the ranges that follow E0, ED, F0, F4.
-constexpr std::array<unsigned char, 26> TellingBytes{0x01, 0x41, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF,
-                                                     0xC0, 0xC1, 0xC2, 0xDF, 0xE0, 0xE1, 0xEC, 0xED, 0xEE,
-                                                     0xEF, 0xF0, 0xF1, 0xF3, 0xF4, 0xF5, 0xF8, 0xFF};
+// Both sides of every border in UTF-8: between the kinds of bytes, and in the ranges after E0, ED, F0 and F4.
+constexpr std::array<unsigned char, 26> BorderBytes{0x01, 0x41, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF,
+                                                    0xC0, 0xC1, 0xC2, 0xDF, 0xE0, 0xE1, 0xEC, 0xED, 0xEE,
+                                                    0xEF, 0xF0, 0xF1, 0xF3, 0xF4, 0xF5, 0xF8, 0xFF};
 
-/// Well-formed text is the same text everywhere. Of what is ill-formed Windows promises replacement characters, not
-/// how many, and Wine replaces other bytes than Windows does.
-TEST(TextTest, NarrowTextBecomesWideAsWindowsDoesIt) {
+/// A well-formed string has one conversion. For ill-formed bytes Windows documents replacement characters, but not how
+/// many, and Wine replaces other bytes than Windows.
+TEST(TextTest, ConvertsToUtf16AsWindowsDoes) {
     const auto isWhole = [](const std::u16string& text) {
         return text.find(u'\uFFFD') == std::u16string::npos;
     };
     std::string text;
     const auto compare = [&](const auto& next, std::size_t depth) -> void {
-        for (const unsigned char byte : TellingBytes) {
+        for (const unsigned char byte : BorderBytes) {
             text.push_back(static_cast<char>(byte));
             const std::u16string own = sondrel::Utf8ToWide(text);
             const std::u16string theirs = ByWindows(text);
@@ -58,12 +58,12 @@ TEST(TextTest, NarrowTextBecomesWideAsWindowsDoesIt) {
     compare(compare, 4);
 }
 
-TEST(TextTest, WideTextBecomesNarrowAsWindowsDoesIt) {
-    constexpr std::array<char16_t, 13> Telling{0x0000, 0x0001, 0x007F, 0x0080, 0x07FF, 0x0800, 0xD7FF,
-                                               0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000, 0xFFFF};
-    for (const char16_t first : Telling) {
-        for (const char16_t second : Telling) {
-            for (const char16_t third : Telling) {
+TEST(TextTest, ConvertsToUtf8AsWindowsDoes) {
+    constexpr std::array<char16_t, 13> Border{0x0000, 0x0001, 0x007F, 0x0080, 0x07FF, 0x0800, 0xD7FF,
+                                              0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000, 0xFFFF};
+    for (const char16_t first : Border) {
+        for (const char16_t second : Border) {
+            for (const char16_t third : Border) {
                 const std::u16string text{first, second, third};
                 ASSERT_EQ(sondrel::WideToUtf8(text), ByWindows(text))
                     << std::hex << +first << ' ' << +second << ' ' << +third;
@@ -72,7 +72,7 @@ TEST(TextTest, WideTextBecomesNarrowAsWindowsDoesIt) {
     }
 }
 
-TEST(TextTest, NumbersAreReadAsTheRuntimeReadsThem) {
+TEST(TextTest, ParsesNumbersAsTheRuntimeDoes) {
     std::mt19937 random(1); // the same texts in every run
     constexpr std::u16string_view Characters = u"0123456789012345678901234567890  \t\v\n+-+-xA.,";
     std::uniform_int_distribution<std::size_t> which(0, Characters.size() - 1);
@@ -87,7 +87,7 @@ TEST(TextTest, NumbersAreReadAsTheRuntimeReadsThem) {
     }
 }
 
-TEST(TextTest, BytesBecomeCharactersAsInTheRuntimesLocale) {
+TEST(TextTest, ConvertsBytesAsTheLocaleOfTheRuntimeDoes) {
     std::string text;
     for (int byte = 1; byte < 256; ++byte) {
         text.push_back(static_cast<char>(byte));

@@ -1,7 +1,7 @@
 // VARIANTs of every type that WMI may send, and of some that it should not.
 #include "safe_array.h"
 
-#include "platform/windows/variant_value.h"
+#include "platform/windows/support/variant_value.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "machine/models/storage/file_system.h"
 
 #include "machine/models/storage/machine_path.h"
-#include "machine/text/wide_text.h"
 #include "platform/device_io.h"
+#include "unicode/utf.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -182,7 +182,7 @@ void FileSystem::CreateFile(const FileProfile& file, bool onlyMissing) {
     // On the disk before the store says that it is there.
     if (!created.IsOpen() || !IsRegularFile(created.Get()) || ::ftruncate(created.Get(), 0) != 0 ||
         !WriteAll(created.Get(), file.text) || ::fsync(created.Get()) != 0) {
-        ThrowProblem(Utf8FromWide(file.path));
+        ThrowProblem(unicode::Utf8FromWide(file.path));
     }
 }
 
@@ -204,11 +204,11 @@ Descriptor FileSystem::CreateDirectories(std::span<const std::string> names) {
 
 /// The path on the host's own disk, if a program on this host has stored it or a directory above it.
 std::string FileSystem::GivenHostPath(std::u16string_view path) const {
-    const Names names = NamesOf(Utf8FromWide(path));
+    const Names names = NamesOf(unicode::Utf8FromWide(path));
     Statement given = m_store.Prepare("SELECT path FROM host_path");
     bool isGiven = false;
     while (given.Step()) {
-        isGiven |= IsWithin(names, NamesOf(Utf8FromWide(given.Text(0))));
+        isGiven |= IsWithin(names, NamesOf(unicode::Utf8FromWide(given.Text(0))));
     }
     std::string whole;
     for (const std::string& name : names) {

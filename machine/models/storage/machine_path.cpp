@@ -1,6 +1,7 @@
 #include "machine/models/storage/machine_path.h"
 
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 
@@ -24,7 +25,7 @@ std::vector<std::string> NamesOf(std::string_view path) {
 }
 
 std::vector<std::string> NamesBelowRoot(std::u16string_view path) {
-    const std::string folded = Utf8FromWide(Folded(path));
+    const std::string folded = unicode::Utf8FromWide(Folded(path));
     std::vector<std::string> names{folded.substr(0, 1)};
     for (std::string& name : NamesOf(std::string_view(folded).substr(2))) {
         if (name != "..") {

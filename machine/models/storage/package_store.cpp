@@ -1,6 +1,6 @@
 #include "machine/models/storage/package_store.h"
 
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 
 namespace machine {
 namespace {

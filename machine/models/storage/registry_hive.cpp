@@ -1,6 +1,6 @@
 #include "machine/models/storage/registry_hive.h"
 
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/registry.h"
 
 #include <algorithm>

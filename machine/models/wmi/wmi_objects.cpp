@@ -1,7 +1,8 @@
 #include "machine/models/wmi/wmi_objects.h"
 
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/wmi.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <charconv>
@@ -71,7 +72,7 @@ HResult WbemInputsObject::Put(std::u16string_view name, std::u16string_view text
     if (known == nullptr) {
         return wbem::NotFound;
     }
-    const std::string digits = Utf8FromWide(text);
+    const std::string digits = unicode::Utf8FromWide(text);
     std::uint32_t number = 0;
     const char* end = digits.data() + digits.size();
     const auto [last, problem] = std::from_chars(digits.data(), end, number);

@@ -1,6 +1,6 @@
 #include "machine/models/wmi/wmi_repository.h"
 
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 #include "platform/wmi.h"
 
 #include <algorithm>

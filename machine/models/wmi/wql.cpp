@@ -1,6 +1,6 @@
 #include "machine/models/wmi/wql.h"
 
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 
 #include <algorithm>
 

@@ -1,7 +1,6 @@
 #include "machine/profile/sections/disk_profile.h"
 
 #include "machine/profile/profile_reader.h"
-#include "machine/text/wide_text.h"
 #include "platform/registry.h"
 
 #include <nlohmann/json.hpp>

@@ -1,7 +1,7 @@
 #include "machine/profile/sections/radio_profile.h"
 
 #include "machine/profile/profile_reader.h"
-#include "machine/text/wide_text.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 
@@ -109,7 +109,7 @@ void ReadInterface(ProfileReader& reader, WifiInterface& interface) {
     constexpr std::size_t LongestDescription = 256;
     reader.String("description", interface.description, Required,
                   {"a string of at most 256 characters", [](const std::string& text) {
-                       return WideFromUtf8(text).size() <= LongestDescription;
+                       return unicode::WideFromUtf8(text).size() <= LongestDescription;
                    }});
     ReadGuid(reader, interface.guid);
     // WLAN_INTERFACE_STATE counts them in this order.

@@ -2,7 +2,7 @@
 
 #include "machine/profile/profile_reader.h"
 #include "machine/profile/sections/disk_profile.h"
-#include "machine/text/wide_text.h"
+#include "unicode/utf.h"
 
 namespace machine {
 namespace {
@@ -66,7 +66,7 @@ void ReadPackage(ProfileReader& reader, PackageProfile& package, RegistryProfile
     }
     reader.Object("resources", [&](ProfileReader& resources) {
         for (const std::string& reference : resources.Names()) {
-            resources.String(reference, package.resources[WideFromUtf8(reference)]);
+            resources.String(reference, package.resources[unicode::WideFromUtf8(reference)]);
         }
     });
     if (inStore) {

@@ -1,7 +1,7 @@
 #include "machine/profile/sections/wmi_profile.h"
 
 #include "machine/profile/profile_reader.h"
-#include "machine/text/wide_text.h"
+#include "unicode/utf.h"
 
 #include <nlohmann/json.hpp>
 
@@ -22,11 +22,11 @@ WmiDatum NumberDatum(const Json& number) {
     constexpr std::int64_t Lowest = std::numeric_limits<std::int32_t>::min();
     constexpr std::int64_t Highest = std::numeric_limits<std::uint32_t>::max();
     if (number.is_number_unsigned() && number.get<std::uint64_t>() > Highest) {
-        return {WideFromUtf8(std::to_string(number.get<std::uint64_t>()))};
+        return {unicode::WideFromUtf8(std::to_string(number.get<std::uint64_t>()))};
     }
     const auto value = number.get<std::int64_t>();
     if (value < Lowest) {
-        return {WideFromUtf8(std::to_string(value))};
+        return {unicode::WideFromUtf8(std::to_string(value))};
     }
     return {value};
 }
@@ -39,7 +39,7 @@ void ReadArray(ProfileReader& reader, std::string_view name, const Json& list, W
     if (list.is_array() && AllOf(list, &Json::is_string)) {
         auto& texts = datum.value.emplace<std::vector<std::u16string>>();
         for (const Json& text : list) {
-            texts.push_back(WideFromUtf8(text.get_ref<const std::string&>()));
+            texts.push_back(unicode::WideFromUtf8(text.get_ref<const std::string&>()));
         }
     } else if (list.is_array() && AllOf(list, &Json::is_number_integer)) {
         datum.value = list.get<std::vector<std::int64_t>>();
@@ -65,7 +65,7 @@ WmiDatum ReadDatum(ProfileReader& row, const std::string& name) {
     } else if (value.is_number_integer()) {
         datum = NumberDatum(value);
     } else if (value.is_string()) {
-        datum.value = WideFromUtf8(value.get_ref<const std::string&>());
+        datum.value = unicode::WideFromUtf8(value.get_ref<const std::string&>());
     } else if (value.is_object()) {
         row.Object(name, datum, ReadObjectDatum);
     } else if (!value.is_null()) {
@@ -76,7 +76,7 @@ WmiDatum ReadDatum(ProfileReader& row, const std::string& name) {
 
 void ReadRow(ProfileReader& reader, WmiRow& row) {
     for (const std::string& property : reader.Names()) {
-        row[WideFromUtf8(property)] = ReadDatum(reader, property);
+        row[unicode::WideFromUtf8(property)] = ReadDatum(reader, property);
     }
 }
 
@@ -85,11 +85,11 @@ void ReadRow(ProfileReader& reader, WmiRow& row) {
 void ReadWmi(ProfileReader& reader, WmiProfile& wmi) {
     for (const std::string& name : reader.Names()) {
         WmiNamespaceProfile& space = wmi.namespaces.emplace_back();
-        space.name = WideFromUtf8(name);
+        space.name = unicode::WideFromUtf8(name);
         reader.Object(name, [&](ProfileReader& classes) {
             for (const std::string& className : classes.Names()) {
                 WmiClassProfile& each = space.classes.emplace_back();
-                each.name = WideFromUtf8(className);
+                each.name = unicode::WideFromUtf8(className);
                 classes.Objects(className, each.rows, ReadRow);
             }
         });

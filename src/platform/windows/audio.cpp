@@ -1,7 +1,7 @@
 #include "platform/audio.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/interface_pointer.h"
+#include "platform/windows/support/native.h"
 
 #include <windows.h>
 

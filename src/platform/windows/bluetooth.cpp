@@ -1,16 +1,16 @@
 #include "platform/bluetooth.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/handle.h"
-#include "platform/windows/system_library.h"
+#include "platform/windows/support/native.h"
+#include "platform/windows/support/system_library.h"
 
 #include <bluetoothapis.h>
 
 namespace VESK_BACK_END {
 namespace {
 
-// bthprops.cpl has these on every Windows that has them at all; bluetoothapis.dll came later. Where it is
-// missing, the look-up leaves its error as the last one.
+// Every Windows with Bluetooth has bthprops.cpl; bluetoothapis.dll is newer. If it is missing, the last error
+// is that of loading it.
 template <class Routine>
 Routine BluetoothRoutine(const char* name) {
     return SystemRoutine<Routine>(L"bthprops.cpl", name);

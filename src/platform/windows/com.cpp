@@ -1,7 +1,7 @@
 #include "platform/com.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 #include <objbase.h>
 

@@ -1,7 +1,7 @@
 #include "platform/desktop.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 #include <exception>
 
@@ -18,17 +18,17 @@ Window FromNative(HWND window) {
 
 struct Listing {
     std::vector<Window> windows;
-    std::exception_ptr problem;
+    std::exception_ptr error;
 };
 
 BOOL CALLBACK AddWindow(HWND window, LPARAM context) {
     auto& listing = *reinterpret_cast<Listing*>(context);
-    // No exception may pass through the platform's own frames.
+    // No exception may pass through the frames of the platform.
     try {
         listing.windows.push_back(FromNative(window));
         return TRUE;
     } catch (...) {
-        listing.problem = std::current_exception();
+        listing.error = std::current_exception();
         return FALSE;
     }
 }
@@ -38,8 +38,8 @@ BOOL CALLBACK AddWindow(HWND window, LPARAM context) {
 std::vector<Window> EnumWindows() {
     Listing listing;
     ::EnumWindows(AddWindow, reinterpret_cast<LPARAM>(&listing));
-    if (listing.problem) {
-        std::rethrow_exception(listing.problem);
+    if (listing.error) {
+        std::rethrow_exception(listing.error);
     }
     return std::move(listing.windows);
 }

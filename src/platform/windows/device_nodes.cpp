@@ -1,7 +1,7 @@
 #include "platform/device_nodes.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 #include <cfgmgr32.h>
 

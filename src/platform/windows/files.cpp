@@ -1,8 +1,7 @@
 #include "platform/files.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/handle.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 namespace VESK_BACK_END {
 

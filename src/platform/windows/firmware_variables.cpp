@@ -1,7 +1,7 @@
 #include "platform/firmware_variables.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 namespace VESK_BACK_END {
 

@@ -1,7 +1,7 @@
 #include <windows.h>
 
-// Load and unload touch nothing: neither hardware nor registry, and no session is opened or closed. A process
-// that ends with a session open leaves the handle to the operating system.
+// Load and unload do nothing: no hardware, no registry, no session. If a process ends with an open session, the
+// operating system closes the handle.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID) {
     return TRUE;
 }

@@ -11,14 +11,14 @@
 namespace VESK_BACK_END {
 namespace {
 
-/// The record at `place`, or null where no whole record lies there.
-const IP_ADAPTER_INFO* RecordAt(const void* place, const std::vector<std::byte>& buffer) {
-    const auto at = reinterpret_cast<std::uintptr_t>(place);
+/// The record at `address`, or null if no whole record of the buffer is there.
+const IP_ADAPTER_INFO* RecordAt(const void* address, const std::vector<std::byte>& buffer) {
+    const auto at = reinterpret_cast<std::uintptr_t>(address);
     const auto begin = reinterpret_cast<std::uintptr_t>(buffer.data());
     if (at < begin || at - begin > buffer.size() || buffer.size() - (at - begin) < sizeof(IP_ADAPTER_INFO)) {
         return nullptr;
     }
-    return static_cast<const IP_ADAPTER_INFO*>(place);
+    return static_cast<const IP_ADAPTER_INFO*>(address);
 }
 
 } // namespace
@@ -32,10 +32,10 @@ SystemError GetAdaptersInfo(std::uint32_t& size, std::vector<NetworkAdapter>& ad
     if (status != ERROR_SUCCESS) {
         return status;
     }
-    // No list has more records than there is room for, however they are linked.
-    const std::size_t most = buffer.size() / sizeof(IP_ADAPTER_INFO);
+    // The limit also ends a list whose links form a cycle.
+    const std::size_t maxRecords = buffer.size() / sizeof(IP_ADAPTER_INFO);
     const auto* record = RecordAt(buffer.data(), buffer);
-    while (record != nullptr && adapters.size() < most) {
+    while (record != nullptr && adapters.size() < maxRecords) {
         adapters.push_back({.index = record->Index, .type = record->Type});
         record = RecordAt(record->Next, buffer);
     }

@@ -1,9 +1,7 @@
 #include "platform/processes.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/file_time.h"
-#include "platform/windows/handle.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 #include <psapi.h>
 

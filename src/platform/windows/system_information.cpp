@@ -1,8 +1,8 @@
 #include "platform/system_information.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/system_library.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
+#include "platform/windows/support/system_library.h"
 
 #include <ctime>
 

@@ -1,7 +1,7 @@
 #include "platform/system_power.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/file_time.h"
+#include "platform/windows/support/native.h"
 
 namespace VESK_BACK_END {
 

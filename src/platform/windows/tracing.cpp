@@ -1,15 +1,15 @@
 #include "platform/tracing.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/system_library.h"
+#include "platform/windows/support/system_library.h"
 
 #include <evntprov.h>
 
 namespace VESK_BACK_END {
 namespace {
 
-// ETW's callback has two arguments that ours leaves out, so that one is kept behind the other. A process
-// registers this library's provider once, so that one slot is enough.
+// ETW's callback has two more arguments than ours, so ours is called through this target. The provider is
+// registered once in a process, so one target is enough.
 struct EnableTarget {
     TraceEnableCallback callback;
     void* context;
@@ -36,7 +36,7 @@ SystemError EventRegister(const Guid& provider, TraceEnableCallback callback, vo
 
 SystemError EventSetInformation(std::uint64_t registration, std::uint32_t informationClass,
                                 std::span<const std::byte> information) {
-    // Windows 7 came without it.
+    // The first Windows 7 does not have it.
     const auto setInformation = SystemRoutine<SetInformationRoutine>(L"advapi32.dll", "EventSetInformation");
     if (setInformation == nullptr) {
         return error::ProcedureNotFound;

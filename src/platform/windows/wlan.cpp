@@ -1,7 +1,7 @@
 #include "platform/wlan.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/system_library.h"
+#include "platform/windows/support/system_library.h"
 
 #include <windot11.h>
 #include <wlanapi.h>
@@ -15,7 +15,7 @@
 namespace VESK_BACK_END {
 namespace {
 
-// A server or an older client may come without the wireless services.
+// Not every server or older client has the wireless services.
 template <class Routine>
 Routine WlanRoutine(const char* name) {
     return SystemRoutine<Routine>(L"wlanapi.dll", name);
@@ -64,7 +64,7 @@ WlanInterface Plain(const WLAN_INTERFACE_INFO& native) {
     return found;
 }
 
-/// The entry's elements, or nothing where they do not lie inside the list.
+/// The entry's elements, or nothing if they are not inside the list.
 std::span<const std::byte> ElementsOf(const WLAN_BSS_ENTRY& entry, const WLAN_BSS_LIST& list) {
     const std::span bytes(reinterpret_cast<const std::byte*>(&list), list.dwTotalSize);
     const auto entryAt = static_cast<std::size_t>(reinterpret_cast<const std::byte*>(&entry) - bytes.data());
@@ -85,12 +85,12 @@ WlanBssEntry Plain(const WLAN_BSS_ENTRY& native, const WLAN_BSS_LIST& list) {
 
 std::span<const WLAN_BSS_ENTRY> EntriesOf(const WLAN_BSS_LIST& list) {
     constexpr std::size_t HeaderSize = offsetof(WLAN_BSS_LIST, wlanBssEntries);
-    const std::size_t room =
+    const std::size_t maxEntries =
         list.dwTotalSize < HeaderSize ? 0 : (list.dwTotalSize - HeaderSize) / sizeof(WLAN_BSS_ENTRY);
-    return {list.wlanBssEntries, std::min<std::size_t>(list.dwNumberOfItems, room)};
+    return {list.wlanBssEntries, std::min<std::size_t>(list.dwNumberOfItems, maxEntries)};
 }
 
-/// WlanQueryInterface, with the data it gave where that is at least a `Content`.
+/// WlanQueryInterface. `content` is the returned data, or null if that is smaller than a `Content`.
 template <class Content>
 SystemError Query(WlanClient client, const Guid& interfaceGuid, std::uint32_t opcode, Block<void>& memory,
                   const Content*& content) {

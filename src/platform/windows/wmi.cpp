@@ -1,15 +1,14 @@
 #include <windows.h>
 
-// A macro of windows.h that would rename one of the operations, here and in the interface.
+// This macro of windows.h would rename an operation of the boundary.
 #undef GetObject
 
 #include "platform/wmi.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/bstr.h"
-#include "platform/windows/interface_pointer.h"
-#include "platform/windows/variant_value.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/bstr.h"
+#include "platform/windows/support/native.h"
+#include "platform/windows/support/variant_value.h"
 
 #include <wbemidl.h>
 

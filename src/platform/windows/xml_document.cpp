@@ -1,7 +1,7 @@
 #include "platform/xml_document.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/bstr.h"
+#include "platform/windows/support/bstr.h"
 
 #include <msxml2.h>
 

@@ -48,7 +48,7 @@ HWND WINAPI LastActivePopup(HWND window) {
 }
 
 WINBOOL WINAPI TitleBar(HWND window, PTITLEBARINFO native) {
-    platform::TitleBarInfo info{.size = native->cbSize, .place = {}, .states = {}};
+    platform::TitleBarInfo info{.size = native->cbSize, .rectangle = {}, .states = {}};
     if (!platform::GetTitleBarInfo(WindowOf(window), info)) {
         return FALSE;
     }

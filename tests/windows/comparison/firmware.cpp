@@ -5,7 +5,7 @@
 #include "machine/machine.h"
 #include "machine/models/device.h"
 #include "machine/models/storage/firmware_variable_store.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 
 #include <cstring>
 #include <map>

@@ -1,7 +1,7 @@
 #include "wine_state.h"
 
 #include "machine/profile/profile.h"
-#include "machine/text/wide_text.h"
+#include "unicode/utf.h"
 
 #include <fstream>
 #include <stdexcept>
@@ -82,7 +82,7 @@ WineState::WineState(const machine::Profile& profile) {
     }
     for (const machine::PackageProfile& package : profile.packages.all) {
         if (package.installed && package.manifest && !package.folder.empty()) {
-            AddFile(fs::path(package.folder) / L"AppxManifest.xml", machine::Utf8FromWide(*package.manifest));
+            AddFile(fs::path(package.folder) / L"AppxManifest.xml", unicode::Utf8FromWide(*package.manifest));
         }
     }
 }

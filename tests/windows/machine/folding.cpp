@@ -1,5 +1,5 @@
 // Upper case as Windows has it.
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 #include "memory_storage.h"
 
 #include "machine/machine.h"
-#include "machine/text/wide_text.h"
+#include "machine/text/folding.h"
 
 #include <map>
 #include <set>

@@ -1,7 +1,7 @@
 // The tool on Windows.
 #include "base/error.h"
 #include "base/system.h"
-#include "base/text.h"
+#include "unicode/utf.h"
 
 #include <windows.h>
 
@@ -20,7 +20,7 @@ struct LocalFreer {
 
 std::string Utf8OfSystem(const wchar_t* text) {
     const std::wstring_view wide(text);
-    return Utf8(std::u16string(wide.begin(), wide.end()));
+    return unicode::Utf8FromWide(std::u16string(wide.begin(), wide.end()));
 }
 
 std::string ReasonOf(DWORD code) {

@@ -1,6 +1,7 @@
 #include "base/text.h"
 
-#include "terminal/column_width.h"
+#include "unicode/column_width.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <array>
@@ -9,81 +10,9 @@
 namespace tool {
 namespace {
 
-constexpr char32_t Replacement = 0xFFFD;
-
-void Append(std::string& text, char32_t code) {
-    const auto byte = [&](char32_t value) {
-        text.push_back(static_cast<char>(value));
-    };
-    if (code < 0x80) {
-        byte(code);
-    } else if (code < 0x800) {
-        byte(0xC0 | code >> 6);
-        byte(0x80 | (code & 0x3F));
-    } else if (code < 0x10000) {
-        byte(0xE0 | code >> 12);
-        byte(0x80 | (code >> 6 & 0x3F));
-        byte(0x80 | (code & 0x3F));
-    } else {
-        byte(0xF0 | code >> 18);
-        byte(0x80 | (code >> 12 & 0x3F));
-        byte(0x80 | (code >> 6 & 0x3F));
-        byte(0x80 | (code & 0x3F));
-    }
-}
-
-/// How many bytes a character has by its first one, and the smallest code that needs so many.
-struct Lead {
-    std::size_t length;
-    char32_t bits;
-    char32_t smallest;
-};
-
-Lead LeadOf(unsigned char first) {
-    if (first < 0x80) {
-        return {1, first, 0};
-    }
-    if (first >= 0xC2 && first < 0xE0) {
-        return {2, first & 0x1Fu, 0x80};
-    }
-    if (first >= 0xE0 && first < 0xF0) {
-        return {3, first & 0x0Fu, 0x800};
-    }
-    if (first >= 0xF0 && first < 0xF5) {
-        return {4, first & 0x07u, 0x10000};
-    }
-    return {0, 0, 0};
-}
-
-/// Takes one character off the front of a text that is not empty.
-char32_t TakeUtf8(std::string_view& rest) {
-    const Lead lead = LeadOf(static_cast<unsigned char>(rest.front()));
-    char32_t code = lead.bits;
-    std::size_t taken = 1;
-    while (taken < lead.length && taken < rest.size() &&
-           (static_cast<unsigned char>(rest[taken]) & 0xC0u) == 0x80u) {
-        code = code << 6 | (static_cast<unsigned char>(rest[taken]) & 0x3Fu);
-        ++taken;
-    }
-    const bool good = lead.length != 0 && taken == lead.length && code >= lead.smallest && code <= 0x10FFFF &&
-                      (code < 0xD800 || code > 0xDFFF);
-    rest.remove_prefix(taken);
-    return good ? code : Replacement;
-}
-
-char32_t TakeUtf16(std::u16string_view& rest) {
-    const char32_t first = rest.front();
-    rest.remove_prefix(1);
-    if (first < 0xD800 || first > 0xDFFF) {
-        return first;
-    }
-    if (first > 0xDBFF || rest.empty() || rest.front() < 0xDC00 || rest.front() > 0xDFFF) {
-        return Replacement;
-    }
-    const char32_t second = rest.front();
-    rest.remove_prefix(1);
-    return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
-}
+using unicode::AppendUtf8;
+using unicode::ColumnsOf;
+using unicode::TakeUtf8;
 
 int DigitOf(char character) {
     if (character >= '0' && character <= '9') {
@@ -106,7 +35,7 @@ std::string TakeColumns(std::string_view& text, std::size_t columns) {
             break;
         }
         columns -= width;
-        Append(piece, next);
+        AppendUtf8(piece, next);
         text = rest;
     }
     return piece;
@@ -138,35 +67,11 @@ std::size_t Distance(std::string_view left, std::string_view right) {
 
 } // namespace
 
-std::string Utf8(std::u16string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    while (!text.empty()) {
-        Append(result, TakeUtf16(text));
-    }
-    return result;
-}
-
-std::u16string Utf16(std::string_view text) {
-    std::u16string result;
-    result.reserve(text.size());
-    while (!text.empty()) {
-        const char32_t code = TakeUtf8(text);
-        if (code < 0x10000) {
-            result.push_back(static_cast<char16_t>(code));
-        } else {
-            result.push_back(static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10)));
-            result.push_back(static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
-        }
-    }
-    return result;
-}
-
 std::string WellFormed(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        Append(result, TakeUtf8(text));
+        AppendUtf8(result, TakeUtf8(text));
     }
     return result;
 }
@@ -192,7 +97,7 @@ std::string OnOneLine(std::string_view text) {
             const auto byte = static_cast<std::uint8_t>(code);
             result += "\\x" + Hex({&byte, 1});
         } else {
-            Append(result, code);
+            AppendUtf8(result, code);
         }
     }
     return result;
@@ -213,7 +118,7 @@ std::vector<std::string> Wrapped(std::string_view text, std::size_t columns) {
         std::string_view rest = text;
         std::string line = TakeColumns(rest, columns);
         if (line.empty()) {
-            Append(line, TakeUtf8(rest)); // wider than the line itself
+            AppendUtf8(line, TakeUtf8(rest)); // wider than the line itself
         }
         const std::size_t blank = line.rfind(' ');
         if (!rest.empty() && rest.front() != ' ' && blank != std::string::npos && blank != 0) {

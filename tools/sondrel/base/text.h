@@ -12,12 +12,6 @@
 
 namespace tool {
 
-/// From UTF-16. An unpaired surrogate becomes U+FFFD.
-std::string Utf8(std::u16string_view text);
-
-/// From UTF-8. What is ill-formed becomes U+FFFD.
-std::u16string Utf16(std::string_view text);
-
 /// The text with whatever is ill-formed in it replaced by U+FFFD.
 std::string WellFormed(std::string_view text);
 

@@ -1,6 +1,7 @@
 #include "exports/buffers.h"
 
 #include "base/text.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <new>
@@ -40,7 +41,7 @@ Answer WideBuffer::Read() const {
         return Untouched();
     }
     const VeskChar16* const end = std::find(text, text + WideCapacity, VeskChar16{});
-    Answer answer{.text = Utf8(std::u16string(text, end))};
+    Answer answer{.text = unicode::Utf8FromWide(std::u16string(text, end))};
     if (end == text + WideCapacity) {
         answer.fault = "the string has no terminator";
     }

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "exports/buffers.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 #include <array>
@@ -117,7 +118,7 @@ Answer CallSetCom(Address address, const Export& row, const CallInputs& inputs) 
 }
 
 Answer CallSetWideTextCom(Address address, const Export&, const CallInputs& inputs) {
-    const std::u16string text = Utf16(inputs.argument);
+    const std::u16string text = unicode::WideFromUtf8(inputs.argument);
     const std::basic_string<VeskChar16> path(text.begin(), text.end());
     return NumberAnswer(As<std::int32_t(const VeskChar16*, Byte)>(address)(path.c_str(), inputs.initCom));
 }

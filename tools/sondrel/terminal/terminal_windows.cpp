@@ -3,7 +3,7 @@
 // Output is written as UTF-16, independently of the console's code page, and characters are never split.
 #include "terminal/terminal.h"
 
-#include "base/text.h"
+#include "unicode/utf.h"
 
 #include <windows.h>
 
@@ -25,7 +25,7 @@ HANDLE HandleOf(Stream stream) {
 
 void Send(HANDLE console, std::string_view utf8) {
     constexpr std::size_t LongestWrite = 8000; // older consoles accept 64 KB
-    const std::u16string text = Utf16(utf8);
+    const std::u16string text = unicode::WideFromUtf8(utf8);
     for (std::size_t start = 0; start < text.size();) {
         std::size_t length = std::min(LongestWrite, text.size() - start);
         const char16_t last = text[start + length - 1];

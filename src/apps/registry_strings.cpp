@@ -1,4 +1,4 @@
-#include "apps/registry_texts.h"
+#include "apps/registry_strings.h"
 
 #include <array>
 #include <span>
@@ -12,9 +12,9 @@ platform::OwnedKey OpenForReading(platform::Key root, const char16_t* path) {
     return key;
 }
 
-std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index, std::uint32_t room) {
-    std::array<char16_t, SubkeyNameRoom> name;
-    std::uint32_t length = room;
+std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index, std::uint32_t size) {
+    std::array<char16_t, SubkeyNameSize> name;
+    std::uint32_t length = size;
     if (platform::RegEnumKeyExW(key, index, name.data(), length) != platform::error::Success) {
         return std::nullopt;
     }
@@ -22,16 +22,16 @@ std::optional<std::u16string> SubkeyName(platform::Key key, std::uint32_t index,
     return std::u16string(whole.substr(0, whole.find(u'\0')));
 }
 
-std::optional<std::u16string> ValueText(platform::Key key, const char16_t* name, std::uint32_t room) {
-    // Zeros behind what comes end a text that brings no terminator of its own.
-    std::array<char16_t, ValueTextRoom> text{};
+std::optional<std::u16string> ValueString(platform::Key key, const char16_t* name, std::uint32_t size) {
+    // Zero-filled, so that a string without a terminator ends too.
+    std::array<char16_t, ValueStringSize> text{};
     std::uint32_t type = 0;
-    auto size = static_cast<std::uint32_t>(room * sizeof(char16_t));
-    if (platform::RegQueryValueExW(key, name, type, std::as_writable_bytes(std::span(text)).data(), size) !=
-        platform::error::Success) {
+    auto byteCount = static_cast<std::uint32_t>(size * sizeof(char16_t));
+    if (platform::RegQueryValueExW(key, name, type, std::as_writable_bytes(std::span(text)).data(),
+                                   byteCount) != platform::error::Success) {
         return std::nullopt;
     }
-    const std::u16string_view taken(text.data(), room);
+    const std::u16string_view taken(text.data(), size);
     const std::size_t end = taken.find(u'\0');
     return end != std::u16string_view::npos ? std::optional(std::u16string(taken.substr(0, end)))
                                             : std::nullopt;

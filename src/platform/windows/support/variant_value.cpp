@@ -1,7 +1,7 @@
-#include "platform/windows/variant_value.h"
+#include "platform/windows/support/variant_value.h"
 
 #include "platform/back_end.h"
-#include "platform/windows/bstr.h"
+#include "platform/windows/support/bstr.h"
 
 #include <charconv>
 #include <concepts>
@@ -11,7 +11,7 @@
 namespace VESK_BACK_END {
 namespace {
 
-/// The elements of a one-dimensional array in order, whatever its lower bound. Holds the array meanwhile.
+/// The elements of a one-dimensional array in order, with any lower bound. Locks the array meanwhile.
 class ArrayElements {
 public:
     explicit ArrayElements(SAFEARRAY* array) : m_array(array) {
@@ -39,7 +39,7 @@ public:
 
     template <class Element>
     [[nodiscard]] std::span<const Element> As() const {
-        // An array that says one type and holds elements of another size gives nothing.
+        // Nothing if the size of the elements does not agree with the type of the array.
         const bool fits = ::SafeArrayGetElemsize(m_array) == sizeof(Element);
         return {static_cast<const Element*>(m_data), fits ? m_count : 0};
     }
@@ -50,13 +50,13 @@ private:
     std::size_t m_count = 0;
 };
 
-std::u16string TextOf(std::integral auto number) {
+std::u16string StringOf(std::integral auto number) {
     char digits[24];
     const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
     return {std::begin(digits), end};
 }
 
-std::u16string TextOf(BSTR text) {
+std::u16string StringOf(BSTR text) {
     return std::u16string(ViewOf(text));
 }
 
@@ -70,12 +70,12 @@ WmiValue Numbers(const ArrayElements& elements) {
 }
 
 template <class Element>
-WmiValue Texts(const ArrayElements& elements) {
-    std::vector<std::u16string> texts;
+WmiValue Strings(const ArrayElements& elements) {
+    std::vector<std::u16string> strings;
     for (const Element element : elements.As<Element>()) {
-        texts.push_back(TextOf(element));
+        strings.push_back(StringOf(element));
     }
-    return texts;
+    return strings;
 }
 
 WmiValue Bytes(const ArrayElements& elements) {
@@ -104,11 +104,11 @@ WmiValue ArrayValueOf(VARTYPE elementType, SAFEARRAY* array) {
     case VT_UINT:
         return Numbers<LONG>(elements);
     case VT_I8:
-        return Texts<LONGLONG>(elements);
+        return Strings<LONGLONG>(elements);
     case VT_UI8:
-        return Texts<ULONGLONG>(elements);
+        return Strings<ULONGLONG>(elements);
     case VT_BSTR:
-        return Texts<BSTR>(elements);
+        return Strings<BSTR>(elements);
     default:
         return {};
     }
@@ -140,11 +140,11 @@ WmiValue ValueOf(const VARIANT& variant) {
     case VT_UINT:
         return Number(variant.lVal);
     case VT_I8:
-        return TextOf(variant.llVal);
+        return StringOf(variant.llVal);
     case VT_UI8:
-        return TextOf(variant.ullVal);
+        return StringOf(variant.ullVal);
     case VT_BSTR:
-        return TextOf(variant.bstrVal);
+        return StringOf(variant.bstrVal);
     default:
         return {};
     }

@@ -1,8 +1,8 @@
-// Texts as COM passes them.
+// COM strings.
 #pragma once
 
 #include "platform/back_end.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/support/native.h"
 
 #include <oleauto.h>
 
@@ -12,7 +12,7 @@
 
 namespace VESK_BACK_END {
 
-/// An allocated BSTR. Throws std::bad_alloc when there is no memory for it.
+/// An allocated BSTR. Throws std::bad_alloc when memory runs out.
 class Bstr {
 public:
     explicit Bstr(std::u16string_view text)
@@ -23,16 +23,14 @@ public:
         text.copy(reinterpret_cast<char16_t*>(m_text), text.size());
     }
 
-    /// Takes over a text that an operation has handed out, or a null one.
+    /// Takes ownership of a BSTR that an operation returned; it may be null.
     static Bstr Adopt(BSTR text) { return Bstr(Adopted{text}); }
 
     Bstr(const Bstr&) = delete;
     Bstr& operator=(const Bstr&) = delete;
-
     ~Bstr() { ::SysFreeString(m_text); }
 
     [[nodiscard]] BSTR Get() const { return m_text; }
-
     BSTR Detach() { return std::exchange(m_text, nullptr); }
 
 private:
@@ -45,7 +43,7 @@ private:
     BSTR m_text;
 };
 
-/// The characters of a BSTR that somebody else owns; a null one is the empty text.
+/// The characters of a BSTR; none of a null one.
 inline std::u16string_view ViewOf(BSTR text) {
     return {reinterpret_cast<const char16_t*>(text), ::SysStringLen(text)};
 }

@@ -1,4 +1,4 @@
-// What a VARIANT holds, as a plain value.
+// VARIANTs as plain values.
 #pragma once
 
 #include "platform/back_end.h"
@@ -10,14 +10,12 @@
 
 namespace VESK_BACK_END {
 
-/// A VARIANT that starts empty and is cleared at the end.
+/// A VARIANT that is initially empty and is cleared at the end.
 class OwnedVariant {
 public:
     OwnedVariant() { ::VariantInit(&m_variant); }
-
     OwnedVariant(const OwnedVariant&) = delete;
     OwnedVariant& operator=(const OwnedVariant&) = delete;
-
     ~OwnedVariant() { ::VariantClear(&m_variant); }
 
     [[nodiscard]] VARIANT& Raw() { return m_variant; }

@@ -1,4 +1,4 @@
-#include "platform/windows/system_library.h"
+#include "platform/windows/support/system_library.h"
 
 #include "platform/back_end.h"
 
