@@ -26,7 +26,9 @@ HBLUETOOTH_DEVICE_FIND Native(BluetoothDeviceFind search) {
 
 BLUETOOTH_DEVICE_INFO EmptyDevice() {
     static_assert(sizeof(BLUETOOTH_DEVICE_INFO) == 560);
-    return {.dwSize = sizeof(BLUETOOTH_DEVICE_INFO)};
+    BLUETOOTH_DEVICE_INFO device{}; // in the Windows SDK a derived type, without members to designate
+    device.dwSize = sizeof device;
+    return device;
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "platform/back_end.h"
 #include "platform/windows/support/system_library.h"
 
-#include <windot11.h>
 #include <wlanapi.h>
 
 #include <algorithm>
@@ -161,9 +160,9 @@ SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std
     const SystemError status = Query(client, interfaceGuid, opcode, memory, attributes);
     if (attributes != nullptr) {
         const WLAN_ASSOCIATION_ATTRIBUTES& association = attributes->wlanAssociationAttributes;
-        connection = {.ssid = Plain(association.dot11Ssid),
-                      .bssid = Plain(association.dot11Bssid),
-                      .phyType = static_cast<std::uint32_t>(association.dot11PhyType)};
+        connection = WlanConnection{.ssid = Plain(association.dot11Ssid),
+                                    .bssid = Plain(association.dot11Bssid),
+                                    .phyType = static_cast<std::uint32_t>(association.dot11PhyType)};
     }
     return status;
 }
