@@ -67,6 +67,90 @@ typedef char16_t VeskChar16;
 typedef char16_t VeskChar16;
 #endif
 
+/**
+ * @defgroup strings Strings of C++
+ *
+ * RF_PhyMode and RF_BTConnectedType return a std::string by value. They can be called where host and library
+ * agree on the layout of that object and on the heap of its block. Everywhere else a program that uses one of
+ * the two does not compile, and the error names what to do; including this header always compiles.
+ * @{
+ */
+
+/** Host and library are built by one compiler with the same settings. */
+#define VESK_STRING_LAYOUT_SAME_COMPILER 0
+
+/**
+ * The kits windows-mingw and linux: hosts of libstdc++ with its C++11 string class (_GLIBCXX_USE_CXX11_ABI 1), on
+ * Windows with the C runtime msvcrt.
+ */
+#define VESK_STRING_LAYOUT_LIBSTDCXX 1
+
+/**
+ * The kit windows-vc: release hosts of Visual C++ 2015 or later with its standard library, /MD or /MT.
+ *
+ * Debug hosts (/MDd, /MTd, _ITERATOR_DEBUG_LEVEL 1 or 2) are not supported. The block of a string above 15
+ * characters comes from the process heap, where `operator delete` of these hosts returns it; a host that
+ * replaces `operator delete` has to return it there too.
+ */
+#define VESK_STRING_LAYOUT_MSVC 2
+
+/**
+ * The layout that the library returns. The build of a kit writes it here; a project that builds the library
+ * itself may define it before it includes the header.
+ */
+#ifndef VESK_STRING_LAYOUT
+#define VESK_STRING_LAYOUT VESK_STRING_LAYOUT_LIBSTDCXX
+#endif
+
+/** @} */
+
+/* VESK_STRING_REFUSED is defined where this host cannot call the two exports, and says why in one sentence. */
+#if !defined(__cplusplus)
+#define VESK_STRING_REFUSED "RF_PhyMode and RF_BTConnectedType return a std::string: call them from C++"
+#elif VESK_STRING_LAYOUT == VESK_STRING_LAYOUT_MSVC
+#if !defined(_MSC_VER) || _MSC_VER < 1900 || !defined(_CPPLIB_VER)
+#define VESK_STRING_REFUSED                                                                                  \
+    "RF_PhyMode and RF_BTConnectedType of the kit windows-vc return the std::string of "                     \
+    "Visual C++ 2015 or later: MinGW-w64 hosts take the kit windows-mingw"
+#elif defined(_DEBUG) || _ITERATOR_DEBUG_LEVEL != 0
+#define VESK_STRING_REFUSED                                                                                  \
+    "RF_PhyMode and RF_BTConnectedType return the std::string of release hosts: "                            \
+    "build with /MD or /MT and _ITERATOR_DEBUG_LEVEL 0"
+#endif
+#elif VESK_STRING_LAYOUT == VESK_STRING_LAYOUT_LIBSTDCXX
+#if !defined(__GLIBCXX__) && defined(_MSC_VER)
+#define VESK_STRING_REFUSED                                                                                  \
+    "RF_PhyMode and RF_BTConnectedType of this kit return the std::string of libstdc++: "                    \
+    "Visual C++ hosts take the kit windows-vc"
+#elif !defined(__GLIBCXX__) || !_GLIBCXX_USE_CXX11_ABI || defined(_UCRT)
+#define VESK_STRING_REFUSED                                                                                  \
+    "RF_PhyMode and RF_BTConnectedType of this kit return the std::string of libstdc++: "                    \
+    "build with libstdc++, _GLIBCXX_USE_CXX11_ABI 1 and, on Windows, the C runtime msvcrt"
+#endif
+#endif
+
+/* VESK_STRING is what the two return: std::string, or a type that no program can use. */
+#if defined(__has_attribute)
+#if __has_attribute(unavailable)
+#define VESK_STRING_UNAVAILABLE(reason) __attribute__((unavailable(reason)))
+#endif
+#endif
+#if !defined(VESK_STRING_REFUSED)
+#define VESK_STRING std::string
+#elif defined(VESK_STRING_UNAVAILABLE) && defined(__cplusplus)
+#define VESK_STRING VESK_STRING_UNAVAILABLE(VESK_STRING_REFUSED) std::string
+#elif defined(VESK_STRING_UNAVAILABLE)
+#define VESK_STRING VESK_STRING_UNAVAILABLE(VESK_STRING_REFUSED) void
+#elif defined(__cplusplus)
+template <int Never>
+struct VeskStringRefused : std::string {
+    static_assert(Never < 0, VESK_STRING_REFUSED);
+};
+#define VESK_STRING VeskStringRefused<0>
+#else
+#define VESK_STRING struct RF_PhyMode_and_RF_BTConnectedType_return_a_std_string_call_them_from_Cpp
+#endif
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -1018,20 +1102,15 @@ VESK_API void RF_AP_MAC(char* out);
  */
 VESK_API int32_t RF_WiFiMaxRate(void);
 
-#ifdef __cplusplus
-
 /**
  * The radio standard of the connection: "FHSS", "DHSS", "IR baseband", "OFDM", "HRDSSS", "ERP", "802.11n",
  * "802.11ac", "802.11ad", "802.11ax", or "Other".
  *
- * The result is a string object of C++, so this export is not declared in C. Host and library must be built with
- * the same C++ runtime and the same layout of its string class.
+ * Returns a std::string: VESK_STRING_LAYOUT says which hosts can call this export.
  *
  * Failure: "error_string". Absent: "init_string". Session: not needed. Blocks: the first read.
  */
-VESK_API std::string RF_PhyMode(void);
-
-#endif
+VESK_API VESK_STRING RF_PhyMode(void);
 
 /** @} */
 
@@ -1063,20 +1142,19 @@ VESK_API int32_t RF_BTIsUsed(void);
  */
 VESK_API int32_t RF_BTConnectedNum(void);
 
-#ifdef __cplusplus
-
 /**
  * The kind of each connected device by its major device class, each followed by ";", in the order of the search.
  *
  * "Computer;", "Phone;", "LAN/NetWortk Access point;", "Audio/Video;", "Peripheral;", "Imaging;",
- * "Wearable;", "Toy;", "Health;", "Uncategorized;", or "Others;". The result is a string object of C++, as that of
- * RF_PhyMode.
+ * "Wearable;", "Toy;", "Health;", "Uncategorized;", or "Others;".
+ *
+ * Returns a std::string: VESK_STRING_LAYOUT says which hosts can call this export. With the kit windows-vc the
+ * list ends after the last whole word that keeps the block of the string below 4096 bytes, which is at most
+ * 4094 characters, and it is "error_string" where there is no memory for that block.
  *
  * Failure: "error_string". Absent: "init_string". Session: not needed. Blocks: the first read.
  */
-VESK_API std::string RF_BTConnectedType(void);
-
-#endif
+VESK_API VESK_STRING RF_BTConnectedType(void);
 
 /** @} */
 
