@@ -13,7 +13,7 @@ help:
 	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
 	@echo "make fuzz          every fuzz target, SECONDS=30 each"
 	@echo "make bench         benchmarks"
-	@echo "make kit           the development kits for Windows and Linux, packed"
+	@echo "make kit           the development kits for Windows (two compilers) and Linux, packed"
 	@echo "make docs          the HTML reference, build/docs/html/index.html"
 	@echo "make format        format every source"
 	@echo "make lint          check format and run the static checks"
@@ -21,7 +21,7 @@ help:
 	@echo "make clean         remove build/"
 
 bootstrap:
-	@scripts/bootstrap.sh native windows fuzz lint
+	@scripts/bootstrap.sh native windows windows-vc fuzz lint
 
 run:
 	@scripts/bootstrap.sh native
@@ -45,12 +45,15 @@ test-asan:
 	@scripts/build.sh asan
 	@ctest --preset asan
 
-# The real DLL is compared with the native library, which has to be there too.
+# The real DLL is compared with the native library, which has to be there too. The DLL for hosts of Visual C++ is tested
+# in what the other one does not share with it.
 test-windows:
-	@scripts/bootstrap.sh native windows
+	@scripts/bootstrap.sh native windows windows-vc
 	@scripts/build.sh native
 	@scripts/build.sh windows
+	@scripts/build.sh windows-vc
 	@tests/windows/run_under_wine.sh build/windows ctest --preset windows
+	@tests/windows/run_under_wine.sh build/windows ctest --preset windows-vc
 
 fuzz:
 	@scripts/bootstrap.sh fuzz
@@ -63,10 +66,11 @@ bench:
 	@build/native/bin/sondrel_bench $(ARGS)
 
 kit:
-	@scripts/bootstrap.sh native windows
+	@scripts/bootstrap.sh native windows windows-vc
 	@scripts/build.sh native kit
 	@scripts/build.sh windows kit
-	@ls build/native/VeskSondrel64-*.tar.gz build/windows/VeskSondrel64-*.zip
+	@scripts/build.sh windows-vc kit
+	@ls build/native/VeskSondrel64-*.tar.gz build/windows/VeskSondrel64-*.zip build/windows-vc/VeskSondrel64-*.zip
 
 docs:
 	@scripts/bootstrap.sh lint
@@ -77,7 +81,7 @@ format:
 	@scripts/sources.sh | xargs clang-format -i
 
 lint:
-	@scripts/bootstrap.sh native windows lint
+	@scripts/bootstrap.sh native windows windows-vc lint
 	@scripts/lint.sh
 
 clean:

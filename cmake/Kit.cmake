@@ -4,7 +4,7 @@
 #   bin/                                   the tool; on Windows also VeskSondrel64.dll
 #   bin/observed/                          on Windows: the observed VeskSondrel64.dll
 #   lib/                                   the import library and VeskSondrel64.def, or the shared libraries
-#   lib/cmake/VeskSondrel64, lib/pkgconfig how CMake and pkg-config find it
+#   lib/cmake/VeskSondrel64, lib/pkgconfig how CMake and (not for Visual C++) pkg-config find it
 #   include/                               the header, which is the manual, and the observer's; natively also the
 #                                          simulated machine's
 #   share/vesk-sondrel/                    machine profiles and examples; on Windows PowerShell's completion
@@ -13,9 +13,55 @@
 set(kit_data share/vesk-sondrel)
 set(kit_documents share/doc/vesk-sondrel)
 
-set_target_properties(sondrel PROPERTIES INSTALL_RPATH "")
-install(TARGETS VeskSondrel64 sondrel RUNTIME DESTINATION bin LIBRARY DESTINATION lib ARCHIVE DESTINATION lib)
-install(FILES include/vesk_sondrel.h include/vesk_sondrel_observer.h DESTINATION include)
+# On Windows there are two, for hosts of two compilers.
+if(VESK_STRING_LAYOUT STREQUAL "msvc")
+  set(kit_system windows-vc)
+  set(kit_import_library VeskSondrel64.lib)
+elseif(WIN32)
+  set(kit_system windows-mingw)
+  set(kit_import_library libVeskSondrel64.dll.a)
+else()
+  set(kit_system linux-${CMAKE_SYSTEM_PROCESSOR})
+endif()
+
+set(package_directory ${CMAKE_BINARY_DIR}/package)
+if(VESK_FOR_VISUAL_CPP)
+  # This preset builds the DLL alone. The tool reads either kind of string: it is that of the preset windows.
+  cmake_path(GET CMAKE_BINARY_DIR PARENT_PATH builds)
+  set(kit_tool ${builds}/windows/bin/sondrel.exe)
+  install(CODE "if(NOT EXISTS \"${kit_tool}\")
+    message(FATAL_ERROR \"${kit_tool} is missing: build the preset windows first\")
+  endif()")
+  install(TARGETS VeskSondrel64 RUNTIME DESTINATION bin)
+  install(PROGRAMS ${kit_tool} DESTINATION bin)
+  find_program(LLVM_DLLTOOL llvm-dlltool REQUIRED)
+  set(import_library ${CMAKE_BINARY_DIR}/lib/${kit_import_library})
+  add_custom_command(OUTPUT ${import_library}
+    COMMAND ${LLVM_DLLTOOL} -m i386:x86-64 -d ${VESK_EXPORTS} -l ${import_library}
+    DEPENDS ${VESK_EXPORTS} VERBATIM)
+  add_custom_target(import_library ALL DEPENDS ${import_library})
+  install(FILES ${import_library} DESTINATION lib)
+else()
+  set_target_properties(sondrel PROPERTIES INSTALL_RPATH "")
+  install(TARGETS VeskSondrel64 sondrel RUNTIME DESTINATION bin LIBRARY DESTINATION lib ARCHIVE DESTINATION lib)
+endif()
+
+# The header says which string the library of its kit returns.
+set(kit_header_directory ${package_directory}/include)
+set(kit_header ${kit_header_directory}/vesk_sondrel.h)
+file(READ include/vesk_sondrel.h header)
+set(default_layout "#define VESK_STRING_LAYOUT VESK_STRING_LAYOUT_LIBSTDCXX\n")
+string(FIND "${header}" "${default_layout}" place)
+if(place EQUAL -1)
+  message(FATAL_ERROR "include/vesk_sondrel.h has no line ${default_layout}")
+endif()
+if(VESK_STRING_LAYOUT STREQUAL "msvc")
+  string(REPLACE "${default_layout}" "#define VESK_STRING_LAYOUT VESK_STRING_LAYOUT_MSVC\n" header "${header}")
+endif()
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS include/vesk_sondrel.h)
+file(CONFIGURE OUTPUT ${kit_header} CONTENT "${header}" @ONLY NEWLINE_STYLE UNIX)
+install(FILES ${kit_header} include/vesk_sondrel_observer.h DESTINATION include)
+
 if(WIN32)
   install(TARGETS VeskSondrel64Observed RUNTIME DESTINATION bin/observed)
   install(FILES ${VESK_EXPORTS} DESTINATION lib)
@@ -46,30 +92,32 @@ foreach(licence IN LISTS kit_licences)
 endforeach()
 
 include(CMakePackageConfigHelpers)
-set(package_directory ${CMAKE_BINARY_DIR}/package)
-configure_file(cmake/package/VeskSondrel64.pc.in ${package_directory}/VeskSondrel64.pc @ONLY)
+configure_file(cmake/package/VeskSondrel64Config.cmake.in ${package_directory}/VeskSondrel64Config.cmake @ONLY)
 write_basic_package_version_file(${package_directory}/VeskSondrel64ConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
-install(FILES cmake/package/VeskSondrel64Config.cmake ${package_directory}/VeskSondrel64ConfigVersion.cmake
+install(FILES ${package_directory}/VeskSondrel64Config.cmake ${package_directory}/VeskSondrel64ConfigVersion.cmake
   DESTINATION lib/cmake/VeskSondrel64)
-install(FILES ${package_directory}/VeskSondrel64.pc DESTINATION lib/pkgconfig)
+if(NOT VESK_STRING_LAYOUT STREQUAL "msvc")
+  configure_file(cmake/package/VeskSondrel64.pc.in ${package_directory}/VeskSondrel64.pc @ONLY)
+  install(FILES ${package_directory}/VeskSondrel64.pc DESTINATION lib/pkgconfig)
+endif()
 
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 if(WIN32)
   set(CPACK_GENERATOR ZIP)
-  set(CPACK_SYSTEM_NAME windows-x86_64)
 else()
   set(CPACK_GENERATOR TGZ)
-  set(CPACK_SYSTEM_NAME linux-${CMAKE_SYSTEM_PROCESSOR})
   # The debug information is ten times the code. The DLL is packed as it was tested.
   set(CPACK_STRIP_FILES ON)
 endif()
+set(CPACK_SYSTEM_NAME ${kit_system})
 set(CPACK_PACKAGE_FILE_NAME VeskSondrel64-${PROJECT_VERSION}-${CPACK_SYSTEM_NAME})
 include(CPack)
 
 add_custom_target(kit
   COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake -B ${CMAKE_BINARY_DIR}
-  DEPENDS sondrel VeskSondrel64 $<TARGET_NAME_IF_EXISTS:VeskSondrel64Observed>
+  DEPENDS VeskSondrel64 $<TARGET_NAME_IF_EXISTS:VeskSondrel64Observed>
+    $<IF:$<BOOL:${VESK_FOR_VISUAL_CPP}>,import_library,sondrel>
   USES_TERMINAL VERBATIM)

@@ -1,12 +1,15 @@
 # The options of all code of this project: warnings are errors here, and not in the libraries.
 add_library(project_options INTERFACE)
 if(MSVC)
-  # Standard C++, sources in UTF-8; Windows' own headers cause 5105. Warnings are not errors yet: those of this compiler
-  # have not been reviewed.
+  # Standard C++, sources in UTF-8. Windows' own headers cause 5105; 4190 warns that two exports return an object of C++
+  # under a plain name, which is intended. Warnings are not errors yet: this compiler has not compiled the tree.
   target_compile_options(project_options INTERFACE
-    /W4 /permissive- /utf-8 /Zc:preprocessor /wd5105 $<$<COMPILE_LANGUAGE:CXX>:/Zc:__cplusplus>)
+    /W4 /permissive- /utf-8 /Zc:preprocessor /wd5105 $<$<COMPILE_LANGUAGE:CXX>:/Zc:__cplusplus /wd4190>)
   add_compile_definitions(_CRT_SECURE_NO_WARNINGS)
-  add_link_options(/Brepro /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT)
+  # Checks of indirect calls and of returns; imported libraries are loaded from the system directory only (0x800 is
+  # LOAD_LIBRARY_SEARCH_SYSTEM32).
+  add_compile_options(/guard:cf)
+  add_link_options(/Brepro /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf /CETCOMPAT /DEPENDENTLOADFLAG:0x800)
 else()
   target_compile_options(project_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
@@ -20,6 +23,25 @@ else()
 endif()
 target_include_directories(project_options INTERFACE
   ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
+
+# Whose release std::string RF_PhyMode and RF_BTConnectedType return: the compiler's, except in a DLL that MinGW-w64
+# builds for hosts of Visual C++.
+if(MSVC)
+  set(VESK_STRING_LAYOUT msvc)
+elseif(MINGW)
+  set(VESK_STRING_LAYOUT libstdc++ CACHE STRING "The std::string that the DLL returns: libstdc++ or msvc")
+  set_property(CACHE VESK_STRING_LAYOUT PROPERTY STRINGS libstdc++ msvc)
+  if(NOT VESK_STRING_LAYOUT MATCHES "^(libstdc[+][+]|msvc)$")
+    message(FATAL_ERROR "VESK_STRING_LAYOUT is libstdc++ or msvc, not '${VESK_STRING_LAYOUT}'.")
+  endif()
+else()
+  set(VESK_STRING_LAYOUT libstdc++)
+endif()
+if(MINGW AND VESK_STRING_LAYOUT STREQUAL "msvc")
+  set(VESK_FOR_VISUAL_CPP TRUE)
+endif()
+# All sources of this project are compiled by one compiler: the header's rule for hosts does not apply to them.
+target_compile_definitions(project_options INTERFACE VESK_STRING_LAYOUT=VESK_STRING_LAYOUT_SAME_COMPILER)
 
 if(WIN32)
   # Windows 7 is the oldest system the library loads on.

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages that a job needs and that are missing.
 #
-#   scripts/bootstrap.sh native|windows|fuzz|lint...
+#   scripts/bootstrap.sh native|windows|windows-vc|fuzz|lint...
 #
 # Root uses apt-get; other users sudo, if it works without a password; otherwise the script prints the command to type
 # and ends with status 1. If nothing is missing it prints nothing.
@@ -18,6 +18,9 @@ packages_of() {
         echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
             "g++-mingw-w64-x86-64-posix googletest wine wine64 pkgconf"
         ;;
+    windows-vc)
+        echo "clang lld llvm"
+        ;;
     fuzz)
         echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev libexpat1-dev nlohmann-json3-dev" \
             "libcli11-dev"
@@ -26,7 +29,7 @@ packages_of() {
         echo "clang clang-format clang-tidy cppcheck shellcheck doxygen python3 unicode-data"
         ;;
     *)
-        echo "bootstrap: unknown job '$1'; expected native, windows, fuzz or lint" >&2
+        echo "bootstrap: unknown job '$1'; expected native, windows, windows-vc, fuzz or lint" >&2
         exit 2
         ;;
     esac

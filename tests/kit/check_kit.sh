@@ -47,7 +47,9 @@ expect() {
 quietly cmake --install "$build" --prefix "$work/installed"
 mkdir "$work/unpacked"
 quietly cpack --config "$build/CPackConfig.cmake" -B "$work/packed"
-(cd "$work/unpacked" && quietly cmake -E tar xf "$work"/packed/VeskSondrel64-*-x86_64.*)
+system=${toolchain:+windows-mingw}
+system=${system:-linux-$(uname -m)}
+(cd "$work/unpacked" && quietly cmake -E tar xf "$work"/packed/VeskSondrel64-*-"$system".*)
 kit=$(echo "$work"/unpacked/VeskSondrel64-*)
 (cd "$work/installed" && find . -type f | sort) >"$work/installed.list"
 (cd "$kit" && find . -type f | sort) | diff "$work/installed.list" -

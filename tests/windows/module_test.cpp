@@ -133,6 +133,7 @@ TEST_F(ModuleTest, CarriesItsVersion) {
         {L"ProductVersion", L"" PROJECT_VERSION},
         {L"ProductName", L"VeskSondrel64"},
         {L"OriginalFilename", L"VeskSondrel64.dll"},
+        {L"StringLayout", L"libstdc++"},
     };
     for (const auto& [name, expected] : texts) {
         const wchar_t* text = nullptr;

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "exports/buffers.h"
+#include "exports/string_object.h"
 #include "unicode/utf.h"
 
 #include <algorithm>
@@ -154,9 +155,8 @@ Answer CallRegisters(Address address, const Export& row, const CallInputs& input
     return answer;
 }
 
-/// The library creates the string object and the tool destroys it, so both must use the same C++ runtime.
 Answer CallStringObject(Address address, const Export&, const CallInputs&) {
-    return {.text = WellFormed(As<std::string()>(address)())};
+    return {.text = WellFormed(CallStringExport(address))};
 }
 
 Answer CallUint32OfUint32(Address address, const Export& row, const CallInputs& inputs) {
