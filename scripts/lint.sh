@@ -32,6 +32,9 @@ echo "public header and reference"
 tests/kit/check_header.sh clang clang++
 scripts/build_docs.sh
 
+echo "sources in the mode of Visual C++"
+scripts/check_visual_cpp.sh
+
 # It does not read system headers. .cppcheck-suppressions has the findings that are accepted, each with its reason; a
 # suppression without a finding is an error too.
 echo "cppcheck"
@@ -68,8 +71,12 @@ cmake --preset tidy >build/tidy.log 2>&1 || { cat build/tidy.log >&2; exit 1; }
 sources_in tidy '((build/tidy/)?(src|machine|observer|exports|tools|examples)/.*Unity/|(src|machine|observer|exports|tools|examples)/)' | tidy tidy
 
 echo "clang-tidy for Windows"
-cmake --preset windows >build/windows.log 2>&1 || { cat build/windows.log >&2; exit 1; }
 headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include)/c++
-sources_in windows src/platform/windows/ |
-    tidy windows --extra-arg=--target=x86_64-w64-mingw32 \
-        "--extra-arg=-isystem$headers" "--extra-arg=-isystem$headers/x86_64-w64-mingw32"
+tidy_for_windows() {
+    cmake --preset "$1" >"build/$1.log" 2>&1 || { cat "build/$1.log" >&2; exit 1; }
+    sources_in "$1" "$2" |
+        tidy "$1" --extra-arg=--target=x86_64-w64-mingw32 \
+            "--extra-arg=-isystem$headers" "--extra-arg=-isystem$headers/x86_64-w64-mingw32"
+}
+tidy_for_windows windows src/platform/windows/
+tidy_for_windows windows-vc src/platform/windows/exports/
