@@ -3,6 +3,7 @@
 # byte.
 #
 #   tests/windows/check_reproducible.sh build/windows
+#   tests/windows/check_reproducible.sh build/windows-vc
 set -eu
 
 if [ $# -ne 1 ]; then
@@ -10,6 +11,7 @@ if [ $# -ne 1 ]; then
     exit 64
 fi
 first=$(cd "$1" && pwd)/bin/VeskSondrel64.dll
+preset=$(basename "$1")
 root=$(cd "$(dirname "$0")/../.." && pwd)
 
 elsewhere=$(mktemp -d "${TMPDIR:-/tmp}/a tree elsewhere.XXXXXX")
@@ -21,10 +23,10 @@ git ls-files --cached --others --exclude-standard -z |
     tar --null --files-from=- --create | tar --extract -C "$elsewhere"
 cd "$elsewhere"
 build() {
-    cmake --preset windows && cmake --build --preset windows --target VeskSondrel64
+    cmake --preset "$preset" && cmake --build --preset "$preset" --target VeskSondrel64
 }
 build >build.log 2>&1 || {
     cat build.log >&2
     exit 1
 }
-cmp "$first" build/windows/bin/VeskSondrel64.dll
+cmp "$first" "build/$preset/bin/VeskSondrel64.dll"

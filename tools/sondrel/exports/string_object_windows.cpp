@@ -15,16 +15,6 @@ constexpr std::wstring_view OwnLayout = L"msvc";
 constexpr std::wstring_view OwnLayout = L"libstdc++";
 #endif
 
-/// A release std::string of Visual C++.
-struct VisualCppString {
-    union {
-        char characters[16];
-        char* block;
-    };
-    std::size_t size;
-    std::size_t capacity;
-};
-
 std::wstring FileOf(Address address) {
     HMODULE module = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
@@ -48,6 +38,17 @@ std::wstring LayoutOf(Address address) {
     return static_cast<const wchar_t*>(text);
 }
 
+#ifndef _MSC_VER
+/// A release std::string of Visual C++.
+struct VisualCppString {
+    union {
+        char characters[16];
+        char* block;
+    };
+    std::size_t size;
+    std::size_t capacity;
+};
+
 /// Both compilers return an object of this size through a hidden pointer.
 std::string CallForVisualCpp(Address address) {
     const auto returned = reinterpret_cast<VisualCppString (*)()>(address)();
@@ -60,6 +61,7 @@ std::string CallForVisualCpp(Address address) {
     } const owner{returned.block};
     return {returned.block, returned.size};
 }
+#endif
 
 } // namespace
 
@@ -68,9 +70,11 @@ std::string CallStringExport(Address address) {
     if (layout == OwnLayout) {
         return reinterpret_cast<std::string (*)()>(address)();
     }
+#ifndef _MSC_VER
     if (layout == L"msvc") {
         return CallForVisualCpp(address);
     }
+#endif
     throw Error(
         "this tool cannot read the string objects of this library: take the tool of the library's kit");
 }
