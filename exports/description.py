@@ -58,6 +58,7 @@ class Description:
         self.states = document["states"]
         self.sources = document["sources"]
         self.resources = document["resources"]
+        self.units = document["units"]
         self.charts = document["charts"]
         self.groups = [{"id": group["id"], "title": group["title"]} for group in document["groups"]]
         self.exports = []
@@ -137,7 +138,7 @@ def user_argument(export: dict):
 
 def reference_errors(document: dict):
     """References to what is not there, and definitions that nothing refers to."""
-    used = {kind: set() for kind in ("arguments", "value_sets", "sources", "resources", "states", "charts")}
+    used = {kind: set() for kind in ("arguments", "value_sets", "sources", "resources", "units", "states", "charts")}
 
     def refer(kind: str, name: str, place: str):
         used[kind].add(name)
@@ -158,6 +159,10 @@ def reference_errors(document: dict):
             yield from refer("sources", source, place)
         for resource in members.get("uses", {}):
             yield from refer("resources", resource, place)
+        value = members.get("value", {})
+        for part in [value, *value.get("record", [])]:
+            if "unit" in part:
+                yield from refer("units", part["unit"], place)
         if "telemetry" in members:
             yield from refer("charts", members["telemetry"]["chart"], place)
 
@@ -181,7 +186,7 @@ def export_errors(description: Description):
     for group in description.groups:
         yield from duplicates(f"{group['id']}: short", [e["short"] for e in description.of_group(group["id"])])
     for export in description.exports:
-        for check in (result_errors, argument_errors, role_errors, value_errors, metric_errors, sentence_errors):
+        for check in EXPORT_CHECKS:
             for error in check(export):
                 yield f"{export['name']}: {error}"
     yield from metric_family_errors(description)
@@ -279,6 +284,20 @@ def value_errors(export: dict):
         yield "other comes last"
 
 
+def choice_errors(export: dict):
+    """The ordinary values of a choice have names, and nothing else has."""
+    names = [value.get("name") for value in export["values"] if value["states"] == ["ok"]]
+    if export["value"]["kind"] == "choice":
+        yield from duplicates("name", [name for name in names if name])
+    if any((name is not None) != (export["value"]["kind"] == "choice") for name in names):
+        yield "the ordinary values of a choice have a name, and no other values"
+    if any("name" in value and value["states"] != ["ok"] for value in export["values"]):
+        yield "a value with a name has the state ok, and no other"
+    value = export["value"]
+    if "record" in value and ("name" not in value["element"] or value["element"]["kind"] != "text"):
+        yield "a record is made of elements of text, and their name is the record's"
+
+
 def special_errors(export: dict, special: str):
     if special == "untouched" and not out_arguments(export):
         yield "without a buffer nothing is left untouched"
@@ -356,3 +375,14 @@ def sentence_errors(export: dict):
     for sentence in sentences:
         if sentence.endswith(".") or sentence != sentence.strip():
             yield f"no full stop and no blank at the end: {shown(sentence)}"
+
+
+EXPORT_CHECKS = (
+    result_errors,
+    argument_errors,
+    role_errors,
+    value_errors,
+    choice_errors,
+    metric_errors,
+    sentence_errors,
+)

@@ -49,6 +49,11 @@ FAULTS = [
     ("Thermal_Read_CpuDptf_PowerLimit2", "e['metric']['label_values'] = ['1']", "need different label_values"),
     ("CPU_ReadCpuId", "e['values'][0]['value'] = 1", "has either value or special"),
     ("GetInfVersion", "e['arguments'][0]['size']['count'] = 0", "/count: 0 is less than 1"),
+    ("WMIGetHDDSize", "e['value']['unit'] = 'octets'", "units has no octets"),
+    ("Power_Read_ACDCMode", "del e['values'][0]['name']", "the ordinary values of a choice have a name"),
+    ("Power_Read_ACDCMode", "e['values'][1]['name'] = 'battery'", "name battery is there twice"),
+    ("Power_Read_ACDCMode", "e['values'][2]['name'] = 'unknown'", "a value with a name has the state ok"),
+    ("WMIGetHDDInfo", "del e['value']['element']['name']", "their name is the record's"),
     ("GetInfVersion", "d['charts']['noise'] = 'Noise'", "/charts/noise: nothing refers to it"),
     ("GetInfVersion", "d['groups'][1]['id'] = 'session'", "group session is there twice"),
 ]
