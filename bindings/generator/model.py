@@ -61,9 +61,9 @@ class Reading:
 
     @property
     def size(self) -> int:
-        """Of the buffer that is read or written, in characters or bytes."""
-        buffer = self.out or self.argument
-        return buffer["size"]["count"]
+        """Of the buffer that is read or written, in characters or bytes; 0 without one of a described size."""
+        size = (self.out or self.argument or {}).get("size", {})
+        return size.get("count", 0)
 
     @property
     def grows(self) -> bool:
