@@ -21,6 +21,18 @@ static void* LoadSondrel(void) {
 #endif
 }
 
+/* Why it could not be loaded, in the system's words. */
+static void PrintLoadProblem(void) {
+#ifdef _WIN32
+    wchar_t text[512] = L"";
+    const DWORD code = GetLastError();
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, NULL, code, 0, text, 512, NULL);
+    printf("VeskSondrel64.dll: error %lu: %ls\n", (unsigned long)code, text);
+#else
+    puts(dlerror());
+#endif
+}
+
 /* One export, to be cast to the type of its declaration in the header. */
 static Routine Find(void* library, const char* name) {
 #ifdef _WIN32
@@ -126,7 +138,7 @@ static void ReadWithoutSession(void* library) {
 int main(void) {
     void* const library = LoadSondrel();
     if (library == NULL) {
-        puts("the library could not be loaded");
+        PrintLoadProblem();
         return 1;
     }
     int32_t (*const open)(void) = (int32_t(*)(void))Find(library, "InitializeSondrel");

@@ -142,6 +142,7 @@ private:
 #if VESK_SONDREL_EXCEPTIONS
             throw LoadError(problem);
 #else
+            static_cast<void>(problem);
             std::abort();
 #endif
         }

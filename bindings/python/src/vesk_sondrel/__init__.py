@@ -14,6 +14,7 @@ Calls may come from any thread: those that must not overlap wait for each other.
 system cannot be cut short; a host that must not hang makes it on a thread of its own.
 """
 
+from . import _readings
 from ._description import STATES, VERSION, State
 from ._library import Library, Readings, Session
 from ._reading import Group, OrNone, Raising, Reading, Registers
@@ -60,4 +61,5 @@ __all__ = [
     "SondrelError",
     "State",
     "__version__",
-] + [group.__name__ for group in GROUPS]
+]
+__all__ += _readings.__all__

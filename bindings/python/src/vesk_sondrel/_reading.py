@@ -283,6 +283,8 @@ class _List(_Written[T]):
         if not (text.isascii() and text[text[0] == "-" :].isdigit()):
             return self._malformed("the element is not a number")
         number = int(text)
+        if number >= 1 << 63:
+            return self._malformed("the element is not a number of 64 bits")
         found = (a for a in self.answers if a.match is Match.ELEMENT and a.value == number)
         judge: Any = self._judged  # an element is a number, whatever the list is
         result: Result[int] = judge(native, next(found, None), lambda: number)
