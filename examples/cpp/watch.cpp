@@ -3,12 +3,24 @@
 //   watch [SAMPLES]
 #include <vesk_sondrel.hpp>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <thread>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <unistd.h>
+#endif
 
 namespace {
+
+void WaitOneSecond() {
+#ifdef _WIN32
+    Sleep(1000);
+#else
+    sleep(1);
+#endif
+}
 
 void PrintCpu(const vesk::Session& session) {
     const auto degrees = session.thermal().cpu_temperature();
@@ -37,7 +49,7 @@ int Watch(int samples) {
     const vesk::Session session = library.open_session().value();
     for (int taken = 0; samples == 0 || taken < samples; ++taken) {
         if (taken > 0) {
-            std::this_thread::sleep_for(std::chrono::seconds(1));
+            WaitOneSecond();
         }
         PrintCpu(session);
         PrintFans(session);

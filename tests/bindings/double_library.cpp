@@ -1,18 +1,26 @@
 #include "double_library.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <map>
 #include <sstream>
-#include <thread>
 
 #ifdef _WIN32
 #include <windows.h>
+#else
+#include <unistd.h>
 #endif
 
 namespace {
+
+void Wait(unsigned milliseconds) {
+#ifdef _WIN32
+    Sleep(milliseconds);
+#else
+    usleep(milliseconds * 1000);
+#endif
+}
 
 /// Shared by threads, so that every use holds the lock. A spin lock: the win32 thread model has no std::mutex.
 struct State {
@@ -90,7 +98,7 @@ Call::Call(const char* name) : m_name(name) {
     std::istringstream words(answer);
     for (std::string word; words >> word;) {
         if (word == "slow") {
-            std::this_thread::sleep_for(std::chrono::milliseconds(30));
+            Wait(30);
         } else if (word == "untouched") {
             m_untouched = true;
         } else if (word == "full") {
