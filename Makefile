@@ -5,7 +5,7 @@ MACHINE ?= default
 ARGS ?=
 SECONDS ?= 30
 
-.PHONY: help run run-windows test test-native test-asan test-windows fuzz bench kit docs format lint clean bootstrap
+.PHONY: help run run-windows test test-native test-asan test-windows fuzz bench kit dist docs format lint clean bootstrap
 
 help:
 	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
@@ -14,6 +14,7 @@ help:
 	@echo "make fuzz          every fuzz target, SECONDS=30 each"
 	@echo "make bench         benchmarks"
 	@echo "make kit           the development kits for Windows (two compilers) and Linux, packed"
+	@echo "make dist          the source archive that the ports are built from"
 	@echo "make docs          the HTML reference, build/docs/html/index.html"
 	@echo "make format        format every source"
 	@echo "make lint          check format and run the static checks"
@@ -21,7 +22,7 @@ help:
 	@echo "make clean         remove build/"
 
 bootstrap:
-	@scripts/bootstrap.sh native windows windows-vc fuzz lint
+	@scripts/bootstrap.sh native windows windows-vc bindings fuzz lint
 
 run:
 	@scripts/bootstrap.sh native
@@ -36,19 +37,19 @@ run-windows:
 test: test-native test-asan test-windows
 
 test-native:
-	@scripts/bootstrap.sh native
+	@scripts/bootstrap.sh native bindings
 	@scripts/build.sh native
 	@ctest --preset native
 
 test-asan:
-	@scripts/bootstrap.sh native
+	@scripts/bootstrap.sh native bindings
 	@scripts/build.sh asan
 	@ctest --preset asan
 
 # The real DLL is compared with the native library, which has to be there too. The DLL for hosts of Visual C++ is tested
 # in what the other one does not share with it.
 test-windows:
-	@scripts/bootstrap.sh native windows windows-vc
+	@scripts/bootstrap.sh native windows windows-vc bindings
 	@scripts/build.sh native
 	@scripts/build.sh windows
 	@scripts/build.sh windows-vc
@@ -66,11 +67,15 @@ bench:
 	@build/native/bin/sondrel_bench $(ARGS)
 
 kit:
-	@scripts/bootstrap.sh native windows windows-vc
+	@scripts/bootstrap.sh native windows windows-vc bindings
 	@scripts/build.sh native kit
 	@scripts/build.sh windows kit
 	@scripts/build.sh windows-vc kit
-	@ls build/native/VeskSondrel64-*.tar.gz build/windows/VeskSondrel64-*.zip build/windows-vc/VeskSondrel64-*.zip
+	@packaging/collect_kits.sh build/kit build/native/VeskSondrel64-*.tar.gz build/windows/VeskSondrel64-*.zip \
+		build/windows-vc/VeskSondrel64-*.zip
+
+dist:
+	@packaging/make_dist.py build/dist
 
 docs:
 	@scripts/bootstrap.sh lint

@@ -93,6 +93,11 @@ endforeach()
 
 include(CMakePackageConfigHelpers)
 configure_file(cmake/package/VeskSondrel64Config.cmake.in ${package_directory}/VeskSondrel64Config.cmake @ONLY)
+# A program that is built by way of pkg-config starts where it was built, without more.
+set(kit_rpath "")
+if(NOT WIN32)
+  set(kit_rpath " -Wl,-rpath,\${libdir}")
+endif()
 write_basic_package_version_file(${package_directory}/VeskSondrel64ConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${package_directory}/VeskSondrel64Config.cmake ${package_directory}/VeskSondrel64ConfigVersion.cmake
@@ -114,10 +119,17 @@ else()
 endif()
 set(CPACK_SYSTEM_NAME ${kit_system})
 set(CPACK_PACKAGE_FILE_NAME VeskSondrel64-${PROJECT_VERSION}-${CPACK_SYSTEM_NAME})
+include(KitContents)
+if(VESK_FOR_PACKAGERS)
+  return()
+endif()
+set(kit_archive ${CMAKE_BINARY_DIR}/${CPACK_PACKAGE_FILE_NAME})
 include(CPack)
 
 add_custom_target(kit
   COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake -B ${CMAKE_BINARY_DIR}
   DEPENDS VeskSondrel64 $<TARGET_NAME_IF_EXISTS:VeskSondrel64Observed>
     $<IF:$<BOOL:${VESK_FOR_VISUAL_CPP}>,import_library,sondrel>
+    python_wheel bill_of_materials $<$<BOOL:${WIN32}>:nuget_package>
   USES_TERMINAL VERBATIM)
+finish_kit(kit ${kit_archive}.$<IF:$<BOOL:${WIN32}>,zip,tar.gz>)

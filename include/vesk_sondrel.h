@@ -164,6 +164,12 @@ extern "C" {
 #pragma warning(disable : 4190)
 #endif
 
+/** The version of the library that this header belongs to, as in the file's version resource. */
+#define VESK_SONDREL_VERSION "1.0.2.0"
+
+/** The same as a number to compare: one byte for each part, the first in bits 31-24. */
+#define VESK_SONDREL_VERSION_NUMBER 0x01000200
+
 /** An EC command or a radio read failed. */
 #define VESK_READ_FAILED 0x7FFFFFFF
 

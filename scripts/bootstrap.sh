@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages that a job needs and that are missing.
 #
-#   scripts/bootstrap.sh native|windows|windows-vc|fuzz|lint...
+#   scripts/bootstrap.sh native|windows|windows-vc|bindings|fuzz|lint...
 #
 # Root uses apt-get; other users sudo, if it works without a password; otherwise the script prints the command to type
 # and ends with status 1. If nothing is missing it prints nothing.
@@ -21,6 +21,9 @@ packages_of() {
     windows-vc)
         echo "clang lld llvm"
         ;;
+    bindings) # their tests, and the wheel of a kit
+        echo "python3 python3-setuptools python3-wheel python3-venv python3-pytest mypy mono-mcs mono-runtime"
+        ;;
     fuzz)
         echo "clang libclang-rt-dev cmake ninja-build libsqlite3-dev libexpat1-dev nlohmann-json3-dev" \
             "libcli11-dev"
@@ -29,7 +32,7 @@ packages_of() {
         echo "clang clang-format clang-tidy cppcheck shellcheck doxygen python3 unicode-data"
         ;;
     *)
-        echo "bootstrap: unknown job '$1'; expected native, windows, windows-vc, fuzz or lint" >&2
+        echo "bootstrap: unknown job '$1'; expected native, windows, windows-vc, bindings, fuzz or lint" >&2
         exit 2
         ;;
     esac

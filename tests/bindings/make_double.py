@@ -50,7 +50,7 @@ def function(name: str, signature: str, comment: str) -> str:
     for kind, variable in found:
         if kind in ("uint8_t", "int32_t", "uint32_t"):
             body.append(f'    call.Pass("{variable}", {variable});')
-    if result == "std::string":
+    if result in ("std::string", "VESK_STRING"):
         return f"VESK_DOUBLE_STRING({name})\n"
     if name == "CPU_ReadCpuId":
         body.append("    call.WriteRegisters(eax, ebx, ecx, edx);")

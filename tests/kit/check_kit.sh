@@ -81,9 +81,6 @@ if [ -n "$toolchain" ]; then
     quietly "$cxx" -std=c++17 -static "-I$kit/include" "$here/consumer/consumer.cpp" "$work/by_def.a" \
         -o "$work/consumer/by_def.exe"
     cp "$kit/bin/VeskSondrel64.dll" "$work/consumer"
-else
-    LD_LIBRARY_PATH=$kit/lib
-    export LD_LIBRARY_PATH
 fi
 
 first="interface 65537, sensor {"
