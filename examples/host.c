@@ -26,7 +26,8 @@ static void PrintLoadProblem(void) {
 #ifdef _WIN32
     wchar_t text[512] = L"";
     const DWORD code = GetLastError();
-    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, NULL, code, 0, text, 512, NULL);
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, NULL, code, 0, text, 512,
+                   NULL);
     printf("VeskSondrel64.dll: error %lu: %ls\n", (unsigned long)code, text);
 #else
     puts(dlerror());

@@ -47,6 +47,7 @@ public:
 class Session : public Readings {
 public:
     Session(Session&& other) noexcept : Readings(std::move(other.m_module)) {}
+
     Session& operator=(Session&& other) noexcept {
         if (this != &other) {
             close();
@@ -54,6 +55,7 @@ public:
         }
         return *this;
     }
+
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 

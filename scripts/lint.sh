@@ -13,6 +13,7 @@ git ls-files --cached --others --exclude-standard -- '*.sh' .ci/run | xargs shel
 echo "exports"
 python3 -B exports/generate.py --check
 python3 -B exports/check_header.py
+python3 -B scripts/generate_bindings --check
 
 echo "layers"
 scripts/check_layers --self-test
@@ -30,6 +31,8 @@ scripts/check_headers.sh
 
 echo "public header and reference"
 tests/kit/check_header.sh clang clang++
+tests/bindings/check_cpp_header.sh clang++
+tests/bindings/check_cpp_header_msvc.sh clang++
 scripts/build_docs.sh
 
 echo "sources in the mode of Visual C++"

@@ -2,4 +2,4 @@
 # Lists the C and C++ sources of the tree, one a line.
 set -eu
 
-git ls-files --cached --others --exclude-standard -- '*.h' '*.c' '*.cpp'
+git ls-files --cached --others --exclude-standard -- '*.h' '*.hpp' '*.c' '*.cpp'

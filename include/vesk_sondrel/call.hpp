@@ -122,7 +122,9 @@ Result<T> judged(const Module& module, const Entry& entry, const Answer* answer,
                          !answer->states.contains(State::no_session) &&
                          !answer->states.contains(State::not_read) &&
                          !answer->states.contains(State::not_ready);
-    const char* const meaning = certain ? "" : state == State::no_session ? meaning_of(state) : answer->meaning;
+    const char* const meaning = certain                      ? ""
+                                : state == State::no_session ? meaning_of(state)
+                                                             : answer->meaning;
     const Failure outcome(entry.info.export_name, state, answer->states, meaning, code);
     return state == State::ok ? Result<T>(make(), outcome) : Result<T>(outcome);
 }
@@ -141,6 +143,7 @@ inline std::string letters_of(std::uint32_t number) {
 
 template <class T>
 struct IsQuantity : std::false_type {};
+
 template <class Unit, class Number>
 struct IsQuantity<Quantity<Unit, Number>> : std::true_type {};
 
@@ -177,7 +180,8 @@ Result<T> number_element(const Module& module, const Entry& entry, std::basic_st
     bool valid = text.size() > (negative ? 1u : 0u);
     for (std::size_t i = negative ? 1 : 0; valid && i < text.size(); ++i) {
         const auto digit = static_cast<std::uint64_t>(text[i]) - static_cast<std::uint64_t>('0');
-        valid = digit <= 9 && number <= (static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) - digit) / 10;
+        valid = digit <= 9 &&
+                number <= (static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) - digit) / 10;
         number = valid ? number * 10 + digit : 0;
     }
     if (!valid) {
@@ -346,9 +350,11 @@ public:
         } else {
             m_size = word(1);
             m_text = pointer();
-            m_block = m_text == reinterpret_cast<const char*>(m_bytes + 2 * sizeof(std::size_t)) ? nullptr : pointer();
+            m_block = m_text == reinterpret_cast<const char*>(m_bytes + 2 * sizeof(std::size_t)) ? nullptr
+                                                                                                 : pointer();
         }
     }
+
     StringObject(const StringObject&) = delete;
     StringObject& operator=(const StringObject&) = delete;
 
@@ -400,7 +406,9 @@ Result<std::vector<T>> read_string_list(const Module& module, const Entry& entry
 template <std::size_t Size, class Call>
 Result<std::array<std::uint8_t, Size>> read_bytes(const Module& module, const Entry& entry, Call call) {
     // Not constant, so that it is no answer that the firmware would give.
-    const auto fill = [](std::size_t place) { return static_cast<std::uint8_t>(0xA5u ^ place * 37u); };
+    const auto fill = [](std::size_t place) {
+        return static_cast<std::uint8_t>(0xA5u ^ place * 37u);
+    };
     std::array<std::uint8_t, Size> bytes;
     for (std::size_t i = 0; i < Size; ++i) {
         bytes[i] = fill(i);
@@ -414,7 +422,8 @@ Result<std::array<std::uint8_t, Size>> read_bytes(const Module& module, const En
     if (answer == nullptr && untouched) {
         answer = entry.find(Match::untouched);
     }
-    return judged<std::array<std::uint8_t, Size>>(module, entry, answer, [&] { return bytes; }, code);
+    return judged<std::array<std::uint8_t, Size>>(
+        module, entry, answer, [&] { return bytes; }, code);
 }
 
 template <class Call>
@@ -451,6 +460,7 @@ public:
 
 protected:
     [[nodiscard]] const Module& module() const noexcept { return *m_module; }
+
     [[nodiscard]] const Exports& exports() const noexcept { return m_module->exports; }
 
 private:

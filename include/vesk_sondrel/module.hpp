@@ -135,7 +135,9 @@ enum class StringLayout : std::uint8_t {
 
 /// A string of the version resource, or an empty one.
 inline std::wstring version_string(Handle module, const wchar_t* key) {
-    const auto by_number = [](std::uintptr_t number) { return reinterpret_cast<const wchar_t*>(number); };
+    const auto by_number = [](std::uintptr_t number) {
+        return reinterpret_cast<const wchar_t*>(number);
+    };
     HRSRC__* const resource = windows::FindResourceW(module, by_number(1), by_number(16)); // 16: RT_VERSION
     void* const loaded = resource == nullptr ? nullptr : windows::LoadResource(module, resource);
     if (loaded == nullptr) {
@@ -188,10 +190,10 @@ inline void free_string_block(void* block, StringLayout) noexcept {
 class Module {
 public:
     explicit Module(Handle handle) : layout(string_layout(handle)), m_handle(handle) {
-        missing = find_all(exports, [&](const char* name, auto& function) {
-            return find_export(handle, name, function);
-        });
+        missing = find_all(
+            exports, [&](const char* name, auto& function) { return find_export(handle, name, function); });
     }
+
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;
 

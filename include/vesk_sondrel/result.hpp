@@ -66,12 +66,17 @@ struct Quantity {
     friend constexpr bool operator==(Quantity left, Quantity right) noexcept {
         return left.value == right.value;
     }
+
     friend constexpr bool operator!=(Quantity left, Quantity right) noexcept { return !(left == right); }
+
     friend constexpr bool operator<(Quantity left, Quantity right) noexcept {
         return left.value < right.value;
     }
+
     friend constexpr bool operator>(Quantity left, Quantity right) noexcept { return right < left; }
+
     friend constexpr bool operator<=(Quantity left, Quantity right) noexcept { return !(right < left); }
+
     friend constexpr bool operator>=(Quantity left, Quantity right) noexcept { return !(left < right); }
 };
 
@@ -103,8 +108,9 @@ public:
             return State::no_session;
         }
         const State first_one = first();
-        return first_one == State::no_session && m_packed > 0xF ? static_cast<State>((m_packed >> 4 & 0xF) - 1)
-                                                                : first_one;
+        return first_one == State::no_session && m_packed > 0xF
+                   ? static_cast<State>((m_packed >> 4 & 0xF) - 1)
+                   : first_one;
     }
 
 private:
@@ -173,17 +179,23 @@ public:
     using value_type = T;
 
     Result(T value) : m_value(std::move(value)) {}
+
     /// A value that can also stand for something else, such as 0.
     Result(T value, const Failure& note) : m_value(std::move(value)), m_failure(note) {}
+
     Result(const Failure& failure) : m_failure(failure) {}
 
     [[nodiscard]] bool has_value() const noexcept { return m_value.has_value(); }
+
     explicit operator bool() const noexcept { return has_value(); }
 
     /// Undefined without a value, as std::optional's.
     [[nodiscard]] const T& operator*() const& noexcept { return *m_value; }
+
     [[nodiscard]] T&& operator*() && noexcept { return *std::move(m_value); }
+
     [[nodiscard]] const T* operator->() const noexcept { return &*m_value; }
+
     [[nodiscard]] T* operator->() noexcept { return &*m_value; }
 
     /// Throws ReadingError without a value; ends the program where exceptions are disabled.
@@ -191,6 +203,7 @@ public:
         require();
         return *m_value;
     }
+
     [[nodiscard]] T&& value() && {
         require();
         return *std::move(m_value);
@@ -227,9 +240,11 @@ public:
     using value_type = void;
 
     Result() = default;
+
     Result(const Failure& failure) : m_failure(failure), m_done(failure.state() == State::ok) {}
 
     [[nodiscard]] bool has_value() const noexcept { return m_done; }
+
     explicit operator bool() const noexcept { return m_done; }
 
     void value() const {
@@ -239,7 +254,9 @@ public:
     }
 
     [[nodiscard]] State state() const noexcept { return m_failure.state(); }
+
     [[nodiscard]] const Failure& failure() const noexcept { return m_failure; }
+
     [[nodiscard]] const char* note() const noexcept { return m_done ? m_failure.meaning() : ""; }
 
 private:

@@ -40,6 +40,7 @@ public:
         while (locked.test_and_set()) {
         }
     }
+
     ~Lock() { locked.clear(); }
 };
 
@@ -76,7 +77,8 @@ std::string Hex(unsigned value, int digits) {
 }
 
 int SizeOf(const std::string& name) {
-    const auto found = std::find_if(known.begin(), known.end(), [&](const Known& each) { return name == each.name; });
+    const auto found =
+        std::find_if(known.begin(), known.end(), [&](const Known& each) { return name == each.name; });
     return found == known.end() ? 0 : found->size;
 }
 
@@ -111,7 +113,8 @@ Call::Call(const char* name) : m_name(name) {
         } else if (word == "bytes") {
             words >> word;
             for (std::size_t i = 0; i + 1 < word.size(); i += 2) {
-                m_bytes.push_back(static_cast<std::uint8_t>(std::strtoul(word.substr(i, 2).c_str(), nullptr, 16)));
+                m_bytes.push_back(
+                    static_cast<std::uint8_t>(std::strtoul(word.substr(i, 2).c_str(), nullptr, 16)));
             }
         } else if (word == "units") {
             while (words >> word) {
@@ -171,7 +174,8 @@ void Call::Write(std::uint8_t* out) const {
     std::copy(m_bytes.begin(), m_bytes.end(), out);
 }
 
-void Call::WriteRegisters(std::uint32_t* eax, std::uint32_t* ebx, std::uint32_t* ecx, std::uint32_t* edx) const {
+void Call::WriteRegisters(std::uint32_t* eax, std::uint32_t* ebx, std::uint32_t* ecx,
+                          std::uint32_t* edx) const {
     std::uint32_t* const registers[] = {eax, ebx, ecx, edx};
     for (std::size_t i = 0; i < m_numbers.size() && i < 4; ++i) {
         *registers[i] = static_cast<std::uint32_t>(m_numbers[i]);
@@ -202,9 +206,11 @@ void* MakeMsvcString(const std::string& text, void* place) {
             char small[16];
             char* block;
         };
+
         std::size_t size;
         std::size_t capacity;
     };
+
     auto* const object = static_cast<Object*>(place);
     object->size = text.size();
     object->capacity = std::max<std::size_t>(text.size(), 15);

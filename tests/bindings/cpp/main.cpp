@@ -74,10 +74,13 @@ std::string ShownChoice(vesk::QuietFanSupport value) {
 
 template <class T>
 struct IsVector : std::false_type {};
+
 template <class T>
 struct IsVector<std::vector<T>> : std::true_type {};
+
 template <class T>
 struct IsArray : std::false_type {};
+
 template <std::size_t Size>
 struct IsArray<std::array<std::uint8_t, Size>> : std::true_type {};
 
@@ -93,7 +96,8 @@ std::string Shown(const T& value) {
     } else if constexpr (vesk::detail::IsQuantity<T>::value) {
         text << value.value;
     } else if constexpr (std::is_same_v<T, vesk::Disk>) {
-        text << vesk::utf8(value.model) << ',' << ShownElement(value.size) << ',' << ShownElement(value.media_type);
+        text << vesk::utf8(value.model) << ',' << ShownElement(value.size) << ','
+             << ShownElement(value.media_type);
     } else if constexpr (IsVector<T>::value) {
         const char* separator = "";
         for (const auto& element : value) {
@@ -230,7 +234,8 @@ void TestResults(const vesk::Library& library, const Controls& controls) {
     Expect("code of a reading", "1314", std::to_string(uuid.failure().code()));
     controls.set("GPNV_Set_RandomUUID", "number 5");
     const auto set = library.firmware_variables().set_random_uuid({});
-    Expect("code of a setter", "failed 5", std::string(to_string(set.state())) + ' ' + std::to_string(set.failure().code()));
+    Expect("code of a setter", "failed 5",
+           std::string(to_string(set.state())) + ' ' + std::to_string(set.failure().code()));
     controls.set("GPNV_Set_RandomUUID", "number 0");
     Expect("setter", "ok", to_string(library.firmware_variables().set_random_uuid({}).state()));
     controls.set("WMISetBatteryHealth", "number 1");
@@ -255,13 +260,16 @@ void TestResults(const vesk::Library& library, const Controls& controls) {
     Expect("first state", "absent", to_string(capacity.failure().state()));
     Expect("other state", "true", capacity.failure().could_be(vesk::State::failed) ? "true" : "false");
     Expect("no such state", "false", capacity.failure().could_be(vesk::State::not_read) ? "true" : "false");
-    Expect("value_or", "7", std::to_string(capacity.value_or(vesk::Quantity<vesk::unit::milliwatt_hours, std::uint32_t>{7}).value));
+    Expect("value_or", "7",
+           std::to_string(
+               capacity.value_or(vesk::Quantity<vesk::unit::milliwatt_hours, std::uint32_t>{7}).value));
 #if VESK_SONDREL_EXCEPTIONS
     try {
         (void)capacity.value();
         Expect("value() without a value", "thrown", "returned");
     } catch (const vesk::ReadingError& error) {
-        Expect("what()", "Battery_Read_DesignedCapacity: no battery, or the device does not give this value", error.what());
+        Expect("what()", "Battery_Read_DesignedCapacity: no battery, or the device does not give this value",
+               error.what());
     }
     try {
         (void)vesk::Library::load(
@@ -291,12 +299,15 @@ void TestSessions(const vesk::PathChar* path, const Controls& controls) {
             vesk::Session first = library.open_session().value();
             kept.emplace(std::move(first));
             *kept = library.open_session().value();
-            Expect("a closed session", "1", std::to_string(Words(controls.called()).count("ShutdownSondrel")));
+            Expect("a closed session", "1",
+                   std::to_string(Words(controls.called()).count("ShutdownSondrel")));
         }
-        Expect("reading after the library object", "50", std::to_string(kept->thermal().cpu_temperature()->value));
+        Expect("reading after the library object", "50",
+               std::to_string(kept->thermal().cpu_temperature()->value));
         controls.reset();
     }
-    Expect("the last session is closed", "1", std::to_string(Words(controls.called()).count("ShutdownSondrel")));
+    Expect("the last session is closed", "1",
+           std::to_string(Words(controls.called()).count("ShutdownSondrel")));
 }
 
 int Run(const vesk::PathChar* path, const char* answers) {

@@ -1,4 +1,4 @@
-#include <vesk_sondrel.h>
+#include <vesk_sondrel.hpp>
 
 #include <cstdio>
 #include <string>
@@ -21,6 +21,13 @@ static bool StartMachine() {
 int main() {
     if (!StartMachine()) {
         std::puts("the machine is not the one that was asked for");
+        return 1;
+    }
+    // The header for C++ finds what the program is linked with.
+    std::string problem;
+    const auto library = vesk::Library::linked(problem);
+    if (!library || library->session().io_version().value_or(0) != GetIoDllVersion()) {
+        std::printf("not linked: %s\n", problem.c_str());
         return 1;
     }
     const std::string mode = RF_PhyMode();
