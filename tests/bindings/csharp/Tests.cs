@@ -353,6 +353,7 @@ internal static class Tests
         Expect("libstdc++, long", "40 in a block", TakenApart(false, at => new long[] { 5000, 40, 40, 0 }));
         Expect("msvc, short", "2 in the object", TakenApart(true, at => new long[] { 0, 0, 2, 15 }));
         Expect("msvc, long", "40 in a block", TakenApart(true, at => new long[] { 5000, 0, 40, 47 }));
+        Expect("msvc, shortest block", "16 in a block", TakenApart(true, at => new long[] { 5000, 0, 16, 16 }));
 
         // Three words, the key, padding to an even number of words, the value.
         byte[] resource = Encoding.Unicode.GetBytes(

@@ -191,6 +191,7 @@ def test_takes_string_objects_of_both_layouts_apart() -> None:
     assert _native.take_apart("libstdc++", 1000, struct.pack("<QQQQ", 5000, 40, 40, 0)) == (5000, 40, 5000)
     assert _native.take_apart("msvc", 1000, struct.pack("<16sQQ", b"ab", 2, 15)) == (1000, 2, 0)
     assert _native.take_apart("msvc", 1000, struct.pack("<QQQQ", 5000, 0, 40, 47)) == (5000, 40, 5000)
+    assert _native.take_apart("msvc", 1000, struct.pack("<QQQQ", 5000, 0, 16, 16)) == (5000, 16, 5000)
 
 
 @pytest.mark.parametrize("padding", [0, 2])
