@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Builds the wheel of the Python package, without network: Debian's python3-setuptools and python3-wheel.
 
     build_wheel.py OUTPUT_DIRECTORY
