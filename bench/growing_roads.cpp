@@ -3,9 +3,9 @@
 
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
+#include "unicode/utf.h"
 #include "vesk_sondrel.h"
 #include "wmi/wmi_readers.h"
-#include "unicode/utf.h"
 
 #include <benchmark/benchmark.h>
 

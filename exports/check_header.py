@@ -63,7 +63,7 @@ class Header:
                 place = declaration.end()
 
     def _add(self, declaration: str, group: str, comment: str) -> None:
-        declaration = words(declaration).replace("( ", "(").replace(" )", ")")
+        declaration = words(declaration).replace("( ", "(").replace(" )", ")").replace("VESK_STRING ", "std::string ")
         name = re.search(r"(\w+)\(", declaration).group(1)
         self.names.append(name)
         self.group_of[name] = group
@@ -114,7 +114,8 @@ def stated_values(text: str) -> list:
 
 
 def differences(description: Description, header: Header):
-    yield from list_differences("group", [(g["id"], g["title"]) for g in description.groups], header.groups)
+    groups = [group for group in header.groups if group[0] in header.group_of.values()]
+    yield from list_differences("group", [(group["id"], group["title"]) for group in description.groups], groups)
     names = [export["name"] for export in description.exports]
     yield from list_differences("export", names, header.names)
     for export in description.exports:

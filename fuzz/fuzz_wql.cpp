@@ -3,8 +3,8 @@
 #include "harness.h"
 
 #include "machine/models/wmi/wql.h"
-#include "wmi/wmi_readers.h"
 #include "unicode/utf.h"
+#include "wmi/wmi_readers.h"
 
 namespace {
 

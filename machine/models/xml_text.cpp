@@ -1,7 +1,6 @@
 #include "machine/models/xml_text.h"
 #include "unicode/utf.h"
 
-
 #include <expat.h>
 
 #include <exception>

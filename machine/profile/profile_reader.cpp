@@ -1,7 +1,6 @@
 #include "machine/profile/profile_reader.h"
 #include "unicode/utf.h"
 
-
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -205,7 +204,9 @@ bool ProfileReader::Strings(std::string_view name, std::vector<std::u16string>& 
                             const StringRule& rule) {
     return Elements(
         name, rule.expected, presence, [&](const json& each) { return Holds(each, rule); },
-        [&](const json& element) { texts.push_back(unicode::WideFromUtf8(element.get_ref<const std::string&>())); });
+        [&](const json& element) {
+            texts.push_back(unicode::WideFromUtf8(element.get_ref<const std::string&>()));
+        });
 }
 
 std::optional<std::size_t> ProfileReader::WordOf(std::string_view name,

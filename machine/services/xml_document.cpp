@@ -5,7 +5,6 @@
 #include "machine/models/xml_text.h"
 #include "platform/back_end.h"
 
-
 namespace VESK_BACK_END {
 namespace {
 

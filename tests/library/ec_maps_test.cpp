@@ -3,7 +3,6 @@
 #include "machine_fixture.h"
 #include "unicode/utf.h"
 
-
 #include <array>
 #include <map>
 #include <sstream>

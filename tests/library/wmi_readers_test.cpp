@@ -3,8 +3,8 @@
 #include "firmware/disk_temperature.h"
 #include "machine/models/com/apartments.h"
 #include "platform/com.h"
-#include "wmi/wmi_readers.h"
 #include "unicode/utf.h"
+#include "wmi/wmi_readers.h"
 
 #include <nlohmann/json.hpp>
 

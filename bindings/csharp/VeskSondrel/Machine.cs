@@ -39,7 +39,7 @@ namespace VeskSondrel.Testing
         public static long OpenHandles
         {
             [MethodImpl(MethodImplOptions.NoInlining)]
-            get { return (long)VeskMachine_OpenThings().ToUInt64(); }
+            get { return (long)VeskObserver_ListOpen(IntPtr.Zero, IntPtr.Zero).ToUInt64(); }
         }
 
         /// <summary>Starts a machine in place of the process's present one.</summary>
@@ -96,6 +96,6 @@ namespace VeskSondrel.Testing
         private static extern ulong VeskMachine_Microseconds();
 
         [DllImport(Library, ExactSpelling = true, CallingConvention = C)]
-        private static extern UIntPtr VeskMachine_OpenThings();
+        private static extern UIntPtr VeskObserver_ListOpen(IntPtr sink, IntPtr context);
     }
 }

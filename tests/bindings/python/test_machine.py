@@ -62,13 +62,13 @@ def test_a_machine_that_does_not_exist_says_so(simulated: str) -> None:
 def test_lines_of_the_machine_are_passed_on(simulated: str) -> None:
     lines = []
     with Machine("default", library=simulated) as machine, Session(simulated) as session:
-        machine.listen(lambda kind, line: lines.append((kind, line)), calls=True)
-        session.thermal.cpu_temperature
+        machine.listen(lambda kind, line: lines.append((kind, line)))
+        session.firmware_log.proximity_sensor
         machine.listen(None)
         seen = len(lines)
-        session.thermal.cpu_temperature
+        session.firmware_log.proximity_sensor
     assert seen > 0 and len(lines) == seen
-    assert any(kind == 3 and "DeviceIoControl" in line for kind, line in lines)
+    assert any(kind == 1 and "GetSENSOR_WMI_Data start" in line for kind, line in lines)
 
 
 def test_watch(simulated: str) -> None:

@@ -18,13 +18,13 @@ IN_MEMORY = ":memory:"
 
 _LISTENER = ctypes.CFUNCTYPE(None, ctypes.c_void_p, ctypes.c_int, ctypes.c_char_p)
 _FUNCTIONS: Tuple[Tuple[str, Any, Tuple[Any, ...]], ...] = (
-    ("Start", ctypes.c_int, (ctypes.c_char_p, ctypes.c_char_p, ctypes.c_char_p, ctypes.c_size_t)),
-    ("BuiltIn", ctypes.c_char_p, (ctypes.c_size_t,)),
-    ("Listen", None, (ctypes.c_void_p, ctypes.c_void_p, ctypes.c_int)),
-    ("TieToRealTime", None, (ctypes.c_int,)),
-    ("PassTime", None, (ctypes.c_uint64,)),
-    ("Microseconds", ctypes.c_uint64, ()),
-    ("OpenThings", ctypes.c_size_t, ()),
+    ("VeskMachine_Start", ctypes.c_int, (ctypes.c_char_p, ctypes.c_char_p, ctypes.c_char_p, ctypes.c_size_t)),
+    ("VeskMachine_BuiltIn", ctypes.c_char_p, (ctypes.c_size_t,)),
+    ("VeskMachine_Listen", None, (ctypes.c_void_p, ctypes.c_void_p)),
+    ("VeskMachine_TieToRealTime", None, (ctypes.c_int,)),
+    ("VeskMachine_PassTime", None, (ctypes.c_uint64,)),
+    ("VeskMachine_Microseconds", ctypes.c_uint64, ()),
+    ("VeskObserver_ListOpen", ctypes.c_size_t, (ctypes.c_void_p, ctypes.c_void_p)),
 )
 
 
@@ -66,13 +66,13 @@ class Machine:
                 return names
             names.append(name.decode("utf-8"))
 
-    def listen(self, listener: Optional[Callable[[int, str], None]], *, calls: bool = False) -> None:
-        """Passes debug (1) and event lines (2), and boundary calls (3) if asked for, to the listener; None ends it."""
+    def listen(self, listener: Optional[Callable[[int, str], None]]) -> None:
+        """Passes debug (1) and event lines (2) to the listener; None ends it."""
         passed_on: Any = None
         if listener is not None:
             told = listener
             passed_on = _LISTENER(lambda _, kind, line: told(kind, line.decode("utf-8", "replace")))
-        self._functions.VeskMachine_Listen(passed_on, None, int(calls))
+        self._functions.VeskMachine_Listen(passed_on, None)
         self._listener = passed_on  # the machine keeps its address
 
     def tie_to_real_time(self, tied: bool = True) -> None:
@@ -93,7 +93,7 @@ class Machine:
     @property
     def open_handles(self) -> int:
         """What was opened on the machine and not closed: 0 after a test that leaks nothing."""
-        return int(self._functions.VeskMachine_OpenThings())
+        return int(self._functions.VeskObserver_ListOpen(None, None))
 
     def _start(self, machine: str, store: str) -> None:
         problem = ctypes.create_string_buffer(1024)
@@ -114,7 +114,7 @@ def _load(library: Optional[Path]) -> Any:
         loaded = ctypes.CDLL(name)
     except OSError as problem:
         raise MachineError(f"{name}: {problem}") from problem
-    for short, result, arguments in _FUNCTIONS:
-        function = getattr(loaded, "VeskMachine_" + short)
+    for function_name, result, arguments in _FUNCTIONS:
+        function = getattr(loaded, function_name)
         function.restype, function.argtypes = result, arguments
     return loaded
