@@ -1,9 +1,9 @@
 #include "machine/machine.h"
 
+#include "machine/last_error.h"
 #include "machine/models/com/audio_objects.h"
 #include "machine/models/com/xml_document_object.h"
 #include "machine/models/wmi/wmi_objects.h"
-#include "machine/services/last_error.h"
 #include "machine/text/folding.h"
 #include "platform/audio.h"
 #include "platform/back_end.h"
