@@ -36,7 +36,7 @@ if(WIN32)
       ${packaging}/nuget/README.md ${packaging}/archives.py LICENSE
     VERBATIM)
   add_custom_target(nuget_package ALL DEPENDS ${nuget_package})
-  # The package has the version in its name, as NuGet writes it; the file without one only tells the build its age.
+  # The package has the version in its name, as NuGet writes it; the file without one is the time stamp for the build.
   install(DIRECTORY ${package_directory}/csharp/ DESTINATION ${kit_data}/csharp
     FILES_MATCHING PATTERN "VeskSondrel.*.nupkg")
 endif()
@@ -69,13 +69,13 @@ elseif(WIN32)
   set(kit_readme_system "Windows, MinGW-w64")
   set(kit_readme_lib "`libVeskSondrel64.dll.a` and `VeskSondrel64.def`")
   set(kit_readme_host "A host that is built with MinGW-w64 needs the compiler's runtime: link it with `-static`, or put \
-`libstdc++-6.dll`, `libgcc_s_seh-1.dll` and `libwinpthread-1.dll` beside it. Without them Windows does not start the \
+`libstdc++-6.dll`, `libgcc_s_seh-1.dll` and `libwinpthread-1.dll` in the same directory. Without them Windows does not start the \
 program, and a console shows nothing but the status 53 (or 0xC0000135). `VeskSondrel64.dll` itself needs none of them.")
 else()
   set(kit_readme_system "Linux, against simulated machines")
   set(kit_readme_lib "`libVeskSondrel64.so` and `libVeskMachine.so`")
   set(kit_readme_host "The library answers from a simulated machine. Programs built with the CMake package or pkg-config find \
-it by the path of this kit; a program that is moved to another machine needs both files beside it (`-Wl,-rpath,'$ORIGIN'`) or \
+it by the path of this kit; a program that is moved to another machine needs both files in its directory (`-Wl,-rpath,'$ORIGIN'`) or \
 `LD_LIBRARY_PATH`.")
 endif()
 if(WIN32)

@@ -26,9 +26,9 @@ extern "C" {
 
 /** An argument of a boundary call: what went in, or what came back. */
 typedef struct VeskObserver_Argument {
-    const char* name;
+    const char* name;  /**< Of the parameter. */
     const char* value; /**< As in the printed line: long strings and byte blocks are cut. */
-    int32_t output;    /**< 0: went in before the call; 1: came back. A size may appear as both. */
+    int32_t output;    /**< 0: an input; 1: an output. A size may appear as both. */
 } VeskObserver_Argument;
 
 /** One boundary call, complete. Everything that it points to is gone when the sink returns. */
@@ -42,10 +42,9 @@ typedef struct VeskObserver_Call {
     uint64_t startNanoseconds; /**< On a clock that only goes forward; its origin means nothing. */
     uint64_t nanoseconds;      /**< How long the operating system took, without the observer. */
     const VeskObserver_Argument* arguments; /**< Inputs in their order, then outputs. */
-    size_t argumentCount;
-    const char*
-        result;        /**< "-" for a routine that returns nothing. A status that failed is in hexadecimal. */
-    int32_t succeeded; /**< 1 or 0, by the rule of its kind of result. */
+    size_t argumentCount;                   /**< Of `arguments`. */
+    const char* result;   /**< "-" for a routine without a result. A status of failure is hexadecimal. */
+    int32_t succeeded;    /**< 1 or 0, by the rule of its kind of result. */
     int32_t hasLastError; /**< 1 where this routine sets the thread's last error. */
     uint32_t lastError;   /**< That error; 0 where `hasLastError` is 0. */
     uint32_t injected;    /**< The kind of failure that was injected; 0: the answer is the system's own. */
