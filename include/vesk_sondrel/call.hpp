@@ -319,10 +319,10 @@ Result<std::vector<Record>> read_records(const Module& module, const Entry& entr
     const Buffer<VeskChar16> buffer(characters.data(), Size);
     call(characters.data());
     std::vector<Record> records;
-    std::array<StringView, Fields> fields;
     std::size_t filled = 0;
     const Answer* const answer = answer_of(entry, buffer);
     if (answer == nullptr) {
+        std::array<StringView, Fields> fields;
         for_each_element(buffer.text(), false, [&](StringView text) {
             fields[filled] = text;
             if (++filled == Fields) {
