@@ -7,6 +7,7 @@
 #include <vesk_sondrel_observer.h>
 
 #include <cstdio>
+#include <exception>
 
 namespace {
 
@@ -44,12 +45,20 @@ void TestMachineUnderLoad(const vesk::Library& library) {
     }
 }
 
-} // namespace
-
-int main() {
+void TestAll() {
     const vesk::Library library = vesk::Library::linked();
     TestMachineThatDoesNotSay(library);
     TestMachineUnderLoad(library);
+}
+
+} // namespace
+
+int main() {
+    try {
+        TestAll();
+    } catch (const std::exception& error) {
+        Check(false, error.what());
+    }
     Check(VeskObserver_ListOpen(nullptr, nullptr) == 0, "the host closes what it opens");
     std::printf("%d failed\n", failed);
     return failed == 0 ? 0 : 1;
