@@ -1,6 +1,6 @@
 #include "machine/models/acpi_firmware.h"
 
-#include "machine/text/device_words.h"
+#include "machine/models/device_words.h"
 
 #include <string_view>
 

@@ -1,6 +1,6 @@
 #include "machine/models/battery_device.h"
 
-#include "machine/text/device_words.h"
+#include "machine/models/device_words.h"
 
 namespace machine {
 namespace {

@@ -1,6 +1,6 @@
 #include "machine/models/ec/io_driver.h"
 
-#include "machine/text/device_words.h"
+#include "machine/models/device_words.h"
 
 #include <algorithm>
 #include <array>
