@@ -4,7 +4,7 @@
 
 #include "frame/registry_store.h"
 #include "machine/models/battery_device.h"
-#include "tests/every_export.h"
+#include "tests/support/every_export.h"
 
 namespace {
 

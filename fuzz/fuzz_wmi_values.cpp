@@ -1,7 +1,7 @@
 // Everything that is read from WMI's rows, with values of any type and content in them.
 #include "harness.h"
 
-#include "tests/every_export.h"
+#include "tests/support/every_export.h"
 
 #include "machine/models/wmi/wmi_repository.h"
 

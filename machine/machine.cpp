@@ -1,13 +1,10 @@
 #include "machine/machine.h"
 
-#include "machine/last_error.h"
 #include "machine/models/com/audio_objects.h"
 #include "machine/models/com/xml_document_object.h"
 #include "machine/models/wmi/wmi_objects.h"
 #include "machine/text/folding.h"
 #include "platform/audio.h"
-#include "platform/back_end.h"
-#include "platform/device_io.h"
 #include "platform/wmi.h"
 #include "platform/xml_document.h"
 
@@ -27,8 +24,6 @@ std::recursive_mutex& SlotLock() {
     static std::recursive_mutex Lock;
     return Lock;
 }
-
-thread_local platform::SystemError LastError = platform::error::Success;
 
 /// A class whose objects need nothing to be made of.
 template <class Object>
@@ -83,16 +78,4 @@ void Start(Profile profile, Storage storage) {
     Slot() = std::make_unique<Machine>(std::move(profile), std::move(storage));
 }
 
-void SetLastError(platform::SystemError error) {
-    LastError = error;
-}
-
 } // namespace machine
-
-namespace VESK_BACK_END {
-
-platform::SystemError GetLastError() {
-    return machine::LastError;
-}
-
-} // namespace VESK_BACK_END

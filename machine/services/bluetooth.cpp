@@ -1,8 +1,8 @@
 #include "platform/bluetooth.h"
 
-#include "machine/last_error.h"
 #include "machine/machine.h"
 #include "machine/models/radio_searches.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "platform/device_io.h"
 
-#include "machine/last_error.h"
 #include "machine/machine.h"
 #include "machine/models/device.h"
 #include "machine/models/storage/file_system.h"
+#include "machine/services/last_error.h"
 #include "machine/text/folding.h"
 #include "platform/back_end.h"
 

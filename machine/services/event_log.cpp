@@ -1,8 +1,8 @@
 #include "platform/event_log.h"
 
-#include "machine/last_error.h"
 #include "machine/machine.h"
 #include "machine/models/event_log.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
 #include <utility>

@@ -1,8 +1,8 @@
 #include "platform/files.h"
 
-#include "machine/last_error.h"
 #include "machine/machine.h"
 #include "machine/models/storage/file_system.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
 namespace VESK_BACK_END {

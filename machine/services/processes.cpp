@@ -1,7 +1,7 @@
 #include "platform/processes.h"
 
-#include "machine/last_error.h"
 #include "machine/machine.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "platform/registry.h"
 
-#include "machine/last_error.h"
 #include "machine/machine.h"
 #include "machine/models/storage/registry_hive.h"
 #include "machine/models/storage/store.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
 #include <algorithm>

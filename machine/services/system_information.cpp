@@ -1,7 +1,7 @@
 #include "platform/system_information.h"
 
-#include "machine/last_error.h"
 #include "machine/machine.h"
+#include "machine/services/last_error.h"
 #include "machine/text/folding.h"
 #include "platform/back_end.h"
 #include "platform/com.h"

@@ -1,6 +1,6 @@
 // What the DLL reads from the services that Wine has itself, with nothing in their place.
 #include "library.h"
-#include "registry_stand.h"
+#include "saved_registry_key.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The registry operations on a real registry.
 #include "import_patch.h"
-#include "registry_stand.h"
+#include "saved_registry_key.h"
 
 #include "frame/registry_store.h"
 
@@ -32,7 +32,7 @@ protected:
         m_registry.Set(name, {type, {bytes, bytes + text.size() * sizeof(wchar_t)}});
     }
 
-    test::RegistryStand m_registry{L"SOFTWARE\\Vesk Test\\Store"};
+    test::SavedRegistryKey m_registry{L"SOFTWARE\\Vesk Test\\Store"};
 };
 
 TEST_F(RegistryStoreTest, NumbersAreUnsignedAndOfOneType) {

@@ -15,4 +15,4 @@ build=$1
 machine=${2:-default}
 [ $# -lt 2 ] || shift
 shift
-exec "$here/run_under_wine.sh" "$build" wine "$build/bin/stand_in.exe" "$machine" sondrel.exe "$@" report
+exec "$here/run_under_wine.sh" "$build" wine "$build/bin/with_machine_devices.exe" "$machine" sondrel.exe "$@" report

@@ -20,7 +20,7 @@ shift
 for program in wine wineserver flock; do
     command -v "$program" >/dev/null || fail 69 "$program is missing: install the packages wine and util-linux"
 done
-holder=$build/bin/stand_holder.exe
+holder=$build/bin/keep_wine_running.exe
 [ -f "$holder" ] || fail 66 "$holder is missing: cmake --build --preset windows builds it"
 
 # What the prefix needs to be free of the user's own Wine, of a display and of dialogues: a crash ends the

@@ -1,11 +1,11 @@
-#include "com_unused.h"
+#include "com_unused_methods.h"
 #include "shims.h"
 
 #include "machine/machine.h"
 
 #include <bit>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 /// WMI and sound are the machine's, in apartments of either kind. Everything else is made by COM, and so is what is
@@ -36,4 +36,4 @@ void PutUpCom(test::ImportPatch& patch) {
     patch.Replace("CoCreateInstance", &CreateObject);
 }
 
-} // namespace twin
+} // namespace comparison

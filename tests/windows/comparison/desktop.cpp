@@ -9,7 +9,7 @@
 
 #include <cstring>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 platform::Window WindowOf(HWND window) {
@@ -131,4 +131,4 @@ void PutUpDesktop(test::ImportPatch& patch) {
     patch.Replace("K32GetProcessMemoryInfo", &Memory);
 }
 
-} // namespace twin
+} // namespace comparison

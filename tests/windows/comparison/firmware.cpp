@@ -11,7 +11,7 @@
 #include <map>
 #include <span>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 /// Which of the machine's devices is behind a handle of Wine's.
@@ -96,4 +96,4 @@ void PutUpFirmware(test::ImportPatch& patch) {
     patch.Replace("SetFirmwareEnvironmentVariableW", &WriteVariable);
 }
 
-} // namespace twin
+} // namespace comparison

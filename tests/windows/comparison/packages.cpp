@@ -6,7 +6,7 @@
 #include "machine/models/storage/package_store.h"
 #include "platform/device_nodes.h"
 
-namespace twin {
+namespace comparison {
 namespace {
 
 static_assert(sizeof(UINT32) == sizeof(std::uint32_t));
@@ -67,4 +67,4 @@ void PutUpPackages(test::ImportPatch& patch) {
     patch.Replace("CM_Get_DevNode_Registry_PropertyW", &Property);
 }
 
-} // namespace twin
+} // namespace comparison

@@ -19,7 +19,7 @@
 #include <new>
 #include <set>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 /// What no field says is not nothing: a reader that takes a neighbour shows.
@@ -304,4 +304,4 @@ void PutUpRadios(test::ImportPatch& patch) {
     patch.Replace("GetAdaptersInfo", &ListAdapters);
 }
 
-} // namespace twin
+} // namespace comparison

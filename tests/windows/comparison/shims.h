@@ -11,7 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace twin {
+namespace comparison {
 
 void PutUpRadios(test::ImportPatch& patch);   // WLAN, Bluetooth, adapters
 void PutUpDesktop(test::ImportPatch& patch);  // windows, processes
@@ -63,4 +63,4 @@ inline const char16_t* Plain(const wchar_t* text) {
     return reinterpret_cast<const char16_t*>(text);
 }
 
-} // namespace twin
+} // namespace comparison

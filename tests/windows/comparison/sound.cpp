@@ -1,11 +1,11 @@
-#include "com_unused.h"
+#include "com_unused_methods.h"
 
 #include "machine/machine.h"
 #include "platform/audio.h"
 
 #include <bit>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 class VolumeFront final : public UnusedVolumeMethods<platform::EndpointVolume> {
@@ -78,4 +78,4 @@ IUnknown* NewSoundEnumerator(platform::Unknown behind) {
     return new EnumeratorFront(platform::DeviceEnumerator{static_cast<std::uintptr_t>(behind)});
 }
 
-} // namespace twin
+} // namespace comparison

@@ -8,7 +8,7 @@
 
 #include <time.h>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 LONG WINAPI Version(RTL_OSVERSIONINFOEXW* info) {
@@ -108,4 +108,4 @@ void PutUpSystem(test::ImportPatch& patch) {
     patch.Replace("Sleep", &Wait);
 }
 
-} // namespace twin
+} // namespace comparison

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <stdexcept>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 namespace fs = std::filesystem;
@@ -127,4 +127,4 @@ void WineState::AddFile(const fs::path& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 
-} // namespace twin
+} // namespace comparison

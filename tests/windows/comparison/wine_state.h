@@ -1,7 +1,7 @@
 // What a machine keeps, put into Wine's own registry and onto its own drives.
 #pragma once
 
-#include "registry_stand.h"
+#include "saved_registry_key.h"
 
 #include "machine/profile/profile.h"
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace twin {
+namespace comparison {
 
 /// The machine's keys, values, directories and files, in the place of whatever stood there; all is as it was when
 /// destroyed. Throws std::runtime_error for what Wine cannot keep.
@@ -26,9 +26,9 @@ private:
     void AddDirectory(const std::filesystem::path& path);
     void AddFile(const std::filesystem::path& path, const std::string& text);
 
-    std::list<test::RegistryStand> m_keys;
+    std::list<test::SavedRegistryKey> m_keys;
     std::vector<std::wstring> m_stoodFor; // keys with the hive's short name in front
     std::vector<std::filesystem::path> m_made;
 };
 
-} // namespace twin
+} // namespace comparison

@@ -1,4 +1,4 @@
-#include "com_unused.h"
+#include "com_unused_methods.h"
 #include "safe_array.h"
 #include "shims.h"
 
@@ -9,7 +9,7 @@
 #include <cstring>
 #include <variant>
 
-namespace twin {
+namespace comparison {
 namespace {
 
 using platform::wbem::InvalidParameter;
@@ -74,7 +74,7 @@ public:
         const auto machine = machine::Current();
         const auto* thing = machine->com.Find<machine::WbemThing>(Machines());
         machine::WmiDatum datum;
-        const HRESULT status = flags != 0 ? InvalidParameter : thing->Get(twin::Plain(name), datum);
+        const HRESULT status = flags != 0 ? InvalidParameter : thing->Get(comparison::Plain(name), datum);
         if (SUCCEEDED(status)) {
             // As the real service does it: whatever the caller left there is overwritten, not cleared.
             *value = std::visit(ToVariant{datum.lowerBound}, datum.value);
@@ -86,8 +86,8 @@ public:
         if (flags != 0 || value->vt != VT_BSTR) {
             return InvalidParameter;
         }
-        return platform::Put(Machines(), twin::Plain(name),
-                             {twin::Plain(value->bstrVal), ::SysStringLen(value->bstrVal)}, type);
+        return platform::Put(Machines(), comparison::Plain(name),
+                             {comparison::Plain(value->bstrVal), ::SysStringLen(value->bstrVal)}, type);
     }
 
     HRESULT STDMETHODCALLTYPE GetMethod(LPCWSTR name, LONG flags, IWbemClassObject** in,
@@ -96,7 +96,7 @@ public:
             return InvalidParameter;
         }
         platform::WbemObject signature{};
-        const HRESULT status = platform::GetMethod(Machines(), twin::Plain(name), signature);
+        const HRESULT status = platform::GetMethod(Machines(), comparison::Plain(name), signature);
         return InFront<ObjectFront>(status, signature, in);
     }
 
@@ -175,8 +175,8 @@ public:
             return InvalidParameter;
         }
         platform::WbemEnumerator found{};
-        const HRESULT status =
-            platform::ExecQuery(Machines(), twin::Plain(language), twin::Plain(query), flags, found);
+        const HRESULT status = platform::ExecQuery(Machines(), comparison::Plain(language),
+                                                   comparison::Plain(query), flags, found);
         return InFront<RowsFront>(status, found, rows);
     }
 
@@ -186,7 +186,7 @@ public:
             return InvalidParameter;
         }
         platform::WbemObject definition{};
-        const HRESULT status = platform::GetObject(Machines(), twin::Plain(path), definition);
+        const HRESULT status = platform::GetObject(Machines(), comparison::Plain(path), definition);
         return InFront<ObjectFront>(status, definition, object);
     }
 
@@ -199,8 +199,8 @@ public:
         const auto inputs =
             in == nullptr ? platform::WbemObject{} : static_cast<ObjectFront*>(in)->Machines();
         platform::WbemObject outputs{};
-        const HRESULT status =
-            platform::ExecMethod(Machines(), twin::Plain(path), twin::Plain(method), inputs, outputs);
+        const HRESULT status = platform::ExecMethod(Machines(), comparison::Plain(path),
+                                                    comparison::Plain(method), inputs, outputs);
         return InFront<ObjectFront>(status, outputs, out);
     }
 };
@@ -217,7 +217,7 @@ public:
             return InvalidParameter;
         }
         platform::WbemServices connected{};
-        const HRESULT status = platform::ConnectServer(Machines(), twin::Plain(resource), connected);
+        const HRESULT status = platform::ConnectServer(Machines(), comparison::Plain(resource), connected);
         return InFront<ServicesFront>(status, connected, services);
     }
 };
@@ -228,4 +228,4 @@ IUnknown* NewWmiLocator(platform::Unknown behind) {
     return new LocatorFront(platform::WbemLocator{static_cast<std::uintptr_t>(behind)});
 }
 
-} // namespace twin
+} // namespace comparison

@@ -79,7 +79,7 @@ refuses "This is the kit windows-vc: this compiler needs the kit $version-window
 
 configure "$here/host" "$package" "$@" || fail "the kit is not found by its CMake package"
 quietly cmake --build "$work/project"
-for library in "$kit/bin/VeskSondrel64.dll" "$build/bin/dictation.dll" "$build/bin/dictated_strings.dll"; do
+for library in "$kit/bin/VeskSondrel64.dll" "$build/bin/fake_radios.dll" "$build/bin/chosen_strings.dll"; do
     cp "$library" "$work/project"
 done
 # Output goes to files: what the program starts of Wine's would keep a pipe open.

@@ -1,7 +1,7 @@
 // A host of the MSVC ABI: it calls the two exports that return a string object as Visual C++ compiles such calls,
 // destroys what it got as that compiler's class does, and looks at the heap after each. It is linked with the kit's
 // import library and includes the kit's header; it has neither a C runtime nor a standard library.
-#include "dictation.h"
+#include "fake_radios.h"
 #include "vesk_sondrel.h"
 
 using HANDLE = void*;
@@ -184,10 +184,11 @@ private:
     HANDLE m_module;
 };
 
-void Dictate(HANDLE library, const dictation::Conditions& conditions) {
-    const HANDLE module = LoadLibraryW(L"dictation.dll");
-    Expect(module != nullptr, "dictation.dll loads");
-    reinterpret_cast<dictation::Dictate>(GetProcAddress(module, "DictateConditions"))(library, conditions);
+void SetConditions(HANDLE library, const fake_radios::Conditions& conditions) {
+    const HANDLE module = LoadLibraryW(L"fake_radios.dll");
+    Expect(module != nullptr, "fake_radios.dll loads");
+    reinterpret_cast<fake_radios::SetConditions>(GetProcAddress(module, "SetConditions"))(library,
+                                                                                          conditions);
 }
 
 enum Class : unsigned char { Computer = 1, Phone = 2, Network = 3, Audio = 4, Toy = 8 };
@@ -263,7 +264,7 @@ void CheckRadios(const Case& one) {
         }
     }
     const LoadedCopy library(L"VeskSondrel64.dll");
-    Dictate(library.Module(), {true, one.phyType, classes, devices, one.noMemory});
+    SetConditions(library.Module(), {true, one.phyType, classes, devices, one.noMemory});
     auto* const phyMode = library.Find<StringExport>("RF_PhyMode");
     auto* const types = library.Find<StringExport>("RF_BTConnectedType");
     for (int time = 0; time < 3; ++time) { // read, then cached
@@ -272,23 +273,23 @@ void CheckRadios(const Case& one) {
     }
     CheckConvention(phyMode);
     CheckConvention(types);
-    Dictate(library.Module(), {});
+    SetConditions(library.Module(), {});
 }
 
 void CheckFailedReads() {
     Doing = "failed reads";
     const LoadedCopy library(L"VeskSondrel64.dll");
-    Dictate(library.Module(), {true, dictation::Failing, nullptr, dictation::Failing, false});
+    SetConditions(library.Module(), {true, fake_radios::Failing, nullptr, fake_radios::Failing, false});
     Check(library.Find<StringExport>("RF_PhyMode"), Plain("error_string"));
     Check(library.Find<StringExport>("RF_BTConnectedType"), Plain("error_string"));
-    Dictate(library.Module(), {});
+    SetConditions(library.Module(), {});
 }
 
 /// Lengths that no radio's answer has, for both exports.
-void CheckDictatedStrings() {
-    Doing = "dictated strings";
-    const HANDLE library = LoadLibraryW(L"dictated_strings.dll");
-    Expect(library != nullptr, "dictated_strings.dll loads");
+void CheckChosenStrings() {
+    Doing = "chosen strings";
+    const HANDLE library = LoadLibraryW(L"chosen_strings.dll");
+    Expect(library != nullptr, "chosen_strings.dll loads");
     auto* const set = reinterpret_cast<void (*)(const char*, size_t)>(GetProcAddress(library, "SetText"));
     constexpr size_t Lengths[] = {0, 1, 14, 15, 16, 17, 31, 32, 33, 1000, 4093, 4094, 4095, 4096, 9000};
     constexpr const char* Names[] = {"RF_PhyMode", "RF_BTConnectedType"};
@@ -303,9 +304,9 @@ void CheckDictatedStrings() {
             Check(call, length < 4095 ? text : NarrowText()); // a word too long for a block leaves nothing
         }
         set("twenty characters;..", 20);
-        Dictate(library, {false, 0, nullptr, 0, true});
+        SetConditions(library, {false, 0, nullptr, 0, true});
         Check(call, Plain("error_string"));
-        Dictate(library, {});
+        SetConditions(library, {});
         Check(call, Plain("twenty characters;.."));
     }
 }
@@ -341,7 +342,7 @@ extern "C" void start() {
         CheckRadios(one);
     }
     CheckFailedReads();
-    CheckDictatedStrings();
+    CheckChosenStrings();
     Print(Failures == 0 ? "all strings are those of Visual C++\n" : "failed\n");
     ExitProcess(Failures == 0 ? 0 : 1);
 }

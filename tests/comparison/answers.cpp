@@ -1,0 +1,57 @@
+#include "answers.h"
+
+#include "output/report.h"
+
+#include <nlohmann/json.hpp>
+
+#include <iostream>
+
+namespace comparison {
+namespace {
+
+struct Setting {
+    std::string_view name;
+    const char* argument;
+};
+
+/// All exports that a report leaves out, since they change something. The app path comes first: what the firmware's
+/// features are set to is kept below it.
+constexpr Setting Settings[] = {
+    {"WMISetAppPath", "C:\\ProgramData\\Vesk\\VeskTessaly"},
+    {"WMISetBatteryHealth", "60"},
+    {"WMISetQuietFan", "1"},
+    {"GPNV_Set_RandomUUID", "00112233445566778899aabbccddeeff"},
+    {"GPNV_Set_ActivatedTime", "323032362f30372f30382030393a31303a3131"},
+    {"GPNV_Set_ManufacturedTime", "323032362d30372d30385430393a31303a31312e303030"},
+    {"ShutdownSondrel", ""},
+};
+
+void TellSettings(const tool::Host& host) {
+    nlohmann::ordered_json exports = nlohmann::ordered_json::array();
+    for (const auto& [name, argument] : Settings) {
+        const tool::Export& row = tool::ExportNamed(name);
+        const tool::Answer answer = tool::Call(host.library.Find(name), row, {.argument = argument});
+        exports.push_back({{"name", name},
+                           {"status", tool::TextOf(tool::Classify(row, answer).status)},
+                           {"value", answer.text}});
+    }
+    std::cout << nlohmann::ordered_json{{"exports", exports}}.dump(2) << '\n';
+}
+
+} // namespace
+
+void Tell(const tool::Host& host) {
+    tool::ReadOptions options;
+    std::cout << "[\n";
+    tool::ReportAsJson(host, options);
+    std::cout << ",\n";
+    TellSettings(host);
+    std::cout << ",\n";
+    tool::ReportAsJson(host, options);
+    std::cout << ",\n";
+    options.session = false;
+    tool::ReportAsJson(host, options);
+    std::cout << "]\n";
+}
+
+} // namespace comparison

@@ -1,0 +1,22 @@
+// What the native library tells of a machine: library_answers MACHINE > native.json
+#include "answers.h"
+
+#include <exception>
+#include <iostream>
+
+int main(int count, char** arguments) {
+    if (count != 2) {
+        std::cerr << "usage: library_answers MACHINE\n";
+        return 2;
+    }
+    try {
+        tool::HostOptions options;
+        options.machine = arguments[1];
+        options.store = ":memory:";
+        comparison::Tell(tool::Host(options));
+        return std::cout.flush() ? 0 : 1;
+    } catch (const std::exception& problem) {
+        std::cerr << "library_answers: " << problem.what() << '\n';
+        return 1;
+    }
+}

@@ -1,0 +1,116 @@
+// What the real DLL tells on a Windows that is a simulated machine throughout:
+//
+//     library_answers default > windows.json
+//
+// The machine's devices are served by the fake driver, its registry and files lie with Wine, WMI and sound are
+// COM objects of this program (com_wrapper.h), and what Wine has no machine behind is replaced in the DLL (shims.h).
+// In the end nothing of all that may be left open.
+#include "answers.h"
+#include "library.h"
+#include "machine_devices.h"
+#include "shims.h"
+#include "wine_state.h"
+
+#include "machine/profile/profile.h"
+#include "memory_storage.h"
+#include "output/report.h"
+
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
+
+namespace {
+
+/// A thread of its own, since the devices have to answer while the DLL is in a call.
+class Devices {
+public:
+    explicit Devices(machine::Machine& machine)
+        : m_devices(machine), m_thread([this] { m_devices.ServeWhile(m_end); }) {}
+
+    Devices(const Devices&) = delete;
+    Devices& operator=(const Devices&) = delete;
+
+    ~Devices() {
+        ::SetEvent(m_end);
+        m_thread.join();
+        ::CloseHandle(m_end);
+    }
+
+private:
+    devices::MachineDevices m_devices;
+    HANDLE m_end = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    std::thread m_thread;
+};
+
+void ExpectNothingLeft(std::string_view what, std::size_t count) {
+    if (count != 0) {
+        throw std::runtime_error(std::to_string(count).append(" left open: ").append(what));
+    }
+}
+
+/// Wine does not count handles, and gives them small numbers in steps of four.
+std::size_t HandlesOpen() {
+    constexpr std::uintptr_t Most = 0x4000;
+    std::size_t count = 0;
+    for (std::uintptr_t number = 4; number < Most; number += 4) {
+        DWORD flags = 0;
+        count += ::GetHandleInformation(reinterpret_cast<HANDLE>(number), &flags) == FALSE ? 0U : 1U;
+    }
+    return count;
+}
+
+/// Keys, files, tokens and lists of devices are Wine's own. What is opened once and kept, by Wine or by COM, is open
+/// by now; a further report has to leave as many handles as it found.
+void ExpectNoHandleLeft(const tool::Host& host) {
+    std::ostringstream unread;
+    std::streambuf* const output = std::cout.rdbuf(unread.rdbuf());
+    const std::size_t before = HandlesOpen();
+    tool::ReportAsJson(host, tool::ReadOptions());
+    const std::size_t after = HandlesOpen();
+    std::cout.rdbuf(output);
+    ExpectNothingLeft("handles of Wine's own", after > before ? after - before : 0);
+}
+
+void Report(const std::string& machineName) {
+    machine::Profile profile = machine::LoadProfile(machineName);
+    machine::Storage storage = machine::MemoryStorage(profile);
+    machine::Start(std::move(profile), std::move(storage));
+    const comparison::WineState state(machine::Current()->profile);
+    const Devices devices(*machine::Current());
+    const test::Library library;
+    test::ImportPatch patch(library.Module());
+    comparison::PutUpRadios(patch);
+    comparison::PutUpDesktop(patch);
+    comparison::PutUpPackages(patch);
+    comparison::PutUpFirmware(patch);
+    comparison::PutUpSystem(patch);
+    comparison::PutUpCom(patch);
+    const tool::Host host{tool::HostOptions()};
+    comparison::Tell(host);
+    ExpectNoHandleLeft(host);
+    for (const std::string_view kind : machine::Current()->handles.Kinds()) {
+        ExpectNothingLeft(kind, 1);
+    }
+    ExpectNothingLeft("blocks of the WLAN service", comparison::BlocksOut());
+    ExpectNothingLeft("devices", comparison::DevicesOpen());
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count != 2) {
+        std::cerr << "usage: library_answers MACHINE\n";
+        return 2;
+    }
+    try {
+        Report(arguments[1]);
+        return std::cout.flush() ? 0 : 1;
+    } catch (const std::exception& problem) {
+        std::cerr << "library_answers: " << problem.what() << '\n';
+        return 1;
+    }
+}
