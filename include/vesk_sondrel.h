@@ -34,7 +34,12 @@
  *     Blocking   An EC command or another driver request takes as long as the driver takes, usually well below a
  *                millisecond; a WMI query takes as long as WMI takes, without a limit. Where an export waits, its
  *                comment gives the time. "The identity" selects the EC readings of a machine: up to three
- *                registry reads, or up to four EC commands while it is not stored in the registry yet.
+ *                registry reads, or up to four EC commands while it is not stored in the registry yet. An EC that
+ *                cannot be identified has no register map: those readings are then 0.
+ *     Unloading  The library stays loaded from its first debug line on, which nearly every export writes: the
+ *                trace provider is never unregistered, so the module is pinned. FreeLibrary then does nothing, and
+ *                loading the library again gives no new Wi-Fi, Bluetooth or disk temperature record: only a new
+ *                process does.
  *     Errors     No exception leaves an export. Running out of memory is a failure like any other: the result is
  *                the export's failure value, or its document without content.
  */
@@ -272,7 +277,8 @@ VESK_API uint32_t EC_ReadEcChipName(void);
  * Each call reads the first battery device; further batteries are ignored. The values are those of the device,
  * not scaled; Windows defines milliwatt-hours and millivolts for most devices. A value that cannot be read is 0:
  * without a battery, on an error of the device, and for the present capacity and voltage of a device that is not
- * a system battery.
+ * a system battery. A battery that does not know a value reports 4294967295 (0xFFFFFFFF), which is returned
+ * unchanged and used in the calculations.
  * @{
  */
 
@@ -626,7 +632,11 @@ VESK_API void GetSENSOR_WMI_Data(VeskChar16* out);
  * @defgroup firmware_variables Firmware: variables
  *
  * Three fields of two UEFI variables, as raw bytes: exactly the sizes given here, without a terminator. Each
- * call first enables the privilege SeSystemEnvironmentPrivilege, which the process must have: administrators do.
+ * call first enables the privilege SeSystemEnvironmentPrivilege, which the process must have: administrators do,
+ * and a service unless its list of required privileges leaves it out.
+ *
+ * Error codes to expect: 1 on a system with legacy BIOS, 203 if the variable does not exist, 1314 without the
+ * privilege.
  *
  * A setter reads the whole variable, replaces its field and writes the variable with its size unchanged; it
  * cannot create a variable. Two setters at the same time can lose one change. The read fails for a variable of
@@ -739,7 +749,7 @@ VESK_API int32_t WMIGetBatteryHealth(uint8_t initCom);
 VESK_API int32_t WMIGetQuietFan(uint8_t initCom);
 
 /**
- * Sets Battery Health to any number and stores it in the settings file.
+ * Sets Battery Health to any number and stores it in the settings file, if the directory of the app path exists.
  *
  * Result: 1 if the firmware accepted the number, even if it could not be stored: without an app path for this
  * user, or without the right to write there.
@@ -763,6 +773,10 @@ VESK_API int32_t WMISetQuietFan(uint8_t value, uint8_t initCom);
  * the user's name as WMI reports it; if WMI reports none, in the unnamed value of the key. The path is stored
  * unchanged: it is not validated, and no directory is created. A path of more than 255 characters is stored but
  * cannot be read back. Null is the empty string. Writing to the key needs an administrator's rights.
+ *
+ * If the name cannot be read, the path goes to the unnamed value too. That happens without WMI, for an account that
+ * WMI has no name for (see docs/on-windows.md), and on a thread in a single-threaded apartment that passes an
+ * `initCom` other than 0: pass 0 there.
  *
  * Result: 1 if the path was stored. Failure: 0. Session: not needed. Blocks: one WMI query.
  */
@@ -892,7 +906,7 @@ VESK_API void WMIGetHDDSize(VeskChar16* out, uint8_t initCom);
  *
  * It is the first byte of the raw data of SMART attribute 194. A disk with two such attributes adds two numbers, a
  * disk without one adds none. The table has ten disks; further disks are dropped. A disk without a name or
- * without attribute data is skipped. Two calls must not overlap.
+ * without attribute data is skipped; most NVMe disks have none in WMI. Two calls must not overlap.
  *
  * out: 1200 characters.
  * Failure: the empty string at first. The table stays in the process: after a failure, or when fewer disks are
@@ -1034,7 +1048,7 @@ VESK_API void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom);
  * call in a process reads the Wi-Fi record.
  *
  * out: 64 characters.
- * Failure: the empty string. Absent: "0;0", if no counter matches.
+ * Failure: the empty string, also if the query gives no rows. Absent: "0;0", if there are rows and none matches.
  * Session: not needed. Blocks: one WMI query.
  */
 VESK_API void WMIGetWiFiBytesPersec(VeskChar16* out, uint8_t initCom);
@@ -1052,7 +1066,12 @@ VESK_API void WMIGetWiFiBytesPersec(VeskChar16* out, uint8_t initCom);
  * A successful read that finds no value for a field leaves VESK_RADIO_NOT_READ and "init_string": without an
  * interface all fields, without a connection all except the first two, and the signal and the rate if the list of
  * access points does not have that of the connection. With several interfaces, "connected" and the card's name
- * are those of the last one, the other fields those of the last connected one.
+ * are those of the last one. Each other field is that of the last connected interface which has a value for it, so
+ * that the fields of one record can belong to different interfaces.
+ *
+ * A service that starts with the system can read the record before the connection exists: read it first when the
+ * link is up, or in a separate process. From Windows 11 24H2 on the system refuses the read (error 5) without
+ * location consent; that is a failed read, the card's name included.
  *
  * They may be called from several threads, also for the first read: the other threads wait, and all get fields of
  * one complete record. A read takes as long as the WLAN API takes; after a successful read the calls do not block.
@@ -1075,7 +1094,7 @@ VESK_API int32_t RF_WiFiIsConnected(void);
 VESK_API void RF_WiFiCardName(VeskChar16* out);
 
 /**
- * The signal of the access point in dBm.
+ * The signal of the access point in dBm. With several links (Wi-Fi 7) it can be absent.
  *
  * Failure: VESK_READ_FAILED. Absent: VESK_RADIO_NOT_READ. Session: not needed. Blocks: the first read.
  */
@@ -1101,8 +1120,9 @@ VESK_API void RF_AP_MAC(char* out);
  * The highest rate in Mbit/s that the access point offers, by the rate tables of 802.11n and 802.11ac.
  *
  * It is computed from the information elements of the access point's beacon; the rate of the link may be lower. 0
- * without an element of either standard, and for channels of 160 and 80+80 MHz. Elements that are truncated or
- * too short are ignored.
+ * without an element of either standard, and for channels of 160 and 80+80 MHz that the access point announces by
+ * the widths 2 and 3. Access points of today announce 160 MHz as width 1 with a second segment: the result is then
+ * the rate of 80 MHz. Elements that are truncated or too short are ignored.
  *
  * Failure: VESK_READ_FAILED. Absent: VESK_RADIO_NOT_READ. Session: not needed. Blocks: the first read.
  */
@@ -1181,7 +1201,8 @@ VESK_API int32_t System_Check_S_Mode(void);
 /**
  * The user's country as a two-letter ISO 3166 code: "DE".
  *
- * For a nation without such a code it is what the system has instead, at most 10 characters.
+ * For a nation without such a code it is what the system has instead. Windows has at most 10 characters today; the
+ * library does not limit them. In a service it is the country of the service's account.
  *
  * out: 11 characters.
  * Failure or absent: the empty string, also if the user has set no nation.
@@ -1191,6 +1212,9 @@ VESK_API void System_GetCountryCode_ISO2(VeskChar16* out);
 
 /**
  * The local date and time as a narrow string: "2024-05-17 10:30:00".
+ *
+ * The time zone is read again by each call. The C runtime uses the environment variable TZ instead of the system's
+ * zone if the host's environment has it: the one variable that changes an answer.
  *
  * out: exactly 20 bytes.
  * Failure: 20 zero bytes. Session: not needed. Blocks: not at all.
@@ -1202,7 +1226,7 @@ VESK_API void System_Read_LocalTime(char* out);
  *
  * `initCom` differs here: if it is not 0, the call enters the single-threaded apartment. Pass 0 on a thread that is
  * in the multithreaded apartment already: entering would fail without a message, and the call would leave the
- * caller's apartment.
+ * caller's apartment, after which the COM objects of that thread are not usable any more.
  *
  * Failure or absent: -1, without an audio endpoint. Session: not needed. Blocks: as long as the audio service
  * takes.
@@ -1236,10 +1260,10 @@ VESK_API uint32_t System_Read_TabletMode(void);
  *
  *     [{"machine":[{"name":"Editor","version":"2.1"},{"name":"Player","version":""}]},{"user":[]}]
  *
- * One object for each hive. Applications without a "DisplayName", with one of 1024 characters or more, and with a
- * "SystemComponent" other than 0 are left out. A "DisplayVersion" that is missing or too long is the empty string.
- * Value types are not checked: the bytes are read as UTF-16 up to the first zero character or their end. Double
- * quotes are removed; nothing is escaped.
+ * One object for each hive; "user" is the account that the host runs as. Applications without a "DisplayName", with
+ * one of 1024 characters or more, and with a "SystemComponent" other than 0 are left out. A "DisplayVersion" that is
+ * missing or too long is the empty string. Value types are not checked: the bytes are read as UTF-16 up to the first
+ * zero character or their end. Double quotes are removed; nothing is escaped.
  *
  * out: 29 characters, and for each application 25 and its two strings.
  * Failure: a hive that cannot be read has no records, and a subkey that cannot be opened ends the list of its hive.
@@ -1310,7 +1334,8 @@ VESK_API void App_Get_Win32WOW6432App(VeskChar16* out);
 /**
  * The version of the driver package of the device "Vesk Kelvane", such as "1.4.0.7".
  *
- * Of several such devices the last in the device list counts.
+ * Of several such devices the last in the device list counts. The version is read from ControlSet001, which need
+ * not be the control set that the system runs with.
  *
  * out: 512 characters.
  * Failure or absent: the empty string. Session: not needed. Blocks: one query for each present device.
@@ -1345,7 +1370,10 @@ VESK_API void GetUWPVersion(VeskChar16* out);
  *       "is_focused":"1"}]
  *
  * A window counts if it is enabled and visible, has a title and a visible title bar, is not a tool window, is the
- * one that represents its root owner, and the name of its process can be read.
+ * one that represents its root owner, and the name of its process can be read. Windows that the system hides
+ * (cloaked) count too. A service in session 0 has no windows. On Windows 7 and 8 the names cannot be read with the
+ * access that is asked for. The result is [] in both cases. Security software can report that processes are opened
+ * with all access.
  *
  *     process_name   base name of the executable; for a packaged application that of the process in its frame
  *     process_title  always empty
