@@ -16,6 +16,10 @@ else()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Designated initialisers and short aggregates leave the rest at its default on purpose.
     target_compile_options(project_options INTERFACE -Wno-missing-field-initializers)
+    if(CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 13)
+      # Reports the inactive members of moved variants.
+      target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized)
+    endif()
   endif()
   # The same tree gives the same files in every directory.
   target_compile_options(project_options INTERFACE
