@@ -1,9 +1,9 @@
-// What the real DLL tells on a Windows that is a simulated machine throughout:
+// What the real DLL answers on a Windows that is a simulated machine throughout:
 //
 //     library_answers default > windows.json
 //
 // The machine's devices are served by the fake driver, its registry and files lie with Wine, WMI and sound are
-// COM objects of this program (com_wrapper.h), and what Wine has no machine behind is replaced in the DLL (shims.h).
+// COM objects of this program (com_wrapper.h), and what Wine lacks is replaced in the DLL (shims.h).
 // In the end nothing of all that may be left open.
 #include "answers.h"
 #include "library.h"
@@ -28,7 +28,7 @@
 
 namespace {
 
-/// A thread of its own, since the devices have to answer while the DLL is in a call.
+/// A separate thread, since the devices have to answer while the DLL is in a call.
 class Devices {
 public:
     explicit Devices(machine::Machine& machine)
@@ -99,7 +99,7 @@ void Report(const std::string& machineName) {
     comparison::PutUpSystem(patch);
     comparison::PutUpCom(patch);
     const tool::Host host{tool::HostOptions()};
-    comparison::Tell(host);
+    comparison::PrintAnswers(host);
     ExpectNoHandleLeft(host);
     for (const std::string_view kind : machine::Current()->handles.Kinds()) {
         ExpectNothingLeft(kind, 1);
