@@ -24,9 +24,11 @@ help:
 bootstrap:
 	@scripts/bootstrap.sh native windows windows-vc bindings fuzz lint
 
+# Where the tests have been built, their build is used.
 run:
-	@scripts/bootstrap.sh native
-	@scripts/build.sh native sondrel
+	@scripts/bootstrap.sh report
+	@if grep -qs '^VESK_REPORT_ONLY:BOOL=OFF' build/native/CMakeCache.txt; then \
+		scripts/build.sh native sondrel; else scripts/build.sh report; fi
 	@build/native/bin/sondrel --machine "$(MACHINE)" $(ARGS) report
 
 run-windows:

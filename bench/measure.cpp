@@ -73,30 +73,30 @@ Bias BiasOfObserving() {
 
 /// Puts the library on a fresh machine that keeps nothing, with a session open and its identity cached. A machine
 /// that is there already stays: some take longer to build than to measure.
-void GoTo(const Road& road, std::size_t items) {
+void GoTo(const Case& measured, std::size_t items) {
     static std::string Present;
-    const std::string wanted = road.name + '/' + std::to_string(items);
+    const std::string wanted = measured.name + '/' + std::to_string(items);
     if (Present == wanted) {
         return;
     }
     while (sondrel::SessionOpen != 0) {
         ShutdownSondrel();
     }
-    machine::Start(road.machine(items), ":memory:");
+    machine::Start(measured.machine(items), ":memory:");
     InitializeSondrel();
     EC_ReadEcFwRev();
     EC_ReadEcChipId();
     Present = wanted;
 }
 
-void Measure(benchmark::State& state, const Road& road) {
+void Measure(benchmark::State& state, const Case& measured) {
     const auto items = static_cast<std::size_t>(state.range(0));
-    GoTo(road, items);
+    GoTo(measured, items);
     static const Bias OfObserving = BiasOfObserving();
-    const std::size_t times = std::max<std::size_t>(1, 20 / items); // short roads are gone many times
+    const std::size_t times = std::max<std::size_t>(1, 20 / items); // short cases run many times
     const auto work = [&] {
         for (std::size_t time = 0; time < times; ++time) {
-            road.go();
+            measured.go();
         }
     };
     work();
@@ -118,10 +118,10 @@ void Measure(benchmark::State& state, const Road& road) {
 
 } // namespace
 
-void Register(const Road& road, bool grows) {
+void Register(const Case& measured, bool grows) {
     constexpr int Repetitions = 5;
     auto* const made = benchmark::RegisterBenchmark(
-        road.name.c_str(), [road](benchmark::State& state) { Measure(state, road); });
+        measured.name.c_str(), [measured](benchmark::State& state) { Measure(state, measured); });
     for (const std::int64_t items :
          grows ? std::vector<std::int64_t>{1000, 10'000, 100'000} : std::vector<std::int64_t>{1}) {
         made->Arg(items);

@@ -1,4 +1,4 @@
-// The table: a line for each road, from the medians of the repetitions.
+// The table: a line for each case, from the medians of the repetitions.
 #include "measure.h"
 
 #include <benchmark/benchmark.h>
@@ -34,21 +34,21 @@ std::string Formatted(const char* format, double number) {
 }
 
 /// One line of Markdown, so that it can be pasted into a document as it is.
-void PrintLine(const Road& road, const Line& line) {
+void PrintLine(const Case& measured, const Line& line) {
     std::string ratios;
     for (const auto& [items, figures] : line) {
         ratios += (ratios.empty() ? "" : " / ") + Formatted("%.2f", figures.ratio);
     }
     const Figures& largest = line.rbegin()->second;
-    std::printf("| %-31s | %-18s | %-4s | %6s | %9.2f | %11.2f | %6.2f |\n", road.name.c_str(),
-                ratios.c_str(), road.aim != 0 ? Formatted("%.2f", road.aim).c_str() : "",
+    std::printf("| %-31s | %-18s | %-4s | %6s | %9.2f | %11.2f | %6.2f |\n", measured.name.c_str(),
+                ratios.c_str(), measured.aim != 0 ? Formatted("%.2f", measured.aim).c_str() : "",
                 line.size() > 1 ? Formatted("%.2f", Growth(line)).c_str() : "", largest.seconds * 1e6,
                 largest.allocations, largest.calls);
 }
 
 class TableReporter : public benchmark::BenchmarkReporter {
 public:
-    explicit TableReporter(const std::vector<Road>& roads) : m_roads(roads) {}
+    explicit TableReporter(const std::vector<Case>& cases) : m_cases(cases) {}
 
     bool ReportContext(const Context&) override { return true; }
 
@@ -69,32 +69,32 @@ public:
     }
 
     void Finalize() override {
-        std::puts("| road                            | times bare         | aim  | growth | us / item | "
+        std::puts("| path                            | times bare         | aim  | growth | us / item | "
                   "allocations "
                   "| calls  |\n"
                   "|---------------------------------|--------------------|------|--------|-----------|------"
                   "-------"
                   "|--------|");
-        for (const Road& road : m_roads) {
-            if (const auto found = m_lines.find(road.name); found != m_lines.end()) {
-                PrintLine(road, found->second);
+        for (const Case& measured : m_cases) {
+            if (const auto found = m_lines.find(measured.name); found != m_lines.end()) {
+                PrintLine(measured, found->second);
             }
         }
     }
 
 private:
-    const std::vector<Road>& m_roads;
+    const std::vector<Case>& m_cases;
     std::map<std::string, Line> m_lines;
 };
 
 } // namespace
 
-bool PrintTable(int argc, char** argv, const std::vector<Road>& roads) {
+bool PrintTable(int argc, char** argv, const std::vector<Case>& cases) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return false;
     }
-    TableReporter reporter(roads);
+    TableReporter reporter(cases);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return true;
 }

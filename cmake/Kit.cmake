@@ -76,7 +76,7 @@ endif()
 install(DIRECTORY machines/ DESTINATION ${kit_data}/machines FILES_MATCHING PATTERN *.json)
 install(FILES docs/machine-profile.schema.json DESTINATION ${kit_data})
 install(DIRECTORY examples/ DESTINATION ${kit_data}/examples PATTERN CMakeLists.txt EXCLUDE)
-install(FILES docs/host-engineer.md docs/firmware-engineer.md docs/on-windows.md DESTINATION ${kit_documents})
+install(FILES docs/host-engineer.md docs/firmware-engineer.md docs/on-windows.md docs/tool.md DESTINATION ${kit_documents})
 
 # What is compiled in has its licence there under the name of its target: without one there is no kit.
 get_property(kit_licences GLOBAL PROPERTY VESK_HOSTED_HEADERS)

@@ -12,7 +12,7 @@
 
 typedef void (*Routine)(void);
 
-/* The library beside this program. */
+/* The library next to this program. */
 static void* LoadSondrel(void) {
 #ifdef _WIN32
     return LoadLibraryW(L"VeskSondrel64.dll");
@@ -77,7 +77,7 @@ static void ReadWithSession(void* library) {
         (uint32_t(*)(void))Find(library, "Thermal_Read_Cpu_Temperature");
     void (*const readFans)(char*) = (void (*)(char*))Find(library, "Thermal_Read_Fan");
 
-    /* A number: the failure and "no such sensor" are values of their own. */
+    /* A number: the failure and "no such sensor" are separate values. */
     if (readTemperature != NULL) {
         const uint32_t degrees = readTemperature();
         if (degrees == VESK_READ_FAILED) {
@@ -115,7 +115,7 @@ static void ReadWithoutSession(void* library) {
         (void (*)(VeskChar16*, uint8_t))Find(library, "WMIGetSN");
     int32_t (*const readSignal)(void) = (int32_t(*)(void))Find(library, "RF_WiFiRssi");
 
-    /* A text goes into a buffer of the host's, large enough for whatever comes. Empty: the read failed. */
+    /* A string goes into a buffer of the host, large enough for any answer. Empty: the read failed. */
     if (getSerialNumber != NULL) {
         getSerialNumber(text, EnterComForThisCall);
         printf("serial number: ");
@@ -123,7 +123,7 @@ static void ReadWithoutSession(void* library) {
         putchar('\n');
     }
 
-    /* A radio field: not read and failed are told apart. */
+    /* A radio field: not read and failed are distinguished. */
     if (readSignal != NULL) {
         const int32_t signal = readSignal();
         if (signal == VESK_READ_FAILED) {

@@ -14,8 +14,8 @@ public:
     explicit Firmware(fuzz::Input& input) : AnsweringDevice(u"\\\\.\\ZRNACPI", input) {}
 
     machine::ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in,
-                                   std::size_t room) override {
-        machine::ControlAnswer answer = AnsweringDevice::Control(code, in, room);
+                                   std::size_t capacity) override {
+        machine::ControlAnswer answer = AnsweringDevice::Control(code, in, capacity);
         constexpr std::byte RegisterCount[]{std::byte{0xE3}, std::byte{0xFF}};
         if (answer.bytes.size() >= 4 && in.size() == 16 &&
             std::ranges::equal(in.subspan(12, 2), RegisterCount)) {

@@ -7,7 +7,7 @@
 namespace {
 
 std::int32_t RateOf(std::span<const std::byte> bytes) {
-    // In memory of its exact size, so that the sanitizer sees a read behind it.
+    // In memory of its exact size, so that the sanitizer sees a read after it.
     const std::vector<std::byte> block(bytes.begin(), bytes.end());
     return sondrel::LinkRate(block);
 }

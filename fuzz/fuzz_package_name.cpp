@@ -1,5 +1,5 @@
-// A package's full name (the input's first line) and its manifest (the others): whatever stands there, the
-// package has one record, with a display name that fits its room.
+// A package's full name (the input's first line) and its manifest (the others): whatever it contains, the
+// package has one record, with a display name that fits its buffer.
 #include "harness.h"
 
 #include "apps/packages.h"

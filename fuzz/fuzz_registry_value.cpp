@@ -1,5 +1,5 @@
 // A registry whose values have any type, length and bytes, and are others at every look: while the library
-// reads, somebody writes. Its operations take the place of the machine's in this program.
+// reads, another process writes. Its operations take the place of the machine's in this program.
 #include "harness.h"
 
 #include "apps/installed_apps.h"
@@ -25,14 +25,14 @@ SystemError RegOpenKeyExW(Key, const char16_t*, std::uint32_t, Key& opened) {
 
 SystemError RegQueryValueExW(Key, const char16_t*, std::uint32_t& type, std::byte* data,
                              std::uint32_t& size) {
-    const std::uint32_t room = size;
+    const std::uint32_t capacity = size;
     type = Answers->ConsumeIntegralInRange(0u, 11u);
     const std::vector<std::byte> value = fuzz::Bytes(*Answers, Answers->ConsumeBool() ? 16 : 3000);
     size = static_cast<std::uint32_t>(value.size());
     if (Answers->remaining_bytes() == 0) {
         return error::FileNotFound;
     }
-    if (data != nullptr && room < size) {
+    if (data != nullptr && capacity < size) {
         return error::MoreData;
     }
     std::ranges::copy(data != nullptr ? value : std::vector<std::byte>(), data);
@@ -63,14 +63,14 @@ void RegCloseKey(Key) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     Answers = &input;
-    constexpr std::size_t Room = 1 << 18; // more than any input fills
+    constexpr std::size_t Capacity = 1 << 18; // more than any input fills
     const std::u16string number = sondrel::ReadRegDword(platform::Key::LocalMachine, u"key", u"value");
     fuzz::Demand(sondrel::IsRegistrySentinel(number) ||
                  (number.size() <= 10 && number.find_first_not_of(u"0123456789") == number.npos));
     const std::u16string text = sondrel::ReadRegString(platform::Key::LocalMachine, u"key", u"value");
     fuzz::Demand(text.size() < 256 && text.find(u'\0') == text.npos);
     fuzz::TextOf(512, GetInfVersion);
-    fuzz::TextOf(Room, App_Get_Win32App);
+    fuzz::TextOf(Capacity, App_Get_Win32App);
     const std::u16string list = sondrel::GetApplist_Machine(u"key");
     // No quote of a name or a version gets out of its text.
     fuzz::Demand(list.starts_with(u"{\"machine\":[") && list.ends_with(u"]}") &&

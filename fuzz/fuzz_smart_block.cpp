@@ -1,5 +1,5 @@
 // SMART blocks of any bytes and any length, on any number of disks: the temperatures are what the attributes'
-// bytes say, a byte behind a block's end being 0.
+// bytes say, a byte after a block's end being 0.
 #include "harness.h"
 
 #include "firmware/disk_temperature.h"

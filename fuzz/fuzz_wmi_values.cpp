@@ -6,7 +6,7 @@
 #include "machine/models/wmi/wmi_repository.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::size_t Room = 1 << 14; // more than any input fills
+    constexpr std::size_t Capacity = 1 << 14; // more than any input fills
     fuzz::Input input(data, size);
     machine::WmiProfile profile = fuzz::TheMachine().profile.wmi;
     for (machine::WmiNamespaceProfile& space : profile.namespaces) {
@@ -26,9 +26,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     constexpr std::array Lists{AppList_CpuUsage, AppList_MemUsage, AppList_HardwareConfig};
     const auto which = input.ConsumeIntegralInRange<std::size_t>(0, Texts.size() + Lists.size());
     if (which < Texts.size()) {
-        fuzz::TextOf(Room, Texts[which], 1);
+        fuzz::TextOf(Capacity, Texts[which], 1);
     } else if (which - Texts.size() < Lists.size()) {
-        fuzz::TextOf(Room, Lists[which - Texts.size()]);
+        fuzz::TextOf(Capacity, Lists[which - Texts.size()]);
     } else {
         fuzz::Demand(WMIGetExternMonitorNum(1) >= -1);
         WMIGetCPUUsg(1);

@@ -21,7 +21,7 @@ namespace fuzz {
 
 using Input = FuzzedDataProvider;
 
-/// Ends the run as a fault; the input is kept.
+/// Ends the run as a fault; the input is saved.
 inline void Demand(bool holds) {
     if (!holds) {
         std::abort();
@@ -39,14 +39,14 @@ inline machine::Machine& TheMachine() {
     return *machine::Current();
 }
 
-/// The text that an export writes into exactly so much room, where the sanitizer sees one character too many.
+/// The text that an export writes into a buffer of exactly that size, where the sanitizer sees one character too many.
 template <class Character, class... Arguments>
-std::basic_string<Character> TextOf(std::size_t room, void (*read)(Character*, Arguments...),
+std::basic_string<Character> TextOf(std::size_t capacity, void (*read)(Character*, Arguments...),
                                     std::type_identity_t<Arguments>... arguments) {
-    const std::unique_ptr<Character[]> out(new Character[room]);
+    const std::unique_ptr<Character[]> out(new Character[capacity]);
     read(out.get(), arguments...);
-    const auto* const end = std::find(out.get(), out.get() + room, Character{});
-    Demand(end != out.get() + room);
+    const auto* const end = std::find(out.get(), out.get() + capacity, Character{});
+    Demand(end != out.get() + capacity);
     return std::basic_string<Character>(out.get(), static_cast<std::size_t>(end - out.get()));
 }
 
@@ -87,7 +87,7 @@ inline machine::WmiDatum Datum(Input& input) {
     }
 }
 
-/// A device that refuses a request or answers it with any bytes, few or many, as the input has it. It stands in
+/// A device that refuses a request or answers it with any bytes, few or many, as the input has it. It takes
 /// the place of the machine's own while it lives.
 class AnsweringDevice : public machine::Device {
 public:
@@ -107,11 +107,11 @@ public:
 
     void Close() override {}
 
-    machine::ControlAnswer Control(std::uint32_t, std::span<const std::byte>, std::size_t room) override {
+    machine::ControlAnswer Control(std::uint32_t, std::span<const std::byte>, std::size_t capacity) override {
         if (m_input.remaining_bytes() == 0) {
             return {platform::error::GenFailure, {}};
         }
-        return {platform::error::Success, Bytes(m_input, room + 8)};
+        return {platform::error::Success, Bytes(m_input, capacity + 8)};
     }
 
 private:

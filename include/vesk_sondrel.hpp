@@ -14,11 +14,11 @@
  *     }
  *
  * Each reading returns a Result: a value with its unit, or the failure that it was. "Absent" (this machine has no such
- * thing) and "failed" are two states. One answer of the library can stand for several: Failure::could_be() says which.
+ * thing) and "failed" are two states. One answer of the library can mean several: Failure::could_be() says which.
  *
  *     Strings    UTF-16 strings are vesk::String (std::wstring on Windows, std::u16string elsewhere), narrow ones
  *                std::string; vesk::utf8() makes UTF-8 of either. Documents are strings, lists are vectors.
- *     Memory     A reading allocates what its result consists of and nothing else, but for the three long lists of
+ *     Memory     A reading allocates what its result consists of and nothing else, except for the three long lists of
  *                names in applications(), which go through a buffer of 1 MB.
  *     Kits       Goes with each kit: no string object of C++ passes between host and library, so that neither the
  *                compiler nor its runtime has to be that of the library. Debug builds of Visual C++ included.
@@ -81,7 +81,7 @@ private:
 /// be asked here too: those that need a session then give State::no_session, unless it is open all the same.
 class Library : public Readings {
 public:
-    /// From a file, or beside the program: on Windows in the program's directory, elsewhere where the loader looks.
+    /// From a file, or next to the program: on Windows in the program's directory, elsewhere where the loader looks.
     /// Throws LoadError.
     static Library load(const PathChar* path = detail::DefaultPath) {
         std::string problem;

@@ -2,7 +2,7 @@
  * @file
  * The simulated machine that libVeskSondrel64.so reads: what a tool or a test sets on it.
  *
- * It is a shared library of its own (libVeskMachine.so). A host that sets nothing gets the built-in machine
+ * It is a separate shared library (libVeskMachine.so). A host that sets nothing gets the built-in machine
  * "default". Only the native library has it; on Windows the machine is the real one.
  */
 #ifndef VESK_SONDREL_MACHINE_H
@@ -42,7 +42,7 @@ void VeskMachine_Listen(VeskMachine_Listener listener, void* context);
 /** Ties the machine's clock to real time, so that its waits take as long as they say, or frees it again. */
 void VeskMachine_TieToRealTime(int tied);
 
-/** Advances the machine's own time at once, on top of whatever else moves it. */
+/** Advances the machine's own time immediately, on top of any other advance. */
 void VeskMachine_PassTime(uint64_t microseconds);
 
 /** The machine's own time since its start, in microseconds. */

@@ -8,8 +8,8 @@
  * (libVeskMachine.so), which libVeskSondrel64.so loads: they are found through the handle of either.
  *
  * A boundary call is one call of the library into the operating system, by the system's own name ("RegOpenKeyExW",
- * "ExecQuery", "DeviceIoControl"). An export call is one call of the host into the library; what the library calls of
- * its own exports is none.
+ * "ExecQuery", "DeviceIoControl"). An export call is one call of the host into the library; a call of the library to
+ * one of its exports is not counted.
  *
  * All functions can be called from any thread, and while exports are called on others. Strings are UTF-8 and end with a
  * zero. Structures begin with their size, so that later versions can add to them.
@@ -24,7 +24,7 @@
 extern "C" {
 #endif
 
-/** An argument of a boundary call: what went in, or what came back. */
+/** An argument of a boundary call: what went in, or what was returned. */
 typedef struct VeskObserver_Argument {
     const char* name;  /**< Of the parameter. */
     const char* value; /**< As in the printed line: long strings and byte blocks are cut. */
@@ -76,7 +76,7 @@ typedef struct VeskObserver_Fault {
 } VeskObserver_Fault;
 
 /**
- * Plans a failure in place of an earlier plan, and starts the counts anew. Null plans none. Result: 1; 0 for an operation
+ * Plans a failure in place of an earlier plan, and restarts the counts. Null plans none. Result: 1; 0 for an operation
  * or a kind that does not exist, or a size that is too small, and nothing is changed then.
  */
 int32_t VeskObserver_InjectFault(const VeskObserver_Fault* fault);
@@ -97,7 +97,7 @@ int32_t VeskObserver_GetCosts(VeskObserver_Costs* costs);
 typedef void (*VeskObserver_OpenSink)(void* context, const char* description);
 
 /**
- * Lists what the library has opened and not given back; a session's driver device is among it. A null sink only counts.
+ * Lists what the library has opened and not released; a session's driver device is among it. A null sink only counts.
  * Result: how many there are; 0 for lack of memory.
  */
 size_t VeskObserver_ListOpen(VeskObserver_OpenSink sink, void* context);

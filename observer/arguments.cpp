@@ -6,7 +6,7 @@ void OutTexts::After(Call& call, bool succeeded) {
     if (!succeeded || !IsNoted(call)) {
         return;
     }
-    std::u16string_view rest(m_texts, std::min(m_room, m_size));
+    std::u16string_view rest(m_texts, std::min(m_capacity, m_size));
     List texts;
     while (!rest.empty() && rest.front() != u'\0') {
         const std::u16string_view text = rest.substr(0, rest.find(u'\0'));

@@ -12,7 +12,7 @@
 
 namespace observer {
 
-/// What an argument does unless it has something of its own to do.
+/// What an argument does by default.
 class PlainArgument {
 public:
     void Before(Call&) {}
@@ -177,7 +177,7 @@ public:
     }
 };
 
-/// Goes in and comes back, on failure too: a size as a rule.
+/// Goes in and comes back, on failure too: a size usually.
 template <class T>
 class InOut : public PlainArgument {
 public:
@@ -203,7 +203,7 @@ private:
     T& m_value;
 };
 
-/// A caller's buffer for a string that ends with a zero. Its size is noted where no other argument tells it.
+/// A caller's buffer for a string that ends with a zero. Its size is noted where no other argument has it.
 class OutText : public PlainArgument {
 public:
     OutText(std::string_view name, char16_t* text, std::size_t size)
@@ -251,7 +251,7 @@ private:
 class OutTexts : public PlainArgument {
 public:
     OutTexts(std::string_view name, char16_t* texts, const std::uint32_t& size)
-        : PlainArgument(name), m_texts(texts), m_room(texts == nullptr ? 0 : size), m_size(size) {}
+        : PlainArgument(name), m_texts(texts), m_capacity(texts == nullptr ? 0 : size), m_size(size) {}
 
     [[nodiscard]] char16_t* Argument() const { return m_texts; }
 
@@ -259,7 +259,7 @@ public:
 
 private:
     char16_t* m_texts;
-    std::uint32_t m_room;
+    std::uint32_t m_capacity;
     const std::uint32_t& m_size;
 };
 
@@ -270,7 +270,7 @@ public:
     OutBytes(std::string_view name, std::span<std::byte> buffer, const std::uint32_t& written)
         : PlainArgument(name), m_buffer(buffer), m_passed(buffer), m_written(written) {}
 
-    /// The answer of a control request, which may have a status of its own.
+    /// The answer of a control request, which may contain a status.
     OutBytes(std::string_view name, std::span<std::byte> buffer, const std::uint32_t& written,
              std::uint32_t controlCode);
 
@@ -371,7 +371,7 @@ private:
 };
 
 /// A handle that is closed. It is given up before the back end closes it: the operating system may give its number to
-/// another thread at once.
+/// another thread immediately.
 template <class T>
 class Closes : public PlainArgument {
 public:

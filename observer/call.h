@@ -30,7 +30,7 @@ public:
     /// The injected failure does not exist for this answer.
     void Withdraw() noexcept;
 
-    /// Null where nobody wants one.
+    /// Null where none is wanted.
     [[nodiscard]] Record* TheRecord() { return m_record ? &*m_record : nullptr; }
 
     /// Notes something, as far as there is memory for it.
@@ -48,7 +48,7 @@ public:
     /// The name that a transcript shows; numbers a window or a device node where it is met first.
     HandleName NameOf(HandleKind kind, std::uintptr_t handle);
 
-    /// Around the back end. `Left` comes first of all behind it: what lies between could change the last error.
+    /// Around the back end. `Left` comes first after it: what lies between could change the last error.
     void Entered() noexcept;
     void Left() noexcept;
 

@@ -1,4 +1,4 @@
-// What is open: every handle that the library was given and has not given back, and the names of handles.
+// What is open: every handle that the library was given and has not released, and the names of handles.
 #pragma once
 
 #include "observer/value.h"

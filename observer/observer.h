@@ -39,7 +39,7 @@ struct FaultPlan {
     const OperationRow* only = nullptr; // a row of the table; null: any operation counts
 };
 
-/// Starts counting anew, with a plan or without one. A planned failure of a kind that the operation does not have is not
+/// Starts counting again, with a plan or without one. A planned failure of a kind that the operation does not have is not
 /// injected. What is open stays known.
 void Restart(FaultPlan plan = {});
 

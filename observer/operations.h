@@ -156,7 +156,7 @@ constexpr const OperationRow& RowOf(Operation operation) {
     return OperationTable[static_cast<std::size_t>(operation)];
 }
 
-/// A device whose answers carry a status of their own: where it is in the answer of which request. An answer with any
+/// A device whose answers contain a status: where it is in the answer of which request. An answer with any
 /// other status than 0 there says that the device failed.
 struct StatusField {
     std::uint32_t controlCode;

@@ -12,7 +12,7 @@
 
 namespace observer {
 
-/// What a handle stands for. The kind decides in which table of the operating system its number counts.
+/// What a handle means. The kind decides in which table of the operating system its number counts.
 enum class HandleKind : std::uint8_t {
     File,
     Token,
@@ -44,7 +44,7 @@ enum class HandleKind : std::uint8_t {
 
 struct HandleKindRow {
     std::string_view name;
-    /// Handles are told apart by their number within one space.
+    /// Handles are distinguished by their number within one space.
     enum class Space : std::uint8_t {
         Handles,
         Keys,

@@ -114,7 +114,7 @@ concept IsHandle = std::is_enum_v<T> && requires(T handle) {
     KindOf(handle);
 };
 
-/// The kind of COM object that an interface identifier stands for.
+/// The kind of COM object that an interface identifier means.
 HandleKind KindOf(const platform::Guid& interfaceId);
 
 Value HandleValue(Call& call, HandleKind kind, std::uintptr_t handle);

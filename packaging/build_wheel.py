@@ -33,7 +33,7 @@ def main(arguments: list) -> int:
     output.mkdir(parents=True, exist_ok=True)
     os.environ["SOURCE_DATE_EPOCH"] = str(archives.epoch(SOURCE))
     os.umask(0o022)
-    # setuptools writes beside the sources.
+    # setuptools writes into the sources' directory.
     with tempfile.TemporaryDirectory() as directory:
         copy = Path(directory) / "python"
         shutil.copytree(SOURCE, copy, ignore=shutil.ignore_patterns("__pycache__", "*.egg-info", ".mypy_cache"))

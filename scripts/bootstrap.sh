@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages that a job needs and that are missing.
 #
-#   scripts/bootstrap.sh native|windows|windows-vc|bindings|fuzz|lint...
+#   scripts/bootstrap.sh report|native|windows|windows-vc|bindings|fuzz|lint...
 #
 # Root uses apt-get; other users sudo, if it works without a password; otherwise the script prints the command to type
 # and ends with status 1. If nothing is missing it prints nothing.
@@ -9,9 +9,12 @@ set -eu
 
 packages_of() {
     case $1 in
-    native)
-        echo "g++ make cmake ninja-build libsqlite3-dev libexpat1-dev nlohmann-json3-dev" \
-            "libcli11-dev libvalijson-dev libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3" \
+    report) # library, simulated machine and tool
+        echo "g++ make cmake ninja-build libsqlite3-dev libexpat1-dev nlohmann-json3-dev libcli11-dev"
+        ;;
+    native) # with tests and benchmarks
+        packages_of report
+        echo "libvalijson-dev libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3" \
             "chromium-headless-shell fonts-dejavu-core"
         ;;
     windows)
@@ -32,7 +35,7 @@ packages_of() {
         echo "clang clang-format clang-tidy cppcheck shellcheck doxygen python3 unicode-data"
         ;;
     *)
-        echo "bootstrap: unknown job '$1'; expected native, windows, windows-vc, bindings, fuzz or lint" >&2
+        echo "bootstrap: unknown job '$1'; expected report, native, windows, windows-vc, bindings, fuzz or lint" >&2
         exit 2
         ;;
     esac

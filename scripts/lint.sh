@@ -23,11 +23,16 @@ echo "plain English"
 scripts/check_plain_english --self-test
 scripts/check_plain_english
 
+echo "lines of code"
+scripts/count_lines.sh
+
 echo "generated tables"
 scripts/generate_column_width --check
 
-echo "headers"
+echo "headers and sources, each alone"
 scripts/check_headers.sh
+scripts/check_compiled_alone --self-test
+scripts/check_compiled_alone
 
 echo "public header and reference"
 tests/kit/check_header.sh clang clang++

@@ -274,7 +274,7 @@ def group_class(model: Model, group: dict) -> str:
     for reading in model.of_group(group["id"]):
         lines = model.documentation(reading)
         if reading.grows:
-            lines.insert(-1, f"characters: the size of the buffer; the library is not told it, and {reading.size} is enough for known machines.")
+            lines.insert(-1, f"characters: the size of the buffer; the library does not know it, and {reading.size} is enough for known machines.")
         methods += comment(lines)
         methods += f"    [[nodiscard]] Result<{value_type(reading)}> {reading.short}({parameters(reading, True)}) const {{\n"
         methods += f"        return {call(reading)};\n    }}\n\n"

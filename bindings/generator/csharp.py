@@ -169,7 +169,7 @@ def given_parameter(reading: Reading) -> list:
 def documentation(model: Model, reading: Reading) -> str:
     lines = [escape(line) for line in model.documentation(reading)]
     remarks = "".join(f"        /// {line}\n" for line in lines[1:])
-    grows = f"        /// The library is not told the size of its buffer; {reading.size} characters are enough for known machines.\n"
+    grows = f"        /// The library does not know the size of its buffer; {reading.size} characters are enough for known machines.\n"
     return f"        /// <summary>{lines[0]}</summary>\n        /// <remarks>\n{remarks}{grows * reading.grows}        /// </remarks>\n"
 
 

@@ -16,7 +16,7 @@ from description import Description, in_arguments, load, out_arguments, user_arg
 
 NOTICE = "Generated from exports/exports.json by scripts/generate_bindings"
 
-# A failure has no better name in words than its state, but for these.
+# A failure has no better name in words than its state, except for these.
 STATE_WORDS = {
     "failed": "Failed",
     "absent": "Absent",
@@ -159,7 +159,7 @@ def answer_sentence(answer: dict) -> str:
     if states[0] == "ok":
         shown = answer.get("value")
         shown = f'"{shown}"' if isinstance(shown, str) else shown
-        return f"{shown}{element} can stand for: {meaning}."
+        return f"{shown}{element} can mean: {meaning}."
     words = " or ".join(STATE_WORDS[state].lower() for state in states if state != "ok").capitalize()
     either = "; can also be an ordinary value" if "ok" in states else ""
     return f"{words}{element}: {meaning}{either}."
@@ -186,7 +186,7 @@ def blocking_sentence(reading: Reading) -> list:
 
 def cache_sentence(reading: Reading) -> list:
     return {
-        "registry": ["The first value that was read is cached in the registry for good."],
+        "registry": ["The first value that was read is cached in the registry permanently."],
         "process": ["The first successful read is cached to the end of the process."],
         "previous": ["A failed read repeats the previous answer."],
     }.get(reading.export["cached"], [])

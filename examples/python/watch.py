@@ -38,7 +38,7 @@ def main() -> int:
                 print(f"cpu {cpu}, fans {shown(session, ThermalReadings.fan_speeds)}", flush=True)
                 taken += 1
                 if machine:
-                    machine.pass_time(1)  # a simulated machine has a time of its own
+                    machine.pass_time(1)  # a simulated machine has a separate clock
                 time.sleep(chosen.interval)
     except LibraryError as error:
         print(error, file=sys.stderr)  # with the system's message

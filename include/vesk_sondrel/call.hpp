@@ -49,7 +49,7 @@ enum class Match : std::uint8_t {
     other       // every number without an answer before this one
 };
 
-/// An answer that means something of its own.
+/// An answer that has a special meaning.
 struct Answer {
     Match match;
     std::int64_t number;

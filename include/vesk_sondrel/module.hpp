@@ -63,7 +63,7 @@ inline Handle open_library(const PathChar* path) noexcept {
     if (std::char_traits<wchar_t>::find(path, std::char_traits<wchar_t>::length(path), L'\\') != nullptr) {
         return windows::LoadLibraryExW(path, nullptr, AlteredSearchPath);
     }
-    // A bare name: beside the program, and never in the current directory. A Windows 7 without its update 2533623
+    // A bare name: next to the program, and never in the current directory. A Windows 7 without its update 2533623
     // does not know the flags.
     const Handle handle = windows::LoadLibraryExW(path, nullptr, ApplicationDirectoryAndSystem32);
     return handle != nullptr || windows::GetLastError() != InvalidParameter

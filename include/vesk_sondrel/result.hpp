@@ -80,7 +80,7 @@ struct Quantity {
     friend constexpr bool operator>=(Quantity left, Quantity right) noexcept { return !(left < right); }
 };
 
-/// The states that one answer of the library can stand for, the most likely one first.
+/// The states that one answer of the library can mean, the most likely one first.
 class States {
 public:
     constexpr States(std::initializer_list<State> states) noexcept {
@@ -127,7 +127,7 @@ public:
     /// The most likely state: failed, absent, not_read, no_session or not_ready.
     [[nodiscard]] constexpr State state() const noexcept { return m_state; }
 
-    /// One answer of the library can stand for several states.
+    /// One answer of the library can mean several states.
     [[nodiscard]] constexpr bool could_be(State state) const noexcept { return m_states.contains(state); }
 
     /// "no battery, or the device does not give this value"
@@ -180,7 +180,7 @@ public:
 
     Result(T value) : m_value(std::move(value)) {}
 
-    /// A value that can also stand for something else, such as 0.
+    /// A value that can also means something else, such as 0.
     Result(T value, const Failure& note) : m_value(std::move(value)), m_failure(note) {}
 
     Result(const Failure& failure) : m_failure(failure) {}
@@ -219,7 +219,7 @@ public:
     /// Only without a value.
     [[nodiscard]] const Failure& failure() const noexcept { return m_failure; }
 
-    /// What the value can mean besides itself ("idle, or a sample failed"); an empty string as a rule.
+    /// What the value can mean besides itself ("idle, or a sample failed"); an empty string usually.
     [[nodiscard]] const char* note() const noexcept { return has_value() ? m_failure.meaning() : ""; }
 
 private:

@@ -22,10 +22,11 @@ class Device {
 public:
     virtual ~Device() = default;
 
-    /// Whether this opening is granted, beside those that are open already.
+    /// Whether this opening is granted, in addition to those that are open.
     virtual platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) = 0;
     virtual void Close() = 0;
-    virtual ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t room) = 0;
+    virtual ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in,
+                                  std::size_t capacity) = 0;
 };
 
 /// One opening of a device.

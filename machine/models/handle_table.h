@@ -14,7 +14,7 @@ namespace machine {
 /// Numbers are never given twice, so that a handle that was closed stays invalid.
 class HandleTable {
 public:
-    /// `kind` is a literal, for whoever lists what is open.
+    /// `kind` is a literal, for lists of what is open.
     template <class Object>
     std::uintptr_t Open(std::string_view kind, Object object) {
         m_last += 4;

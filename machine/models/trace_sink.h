@@ -38,7 +38,7 @@ public:
 
     void OnEvent(std::function<void(const TraceEvent&)> listener) { m_listener = std::move(listener); }
 
-    /// What came since the last call.
+    /// What was written since the last call.
     std::vector<TraceEvent> Take();
 
 private:

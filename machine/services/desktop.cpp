@@ -26,8 +26,8 @@ Window HandleOf(const WindowStack& windows, const std::string& name) {
     return found == nullptr ? Window::None : found->handle;
 }
 
-/// The window at the end of the chain of parents and owners. A profile may close that chain to a circle by
-/// mistake, so only so many steps are followed.
+/// The window at the end of the chain of parents and owners. A profile may close that chain to a circle,
+/// so only so many steps are followed.
 Window RootOwnerOf(const WindowStack& windows, const StackedWindow& window) {
     Window root = window.handle;
     for (int steps = 0; steps < 100; ++steps) {

@@ -15,7 +15,7 @@ inline bool Succeed(platform::SystemError error) {
     return error == platform::error::Success;
 }
 
-/// The error of an operation on the machine's disk, whose own trouble is a device that does not work.
+/// The error of an operation on the machine's disk, which fails with a device error.
 template <class Operation>
 platform::SystemError OnDisk(Operation operation) {
     try {

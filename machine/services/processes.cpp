@@ -77,8 +77,8 @@ bool K32GetProcessMemoryInfo(Handle process, ProcessMemoryCounters& counters, st
     if (found == nullptr) {
         return false;
     }
-    if (size < sizeof counters || !found->tellsMemory) {
-        return machine::Succeed(found->tellsMemory ? error::InsufficientBuffer : error::AccessDenied);
+    if (size < sizeof counters || !found->reportsMemory) {
+        return machine::Succeed(found->reportsMemory ? error::InsufficientBuffer : error::AccessDenied);
     }
     counters.workingSetSize = found->workingSet;
     return true;

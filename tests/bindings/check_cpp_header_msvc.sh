@@ -1,6 +1,6 @@
 #!/bin/sh
 # The C++ header in clang's MSVC mode. Visual C++'s own headers are not at hand: those of the build machine's standard
-# library stand in for them, which shows what the language and the ABI's types refuse, not what that library lacks.
+# library are used in their place, which shows what the language and the ABI's types refuse, not what that library lacks.
 #
 #   tests/bindings/check_cpp_header_msvc.sh CLANGXX
 set -eu

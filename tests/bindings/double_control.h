@@ -19,7 +19,7 @@ extern "C" {
  *     bytes 00ff             what is written to a buffer of bytes
  *     text ...               what is written to a buffer of characters, or the string object
  *     units d83d 0041        the same as UTF-16 units in hexadecimal
- *     full                   a text of as many characters as the buffer has room for
+ *     full                   a text of as many characters as the buffer can hold
  *     untouched              nothing is written
  *     slow ANSWER            the answer after 30 ms
  */
@@ -41,7 +41,7 @@ DOUBLE_API int Double_Size(const char* name);
 DOUBLE_API const char* Double_Argument(const char* name, const char* argument);
 
 /* How many calls were within the library at the same time, at most. */
-DOUBLE_API int Double_MostAtOnce(void);
+DOUBLE_API int Double_MostOverlapping(void);
 
 /* As after loading: number 0 and an empty text. */
 DOUBLE_API void Double_Reset(void);

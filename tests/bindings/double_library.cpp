@@ -267,7 +267,7 @@ const char* Double_Argument(const char* name, const char* argument) {
     return state.shown.c_str();
 }
 
-int Double_MostAtOnce(void) {
+int Double_MostOverlapping(void) {
     return most;
 }
 

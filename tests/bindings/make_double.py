@@ -21,7 +21,7 @@ from check_header import Header  # noqa: E402
 
 ARGUMENT = re.compile(r"(?P<type>.+?)(?P<name>\w+)$")
 CONTROLS = ("Double_Set", "Double_SetAll", "Double_Called", "Double_All", "Double_Size", "Double_Argument",
-            "Double_MostAtOnce", "Double_Reset")
+            "Double_MostOverlapping", "Double_Reset")
 # Where the header names no limit.
 LONG_BUFFER = 524288
 

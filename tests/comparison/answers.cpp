@@ -15,7 +15,7 @@ struct Setting {
 };
 
 /// All exports that a report leaves out, since they change something. The app path comes first: what the firmware's
-/// features are set to is kept below it.
+/// features are set to is stored below it.
 constexpr Setting Settings[] = {
     {"WMISetAppPath", "C:\\ProgramData\\Vesk\\VeskTessaly"},
     {"WMISetBatteryHealth", "60"},
@@ -26,7 +26,7 @@ constexpr Setting Settings[] = {
     {"ShutdownSondrel", ""},
 };
 
-void TellSettings(const tool::Host& host) {
+void PrintSettings(const tool::Host& host) {
     nlohmann::ordered_json exports = nlohmann::ordered_json::array();
     for (const auto& [name, argument] : Settings) {
         const tool::Export& row = tool::ExportNamed(name);
@@ -40,12 +40,12 @@ void TellSettings(const tool::Host& host) {
 
 } // namespace
 
-void Tell(const tool::Host& host) {
+void PrintAnswers(const tool::Host& host) {
     tool::ReadOptions options;
     std::cout << "[\n";
     tool::ReportAsJson(host, options);
     std::cout << ",\n";
-    TellSettings(host);
+    PrintSettings(host);
     std::cout << ",\n";
     tool::ReportAsJson(host, options);
     std::cout << ",\n";

@@ -7,6 +7,6 @@ namespace comparison {
 
 /// Prints an array of reports as JSON: every reading; what setting and closing gave; every reading after that; and
 /// every reading without a session. Throws tool::Error where a call cannot be made.
-void Tell(const tool::Host& host);
+void PrintAnswers(const tool::Host& host);
 
 } // namespace comparison

@@ -1,12 +1,12 @@
 #!/bin/sh
-# That the comparison of two libraries that agree would tell it if they did not: check_comparison.sh COMPARE_TWINS
+# That the comparison of two libraries that agree would fail if they did not: check_comparison.sh COMPARE_ANSWERS
 set -eu
 
 compare=$1
 reports=$(mktemp -d)
 trap 'rm -rf "$reports"' EXIT
 
-# report FILE VALUE [STATUS]: one export's answer as a library tells it
+# report FILE VALUE [STATUS]: one export's answer as a library prints it
 report() {
     printf '[{"exports": [{"name": "Lid", "status": "%s", "value": %s}]}]' "${3-ok}" "$2" >"$reports/$1.json"
 }
@@ -14,11 +14,11 @@ report() {
 # expect STATUS TEXT: how the comparison ends, and what it says
 expect() {
     status=0
-    told=$("$compare" "$reports") || status=$?
-    case $told in
+    printed=$("$compare" "$reports") || status=$?
+    case $printed in
     *"$2"*) [ "$status" -eq "$1" ] && return ;;
     esac
-    printf 'status %s and "%s" were expected, not %s and\n%s\n' "$1" "$2" "$status" "$told" >&2
+    printf 'status %s and "%s" were expected, not %s and\n%s\n' "$1" "$2" "$status" "$printed" >&2
     exit 1
 }
 

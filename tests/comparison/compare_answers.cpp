@@ -1,5 +1,5 @@
-// compare_answers DIRECTORY: what both libraries told of the same machines, NAME.native.json beside NAME.windows.json.
-// Tells every difference; the exit status is 0 when there is none.
+// compare_answers DIRECTORY: what both libraries answered on the same machines, in NAME.native.json and NAME.windows.json.
+// Prints every difference; the exit status is 0 when there is none.
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -30,7 +30,7 @@ std::set<std::string> MachinesOf(const fs::path& directory) {
     return machines;
 }
 
-/// What stands around a place of a text that may be very long.
+/// The surroundings of a position in a string that may be very long.
 std::string Around(const std::string& text, std::size_t place) {
     constexpr std::size_t Before = 100;
     constexpr std::size_t Whole = 400;
@@ -42,7 +42,7 @@ class Comparison {
 public:
     void CompareMachine(const std::string& machine, const Json& native, const Json& windows) {
         if (native.size() != windows.size()) {
-            Fail(machine + ": the libraries told a different number of reports");
+            Fail(machine + ": the libraries printed a different number of reports");
             return;
         }
         for (std::size_t part = 0; part < native.size(); ++part) {

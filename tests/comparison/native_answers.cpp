@@ -1,4 +1,4 @@
-// What the native library tells of a machine: library_answers MACHINE > native.json
+// What the native library answers on a machine: library_answers MACHINE > native.json
 #include "answers.h"
 
 #include <exception>
@@ -13,7 +13,7 @@ int main(int count, char** arguments) {
         tool::HostOptions options;
         options.machine = arguments[1];
         options.store = ":memory:";
-        comparison::Tell(tool::Host(options));
+        comparison::PrintAnswers(tool::Host(options));
         return std::cout.flush() ? 0 : 1;
     } catch (const std::exception& problem) {
         std::cerr << "library_answers: " << problem.what() << '\n';

@@ -40,7 +40,7 @@ constexpr const char* HeldSettings = R"({"files": {
     "held_open": ["C:\\ProgramData\\Vesk\\VeskTessaly\\BatteryHealthSetting.txt",
                   "C:\\ProgramData\\Vesk\\VeskTessaly\\QuietFanSetting.txt"]}})";
 
-/// A packaged application is minimised: its core window stands beside its frame.
+/// A packaged application is minimised: its core window is next to its frame.
 constexpr const char* MinimisedFrame = R"({"windows": [
     {"name": "frame", "process": 6004, "class": "ApplicationFrameWindow", "title": "Calculator", "minimised": true},
     {"name": "core", "process": 6248, "class": "Windows.UI.Core.CoreWindow", "title": "Calculator",
@@ -71,8 +71,8 @@ std::vector<Scene> Scenes() {
     return scenes;
 }
 
-/// On a terminal only; in a pipe nobody reads it.
-void TellProgress(const Situation& where, std::string_view name) {
+/// On a terminal only; not in a pipe.
+void ShowProgress(const Situation& where, std::string_view name) {
     static const bool Terminal = ::isatty(STDERR_FILENO) != 0;
     if (Terminal) {
         std::cerr << "\r\033[K" << where.machine << (where.used ? ", used" : "") << "  " << name
@@ -85,7 +85,7 @@ void Play(const Scene& scene, Tally& tally) {
     for (const exports::Export& row : exports::AllExports()) {
         const bool belongs = scene.groups.empty() || std::ranges::count(scene.groups, row.group) != 0;
         if (belongs && InterruptCame == 0) {
-            TellProgress(scene.situation, row.name);
+            ShowProgress(scene.situation, row.name);
             SweepReading(stage, {&row, CallOf(row, scene.situation.initCom, BufferSizeOf(row))}, tally);
         }
     }
@@ -107,7 +107,7 @@ int SweepAll() {
     for (const Scene& scene : Scenes()) {
         Play(scene, tally);
     }
-    TellProgress({}, "");
+    ShowProgress({}, "");
     for (const std::string& complaint : tally.complaints) {
         std::cout << complaint << '\n';
     }
@@ -135,7 +135,7 @@ int SweepPlanted() {
             return complaint.find(planted.complaint) != std::string::npos;
         });
         const bool right = planted.complaint.empty() ? tally.complaints.empty() : said != 0;
-        std::cout << (right ? "right: " : "WRONG: ") << planted.mistake << ": " << tally.complaints.size()
+        std::cout << (right ? "right: " : "WRONG: ") << planted.fault << ": " << tally.complaints.size()
                   << " complaints\n";
         caught = caught && right;
     }

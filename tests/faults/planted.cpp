@@ -11,14 +11,14 @@
 namespace sweep {
 namespace {
 
-enum class Mistake { None, LeftOpen, MemoryLost, OneTooMany, Swallowed, Raised };
+enum class Fault { None, LeftOpen, MemoryLost, OneTooMany, Swallowed, Raised };
 
 constexpr const char16_t* DriverKey =
     u"SYSTEM\\ControlSet001\\Control\\Class\\{4d36e97d-e325-11ce-bfc1-08002be10318}\\0042";
 
-std::array<char16_t, 256> LastVersion; // what the swallowing one tells in place of a failure
+std::array<char16_t, 256> LastVersion; // what the swallowing one returns in place of a failure
 
-template <Mistake Planted>
+template <Fault Planted>
 std::u16string Version() {
     platform::Key key{};
     if (platform::RegOpenKeyExW(platform::Key::LocalMachine, DriverKey, platform::access::KeyRead, key) !=
@@ -26,7 +26,7 @@ std::u16string Version() {
         return {};
     }
     std::optional<platform::OwnedKey> owner;
-    if (Planted != Mistake::LeftOpen) {
+    if (Planted != Fault::LeftOpen) {
         owner.emplace(key);
     }
     std::array<char16_t, 256> text{};
@@ -34,40 +34,40 @@ std::u16string Version() {
     std::uint32_t size = sizeof text - sizeof(char16_t);
     const auto status = platform::RegQueryValueExW(key, u"DriverVersion", type,
                                                    reinterpret_cast<std::byte*>(text.data()), size);
-    if (Planted == Mistake::LeftOpen && status == platform::error::Success) {
+    if (Planted == Fault::LeftOpen && status == platform::error::Success) {
         owner.emplace(key); // forgotten on the other way out
     }
     if (status != platform::error::Success) {
-        return Planted == Mistake::Swallowed ? LastVersion.data() : u"";
+        return Planted == Fault::Swallowed ? LastVersion.data() : u"";
     }
     LastVersion = text;
     const std::u16string made = std::u16string(u"version ") + text.data(); // too long to do without the heap
     return made.substr(8);
 }
 
-template <Mistake Planted>
+template <Fault Planted>
 void Read(char16_t* out) {
-    if constexpr (Planted == Mistake::MemoryLost) {
-        const auto* const lost = new (std::nothrow) std::u16string(u"nobody gives this back");
+    if constexpr (Planted == Fault::MemoryLost) {
+        const auto* const lost = new (std::nothrow) std::u16string(u"never released");
         static_cast<void>(lost);
     }
-    if constexpr (Planted == Mistake::Raised) {
+    if constexpr (Planted == Fault::Raised) {
         sondrel::CopyToHost(Version<Planted>(), out);
     } else {
         sondrel::AnswerWith(out, Version<Planted>);
     }
-    if constexpr (Planted == Mistake::OneTooMany) {
+    if constexpr (Planted == Fault::OneTooMany) {
         out[std::u16string_view(out).size() + 1] = u'\0';
     }
 }
 
 constexpr Planted Readings[] = {
-    {"nothing", "", Read<Mistake::None>},
-    {"a key left open after a failed query", "left open", Read<Mistake::LeftOpen>},
-    {"memory that nobody gives back", "memory was not given back", Read<Mistake::MemoryLost>},
-    {"one character behind the terminator", "outside the text", Read<Mistake::OneTooMany>},
-    {"an old answer in place of a failure", "swallowed", Read<Mistake::Swallowed>},
-    {"running out of memory raised to the host", "raised", Read<Mistake::Raised>},
+    {"nothing", "", Read<Fault::None>},
+    {"a key left open after a failed query", "left open", Read<Fault::LeftOpen>},
+    {"memory that is never released", "memory was not released", Read<Fault::MemoryLost>},
+    {"one character after the terminator", "outside the text", Read<Fault::OneTooMany>},
+    {"an old answer in place of a failure", "swallowed", Read<Fault::Swallowed>},
+    {"running out of memory raised to the host", "raised", Read<Fault::Raised>},
 };
 
 } // namespace

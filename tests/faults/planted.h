@@ -1,4 +1,4 @@
-// A reading with mistakes planted in it, each of which the sweep has to find.
+// A reading with planted faults, each of which the sweep has to find.
 #pragma once
 
 #include <span>
@@ -7,7 +7,7 @@
 namespace sweep {
 
 struct Planted {
-    std::string_view mistake;
+    std::string_view fault;
     /// What the sweep says of it; empty for the sound one.
     std::string_view complaint;
     void (*read)(char16_t* out);

@@ -41,7 +41,7 @@ void ResetLibrary() {
 }
 
 /// Whether the machine may keep something of it that no later run undoes.
-bool IsKept(observer::Operation operation) {
+bool IsPersisted(observer::Operation operation) {
     using enum observer::Operation;
     constexpr observer::Operation Keeping[] = {
         RegCreateKeyExW,       RegSetValueExW, SetFirmwareEnvironmentVariableW,
@@ -145,7 +145,7 @@ Run Stage::Play(const HostCall& call, observer::FaultPlan fault, heap::Plan heap
         run.fault = std::string("raised across the boundary: ") + raised.what();
     }
     run.calls = m_calls;
-    m_changed = m_changed || std::ranges::any_of(run.calls, IsKept) || !run.fault.empty();
+    m_changed = m_changed || std::ranges::any_of(run.calls, IsPersisted) || !run.fault.empty();
     run.allocations = heap::Count();
     run.injected = observer::CurrentCosts().injected + heap::Injected();
     observer::Restart();

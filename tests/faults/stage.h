@@ -23,7 +23,7 @@ struct Situation {
     bool used = false;
     /// What the exports get that use COM; 0: this thread has entered an apartment.
     std::uint8_t initCom = 1;
-    /// The machine has values missing of its own.
+    /// The machine itself lacks values.
     bool lacking = false;
     /// A JSON merge patch on the machine's profile.
     std::string changes = "{}";
@@ -45,11 +45,11 @@ public:
     explicit Stage(Situation situation);
     ~Stage() override;
 
-    /// Sets everything up anew.
+    /// Sets everything up again.
     void Restart();
 
     /// The same for the library; the machine is started again only if the last runs may have changed it, or if
-    /// somebody has found it changed.
+    /// it was found changed.
     void Renew();
 
     void FoundChanged() { m_changed = true; }
@@ -57,7 +57,7 @@ public:
     /// One run from where the last one left off.
     Run Play(const HostCall& call, observer::FaultPlan fault = {}, heap::Plan heapFault = {});
 
-    /// Blocks that the library has not given back since the restart, its records aside, which this forgets.
+    /// Blocks that the library has not released since the restart, its records aside, which this forgets.
     std::int64_t LeakedBlocks();
 
     [[nodiscard]] const Situation& Where() const { return m_situation; }
@@ -68,7 +68,7 @@ public:
 private:
     void SetUp();
     void Ended(const observer::Record& record) override;
-    /// What is wrong with the state that a run has left behind.
+    /// What is wrong with the state that a run has left.
     [[nodiscard]] std::string StateFault() const;
 
     Situation m_situation;

@@ -81,7 +81,7 @@ private:
               fault, run);
     }
 
-    /// The run itself, the next one without a fault, and what both have left behind.
+    /// The run itself, the next one without a fault, and what both have left.
     void Check(const std::string& where, const Fault& fault, const Run& run) {
         std::string problem = run.fault;
         if (problem.empty()) {
@@ -103,7 +103,7 @@ private:
             Complain(where + ", the next run", "it is not right again", next.answer.text);
         }
         if (m_stage.LeakedBlocks() != 0) {
-            Complain(where, "memory was not given back", run.answer.text);
+            Complain(where, "memory was not released", run.answer.text);
         }
     }
 

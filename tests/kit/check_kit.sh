@@ -1,5 +1,5 @@
 #!/bin/sh
-# Packs the kit of a build, unpacks it elsewhere and uses it as somebody else would: its tool, its CMake package, its
+# Packs the kit of a build, unpacks it elsewhere and uses it as its users do: its tool, its CMake package, its
 # pkg-config file and, for Windows, its .def file.
 #
 #   tests/kit/check_kit.sh build/native CC CXX
@@ -64,7 +64,7 @@ if [ -z "$toolchain" ]; then
     done
 fi
 
-# find_package. A toolchain file that looks for packages in its own roots only has to be told the very directory.
+# find_package. A toolchain file that looks for packages in its own roots needs the very directory.
 if [ -n "$toolchain" ]; then
     set -- -D "CMAKE_TOOLCHAIN_FILE=$toolchain" -D "VeskSondrel64_DIR=$kit/lib/cmake/VeskSondrel64"
 else
@@ -84,7 +84,7 @@ if [ -n "$toolchain" ]; then
 fi
 
 first="interface 65537, sensor {"
-second="radio standard told"
+second="radio standard read"
 expect "$first" "$work/consumer/consumer_c${toolchain:+.exe}"
 expect "$second" "$work/consumer/consumer_cpp${toolchain:+.exe}"
 expect "$first" "$work/consumer/by_pkg_config.exe"

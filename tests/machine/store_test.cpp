@@ -228,7 +228,7 @@ TEST_F(MachineStoreTest, ADamagedStoreIsAnErrorAndIsNotChanged) {
                                              Property(&StoreError::IsDamage, true))));
         EXPECT_EQ(ContentOf(m_store), content);
     };
-    expectError("this is no database, and someone may want to look at it");
+    expectError("this is no database, and it must not be changed");
     Remove();
     ASSERT_EQ(MissingIn(m_store), "");
     const std::string whole = ContentOf(m_store);

@@ -13,7 +13,7 @@ struct Plan {
     bool andLater = false;
 };
 
-/// Starts counting anew, with a plan or without one.
+/// Starts counting again, with a plan or without one.
 void Restart(Plan plan = {});
 
 /// The library runs from here to the end of the scope; elsewhere nothing is counted.
@@ -32,7 +32,7 @@ private:
 std::uint64_t Count();
 std::uint64_t Injected();
 
-/// How many blocks the library has allocated and not given back.
+/// How many blocks the library has allocated and not released.
 std::int64_t Live();
 
 } // namespace heap

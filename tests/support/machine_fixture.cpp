@@ -56,7 +56,7 @@ MachineTest::MachineTest()
         m_journal.push_back("debug " + unicode::Utf8FromWide(event.text));
     });
     // The process's first line registers the provider. Done here, so that the calls of a test are the same
-    // whether it runs alone or behind others.
+    // whether it runs alone or after others.
     sondrel::TraceWide(nullptr);
     machine::Traces().Take();
     Listen();
@@ -255,8 +255,8 @@ void MachineTest::RunFailing(Operation operation, std::size_t nth, Failure kind,
 
 std::string MachineTest::Text(const std::function<void(VeskChar16*)>& read) {
     constexpr char16_t Filler = 0xA5A5;
-    constexpr std::size_t Room = 1 << 16;
-    std::u16string buffer(Room, Filler);
+    constexpr std::size_t Capacity = 1 << 16;
+    std::u16string buffer(Capacity, Filler);
     read(buffer.data());
     const std::size_t end = buffer.find(u'\0');
     EXPECT_EQ(buffer.find_first_not_of(Filler, end == std::u16string::npos ? 0 : end + 1),

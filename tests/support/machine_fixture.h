@@ -38,7 +38,7 @@ protected:
     /// The same without applications, packages, devices, processes and windows but those of `changes`.
     void StartBare(std::string_view changes = "{}");
     void StartBuiltIn(const std::string& name);
-    /// Starts a machine of a family with its session open and its identity kept, so that what follows is the
+    /// Starts a machine of a family with its session open and its identity cached, so that what follows is the
     /// reading's own. `ec` adds to the profile's EC, as members of a JSON object.
     void StartFamily(const std::string& revision, int chipId, const std::string& ec = "");
 
@@ -51,7 +51,7 @@ protected:
     /// The warnings in the event log since the last call.
     static Lines EventLines();
 
-    /// What came since the last call, in one order: "debug ...", "event ...", "Release IWbemLocator",
+    /// What was recorded since the last call, in one order: "debug ...", "event ...", "Release IWbemLocator",
     /// "CoInitializeEx kind=0 -> 0", "CoUninitialize".
     Lines Journal() { return std::exchange(m_journal, {}); }
 
@@ -84,7 +84,7 @@ protected:
 
     static machine::HeldMachine TheMachine() { return machine::Current(); }
 
-    /// Fails calls from now on, and counts them anew.
+    /// Fails calls from now on, and restarts their count.
     static void FailCalls(observer::FaultPlan plan) { observer::Restart(plan); }
 
     /// What is open, as the observer's ledger describes it.
@@ -94,14 +94,14 @@ protected:
     const std::string m_store;
 
 public:
-    /// What an export writes, in UTF-8. Nothing behind its terminator may have been touched. An export that
+    /// What an export writes, in UTF-8. Nothing after its terminator may be changed. An export that
     /// leaves the buffer alone gives "untouched".
     static std::string Text(const std::function<void(VeskChar16*)>& read);
     static std::string Text(void (*read)(VeskChar16*, std::uint8_t));
 
     static std::string Text(void (*read)(char*)) { return Bytes(read).c_str(); }
 
-    /// All bytes that an export writes, as far as the guard behind them shows it.
+    /// All bytes that an export writes, as far as the guard after them shows it.
     static std::string Bytes(void (*read)(char*));
 
 private:

@@ -1,13 +1,11 @@
 #include "terminal_run.h"
 
-#include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <regex>
@@ -60,12 +58,8 @@ TerminalRun::~TerminalRun() {
     close(m_terminal);
 }
 
-bool TerminalRun::ReadSome(int milliseconds) {
-    pollfd ready{.fd = m_terminal, .events = POLLIN, .revents = 0};
+bool TerminalRun::ReadSome() {
     std::array<char, 4096> bytes{};
-    if (poll(&ready, 1, milliseconds) <= 0) {
-        return false;
-    }
     const ssize_t length = read(m_terminal, bytes.data(), bytes.size());
     if (length <= 0) {
         return false; // the other end is closed
@@ -75,9 +69,8 @@ bool TerminalRun::ReadSome(int milliseconds) {
 }
 
 bool TerminalRun::ReadUntil(const std::string& text, std::size_t from) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (m_output.find(text, from) == std::string::npos) {
-        if (std::chrono::steady_clock::now() > end || !ReadSome(30'000)) {
+        if (!ReadSome()) {
             return false;
         }
     }
@@ -105,7 +98,7 @@ bool TerminalRun::Stopped() const {
 }
 
 int TerminalRun::End() {
-    while (ReadSome(30'000)) {
+    while (ReadSome()) {
     }
     int status = -1;
     waitpid(m_process, &status, 0);

@@ -19,7 +19,8 @@ public:
     TerminalRun& operator=(const TerminalRun&) = delete;
     ~TerminalRun();
 
-    /// Reads until the output contains the text after `from`. False if it ends first, or after 30 seconds.
+    /// Reads until the output contains the text after `from`. False if it ends first. How long that takes depends on what
+    /// else the computer does: only the test's own time limit ends the wait.
     bool ReadUntil(const std::string& text, std::size_t from = 0);
 
     void Type(const std::string& keys) const;
@@ -41,7 +42,7 @@ public:
     static std::vector<std::string> VisibleLines(const std::string& output);
 
 private:
-    bool ReadSome(int milliseconds);
+    bool ReadSome();
 
     int m_terminal = -1;
     pid_t m_process = -1;

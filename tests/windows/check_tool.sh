@@ -77,6 +77,6 @@ rm "$scratch/Ä 中😀/copy.dll"
 run 2 sondrel.exe list --library "Z:$scratch/Ä 中😀/copy.dll"
 says err 'Ä 中😀'
 
-# The README's host finds the DLL beside it.
+# The README's host finds the DLL next to it.
 run 0 example_host.exe
 says out "no driver session"

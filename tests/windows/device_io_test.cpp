@@ -39,15 +39,15 @@ HANDLE WINAPI Open(const wchar_t* path, DWORD access, DWORD shareMode, SECURITY_
     return TheDevice;
 }
 
-BOOL WINAPI Control(HANDLE device, DWORD code, void* in, DWORD inSize, void* out, DWORD room, DWORD* returned,
-                    OVERLAPPED* overlapped) {
+BOOL WINAPI Control(HANDLE device, DWORD code, void* in, DWORD inSize, void* out, DWORD capacity,
+                    DWORD* returned, OVERLAPPED* overlapped) {
     EXPECT_EQ(device, TheDevice);
     EXPECT_TRUE(overlapped == nullptr && returned != nullptr);
     const auto* const sent = static_cast<const BYTE*>(in);
-    Calls.push_back(L"control" + Hex({code, room}) + L" <" + Hex({sent, sent + inSize}));
-    std::memset(out, 0x11, room);
-    std::memset(static_cast<BYTE*>(out) + room / 2, 0, room - room / 2);
-    *returned = room;
+    Calls.push_back(L"control" + Hex({code, capacity}) + L" <" + Hex({sent, sent + inSize}));
+    std::memset(out, 0x11, capacity);
+    std::memset(static_cast<BYTE*>(out) + capacity / 2, 0, capacity - capacity / 2);
+    *returned = capacity;
     return TRUE;
 }
 

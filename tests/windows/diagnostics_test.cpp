@@ -104,7 +104,7 @@ protected:
 
 TEST_F(TraceTest, ALineIsAnEventOfThreePartsForWhoListens) {
     EXPECT_THAT(Session.traits, ElementsAre(ProviderTraits));
-    sondrel::TraceLine("nobody listens");
+    sondrel::TraceLine("no consumer");
     Say(Enable, 4);
     sondrel::TraceLine("not at this level");
     EXPECT_THAT(Session.events, IsEmpty());
@@ -115,7 +115,7 @@ TEST_F(TraceTest, ALineIsAnEventOfThreePartsForWhoListens) {
     sondrel::TraceLine("caf\xC3\xA9");
     EXPECT_THAT(Session.events, ElementsAre(ElementsAre(ProviderTraits, EventMetadata, Text)));
     Say(Disable, 0);
-    sondrel::TraceLine("nobody listens");
+    sondrel::TraceLine("no consumer");
     EXPECT_THAT(Session.events, SizeIs(1));
 }
 

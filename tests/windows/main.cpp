@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 int main(int count, char** arguments) {
-    if (std::getenv("VESK_TEST_STAND") == nullptr) {
+    if (std::getenv("VESK_TEST_WINE") == nullptr) {
         std::fputs(
             "These tests change the registry: run them with run_under_wine.sh, which gives them a Windows of "
             "their own.\n",

@@ -95,7 +95,7 @@ TEST_F(OpenWindowsTest, ListsAWindowWithTheFiguresOfItsProcess) {
     EXPECT_THAT(Waits, ElementsAre(1000u));
 }
 
-TEST_F(OpenWindowsTest, PassesOverWhatIsNoApplicationsWindow) {
+TEST_F(OpenWindowsTest, SkipsWhatIsNoApplicationsWindow) {
     const RealWindow untitled(L"VeskTest", L"");
     const RealWindow tool(L"VeskTest", L"Tool", WS_OVERLAPPEDWINDOW | WS_VISIBLE, WS_EX_TOOLWINDOW);
     const RealWindow hidden(L"VeskTest", L"Hidden", WS_OVERLAPPEDWINDOW);

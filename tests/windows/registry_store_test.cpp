@@ -91,7 +91,7 @@ LSTATUS WINAPI RefuseToOpen(HKEY, const wchar_t*, DWORD options, REGSAM rights, 
 
 LSTATUS WINAPI RefuseToCreate(HKEY, const wchar_t*, DWORD, wchar_t*, DWORD options, REGSAM rights,
                               SECURITY_ATTRIBUTES*, HKEY*, DWORD*) {
-    EXPECT_EQ(options, 0u); // kept beyond a restart
+    EXPECT_EQ(options, 0u); // persisted beyond a restart
     Rights.push_back(rights);
     return ERROR_ACCESS_DENIED;
 }

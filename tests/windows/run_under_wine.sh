@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs a command in a Windows of its own: a fresh Wine prefix in the build tree, with one resident process that
+# Runs a command in a separate Wine prefix: a fresh Wine prefix in the build tree, with one resident process that
 # keeps it up while the command runs, and ended whatever happens.
 #
 #   tests/windows/run_under_wine.sh build/windows ctest --test-dir build/windows --output-on-failure
@@ -24,11 +24,11 @@ holder=$build/bin/keep_wine_running.exe
 [ -f "$holder" ] || fail 66 "$holder is missing: cmake --build --preset windows builds it"
 
 # What the prefix needs to be free of the user's own Wine, of a display and of dialogues: a crash ends the
-# program instead of starting a debugger that waits for somebody.
+# program instead of starting a debugger that waits for input.
 export WINEPREFIX="$build/wine" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe,winedbg.exe=d"
 export ALSA_CONFIG_PATH="$here/silent_sound.conf"
-export VESK_TEST_STAND="$WINEPREFIX"
+export VESK_TEST_WINE="$WINEPREFIX"
 unset DISPLAY WAYLAND_DISPLAY WINELOADER WINESERVER
 
 # One command at a time: the commands share the prefix' registry and devices.
@@ -50,7 +50,7 @@ trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# In the background and waited for, so that a signal to this script is acted on at once.
+# In the background and waited for, so that a signal to this script takes effect immediately.
 run() {
     "$@" 9>&- &
     running=$!
@@ -65,7 +65,7 @@ quietly() {
 }
 
 log=$build/wine.log
-marker=$WINEPREFIX/stand-is-ready
+marker=$WINEPREFIX/wine-is-ready
 
 make_prefix() {
     echo "run_under_wine.sh: making $WINEPREFIX (about 20 seconds, once)" >&2
@@ -78,7 +78,7 @@ make_prefix() {
         quietly wineserver -k && quietly wineserver -w && : >"$marker"
 }
 
-# A prefix counts from the moment its marker stands: one whose making was interrupted is made anew.
+# A prefix counts when its marker exists: one whose creation was interrupted is created again.
 [ -f "$marker" ] || rm -rf "$WINEPREFIX"
 # The personal folders of the prefix lead into HOME: the user's own are to stay untouched.
 export HOME="$WINEPREFIX/home"

@@ -37,7 +37,7 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    /// Which file stands there.
+    /// Which file exists.
     [[nodiscard]] std::uint64_t Identity() const {
         const HANDLE file = Held(FILE_SHARE_READ);
         BY_HANDLE_FILE_INFORMATION about{};
@@ -76,7 +76,7 @@ TEST_F(SettingsFileTest, SharesAsFarAsOthersDo) {
     file = Held(FILE_SHARE_READ);
     Write(70);
     ::CloseHandle(file);
-    EXPECT_EQ(Text(), "80\r\n") << "nobody may write it";
+    EXPECT_EQ(Text(), "80\r\n") << "it is read-only";
 }
 
 BOOL WINAPI DiskIsFull(HANDLE, const void*, DWORD, DWORD* written, OVERLAPPED*) {
@@ -85,7 +85,7 @@ BOOL WINAPI DiskIsFull(HANDLE, const void*, DWORD, DWORD* written, OVERLAPPED*) 
     return FALSE;
 }
 
-TEST_F(SettingsFileTest, AFullDiskLeavesTheNumberThatStood) {
+TEST_F(SettingsFileTest, AFullDiskLeavesTheStoredNumber) {
     Write(80);
     {
         // The library's own objects are part of this program.

@@ -1,4 +1,4 @@
-// Libraries that are looked up at run time: where they are loaded from, and which are given back.
+// Libraries that are looked up at run time: where they are loaded from, and which are released.
 #include "import_patch.h"
 #include "library.h"
 
@@ -31,7 +31,7 @@ HRESULT WINAPI LockedDown(DWORD* mode) {
     return S_OK;
 }
 
-// What lies beside the program or on its path could be anybody's.
+// Files in the program's directory or on the path can come from any user.
 TEST(SystemLibraryTest, ComesFromTheSystemDirectoryOnly) {
     const test::Library library;
     test::ImportPatch patch(library.Module());

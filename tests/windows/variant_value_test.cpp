@@ -20,7 +20,7 @@ using Texts = std::vector<std::u16string>;
 VARIANT Number(VARTYPE type, long long number, std::size_t size) {
     VARIANT variant{};
     variant.vt = type;
-    std::memset(&variant.llVal, 0xA5, sizeof variant.llVal); // beside a narrow number
+    std::memset(&variant.llVal, 0xA5, sizeof variant.llVal); // the rest of a narrow number
     std::memcpy(&variant.llVal, &number, size);
     return variant;
 }
@@ -78,7 +78,7 @@ TEST(VariantValueTest, ArraysAreReadFromTheirLowerBound) {
 TEST(VariantValueTest, WhatIsNoArrayOfOneDimensionIsNothing) {
     VARIANT array{};
     array.vt = VT_ARRAY | VT_I4;
-    EXPECT_EQ(ValueOf(array), WmiValue()); // no array behind it
+    EXPECT_EQ(ValueOf(array), WmiValue()); // no array
     SAFEARRAYBOUND bounds[] = {{4, 0}, {4, 0}};
     array.parray = ::SafeArrayCreate(VT_I4, 2, bounds);
     EXPECT_EQ(Taken(array), WmiValue());

@@ -154,17 +154,17 @@ TEST_F(WlanTest, AListOfAccessPointsIsReadWithinItsBounds) {
         EXPECT_EQ(ReadPoints(), ERROR_SUCCESS);
         return m_points.size() * 10 + (m_points.empty() ? 0 : m_points[0].informationElements.size());
     };
-    constexpr ULONG Behind = sizeof(WLAN_BSS_ENTRY);
-    EXPECT_EQ(read(1, Whole, Behind, 3), 13u);
-    EXPECT_EQ(read(1, Whole, Behind, 2), 12u);
-    EXPECT_EQ(read(0, Whole, Behind, 3), 0u);
-    EXPECT_EQ(read(0xFFFFFFFF, Whole, Behind, 3), 13u) << "more entries than it has room for";
-    EXPECT_EQ(read(1, Whole - 4, Behind, 3), 0u) << "no room for an entry";
-    EXPECT_EQ(read(1, 4, Behind, 3), 0u) << "not even a header";
-    EXPECT_EQ(read(1, Whole, 0x10000, 3), 10u) << "elements behind the list";
+    constexpr ULONG After = sizeof(WLAN_BSS_ENTRY);
+    EXPECT_EQ(read(1, Whole, After, 3), 13u);
+    EXPECT_EQ(read(1, Whole, After, 2), 12u);
+    EXPECT_EQ(read(0, Whole, After, 3), 0u);
+    EXPECT_EQ(read(0xFFFFFFFF, Whole, After, 3), 13u) << "more entries than it can hold";
+    EXPECT_EQ(read(1, Whole - 4, After, 3), 0u) << "too short for an entry";
+    EXPECT_EQ(read(1, 4, After, 3), 0u) << "not even a header";
+    EXPECT_EQ(read(1, Whole, 0x10000, 3), 10u) << "elements after the list";
     EXPECT_EQ(read(1, Whole, 0xFFFFFFFF, 3), 10u) << "elements that wrap around";
-    EXPECT_EQ(read(1, Whole, Behind, 4), 10u) << "one byte too many";
-    EXPECT_EQ(read(1, Whole, Behind, 0xFFFFFFFF), 10u);
+    EXPECT_EQ(read(1, Whole, After, 4), 10u) << "one byte too many";
+    EXPECT_EQ(read(1, Whole, After, 0xFFFFFFFF), 10u);
 }
 
 } // namespace

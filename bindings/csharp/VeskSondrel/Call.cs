@@ -17,7 +17,7 @@ namespace VeskSondrel
         Other      // every number without an answer before this one
     }
 
-    /// <summary>An answer that means something of its own; the most likely state comes first.</summary>
+    /// <summary>An answer that has a special meaning; the most likely state comes first.</summary>
     internal sealed class Answer
     {
         internal readonly Match Match;

@@ -33,7 +33,7 @@ namespace VeskSondrel
         /// else.</summary>
         public State State { get; }
 
-        /// <summary>All that the library's answer can stand for.</summary>
+        /// <summary>All that the library's answer can mean.</summary>
         public IReadOnlyList<State> States { get; }
 
         /// <summary>In words.</summary>
@@ -42,7 +42,7 @@ namespace VeskSondrel
         /// <summary>The system's error code; 0 where the export gives none.</summary>
         public uint Code { get; }
 
-        /// <summary>Whether the answer can stand for this state too.</summary>
+        /// <summary>Whether the answer can mean this state too.</summary>
         public bool CouldBe(State state)
         {
             return States.Contains(state);
@@ -79,7 +79,7 @@ namespace VeskSondrel
         /// <summary>The number, or null.</summary>
         public long? Value { get; }
 
-        /// <summary>Why there is no number, or what else it can mean; null as a rule.</summary>
+        /// <summary>Why there is no number, or what else it can mean; null usually.</summary>
         public Failure Failure { get; }
 
         /// <inheritdoc/>

@@ -64,7 +64,7 @@ namespace VeskSondrel.Testing
             VeskMachine_TieToRealTime(tied ? 1 : 0);
         }
 
-        /// <summary>Lets the machine's own time advance at once.</summary>
+        /// <summary>Lets the machine's own time advance immediately.</summary>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public static void PassTime(TimeSpan time)
         {

@@ -175,7 +175,7 @@ namespace VeskSondrel
         /// The letters that the export packs into a number.
         /// Failed or no session: an EC command failed, or no session is open.
         /// Needs a session while the value is not cached in the registry.
-        /// The first value that was read is cached in the registry for good.
+        /// The first value that was read is cached in the registry permanently.
         /// Export: EC_ReadEcFwRev.
         /// </remarks>
         public string FirmwareRevision()
@@ -189,7 +189,7 @@ namespace VeskSondrel
         /// The letters that the export packs into a number.
         /// Failed or no session: an EC command failed, or no session is open.
         /// Needs a session while the value is not cached in the registry.
-        /// The first value that was read is cached in the registry for good.
+        /// The first value that was read is cached in the registry permanently.
         /// Export: EC_ReadEcFwRev.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
@@ -209,7 +209,7 @@ namespace VeskSondrel
         /// Range: 0 to 255.
         /// Failed or no session: an EC command failed, or no session is open.
         /// Needs a session while the value is not cached in the registry.
-        /// The first value that was read is cached in the registry for good.
+        /// The first value that was read is cached in the registry permanently.
         /// Export: EC_ReadEcChipId.
         /// </remarks>
         public uint? ChipId()
@@ -223,7 +223,7 @@ namespace VeskSondrel
         /// Range: 0 to 255.
         /// Failed or no session: an EC command failed, or no session is open.
         /// Needs a session while the value is not cached in the registry.
-        /// The first value that was read is cached in the registry for good.
+        /// The first value that was read is cached in the registry permanently.
         /// Export: EC_ReadEcChipId.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
@@ -243,7 +243,7 @@ namespace VeskSondrel
         /// The letters that the export packs into a number.
         /// Failed or no session: an EC command failed, or no session is open.
         /// Needs a session while the value is not cached in the registry.
-        /// The first value that was read is cached in the registry for good.
+        /// The first value that was read is cached in the registry permanently.
         /// Export: EC_ReadEcChipName.
         /// </remarks>
         public string ChipName()
@@ -257,7 +257,7 @@ namespace VeskSondrel
         /// The letters that the export packs into a number.
         /// Failed or no session: an EC command failed, or no session is open.
         /// Needs a session while the value is not cached in the registry.
-        /// The first value that was read is cached in the registry for good.
+        /// The first value that was read is cached in the registry permanently.
         /// Export: EC_ReadEcChipName.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
@@ -411,7 +411,7 @@ namespace VeskSondrel
         /// <summary>Remaining charge, rounded to a multiple of ten.</summary>
         /// <remarks>
         /// Unit: percent (%), 0 to 4294967290.
-        /// 0 can stand for: empty, or no battery.
+        /// 0 can mean: empty, or no battery.
         /// Export: Battery_Read_CapacityPercentage.
         /// </remarks>
         public uint? Charge()
@@ -423,7 +423,7 @@ namespace VeskSondrel
         /// <summary>Remaining charge, rounded to a multiple of ten.</summary>
         /// <remarks>
         /// Unit: percent (%), 0 to 4294967290.
-        /// 0 can stand for: empty, or no battery.
+        /// 0 can mean: empty, or no battery.
         /// Export: Battery_Read_CapacityPercentage.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
@@ -448,7 +448,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: cycles.
         /// Failed or no session: an EC command failed, or no session is open.
-        /// 0 can stand for: no cycles, or this machine does not count them.
+        /// 0 can mean: no cycles, or this machine does not count them.
         /// Needs a session on machines with some firmware revision codes.
         /// Export: Battery_Read_CycleCount.
         /// </remarks>
@@ -462,7 +462,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: cycles.
         /// Failed or no session: an EC command failed, or no session is open.
-        /// 0 can stand for: no cycles, or this machine does not count them.
+        /// 0 can mean: no cycles, or this machine does not count them.
         /// Needs a session on machines with some firmware revision codes.
         /// Export: Battery_Read_CycleCount.
         /// </remarks>
@@ -482,7 +482,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Range: 0 to 255.
         /// Failed or no session: an EC command failed, or no session is open.
-        /// 0 can stand for: the byte is 0, or no such reading on this machine.
+        /// 0 can mean: the byte is 0, or no such reading on this machine.
         /// Needs a session.
         /// Export: Battery_Get_LidStatus.
         /// </remarks>
@@ -496,7 +496,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Range: 0 to 255.
         /// Failed or no session: an EC command failed, or no session is open.
-        /// 0 can stand for: the byte is 0, or no such reading on this machine.
+        /// 0 can mean: the byte is 0, or no such reading on this machine.
         /// Needs a session.
         /// Export: Battery_Get_LidStatus.
         /// </remarks>
@@ -618,7 +618,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: the firmware's or the driver's own unit, which is not documented, -32768 to 32767.
         /// Failed or no session: an EC command failed, or no session is open; can also be an ordinary value.
-        /// 0 can stand for: no current, or no such reading on this machine.
+        /// 0 can mean: no current, or no such reading on this machine.
         /// Needs a session.
         /// Export: Battery_Read_Current.
         /// </remarks>
@@ -632,7 +632,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: the firmware's or the driver's own unit, which is not documented, -32768 to 32767.
         /// Failed or no session: an EC command failed, or no session is open; can also be an ordinary value.
-        /// 0 can stand for: no current, or no such reading on this machine.
+        /// 0 can mean: no current, or no such reading on this machine.
         /// Needs a session.
         /// Export: Battery_Read_Current.
         /// </remarks>
@@ -1124,7 +1124,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: revolutions per minute (rpm), 0 to 2156250.
         /// Failed or no session (one element): an EC command failed, or no session is open.
-        /// 0 (one element) can stand for: the fan does not turn, or this machine does not have it.
+        /// 0 (one element) can mean: the fan does not turn, or this machine does not have it.
         /// Needs a session.
         /// Waits 0 to 30 ms.
         /// Threads: no other call may use meanwhile: the EC.
@@ -1140,7 +1140,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: revolutions per minute (rpm), 0 to 2156250.
         /// Failed or no session (one element): an EC command failed, or no session is open.
-        /// 0 (one element) can stand for: the fan does not turn, or this machine does not have it.
+        /// 0 (one element) can mean: the fan does not turn, or this machine does not have it.
         /// Needs a session.
         /// Waits 0 to 30 ms.
         /// Threads: no other call may use meanwhile: the EC.
@@ -1167,7 +1167,7 @@ namespace VeskSondrel
         /// <summary>Busy fraction of all processors together, measured for one second.</summary>
         /// <remarks>
         /// A fraction: 1 is the whole.
-        /// 0 can stand for: idle, or a sample failed.
+        /// 0 can mean: idle, or a sample failed.
         /// Waits 1000 ms.
         /// Export: CPU_ReadCPUUsage.
         /// </remarks>
@@ -1180,7 +1180,7 @@ namespace VeskSondrel
         /// <summary>Busy fraction of all processors together, measured for one second.</summary>
         /// <remarks>
         /// A fraction: 1 is the whole.
-        /// 0 can stand for: idle, or a sample failed.
+        /// 0 can mean: idle, or a sample failed.
         /// Waits 1000 ms.
         /// Export: CPU_ReadCPUUsage.
         /// </remarks>
@@ -1356,7 +1356,7 @@ namespace VeskSondrel
         /// Failed or absent: the firmware's device does not answer.
         /// Threads: no other call may use meanwhile: the one handle of the firmware's device; the firmware's position in its event log.
         /// Export: GetEEPROM_Data.
-        /// The library is not told the size of its buffer; 65536 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 65536 characters are enough for known machines.
         /// </remarks>
         public string EventStore(int characters = 65536)
         {
@@ -1370,7 +1370,7 @@ namespace VeskSondrel
         /// Failed or absent: the firmware's device does not answer.
         /// Threads: no other call may use meanwhile: the one handle of the firmware's device; the firmware's position in its event log.
         /// Export: GetEEPROM_Data.
-        /// The library is not told the size of its buffer; 65536 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 65536 characters are enough for known machines.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public string EventStore(out Failure failure, int characters = 65536)
@@ -1493,7 +1493,7 @@ namespace VeskSondrel
         /// <summary>Stores the random UUID of the machine: 16 bytes.</summary>
         /// <remarks>
         /// bytes: the new bytes.
-        /// 0 can stand for: written, or the variable could not be read and was left as it is.
+        /// 0 can mean: written, or the variable could not be read and was left as it is.
         /// Failed: the system's error code of the failed write.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_RandomUUID.
@@ -1511,7 +1511,7 @@ namespace VeskSondrel
         /// <summary>Stores when the machine was activated: 19 bytes.</summary>
         /// <remarks>
         /// bytes: the new bytes.
-        /// 0 can stand for: written, or the variable could not be read and was left as it is.
+        /// 0 can mean: written, or the variable could not be read and was left as it is.
         /// Failed: the system's error code of the failed write.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_ActivatedTime.
@@ -1529,7 +1529,7 @@ namespace VeskSondrel
         /// <summary>Stores when the machine was manufactured: 23 bytes.</summary>
         /// <remarks>
         /// bytes: the new bytes.
-        /// 0 can stand for: written, or the variable could not be read and was left as it is.
+        /// 0 can mean: written, or the variable could not be read and was left as it is.
         /// Failed: the system's error code of the failed write.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_ManufacturedTime.
@@ -1557,7 +1557,7 @@ namespace VeskSondrel
 
         /// <summary>Whether the firmware has Battery Health.</summary>
         /// <remarks>
-        /// 0 can stand for: not supported, or the firmware did not answer.
+        /// 0 can mean: not supported, or the firmware did not answer.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMICheckBatteryHealthSupport.
         /// </remarks>
@@ -1569,7 +1569,7 @@ namespace VeskSondrel
 
         /// <summary>Whether the firmware has Battery Health.</summary>
         /// <remarks>
-        /// 0 can stand for: not supported, or the firmware did not answer.
+        /// 0 can mean: not supported, or the firmware did not answer.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMICheckBatteryHealthSupport.
         /// </remarks>
@@ -1608,7 +1608,7 @@ namespace VeskSondrel
         /// <summary>Battery Health as last set.</summary>
         /// <remarks>
         /// Unit: percent (%).
-        /// 100 can stand for: also the default where nothing is stored.
+        /// 100 can mean: also the default where nothing is stored.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetBatteryHealth.
         /// </remarks>
@@ -1621,7 +1621,7 @@ namespace VeskSondrel
         /// <summary>Battery Health as last set.</summary>
         /// <remarks>
         /// Unit: percent (%).
-        /// 100 can stand for: also the default where nothing is stored.
+        /// 100 can mean: also the default where nothing is stored.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetBatteryHealth.
         /// </remarks>
@@ -1640,7 +1640,7 @@ namespace VeskSondrel
         /// <summary>Quiet Fan as last set: 1, 2 or 3.</summary>
         /// <remarks>
         /// Range: 0 to 3.
-        /// 0 can stand for: off, or nothing is stored.
+        /// 0 can mean: off, or nothing is stored.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetQuietFan.
         /// </remarks>
@@ -1653,7 +1653,7 @@ namespace VeskSondrel
         /// <summary>Quiet Fan as last set: 1, 2 or 3.</summary>
         /// <remarks>
         /// Range: 0 to 3.
-        /// 0 can stand for: off, or nothing is stored.
+        /// 0 can mean: off, or nothing is stored.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetQuietFan.
         /// </remarks>
@@ -1939,7 +1939,7 @@ namespace VeskSondrel
         /// <summary>Number of external displays.</summary>
         /// <remarks>
         /// Failed: the WMI query failed.
-        /// 0 can stand for: none, or WMI gave no row.
+        /// 0 can mean: none, or WMI gave no row.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetExternMonitorNum.
         /// </remarks>
@@ -1952,7 +1952,7 @@ namespace VeskSondrel
         /// <summary>Number of external displays.</summary>
         /// <remarks>
         /// Failed: the WMI query failed.
-        /// 0 can stand for: none, or WMI gave no row.
+        /// 0 can mean: none, or WMI gave no row.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetExternMonitorNum.
         /// </remarks>
@@ -2518,7 +2518,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: bytes per second (bytes/s).
         /// Failed or absent: the WMI query failed or found nothing.
-        /// "0;0" can stand for: no traffic, or no counter of this adapter.
+        /// "0;0" can mean: no traffic, or no counter of this adapter.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetWiFiBytesPersec.
         /// </remarks>
@@ -2532,7 +2532,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Unit: bytes per second (bytes/s).
         /// Failed or absent: the WMI query failed or found nothing.
-        /// "0;0" can stand for: no traffic, or no counter of this adapter.
+        /// "0;0" can mean: no traffic, or no counter of this adapter.
         /// Waits for a service of the system without a limit; the call cannot be cancelled.
         /// Export: WMIGetWiFiBytesPersec.
         /// </remarks>
@@ -2872,7 +2872,7 @@ namespace VeskSondrel
 
         /// <summary>Whether Windows runs in S mode.</summary>
         /// <remarks>
-        /// 0 can stand for: not in S mode, or the system did not answer.
+        /// 0 can mean: not in S mode, or the system did not answer.
         /// Export: System_Check_S_Mode.
         /// </remarks>
         public bool? SMode()
@@ -2883,7 +2883,7 @@ namespace VeskSondrel
 
         /// <summary>Whether Windows runs in S mode.</summary>
         /// <remarks>
-        /// 0 can stand for: not in S mode, or the system did not answer.
+        /// 0 can mean: not in S mode, or the system did not answer.
         /// Export: System_Check_S_Mode.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
@@ -3012,9 +3012,9 @@ namespace VeskSondrel
         /// <summary>Installed 64-bit applications with versions.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
+        /// "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
         /// Export: GetApplist_x64.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         public string Applications64(int characters = 524288)
         {
@@ -3025,9 +3025,9 @@ namespace VeskSondrel
         /// <summary>Installed 64-bit applications with versions.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
+        /// "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
         /// Export: GetApplist_x64.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public string Applications64(out Failure failure, int characters = 524288)
@@ -3039,9 +3039,9 @@ namespace VeskSondrel
         /// <summary>Installed 32-bit applications with versions.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
+        /// "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
         /// Export: GetApplist_x86.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         public string Applications32(int characters = 524288)
         {
@@ -3052,9 +3052,9 @@ namespace VeskSondrel
         /// <summary>Installed 32-bit applications with versions.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
+        /// "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
         /// Export: GetApplist_x86.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public string Applications32(out Failure failure, int characters = 524288)
@@ -3066,9 +3066,9 @@ namespace VeskSondrel
         /// <summary>Installed packages with their display names.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[]" can stand for: no packages, or the package store cannot be read.
+        /// "[]" can mean: no packages, or the package store cannot be read.
         /// Export: GetApplist_UWP.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         public string Packages(int characters = 524288)
         {
@@ -3079,9 +3079,9 @@ namespace VeskSondrel
         /// <summary>Installed packages with their display names.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[]" can stand for: no packages, or the package store cannot be read.
+        /// "[]" can mean: no packages, or the package store cannot be read.
         /// Export: GetApplist_UWP.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public string Packages(out Failure failure, int characters = 524288)
@@ -3094,7 +3094,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Absent or failed: no such applications, or the registry key cannot be read.
         /// Export: App_Get_UWPApp.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         public string[] PackageNames(int characters = 524288)
         {
@@ -3106,7 +3106,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Absent or failed: no such applications, or the registry key cannot be read.
         /// Export: App_Get_UWPApp.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public string[] PackageNames(out Failure failure, int characters = 524288)
@@ -3119,7 +3119,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Absent or failed: no such applications, or the registry key cannot be read.
         /// Export: App_Get_Win32App.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         public string[] ApplicationNames64(int characters = 524288)
         {
@@ -3131,7 +3131,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Absent or failed: no such applications, or the registry key cannot be read.
         /// Export: App_Get_Win32App.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public string[] ApplicationNames64(out Failure failure, int characters = 524288)
@@ -3144,7 +3144,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Absent or failed: no such applications, or the registry key cannot be read.
         /// Export: App_Get_Win32WOW6432App.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         public string[] ApplicationNames32(int characters = 524288)
         {
@@ -3156,7 +3156,7 @@ namespace VeskSondrel
         /// <remarks>
         /// Absent or failed: no such applications, or the registry key cannot be read.
         /// Export: App_Get_Win32WOW6432App.
-        /// The library is not told the size of its buffer; 524288 characters are enough for known machines.
+        /// The library does not know the size of its buffer; 524288 characters are enough for known machines.
         /// </remarks>
         [MethodImpl(MethodImplOptions.NoInlining)]
         public string[] ApplicationNames32(out Failure failure, int characters = 524288)
@@ -3236,7 +3236,7 @@ namespace VeskSondrel
         /// <summary>Up to five uppermost windows; measures for one second each.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[]" can stand for: no window counts, or the windows cannot be listed.
+        /// "[]" can mean: no window counts, or the windows cannot be listed.
         /// Waits 0 to 5000 ms.
         /// Export: AppList_OpenWindows.
         /// </remarks>
@@ -3249,7 +3249,7 @@ namespace VeskSondrel
         /// <summary>Up to five uppermost windows; measures for one second each.</summary>
         /// <remarks>
         /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-        /// "[]" can stand for: no window counts, or the windows cannot be listed.
+        /// "[]" can mean: no window counts, or the windows cannot be listed.
         /// Waits 0 to 5000 ms.
         /// Export: AppList_OpenWindows.
         /// </remarks>

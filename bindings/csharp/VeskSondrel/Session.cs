@@ -9,7 +9,7 @@ namespace VeskSondrel
     public sealed class Sondrel : Readings
     {
         /// <summary>Loads the library from a file. Without this call the runtime looks for it as for every DllImport:
-        /// beside the program, as a rule.</summary>
+        /// next to the program, usually.</summary>
         /// <exception cref="DllNotFoundException">It cannot be loaded; with the system's message.</exception>
         public static void Load(string path)
         {
@@ -65,7 +65,7 @@ namespace VeskSondrel
         }
     }
 
-    /// <summary>Owns one reference to the driver session. It has no number, so that any stands for it.</summary>
+    /// <summary>Owns one reference to the driver session. It has no number, so that any means it.</summary>
     internal sealed class SessionHandle : SafeHandle
     {
         private static int open;

@@ -612,7 +612,7 @@ public:
     /// The letters that the export packs into a number.
     /// Failed or no session: an EC command failed, or no session is open.
     /// Needs a session while the value is not cached in the registry.
-    /// The first value that was read is cached in the registry for good.
+    /// The first value that was read is cached in the registry permanently.
     /// Export: EC_ReadEcFwRev.
     [[nodiscard]] Result<std::string> firmware_revision() const {
         return detail::read_number<std::string>(module(), detail::entry_of_EC_ReadEcFwRev, exports().EC_ReadEcFwRev());
@@ -622,7 +622,7 @@ public:
     /// Range: 0 to 255.
     /// Failed or no session: an EC command failed, or no session is open.
     /// Needs a session while the value is not cached in the registry.
-    /// The first value that was read is cached in the registry for good.
+    /// The first value that was read is cached in the registry permanently.
     /// Export: EC_ReadEcChipId.
     [[nodiscard]] Result<std::uint32_t> chip_id() const {
         return detail::read_number<std::uint32_t>(module(), detail::entry_of_EC_ReadEcChipId, exports().EC_ReadEcChipId());
@@ -632,7 +632,7 @@ public:
     /// The letters that the export packs into a number.
     /// Failed or no session: an EC command failed, or no session is open.
     /// Needs a session while the value is not cached in the registry.
-    /// The first value that was read is cached in the registry for good.
+    /// The first value that was read is cached in the registry permanently.
     /// Export: EC_ReadEcChipName.
     [[nodiscard]] Result<std::string> chip_name() const {
         return detail::read_number<std::string>(module(), detail::entry_of_EC_ReadEcChipName, exports().EC_ReadEcChipName());
@@ -686,7 +686,7 @@ public:
 
     /// Remaining charge, rounded to a multiple of ten.
     /// Unit: percent (%), 0 to 4294967290.
-    /// 0 can stand for: empty, or no battery.
+    /// 0 can mean: empty, or no battery.
     /// Export: Battery_Read_CapacityPercentage.
     [[nodiscard]] Result<Quantity<unit::percent, std::uint32_t>> charge() const {
         return detail::read_number<Quantity<unit::percent, std::uint32_t>>(module(), detail::entry_of_Battery_Read_CapacityPercentage, exports().Battery_Read_CapacityPercentage());
@@ -701,7 +701,7 @@ public:
     /// Charge cycles so far.
     /// Unit: cycles.
     /// Failed or no session: an EC command failed, or no session is open.
-    /// 0 can stand for: no cycles, or this machine does not count them.
+    /// 0 can mean: no cycles, or this machine does not count them.
     /// Needs a session on machines with some firmware revision codes.
     /// Export: Battery_Read_CycleCount.
     [[nodiscard]] Result<Quantity<unit::cycles, std::uint32_t>> cycle_count() const {
@@ -711,7 +711,7 @@ public:
     /// Lid byte of the EC.
     /// Range: 0 to 255.
     /// Failed or no session: an EC command failed, or no session is open.
-    /// 0 can stand for: the byte is 0, or no such reading on this machine.
+    /// 0 can mean: the byte is 0, or no such reading on this machine.
     /// Needs a session.
     /// Export: Battery_Get_LidStatus.
     [[nodiscard]] Result<std::uint32_t> lid_status() const {
@@ -751,7 +751,7 @@ public:
     /// Battery current, in the EC's own unit.
     /// Unit: the firmware's or the driver's own unit, which is not documented, -32768 to 32767.
     /// Failed or no session: an EC command failed, or no session is open; can also be an ordinary value.
-    /// 0 can stand for: no current, or no such reading on this machine.
+    /// 0 can mean: no current, or no such reading on this machine.
     /// Needs a session.
     /// Export: Battery_Read_Current.
     [[nodiscard]] Result<Quantity<unit::raw_units, std::int32_t>> current() const {
@@ -907,7 +907,7 @@ public:
     /// Speeds of fans 0 to 3.
     /// Unit: revolutions per minute (rpm), 0 to 2156250.
     /// Failed or no session (one element): an EC command failed, or no session is open.
-    /// 0 (one element) can stand for: the fan does not turn, or this machine does not have it.
+    /// 0 (one element) can mean: the fan does not turn, or this machine does not have it.
     /// Needs a session.
     /// Waits 0 to 30 ms.
     /// Threads: no other call may use meanwhile: the EC.
@@ -924,7 +924,7 @@ public:
 
     /// Busy fraction of all processors together, measured for one second.
     /// A fraction: 1 is the whole.
-    /// 0 can stand for: idle, or a sample failed.
+    /// 0 can mean: idle, or a sample failed.
     /// Waits 1000 ms.
     /// Export: CPU_ReadCPUUsage.
     [[nodiscard]] Result<Quantity<unit::fraction, double>> usage() const {
@@ -985,7 +985,7 @@ public:
     /// JSON in which nothing is escaped, so that a name can make it ill-formed.
     /// Failed or absent: the firmware's device does not answer.
     /// Threads: no other call may use meanwhile: the one handle of the firmware's device; the firmware's position in its event log.
-    /// characters: the size of the buffer; the library is not told it, and 65536 is enough for known machines.
+    /// characters: the size of the buffer; the library does not know it, and 65536 is enough for known machines.
     /// Export: GetEEPROM_Data.
     [[nodiscard]] Result<String> event_store(std::size_t characters = 65536) const {
         return detail::read_wide(module(), detail::entry_of_GetEEPROM_Data, characters, [&](VeskChar16* out) { exports().GetEEPROM_Data(out); });
@@ -1031,7 +1031,7 @@ public:
 
     /// Stores the random UUID of the machine: 16 bytes.
     /// bytes: the new bytes.
-    /// 0 can stand for: written, or the variable could not be read and was left as it is.
+    /// 0 can mean: written, or the variable could not be read and was left as it is.
     /// Failed: the system's error code of the failed write.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_RandomUUID.
@@ -1041,7 +1041,7 @@ public:
 
     /// Stores when the machine was activated: 19 bytes.
     /// bytes: the new bytes.
-    /// 0 can stand for: written, or the variable could not be read and was left as it is.
+    /// 0 can mean: written, or the variable could not be read and was left as it is.
     /// Failed: the system's error code of the failed write.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_ActivatedTime.
@@ -1051,7 +1051,7 @@ public:
 
     /// Stores when the machine was manufactured: 23 bytes.
     /// bytes: the new bytes.
-    /// 0 can stand for: written, or the variable could not be read and was left as it is.
+    /// 0 can mean: written, or the variable could not be read and was left as it is.
     /// Failed: the system's error code of the failed write.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_ManufacturedTime.
@@ -1066,7 +1066,7 @@ public:
     using Group::Group;
 
     /// Whether the firmware has Battery Health.
-    /// 0 can stand for: not supported, or the firmware did not answer.
+    /// 0 can mean: not supported, or the firmware did not answer.
     /// Waits for a service of the system without a limit; the call cannot be cancelled.
     /// Export: WMICheckBatteryHealthSupport.
     [[nodiscard]] Result<bool> battery_health_support(Com com = Com::enter) const {
@@ -1083,7 +1083,7 @@ public:
 
     /// Battery Health as last set.
     /// Unit: percent (%).
-    /// 100 can stand for: also the default where nothing is stored.
+    /// 100 can mean: also the default where nothing is stored.
     /// Waits for a service of the system without a limit; the call cannot be cancelled.
     /// Export: WMIGetBatteryHealth.
     [[nodiscard]] Result<Quantity<unit::percent, std::int32_t>> battery_health(Com com = Com::enter) const {
@@ -1092,7 +1092,7 @@ public:
 
     /// Quiet Fan as last set: 1, 2 or 3.
     /// Range: 0 to 3.
-    /// 0 can stand for: off, or nothing is stored.
+    /// 0 can mean: off, or nothing is stored.
     /// Waits for a service of the system without a limit; the call cannot be cancelled.
     /// Export: WMIGetQuietFan.
     [[nodiscard]] Result<std::int32_t> quiet_fan(Com com = Com::enter) const {
@@ -1202,7 +1202,7 @@ public:
 
     /// Number of external displays.
     /// Failed: the WMI query failed.
-    /// 0 can stand for: none, or WMI gave no row.
+    /// 0 can mean: none, or WMI gave no row.
     /// Waits for a service of the system without a limit; the call cannot be cancelled.
     /// Export: WMIGetExternMonitorNum.
     [[nodiscard]] Result<std::int32_t> external_displays(Com com = Com::enter) const {
@@ -1393,7 +1393,7 @@ public:
     /// Traffic of the Wi-Fi adapter: received, sent.
     /// Unit: bytes per second (bytes/s).
     /// Failed or absent: the WMI query failed or found nothing.
-    /// "0;0" can stand for: no traffic, or no counter of this adapter.
+    /// "0;0" can mean: no traffic, or no counter of this adapter.
     /// Waits for a service of the system without a limit; the call cannot be cancelled.
     /// Export: WMIGetWiFiBytesPersec.
     [[nodiscard]] Result<std::vector<Result<Quantity<unit::bytes_per_second, std::int64_t>>>> wifi_traffic(Com com = Com::enter) const {
@@ -1521,7 +1521,7 @@ public:
     using Group::Group;
 
     /// Whether Windows runs in S mode.
-    /// 0 can stand for: not in S mode, or the system did not answer.
+    /// 0 can mean: not in S mode, or the system did not answer.
     /// Export: System_Check_S_Mode.
     [[nodiscard]] Result<bool> s_mode() const {
         return detail::read_number<bool>(module(), detail::entry_of_System_Check_S_Mode, exports().System_Check_S_Mode());
@@ -1567,8 +1567,8 @@ public:
 
     /// Installed 64-bit applications with versions.
     /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-    /// "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
-    /// characters: the size of the buffer; the library is not told it, and 524288 is enough for known machines.
+    /// "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
+    /// characters: the size of the buffer; the library does not know it, and 524288 is enough for known machines.
     /// Export: GetApplist_x64.
     [[nodiscard]] Result<String> applications_64(std::size_t characters = 524288) const {
         return detail::read_wide(module(), detail::entry_of_GetApplist_x64, characters, [&](VeskChar16* out) { exports().GetApplist_x64(out); });
@@ -1576,8 +1576,8 @@ public:
 
     /// Installed 32-bit applications with versions.
     /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-    /// "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
-    /// characters: the size of the buffer; the library is not told it, and 524288 is enough for known machines.
+    /// "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
+    /// characters: the size of the buffer; the library does not know it, and 524288 is enough for known machines.
     /// Export: GetApplist_x86.
     [[nodiscard]] Result<String> applications_32(std::size_t characters = 524288) const {
         return detail::read_wide(module(), detail::entry_of_GetApplist_x86, characters, [&](VeskChar16* out) { exports().GetApplist_x86(out); });
@@ -1585,8 +1585,8 @@ public:
 
     /// Installed packages with their display names.
     /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-    /// "[]" can stand for: no packages, or the package store cannot be read.
-    /// characters: the size of the buffer; the library is not told it, and 524288 is enough for known machines.
+    /// "[]" can mean: no packages, or the package store cannot be read.
+    /// characters: the size of the buffer; the library does not know it, and 524288 is enough for known machines.
     /// Export: GetApplist_UWP.
     [[nodiscard]] Result<String> packages(std::size_t characters = 524288) const {
         return detail::read_wide(module(), detail::entry_of_GetApplist_UWP, characters, [&](VeskChar16* out) { exports().GetApplist_UWP(out); });
@@ -1594,7 +1594,7 @@ public:
 
     /// Names of installed packages.
     /// Absent or failed: no such applications, or the registry key cannot be read.
-    /// characters: the size of the buffer; the library is not told it, and 524288 is enough for known machines.
+    /// characters: the size of the buffer; the library does not know it, and 524288 is enough for known machines.
     /// Export: App_Get_UWPApp.
     [[nodiscard]] Result<std::vector<String>> package_names(std::size_t characters = 524288) const {
         return detail::read_long_list<String>(module(), detail::entry_of_App_Get_UWPApp, true, characters, [&](VeskChar16* out) { exports().App_Get_UWPApp(out); });
@@ -1602,7 +1602,7 @@ public:
 
     /// Names of installed 64-bit applications.
     /// Absent or failed: no such applications, or the registry key cannot be read.
-    /// characters: the size of the buffer; the library is not told it, and 524288 is enough for known machines.
+    /// characters: the size of the buffer; the library does not know it, and 524288 is enough for known machines.
     /// Export: App_Get_Win32App.
     [[nodiscard]] Result<std::vector<String>> application_names_64(std::size_t characters = 524288) const {
         return detail::read_long_list<String>(module(), detail::entry_of_App_Get_Win32App, true, characters, [&](VeskChar16* out) { exports().App_Get_Win32App(out); });
@@ -1610,7 +1610,7 @@ public:
 
     /// Names of installed 32-bit applications.
     /// Absent or failed: no such applications, or the registry key cannot be read.
-    /// characters: the size of the buffer; the library is not told it, and 524288 is enough for known machines.
+    /// characters: the size of the buffer; the library does not know it, and 524288 is enough for known machines.
     /// Export: App_Get_Win32WOW6432App.
     [[nodiscard]] Result<std::vector<String>> application_names_32(std::size_t characters = 524288) const {
         return detail::read_long_list<String>(module(), detail::entry_of_App_Get_Win32WOW6432App, true, characters, [&](VeskChar16* out) { exports().App_Get_Win32WOW6432App(out); });
@@ -1644,7 +1644,7 @@ public:
 
     /// Up to five uppermost windows; measures for one second each.
     /// JSON in which nothing is escaped, so that a name can make it ill-formed.
-    /// "[]" can stand for: no window counts, or the windows cannot be listed.
+    /// "[]" can mean: no window counts, or the windows cannot be listed.
     /// Waits 0 to 5000 ms.
     /// Export: AppList_OpenWindows.
     [[nodiscard]] Result<String> open_windows() const {

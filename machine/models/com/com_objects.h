@@ -1,4 +1,4 @@
-// COM objects of the simulated machine: what an interface pointer stands for, and the classes they are made of.
+// COM objects of the simulated machine: what an interface pointer means, and the classes they are made of.
 #pragma once
 
 #include "machine/models/handle_table.h"

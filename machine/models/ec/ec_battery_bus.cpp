@@ -44,7 +44,7 @@ void EcBatteryBus::Latch(std::uint8_t batteryRegister) {
     }
 }
 
-/// The first engine has to be set up anew for every word.
+/// The first engine has to be set up again for every word.
 EcAnswer EcBatteryBus::WriteFirst(std::uint8_t number, std::uint8_t value) {
     m_setUp[number] = value;
     if (number != 0x04) {

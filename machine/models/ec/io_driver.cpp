@@ -52,7 +52,7 @@ platform::SystemError IoDriver::Open(std::uint32_t, std::uint32_t shareMode) {
         return platform::error::FileNotFound;
     }
     const bool alone = shareMode == 0;
-    const bool othersOpen = m_openings != 0 || m_driver.heldBy != DriverHolder::Nobody;
+    const bool othersOpen = m_openings != 0 || m_driver.heldBy != DriverHolder::None;
     const bool heldAlone = m_heldAlone || m_driver.heldBy == DriverHolder::Alone;
     if (heldAlone || (alone && othersOpen)) {
         return OpenedAlready;

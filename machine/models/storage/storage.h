@@ -11,7 +11,7 @@ class FileSystem;
 class RegistryHive;
 class Store;
 
-/// A host with a registry and drives of its own leaves all but the variables out, and the services for them too.
+/// A host that has a registry and drives leaves all but the variables out, and the services for them too.
 struct Storage {
     std::shared_ptr<FirmwareVariableStore> firmwareVariables;
     std::shared_ptr<Store> store;

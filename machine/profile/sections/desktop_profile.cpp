@@ -7,7 +7,7 @@ namespace machine {
 void ReadProcess(ProfileReader& reader, ProcessProfile& process) {
     reader.Number("id", process.id, {1, 0xFFFFFFFF}, Presence::Required);
     reader.Members("path", process.path, "working_set", process.workingSet, "tells_memory",
-                   process.tellsMemory);
+                   process.reportsMemory);
     reader.Real("cpu_percent", process.cpuPercent, 0, 100);
     reader.Choice("access", {"everything", "queries", "nothing"}, process.access);
 }

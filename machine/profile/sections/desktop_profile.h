@@ -17,7 +17,7 @@ struct ProcessProfile {
     std::u16string path;   // empty: it does not report it
     double cpuPercent = 0; // of all processors
     std::uint64_t workingSet = 0;
-    bool tellsMemory = true;
+    bool reportsMemory = true;
     ProcessAccess access = ProcessAccess::Everything;
 };
 

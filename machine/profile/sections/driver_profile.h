@@ -10,11 +10,11 @@ namespace machine {
 class ProfileReader;
 
 /// Whether another process has the I/O driver open, and how.
-enum class DriverHolder : std::uint8_t { Nobody, Sharing, Alone };
+enum class DriverHolder : std::uint8_t { None, Sharing, Alone };
 
 struct DriverProfile {
     bool present = true;
-    DriverHolder heldBy = DriverHolder::Nobody;
+    DriverHolder heldBy = DriverHolder::None;
     std::uint32_t version = 0;
     std::uint32_t refCount = 0;
 };

@@ -293,17 +293,17 @@ void TestSessions(const vesk::PathChar* path, const Controls& controls) {
     controls.set("InitializeSondrel", "number 1");
     controls.set("Thermal_Read_Cpu_Temperature", "number 50");
     {
-        std::optional<vesk::Session> kept;
+        std::optional<vesk::Session> moved;
         {
             const vesk::Library library = vesk::Library::load(path);
             vesk::Session first = library.open_session().value();
-            kept.emplace(std::move(first));
-            *kept = library.open_session().value();
+            moved.emplace(std::move(first));
+            *moved = library.open_session().value();
             Expect("a closed session", "1",
                    std::to_string(Words(controls.called()).count("ShutdownSondrel")));
         }
         Expect("reading after the library object", "50",
-               std::to_string(kept->thermal().cpu_temperature()->value));
+               std::to_string(moved->thermal().cpu_temperature()->value));
         controls.reset();
     }
     Expect("the last session is closed", "1",

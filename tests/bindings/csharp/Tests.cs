@@ -53,9 +53,9 @@ internal static class Double
         return Double_Size(Utf8(name));
     }
 
-    internal static int MostAtOnce()
+    internal static int MostOverlapping()
     {
-        return Double_MostAtOnce();
+        return Double_MostOverlapping();
     }
 
     private static byte[] Utf8(string text)
@@ -82,7 +82,7 @@ internal static class Double
     private static extern int Double_Size(byte[] name);
 
     [DllImport(Library, CallingConvention = C)]
-    private static extern int Double_MostAtOnce();
+    private static extern int Double_MostOverlapping();
 
     [DllImport(Library, CallingConvention = C)]
     private static extern void Double_Reset();
@@ -309,23 +309,23 @@ internal static class Tests
         Expect("a refused session is not closed", false, Double.Called().Contains("ShutdownSondrel"));
     }
 
-    private static int MostAtOnce(params Action[] calls)
+    private static int MostOverlapping(params Action[] calls)
     {
         Double.Reset();
         Double.SetAll("slow text 1;2;3;4");
         List<Thread> threads = calls.Concat(calls).Select(call => new Thread(() => call())).ToList();
         threads.ForEach(thread => thread.Start());
         threads.ForEach(thread => thread.Join());
-        return Double.MostAtOnce();
+        return Double.MostOverlapping();
     }
 
     private static void TestThreads()
     {
         var sondrel = new Sondrel();
-        Expect("EC readings at once", 1,
-            MostAtOnce(() => sondrel.Thermal.FanSpeeds(), () => sondrel.BatteryEc.CellVoltages()));
-        Expect("WMI readings at once", true,
-            MostAtOnce(() => sondrel.Inventory.SerialNumber(), () => sondrel.Inventory.Os()) > 1);
+        Expect("EC readings that overlap", 1,
+            MostOverlapping(() => sondrel.Thermal.FanSpeeds(), () => sondrel.BatteryEc.CellVoltages()));
+        Expect("WMI readings that overlap", true,
+            MostOverlapping(() => sondrel.Inventory.SerialNumber(), () => sondrel.Inventory.Os()) > 1);
     }
 
     private static long Resident()

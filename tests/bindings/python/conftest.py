@@ -42,8 +42,8 @@ class Double:
     def argument(self, name: str, argument: str) -> str:
         return str(self._library.Double_Argument(name.encode(), argument.encode()).decode())
 
-    def most_at_once(self) -> int:
-        return int(self._library.Double_MostAtOnce())
+    def most_overlapping(self) -> int:
+        return int(self._library.Double_MostOverlapping())
 
 
 @pytest.fixture

@@ -1,4 +1,4 @@
-"""Simulated machines: what a host's own tests use. Each test is a process of its own where the library caches."""
+"""Simulated machines: what a host's own tests use. Each test is a separate process where the library caches."""
 
 from __future__ import annotations
 
@@ -45,7 +45,7 @@ def test_a_machines_time_advances(simulated: str) -> None:
             machine.pass_time(-1)
 
 
-def test_awkward_answers_are_told_apart(simulated: str) -> None:
+def test_awkward_answers_are_distinguished(simulated: str) -> None:
     with Machine(AWKWARD, library=simulated), Session(simulated) as session:
         assert session.or_none.thermal.cpu_temperature is None
         result = session.result(ThermalReadings.fan_speeds)

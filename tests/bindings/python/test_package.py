@@ -30,7 +30,7 @@ def test_failures_raise_or_are_none_by_choice(double: Double, library: Library) 
     assert library.inventory.cpu_load == library.or_none.inventory.cpu_load == 7
 
 
-def test_absence_failure_and_a_missing_session_are_errors_of_their_own(double: Double, library: Library) -> None:
+def test_absence_failure_and_a_missing_session_are_separate_errors(double: Double, library: Library) -> None:
     double.set("Thermal_Read_Cpu_Temperature", "number 0")
     with pytest.raises(NoSession):
         library.thermal.cpu_temperature
@@ -148,13 +148,13 @@ def test_documents_parse_if_they_are_well_formed(double: Double, library: Librar
     assert '"a"b"' in library.result(UsageReadings.busiest_processes).unwrap()
 
 
-def most_at_once(double: Double, calls: List[Callable[[], object]]) -> int:
+def most_overlapping(double: Double, calls: List[Callable[[], object]]) -> int:
     threads = [threading.Thread(target=call) for call in calls]
     for thread in threads:
         thread.start()
     for thread in threads:
         thread.join()
-    return double.most_at_once()
+    return double.most_overlapping()
 
 
 def test_calls_that_must_not_overlap_wait_for_each_other(double: Double, library: Library) -> None:
@@ -162,10 +162,10 @@ def test_calls_that_must_not_overlap_wait_for_each_other(double: Double, library
     none = library.or_none
     # The EC: a sequence that selects a register must not be interrupted. Two objects for one library share its locks.
     other = Library(double.path).or_none
-    assert most_at_once(double, [lambda: none.thermal.fan_speeds, lambda: other.battery_ec.cell_voltages] * 2) == 1
+    assert most_overlapping(double, [lambda: none.thermal.fan_speeds, lambda: other.battery_ec.cell_voltages] * 2) == 1
     double.reset()
     double.set_all("slow text 1;2;3;4")
-    assert most_at_once(double, [lambda: none.inventory.serial_number, lambda: none.inventory.os] * 2) > 1
+    assert most_overlapping(double, [lambda: none.inventory.serial_number, lambda: none.inventory.os] * 2) > 1
 
 
 def test_a_library_that_cannot_be_loaded_is_named() -> None:

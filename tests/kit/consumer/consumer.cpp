@@ -31,6 +31,6 @@ int main() {
         return 1;
     }
     const std::string mode = RF_PhyMode();
-    std::printf("radio standard %s\n", mode.empty() ? "missing" : "told");
+    std::printf("radio standard %s\n", mode.empty() ? "missing" : "read");
     return 0;
 }

@@ -124,7 +124,7 @@ TEST_F(EepromTest, AnEndlessLogEndsByItsCharacters) {
     EXPECT_EQ(events("1, 2, 3", R"({"length": 255})"), 24u); // 31500 - 20 holds 24.6 of them
     EXPECT_EQ(CallsOf(Operation::DeviceIoControl).size(), 2u + 3 + 25)
         << "the record beyond the limit is the last one read";
-    // A record of nine tokens has 44 characters: 4 + 4 + 8 x 4 + 715 x 44 is 31500, which is still kept.
+    // A record of nine tokens has 44 characters: 4 + 4 + 8 x 4 + 715 x 44 is 31500, which still fits.
     EXPECT_EQ(events("1, 2, 3, 4, 5, 6, 7, 8", "{}"), 715u);
     EXPECT_EQ(events(R"("0x100", 2, 3, 4, 5, 6, 7, 8)", "{}"), 714u);
 }
@@ -133,7 +133,7 @@ TEST_F(EepromTest, RegistersAreNotHeldBackAndTheirNumberIsTakenAtItsWord) {
     const std::string document = DocumentOf(R"("register_count": 9000, "log_end": "never ends")");
     EXPECT_THAT(document, HasSubstr(R"("register_count":"0x2328",)"));
     EXPECT_EQ(CountOf(document, R"("0x00")"), 9000u - 3 - 1); // three hold something, and 255 is none
-    EXPECT_THAT(document, EndsWith(R"("event":[]})")) << "36,000 characters leave no room for an event";
+    EXPECT_THAT(document, EndsWith(R"("event":[]})")) << "36,000 characters leave no capacity for an event";
     const auto requests = DriverRequests();
     EXPECT_THAT(requests[2 + 8999], EndsWith("59000600e3272300"));
     // Register 255 would be asked for with the number that asks for the count.
@@ -144,14 +144,14 @@ TEST_F(EepromTest, RegistersAreNotHeldBackAndTheirNumberIsTakenAtItsWord) {
     EXPECT_THAT(DriverRequests(), SizeIs(4));
 }
 
-TEST_F(EepromTest, ADeviceCallNeedsAnOpenDeviceAndKeepsToTheRoomGiven) {
+TEST_F(EepromTest, ADeviceCallNeedsAnOpenDeviceAndStaysWithinTheBuffer) {
     const std::array<std::uint32_t, 2> next{EventStore, 0xE5};
     std::array<std::byte, 300> reply;
     reply.fill(std::byte{0xEE});
     std::uint32_t size = 77;
-    const auto call = [&](std::size_t room) {
+    const auto call = [&](std::size_t capacity) {
         return sondrel::ZrnAcpiCall(sondrel::acpi_method::Control, std::as_bytes(std::span(next)),
-                                    std::span(reply).first(room), size);
+                                    std::span(reply).first(capacity), size);
     };
     EXPECT_FALSE(call(10));
     EXPECT_FALSE(sondrel::UninitializeZRNACPIDevice());
@@ -161,8 +161,8 @@ TEST_F(EepromTest, ADeviceCallNeedsAnOpenDeviceAndKeepsToTheRoomGiven) {
     EXPECT_FALSE(call(10));
     EXPECT_EQ(size, 77u);
     EXPECT_THAT(reply, Each(std::byte{0xEE}));
-    for (const auto& [room, given] : {std::pair(10u, 10u), std::pair(300u, 256u)}) {
-        EXPECT_TRUE(call(room));
+    for (const auto& [capacity, given] : {std::pair(10u, 10u), std::pair(300u, 256u)}) {
+        EXPECT_TRUE(call(capacity));
         EXPECT_EQ(size, given);
         EXPECT_NE(reply[given - 1], std::byte{0xEE});
         EXPECT_EQ(reply[given], std::byte{0xEE});

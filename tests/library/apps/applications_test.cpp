@@ -66,7 +66,7 @@ TEST_F(ApplicationsTest, SkipsComponentsTheNamelessAndDoubleQuotesWithoutStrayCo
                                 "{\"name\":\"Tool Pro 2;\tÜ😀\",\"version\":\"1\\2\"}");
 }
 
-TEST_F(ApplicationsTest, TakesTextsUpToWhatCame) {
+TEST_F(ApplicationsTest, ReadsTextsUpToTheirStoredSize) {
     PutText(u"a", u"DisplayName", u"No end");
     PutText(u"b", u"DisplayName", std::u16string(u"Cut\0off", 8));
     Put(u"c", u"DisplayName", 3, {'O', 0, 'd', 0, 'd'});
@@ -166,7 +166,7 @@ TEST_F(ApplicationsTest, PackagesGoByTheirShortNames) {
     EXPECT_EQ(Text(App_Get_UWPApp), "Cut;Vendor.App;Vendor.App;Whole;;");
 }
 
-TEST_F(ApplicationsTest, PassesOverWhatCannotBeReadAndGoesOn) {
+TEST_F(ApplicationsTest, SkipsWhatCannotBeReadAndGoesOn) {
     StartBare(R"({"applications": {"machine": [
         {"key": "a", "name": "A"}, {"key": "b", "name": "B"}, {"key": "c", "name": "C"}]}})");
     // Between b and c; a name of 254 characters is the longest that is taken.

@@ -25,7 +25,7 @@ class PackagesTest : public test::MachineTest {
 protected:
     PackagesTest() { StartBare(); }
 
-    /// A machine with one package, the members of `package` beside its name, and that package's display name.
+    /// A machine with one package, the members of `package` with its name, and that package's display name.
     std::string NameOf(nlohmann::json package) {
         package["full_name"] = FullName;
         const nlohmann::json all{{"packages", {{"all", nlohmann::json::array({package})}}}};
@@ -99,7 +99,7 @@ TEST_F(PackagesTest, LooksThePackageUpThroughItsFamilyAndSetsTheParserUp) {
 TEST_F(PackagesTest, TriesTheReferencesOfAResourceInTheirOrder) {
     struct Case {
         std::string displayName;
-        std::string resource; // the one reference that is known, and what it stands for
+        std::string resource; // the one reference that is known, and what it means
         std::string resolved;
         std::string attempts;
     };

@@ -85,8 +85,8 @@ constexpr std::uint32_t TypeDword = 4;
 
 class EcIdentityTest : public test::MachineTest {
 protected:
-    /// The number kept under a name, or nothing.
-    static std::optional<std::uint32_t> Kept(std::u16string_view name) {
+    /// The number stored under a name, or nothing.
+    static std::optional<std::uint32_t> Stored(std::u16string_view name) {
         auto& registry = *TheMachine()->storage.registry;
         const auto key = registry.Find(machine::RegistryHive::LocalMachine, ProductKey);
         const auto value = key ? registry.Get(*key, name) : std::nullopt;
@@ -113,31 +113,31 @@ TEST_F(EcIdentityTest, ReadsTheRegistersInOrderOnceAndKeepsTheNumber) {
     InitializeSondrel();
     EXPECT_THAT(Identity(), ElementsAre(0x4B4C, 0, 0x4B433031)); // KL, KC01
     EXPECT_EQ(SentTraffic(), "bb 03, bb 04, bb 10, bb 12, bb 13, bb 14, bb 15");
-    EXPECT_EQ(Kept(u"EcFwRev"), 0x4B4Cu);
-    EXPECT_EQ(Kept(u"EcChipId"), 0u);
-    EXPECT_EQ(Kept(u"EcChipName"), 0x4B433031u);
+    EXPECT_EQ(Stored(u"EcFwRev"), 0x4B4Cu);
+    EXPECT_EQ(Stored(u"EcChipId"), 0u);
+    EXPECT_EQ(Stored(u"EcChipName"), 0x4B433031u);
     ForgetCalls();
     EXPECT_THAT(Identity(), ElementsAre(0x4B4C, 0, 0x4B433031));
     EXPECT_EQ(SentTraffic(), "");
 }
 
-TEST_F(EcIdentityTest, AKeptValueWinsAndNeedsNoSession) {
+TEST_F(EcIdentityTest, AStoredValueIsUsedAndNeedsNoSession) {
     EXPECT_EQ(EC_ReadEcFwRev(), 0x7FFFFFFFu);
-    EXPECT_EQ(Kept(u"EcFwRev"), std::nullopt);
+    EXPECT_EQ(Stored(u"EcFwRev"), std::nullopt);
     Keep(u"ecfwrev", 17222); // names compare without regard to case
     Keep(u"EcChipId", 0x80000000);
     EXPECT_EQ(EC_ReadEcFwRev(), 17222u);
     EXPECT_EQ(EC_ReadEcChipId(), 0x7FFFFFFFu); // saturated on its way through text
     EXPECT_THAT(DriverRequests(), IsEmpty());
-    // One of another type is read anew and replaced.
+    // One of another type is read again and replaced.
     StartMachine(R"({"registry": {"values": [
         {"key": "HKLM\\SOFTWARE\\Vesk\\Vesk Kelvane\\VeskTessaly", "name": "EcChipId", "data": "7"}]}})");
     InitializeSondrel();
     EXPECT_EQ(EC_ReadEcChipId(), 0u);
-    EXPECT_EQ(Kept(u"EcChipId"), 0u);
+    EXPECT_EQ(Stored(u"EcChipId"), 0u);
 }
 
-TEST_F(EcIdentityTest, WhatFailsOrCannotBeKeptIsReadAgain) {
+TEST_F(EcIdentityTest, WhatFailsOrCannotBeStoredIsReadAgain) {
     StartMachine(R"({"ec": {"faults": [{"command": "0xBB", "use": 2, "status": 9}]}})");
     InitializeSondrel();
     EXPECT_EQ(EC_ReadEcChipName(), 0x7FFFFFFFu);
@@ -149,7 +149,7 @@ TEST_F(EcIdentityTest, WhatFailsOrCannotBeKeptIsReadAgain) {
     EXPECT_EQ(EC_ReadEcChipId(), 0u);
     EXPECT_EQ(EC_ReadEcChipId(), 0u);
     EXPECT_EQ(SentTraffic(), "bb 10, bb 10");
-    EXPECT_EQ(Kept(u"EcChipId"), std::nullopt);
+    EXPECT_EQ(Stored(u"EcChipId"), std::nullopt);
 }
 
 } // namespace

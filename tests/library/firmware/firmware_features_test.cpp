@@ -37,7 +37,7 @@ protected:
             TheMachine()->firmwareFeatures.Profile().batteryHealth);
     }
 
-    /// How many files stand in the settings files' directory.
+    /// How many files are in the settings files' directory.
     static auto FileCount() {
         const std::filesystem::directory_iterator files(*TheMachine()->storage.files->HostPath(AppPath));
         return std::distance(begin(files), end(files));
@@ -108,7 +108,7 @@ TEST_F(FirmwareFeaturesTest, SetsRemembersAndReadsBack) {
     EXPECT_EQ(TextOf(HealthFile), "60\n");
 }
 
-TEST_F(FirmwareFeaturesTest, WithoutADirectoryTheDefaultsStandAndSettingStillWorks) {
+TEST_F(FirmwareFeaturesTest, WithoutADirectoryTheDefaultsApplyAndSettingStillWorks) {
     Put((AppPath + std::u16string(u"\\plain")).c_str(), "x");
     for (const std::u16string& path : {std::u16string(), std::u16string(u"C:\\Nowhere"),
                                        AppPath + std::u16string(u"\\plain"), std::u16string(256, u'p')}) {
@@ -126,7 +126,7 @@ TEST_F(FirmwareFeaturesTest, WithoutADirectoryTheDefaultsStandAndSettingStillWor
     EXPECT_THAT(DebugLines(), Contains("[DirectoryExists] attribs = 4294967295"));
 }
 
-TEST_F(FirmwareFeaturesTest, EachUserHasAPathOfHisOwn) {
+TEST_F(FirmwareFeaturesTest, EachUserHasASeparatePath) {
     WMISetAppPath(AppPath, 1);
     EXPECT_EQ(DebugLines().back(), "[WMISetAppPath] WriteRegString " + Path + " to KELVANE-14\\mira Success");
     EXPECT_EQ(sondrel::WMIGetAppPath(1), AppPath);
@@ -142,9 +142,9 @@ TEST_F(FirmwareFeaturesTest, EachUserHasAPathOfHisOwn) {
     WMISetAppPath(u"C:\\otto", 1);
     user("null");
     EXPECT_EQ(sondrel::WMIGetAppPath(1), u"ERROR_READREG");
-    WMISetAppPath(u"C:\\nobody", 1);
-    EXPECT_EQ(DebugLines().back(), "[WMISetAppPath] WriteRegString C:\\nobody to  Success");
-    EXPECT_EQ(sondrel::WMIGetAppPath(1), u"C:\\nobody");
+    WMISetAppPath(u"C:\\nowhere", 1);
+    EXPECT_EQ(DebugLines().back(), "[WMISetAppPath] WriteRegString C:\\nowhere to  Success");
+    EXPECT_EQ(sondrel::WMIGetAppPath(1), u"C:\\nowhere");
     user(R"("kelvane-14\\MIRA")");
     EXPECT_EQ(sondrel::WMIGetAppPath(1), u"C:\\mira\\") << "names of values have no case";
 
@@ -160,7 +160,7 @@ TEST_F(FirmwareFeaturesTest, AFileThatIsHeldOpenIsWrittenInPlace) {
     Put(HealthFile, "1234567890\n");
     EXPECT_EQ(WMISetBatteryHealth(80, 1), 1);
     EXPECT_EQ(TextOf(HealthFile), "80\n");
-    EXPECT_EQ(WMIGetBatteryHealth(1), 80) << "whoever holds it shares it";
+    EXPECT_EQ(WMIGetBatteryHealth(1), 80) << "the other process shares it";
     EXPECT_EQ(FileCount(), 1);
 }
 
@@ -187,10 +187,10 @@ TEST_F(FirmwareFeaturesTest, WhateverFailsTheFileHoldsOneOfTheTwoNumbers) {
         }
     }
     EXPECT_EQ(WMISetBatteryHealth(100, 1), 1);
-    EXPECT_EQ(FileCount(), 1) << "nothing is left over for good";
+    EXPECT_EQ(FileCount(), 1) << "no file is left";
 }
 
-TEST_F(FirmwareFeaturesTest, AReadThatBreaksOffKeepsWhatCameBefore) {
+TEST_F(FirmwareFeaturesTest, AReadThatFailsReturnsWhatItHasRead) {
     WMISetAppPath(AppPath, 1);
     Put(HealthFile, "  42");
     const auto healthWhen = [this](std::size_t nth, Failure kind) {

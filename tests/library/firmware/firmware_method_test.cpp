@@ -65,7 +65,7 @@ TEST_F(FirmwareMethodTest, LeavesTheCallersApartmentAlone) {
     EXPECT_EQ(Dsts(u"1179735", 1), "65536");
 }
 
-TEST_F(FirmwareMethodTest, TellsEveryFailedStepInBothLogs) {
+TEST_F(FirmwareMethodTest, ReportsEveryFailedStepInBothLogs) {
     struct Row {
         Operation operation;
         std::size_t use;

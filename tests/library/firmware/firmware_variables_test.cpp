@@ -19,7 +19,7 @@ struct FirmwareField {
     const char16_t* variable;
     std::size_t offset;
     std::size_t size;
-    bool tellsFailedRead;
+    bool reportsFailedRead;
 };
 
 constexpr FirmwareField Fields[] = {
@@ -44,13 +44,13 @@ protected:
                        R"(}, {"name": "MFG0", "size": )" + std::to_string(mfg0) + rest + "}]");
     }
 
-    /// A getter's bytes. What stands behind them may not have been touched.
+    /// A getter's bytes. The bytes after them must be unchanged.
     static std::vector<std::uint8_t> Read(const FirmwareField& field, std::uint32_t expected = 0) {
-        std::vector<std::uint8_t> room(field.size + 4, 0xEE);
-        EXPECT_EQ(field.get(room.data()), expected);
-        EXPECT_THAT(std::span(room).last(4), Each(0xEE));
-        room.resize(field.size);
-        return room;
+        std::vector<std::uint8_t> capacity(field.size + 4, 0xEE);
+        EXPECT_EQ(field.get(capacity.data()), expected);
+        EXPECT_THAT(std::span(capacity).last(4), Each(0xEE));
+        capacity.resize(field.size);
+        return capacity;
     }
 
     static std::vector<std::uint8_t> Counting(std::size_t size, std::uint8_t first) {
@@ -64,7 +64,7 @@ protected:
         lines.push_back("Failed, GetFirmwareEnvironmentVariable(), GetLastError return " +
                         std::to_string(code));
         DebugLines();
-        EXPECT_THAT(Read(field, field.tellsFailedRead ? code : 0), Each(0xEE));
+        EXPECT_THAT(Read(field, field.reportsFailedRead ? code : 0), Each(0xEE));
         EXPECT_EQ(DebugLines(), lines);
         const auto variable = Variable(field.variable);
         EXPECT_EQ(field.set(Counting(field.size, 7).data()), 0u);

@@ -32,7 +32,7 @@ TEST_F(DiagnosticsTest, LinesReachAConsumerAtLevelFiveOrAboveOrAtEveryLevel) {
         EXPECT_THAT(DebugLines(), SizeIs(reached ? 1 : 0)) << "level " << int{level};
     }
     machine::Traces().Detach();
-    sondrel::TraceLine("nobody listens");
+    sondrel::TraceLine("no consumer");
     machine::Traces().Attach(5);
     EXPECT_THAT(DebugLines(), IsEmpty());
     EXPECT_THAT(CallsOf(Operation::EventRegister), SizeIs(1));

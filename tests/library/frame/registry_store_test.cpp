@@ -54,7 +54,7 @@ TEST_F(RegistryStoreTest, NumbersAreDecimalAndTextsEndAtTheirFirstZeroAndFitTwoH
     EXPECT_EQ(sondrel::ReadRegDword(Key::LocalMachine, u"Nowhere", u"zero"), Sentinel);
 }
 
-TEST_F(RegistryStoreTest, WritingMakesTheWholePathAndReplacesWhatStood) {
+TEST_F(RegistryStoreTest, WritingMakesTheWholePathAndReplacesTheValue) {
     EXPECT_TRUE(sondrel::WriteRegDword(Key::LocalMachine, u"A\\B\\C", u"n", 7));
     EXPECT_EQ(sondrel::ReadRegDword(Key::LocalMachine, u"a\\b\\c", u"N"), u"7");
     EXPECT_TRUE(sondrel::WriteRegString(Key::LocalMachine, u"A\\B\\C", u"n", u"now a text"));
@@ -68,7 +68,7 @@ TEST_F(RegistryStoreTest, WritingFailsQuietlyWhereTheRegistryRefuses) {
     StartMachine(R"({"registry": {"keys": ["HKLM\\Closed"], "read_only": ["HKLM\\Closed"]}})");
     EXPECT_FALSE(sondrel::WriteRegDword(Key::LocalMachine, u"Closed", u"n", 7));
     EXPECT_FALSE(sondrel::WriteRegString(Key::LocalMachine, u"Closed\\Below", u"n", u"text"));
-    // A key that refuses write access is opened anew with all access before the write is given up.
+    // A key that refuses write access is opened again with all access before the write is given up.
     EXPECT_THAT(CallsOf(Operation::RegOpenKeyExW),
                 ElementsAre(HasSubstr("Closed\" access=0x20006 -> 5"),
                             HasSubstr("Closed\\Below\" access=0x20006 -> 2")));

@@ -44,12 +44,12 @@ TEST_F(SessionTest, SharesTheDeviceWhereItCannotHaveItAloneOrStaysClosed) {
 }
 
 TEST_F(SessionTest, AnswersVersionsThroughTheDriverOnlyWhileOpen) {
-    for (const bool behind : {false, true}) {
+    for (const bool after : {false, true}) {
         EXPECT_EQ(GetDriverVersion(), 0u);
         EXPECT_EQ(GetRefCount(), 0u);
         EXPECT_EQ(GetIoDllVersion(), 65537u);
         EXPECT_THAT(Calls(), IsEmpty());
-        if (!behind) {
+        if (!after) {
             InitializeSondrel();
             EXPECT_EQ(GetDriverVersion(), 0x00010203u);
             EXPECT_EQ(GetRefCount(), 1u);

@@ -92,7 +92,7 @@ TEST_F(WifiTest, EachExportNamesItselfAndTriesAgainWhileReadsFail) {
                                          "WlanOpenHandle failed with error:1062"});
     }
     EXPECT_EQ(DebugLines(), expected);
-    // A good read that has nothing for a field leaves there what the failed one wrote.
+    // A successful read without a value for a field leaves what the failed one wrote.
     StartMachine(R"({"wifi": {"interfaces": [{"description": "Card", "state": "disconnected"}]}})");
     EXPECT_EQ(Fields(), "0|Card|2147483647|2147483647|error_string|error_string|2147483647");
 }
@@ -169,7 +169,7 @@ TEST_F(WifiTest, NamesEveryPhyType) {
     }
 }
 
-TEST_F(WifiTest, ThreadsThatComeAtOnceShareOneRead) {
+TEST_F(WifiTest, ThreadsThatCallAtTheSameTimeShareOneRead) {
     std::vector<std::string> answers(8);
     std::vector<std::jthread> threads;
     for (std::string& answer : answers) {

@@ -81,7 +81,7 @@ TEST_F(SystemReadingsTest, TheVolumeIsCutNotRounded) {
     EXPECT_EQ(volumes(nullptr), std::pair(-1, std::u16string()));
 }
 
-TEST_F(SystemReadingsTest, TheTwoRoadsToTheVolumeDifferInApartmentAndRelease) {
+TEST_F(SystemReadingsTest, TheTwoExportsOfTheVolumeDifferInApartmentAndRelease) {
     System_Read_VolumeLevel(1);
     EXPECT_THAT(Journal(),
                 ElementsAre("debug [System_Read_VolumeLevel] Do Coinitialize()", "CoInitializeEx kind=2 -> 0",

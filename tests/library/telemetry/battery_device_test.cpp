@@ -57,7 +57,7 @@ TEST_F(BatteryDeviceTest, WhatTheDeviceDoesNotGiveIsZero) {
         EXPECT_EQ(Readings(), readings) << battery;
         EXPECT_THAT(CallsOf(Operation::DeviceIoControl).size(), AnyOf(0u, 6u, 12u, 18u));
     }
-    // What came before a step that failed is kept.
+    // Values read before a failed step stay.
     StartMachine();
     sondrel::BatteryRecord battery;
     const auto read = [&battery] {

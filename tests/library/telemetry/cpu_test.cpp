@@ -43,7 +43,7 @@ TEST_F(CpuTest, UsageIsTheBusyShareOfOneSecond) {
         {R"("idle": 100, "kernel": 150, "user": 50)", R"("idle": 400, "kernel": 650, "user": 150)", 0.5},
         // 32-bit floating point, widened: not what 64 bits would give.
         {"", R"("idle": 1, "kernel": 3)", static_cast<double>(1.0F - 1.0F / 3.0F)},
-        // Counters that stand still, alone or in sum, and that run backwards.
+        // Counters that do not change, alone or in sum, and that run backwards.
         {R"("idle": 7, "kernel": 9, "user": 5)", R"("idle": 7, "kernel": 9, "user": 5)", 1.0},
         {R"("idle": 7, "kernel": 9, "user": 5)", R"("idle": 9, "kernel": 8, "user": 6)", 1.0},
         {R"("idle": 400, "kernel": 650, "user": 150)", R"("idle": 100, "kernel": 150, "user": 50)", 0.5},

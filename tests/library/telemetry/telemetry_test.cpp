@@ -62,13 +62,13 @@ TEST_F(TelemetryTest, MakesOfTheEcsBytesWhatTheyMean) {
         {"KL", 1, battery(R"(manufacture_date": "1980-15-31")"), date, "1980-15-31~"},
         {"KL", 0, battery(R"(manufacture_date": "2107-15-31")"), date, "2107-15-31~"},
         {"KL", 1, battery(R"(manufacture_date": "2000-00-00")"), date, "2000-00-00~"},
-        // A standing fan counts 0, the fastest 1, and the slowest cannot be told from slower ones.
+        // A stopped fan counts 0, the fastest 1, and the slowest cannot be distinguished from slower ones.
         {"AB", 0, fan("0"), fans, "0;0;0;0~"},
         {"AB", 0, fan("2156250"), fans, "2156250;0;0;0~"},
         {"AB", 0, fan("1078125"), fans, "1078125;0;0;0~"},
         {"AB", 0, fan("1"), fans, "32;0;0;0~"},
         {"CF", 0, R"("fans": [{"rpm": 65535}, {"rpm": 255}, {"rpm": 256}])", fans, "65535;255;256;0~"},
-        // A thermistor stays at the ends of its curve, a sensor that tells degrees does not.
+        // A thermistor stays at the ends of its curve, a sensor that reports degrees does not.
         {"AR", 0, sensor("ac_fet", "20"), acFet, "53"}, // 51 and 52 have the same count
         {"AR", 0, sensor("gpu_vrm", "200"), vrm, "110"},
         {"AR", 0, sensor("upper_cpu", "20"), upCpu, "35"},

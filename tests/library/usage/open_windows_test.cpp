@@ -11,7 +11,7 @@ namespace {
 using namespace testing;
 using nlohmann::json;
 
-/// A window of the editor that passes every test, but for these members.
+/// A window of the editor that passes every test, except for these members.
 std::string Window(const std::string& name, const std::string& members = "") {
     return R"({"process": 100, "class": "Editor", "title": "A title", "name": ")" + name + '"' +
            (members.empty() ? "" : ", " + members) + "}";
@@ -32,7 +32,7 @@ class OpenWindowsTest : public test::MachineTest {
 protected:
     OpenWindowsTest() { StartBare(); }
 
-    /// A machine with windows, uppermost first, and processes 100 to 104 beside these.
+    /// A machine with windows, uppermost first, and processes 100 to 104 in addition.
     void StartWith(const std::string& windows, const std::string& processes = "") {
         StartBare(R"({"windows": [)" + windows + R"(], "processes": [)" + processes + R"(
             {"id": 100, "path": "C:\\Apps\\editor.exe", "cpu_percent": 0.1, "working_set": 14356480},
@@ -51,7 +51,7 @@ protected:
     }
 };
 
-TEST_F(OpenWindowsTest, TellsOneWindowToTheByte) {
+TEST_F(OpenWindowsTest, DescribesOneWindowExactly) {
     EXPECT_EQ(Text(AppList_OpenWindows), "[]");
     EXPECT_THAT(DebugLines(), ElementsAre("AppList_OpenWindows start", "AppList_OpenWindows end"));
     StartWith(Window("a"));
@@ -97,18 +97,18 @@ TEST_F(OpenWindowsTest, ListsWhatTheTaskBarWouldShow) {
          Window("popup", R"("owner": "root", "visible": false)") + ", " +
              Window("root", R"("last_active_popup": "popup")"),
          ""},
-        {"two that name each other are not followed for good",
+        {"two that name each other are not followed permanently",
          Window("one", R"("last_active_popup": "two", "owner": "two", "visible": false)") + ", " +
              Window("two", R"("last_active_popup": "one", "visible": false)") + ", " +
              Window("top", R"("owner": "two")"),
          ""},
         {"a frame goes by its core window", Frame(withCore), calculator},
         {"without a child it does not count", Frame(), ""},
-        {"whatever stands elsewhere", Frame() + ", " + Core(), ""},
+        {"other properties do not matter", Frame() + ", " + Core(), ""},
         {"minimised it is known by its title", minimised + Core(), calculator},
         {"with its case", minimised + Core(R"("visible": false, "title": "calculator")"), ""},
         {"every title holds the empty one", minimised + Core(R"("visible": false, "title": "")"), calculator},
-        {"core windows of others and of nobody are passed over",
+        {"core windows of others and of no process are skipped",
          minimised + Core(R"("visible": false, "name": "c1", "title": "Mail", "process": 103)") + ", " +
              Core(R"("visible": false, "name": "c2", "process": 999)") + ", " + Core(),
          calculator},
@@ -128,12 +128,12 @@ TEST_F(OpenWindowsTest, ListsFiveAndMeasuresNoMore) {
     StartWith(Window("a") + ", " + Window("b") + ", " + Window("c") + ", " + Window("d") + ", " +
               Window("e") + ", " + Window("f"));
     EXPECT_EQ(Listed("z_order"), "1;2;3;4;5;");
-    EXPECT_EQ(Listed("is_focused"), "1;0;0;0;0;") << "positions start anew";
+    EXPECT_EQ(Listed("is_focused"), "1;0;0;0;0;") << "positions start again";
     EXPECT_EQ(TheMachine()->clock.Now(), std::chrono::seconds(10));
     EXPECT_THAT(CallsOf(Operation::Sleep), SizeIs(10));
 }
 
-TEST_F(OpenWindowsTest, FiguresOfProcessesThatDoNotTell) {
+TEST_F(OpenWindowsTest, FiguresOfProcessesThatCannotBeQueried) {
     StartWith(Window("a", R"("process": 200)") + ", " + Window("b", R"("process": 201)") + ", " +
                   Window("c", R"("process": 202)") + ", " + Window("d", R"("process": 203)") + ", " +
                   Window("e", R"("process": 204)"),

@@ -50,7 +50,7 @@ TEST_F(NetworkAdaptersTest, NamesTheWirelessAdaptersInTheOrderOfTheList) {
     EXPECT_THAT(CallsOf(Operation::ExecQuery), SizeIs(2));
 }
 
-TEST_F(NetworkAdaptersTest, PassesOverAdaptersThatWmiDoesNotName) {
+TEST_F(NetworkAdaptersTest, SkipsAdaptersThatWmiDoesNotName) {
     StartAdapters(Wireless(8) + "," + Wireless(5) + "," + Wireless(7) + "," + Wireless(9));
     EXPECT_EQ(Text(WMIGetWiFiCardName), "A;");
     StartAdapters(R"({"index": 5, "type": "ethernet"})");
@@ -87,7 +87,7 @@ TEST_F(NetworkAdaptersTest, TrafficIsThatOfAllCountersWithANameAsLongAsTheCards)
     EXPECT_EQ(TrafficOf("Card A", ""), "");
 }
 
-TEST_F(NetworkAdaptersTest, HoldsNoMoreThanItsRoomOfTheCardsName) {
+TEST_F(NetworkAdaptersTest, CutsTheCardsNameToItsCapacity) {
     const std::string longest(256, 'x'), most(150, 'x');
     EXPECT_EQ(TrafficOf(longest, Counter(std::string(150, 'y'), "1", "2")), "1;2");
     EXPECT_EQ(TrafficOf(longest, Counter(longest, "1", "2")), "0;0");

@@ -85,22 +85,22 @@ std::vector<ReaderCase> AllReaders() {
 
 constexpr std::size_t NoStep = 5;
 
-/// What a call writes and gives back when a step fails, or none, in order.
+/// What a call writes and releases when a step fails, or none, in order.
 Lines ExpectedJournal(const ReaderCase& reader, std::size_t step, bool initCom) {
     const auto [event, debug] =
         step == NoStep ? std::pair<std::string, std::string>() : MessagesOf(reader, step);
-    const bool behindRelease = reader.wording == Wording::Bare && step >= 2;
+    const bool afterRelease = reader.wording == Wording::Bare && step >= 2;
     const bool good = step == NoStep;
     Lines journal{
         !initCom    ? ""
         : step == 0 ? "CoInitializeEx kind=0 -> 0x80010106 (injected)"
                     : "CoInitializeEx kind=0 -> 1",
         event.empty() ? "" : "event " + event,
-        behindRelease || good ? "" : "debug " + debug,
+        afterRelease || good ? "" : "debug " + debug,
         step >= 3 ? "Release IWbemServices" : "",
         step >= 2 ? "Release IWbemLocator" : "",
         good ? "Release IEnumWbemClassObject" : "",
-        behindRelease && !good ? "debug " + debug : "",
+        afterRelease && !good ? "debug " + debug : "",
         good && initCom ? "debug [" + reader.tag + "] " + reader.leaving : "",
         initCom && step != 0 ? "CoUninitialize" : "",
     };
@@ -248,7 +248,7 @@ TEST_F(WmiReadersTest, TextsJoinAndEmptyOnesTakePart) {
     EXPECT_THAT(DebugLines().front(), SizeIs(message.size() - 1 + 1022));
 }
 
-TEST_F(WmiReadersTest, TheFifthOemStringStandsForTheArray) {
+TEST_F(WmiReadersTest, TheFifthOemStringIsReadForTheArray) {
     SetRows({{{"OEMStringArray", {"a", "b", "c", "d", "fifth", "f"}}},
              {{"OEMStringArray", {"only", "two"}}},
              {{"OEMStringArray", nullptr}}});
@@ -277,7 +277,7 @@ TEST_F(WmiReadersTest, TheLastRowWithANumberCounts) {
     EXPECT_EQ(Prop(u"N", 0), -1);
 }
 
-TEST_F(WmiReadersTest, RowsThatCameStandAndAFailedGetYieldsNothing) {
+TEST_F(WmiReadersTest, RowsAlreadyReadCountAndAFailedGetAddsNothing) {
     SetRows({{{"N", 40}, {"T", "A"}}, {{"N", 80}, {"T", "B"}}});
     for (const Failure kind : {Failure::Refused, Failure::Nothing}) {
         std::int32_t number = 0;
@@ -292,7 +292,7 @@ TEST_F(WmiReadersTest, RowsThatCameStandAndAFailedGetYieldsNothing) {
     }
 }
 
-TEST_F(WmiReadersTest, TriplesStandRowAfterRow) {
+TEST_F(WmiReadersTest, TriplesFollowRowAfterRow) {
     SetRows({{{"A", "m1"}, {"B", 99999999999}, {"N", 4}}, {{"A", ""}, {"B", nullptr}, {"N", -3}}});
     EXPECT_EQ(Triples(), u"m1;99999999999;4;;;-3");
     SetRows({{{"A", nullptr}, {"B", 7}, {"N", nullptr}}, {{"A", "m"}, {"B", "s"}, {"N", "4"}}});

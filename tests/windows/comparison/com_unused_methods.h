@@ -1,4 +1,4 @@
-// What the interfaces of WMI and of sound have beside the methods that the library calls.
+// What the interfaces of WMI and of sound have besides the methods that the library calls.
 #pragma once
 
 #include "com_wrapper.h"
@@ -10,10 +10,10 @@
 namespace comparison {
 
 // clang-format off
-template <class Behind>
-class UnusedObjectMethods : public Front<IWbemClassObject, Behind> {
+template <class Wrapped>
+class UnusedObjectMethods : public Wrapper<IWbemClassObject, Wrapped> {
 public:
-    using Front<IWbemClassObject, Behind>::Front;
+    using Wrapper<IWbemClassObject, Wrapped>::Wrapper;
 
     HRESULT STDMETHODCALLTYPE GetQualifierSet(IWbemQualifierSet**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Delete(LPCWSTR) override { return E_NOTIMPL; }
@@ -37,10 +37,10 @@ public:
     HRESULT STDMETHODCALLTYPE GetMethodOrigin(LPCWSTR, BSTR*) override { return E_NOTIMPL; }
 };
 
-template <class Behind>
-class UnusedServiceMethods : public Front<IWbemServices, Behind> {
+template <class Wrapped>
+class UnusedServiceMethods : public Wrapper<IWbemServices, Wrapped> {
 public:
-    using Front<IWbemServices, Behind>::Front;
+    using Wrapper<IWbemServices, Wrapped>::Wrapper;
 
     HRESULT STDMETHODCALLTYPE OpenNamespace(const BSTR, LONG, IWbemContext*, IWbemServices**, IWbemCallResult**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE CancelAsyncCall(IWbemObjectSink*) override { return E_NOTIMPL; }
@@ -64,10 +64,10 @@ public:
     HRESULT STDMETHODCALLTYPE ExecMethodAsync(const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*, IWbemObjectSink*) override { return E_NOTIMPL; }
 };
 
-template <class Behind>
-class UnusedVolumeMethods : public Front<IAudioEndpointVolume, Behind> {
+template <class Wrapped>
+class UnusedVolumeMethods : public Wrapper<IAudioEndpointVolume, Wrapped> {
 public:
-    using Front<IAudioEndpointVolume, Behind>::Front;
+    using Wrapper<IAudioEndpointVolume, Wrapped>::Wrapper;
 
     HRESULT STDMETHODCALLTYPE RegisterControlChangeNotify(IAudioEndpointVolumeCallback*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE UnregisterControlChangeNotify(IAudioEndpointVolumeCallback*) override { return E_NOTIMPL; }

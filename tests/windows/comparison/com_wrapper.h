@@ -12,18 +12,18 @@
 
 namespace comparison {
 
-IUnknown* NewWmiLocator(platform::Unknown behind);
-IUnknown* NewSoundEnumerator(platform::Unknown behind);
+IUnknown* NewWmiLocator(platform::Unknown wrapped);
+IUnknown* NewSoundEnumerator(platform::Unknown wrapped);
 
 /// An object with one interface, counted as COM counts it. With its last release the machine's pointer is released,
-/// so that the machine's ledger tells which are out.
-template <class Interface, class Behind>
-class Front : public Interface {
+/// so that the machine's ledger lists which are open.
+template <class Interface, class Wrapped>
+class Wrapper : public Interface {
 public:
-    explicit Front(Behind behind) : m_behind(behind) {}
+    explicit Wrapper(Wrapped wrapped) : m_wrapped(wrapped) {}
 
-    Front(const Front&) = delete;
-    Front& operator=(const Front&) = delete;
+    Wrapper(const Wrapper&) = delete;
+    Wrapper& operator=(const Wrapper&) = delete;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
         if (id != __uuidof(Interface) && id != __uuidof(IUnknown)) {
@@ -45,22 +45,22 @@ public:
         return left;
     }
 
-    [[nodiscard]] Behind Machines() const { return m_behind; }
+    [[nodiscard]] Wrapped Object() const { return m_wrapped; }
 
 protected:
-    virtual ~Front() { platform::ReleaseInterface(m_behind); }
+    virtual ~Wrapper() { platform::ReleaseInterface(m_wrapped); }
 
 private:
-    Behind m_behind;
+    Wrapped m_wrapped;
     ULONG m_count = 1;
 };
 
 /// What the machine answered, with an object in front of the pointer that it gave. `made` is null as long as there is
 /// none, as where a method has no input.
-template <class Made, class Behind, class Interface>
-HRESULT InFront(HRESULT status, Behind behind, Interface** made) {
+template <class Made, class Wrapped, class Interface>
+HRESULT WrapResult(HRESULT status, Wrapped wrapped, Interface** made) {
     if (SUCCEEDED(status)) {
-        *made = behind == Behind{} ? nullptr : new Made(behind);
+        *made = wrapped == Wrapped{} ? nullptr : new Made(wrapped);
     }
     return status;
 }

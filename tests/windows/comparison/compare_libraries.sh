@@ -1,5 +1,5 @@
 #!/bin/sh
-# Every machine told by both libraries, export by export: the native one here, the real DLL under Wine. Runs within
+# The answers of both libraries on every machine, export by export: the native one here, the real DLL under Wine. Runs within
 # run_under_wine.sh; some profiles in place of all of them, to look at a difference.
 #
 #   tests/windows/run_under_wine.sh build/windows tests/windows/comparison/compare_libraries.sh build/windows build/native [PROFILE...]
@@ -30,7 +30,7 @@ fi
 for profile in "$@"; do
     machine=${profile##*/}
     machine=${machine%.json}
-    # The fake driver's answers are laid down once: a machine that moves is compared as it stands at its start.
+    # The fake driver's answers are fixed once: a machine with a course is compared in its first state.
     if grep -q '"course"' "$profile"; then
         python3 - "$profile" "$reports/$machine.profile" <<'STILL'
 import json, sys

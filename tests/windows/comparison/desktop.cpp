@@ -67,7 +67,7 @@ int WINAPI TextOf(HWND window, LPWSTR text, int size) {
     return static_cast<int>(Ask(WindowOf(window), Plain(text), static_cast<std::uint32_t>(size)));
 }
 
-HWND WINAPI FindWindowBehind(HWND parent, HWND after, LPCWSTR className, LPCWSTR) {
+HWND WINAPI FindWindowAfter(HWND parent, HWND after, LPCWSTR className, LPCWSTR) {
     return Native(platform::FindWindowExW(WindowOf(parent), WindowOf(after), Plain(className)));
 }
 
@@ -123,7 +123,7 @@ void PutUpDesktop(test::ImportPatch& patch) {
     patch.Replace("GetWindowLongW", &WindowLong);
     patch.Replace("GetClassNameW", &TextOf<platform::GetClassNameW>);
     patch.Replace("GetWindowTextW", &TextOf<platform::GetWindowTextW>);
-    patch.Replace("FindWindowExW", &FindWindowBehind);
+    patch.Replace("FindWindowExW", &FindWindowAfter);
     patch.Replace("GetWindowThreadProcessId", &ThreadAndProcess);
     patch.Replace("OpenProcess", &OpenTheProcess);
     patch.Replace("K32GetModuleFileNameExW", &ModuleFileName);

@@ -14,7 +14,7 @@
 namespace comparison {
 namespace {
 
-/// Which of the machine's devices is behind a handle of Wine's.
+/// Which of the machine's devices a handle of Wine's belongs to.
 std::map<HANDLE, machine::Device*> OpenDevices;
 
 machine::Device* DeviceAt(const machine::Machine& machine, const wchar_t* path) {

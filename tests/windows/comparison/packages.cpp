@@ -44,10 +44,10 @@ DWORD WINAPI Locate(PDWORD node, PWSTR id, ULONG flags) {
 }
 
 DWORD WINAPI Property(DWORD node, ULONG property, PULONG type, PVOID value, PULONG size, ULONG) {
-    std::uint32_t room = *size;
-    const DWORD status = platform::CM_Get_DevNode_Registry_PropertyW(platform::DeviceNode{node}, property,
-                                                                     static_cast<std::byte*>(value), room);
-    *size = room;
+    std::uint32_t capacity = *size;
+    const DWORD status = platform::CM_Get_DevNode_Registry_PropertyW(
+        platform::DeviceNode{node}, property, static_cast<std::byte*>(value), capacity);
+    *size = capacity;
     if (type != nullptr) {
         *type = REG_SZ;
     }

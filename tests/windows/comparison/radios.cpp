@@ -73,8 +73,8 @@ DWORD WINAPI EnumInterfaces(HANDLE client, PVOID, PWLAN_INTERFACE_INFO_LIST* lis
     WLAN_INTERFACE_INFO* native = (*list)->InterfaceInfo;
     for (const platform::WlanInterface& each : interfaces) {
         native->InterfaceGuid = std::bit_cast<GUID>(each.guid);
-        constexpr std::size_t Room = std::size(decltype(native->strInterfaceDescription){});
-        const std::size_t length = std::min(each.description.size(), Room - 1);
+        constexpr std::size_t Capacity = std::size(decltype(native->strInterfaceDescription){});
+        const std::size_t length = std::min(each.description.size(), Capacity - 1);
         *std::copy_n(each.description.data(), length, native->strInterfaceDescription) = L'\0';
         native->isState = static_cast<WLAN_INTERFACE_STATE>(each.state);
         ++native;
@@ -115,7 +115,7 @@ DWORD WINAPI QueryInterface(HANDLE client, const GUID* guid, WLAN_INTF_OPCODE op
     return status;
 }
 
-/// The list as the service lays it out: the entries, then each one's elements, told by their distance from it.
+/// The list as the service lays it out: the entries, then each one's elements, located by their offset in it.
 WLAN_BSS_LIST* NativeList(const std::vector<platform::WlanBssEntry>& entries) {
     constexpr std::size_t HeadSize = offsetof(WLAN_BSS_LIST, wlanBssEntries);
     std::size_t size = HeadSize + entries.size() * sizeof(WLAN_BSS_ENTRY);
@@ -278,10 +278,10 @@ void PutUpBluetooth(test::ImportPatch& patch) {
 
 /// Each record points to the next one in the caller's own buffer.
 ULONG WINAPI ListAdapters(PIP_ADAPTER_INFO buffer, PULONG size) {
-    std::uint32_t room = *size;
+    std::uint32_t capacity = *size;
     std::vector<platform::NetworkAdapter> adapters;
-    const ULONG status = platform::GetAdaptersInfo(room, adapters);
-    *size = room;
+    const ULONG status = platform::GetAdaptersInfo(capacity, adapters);
+    *size = capacity;
     for (std::size_t place = 0; place < adapters.size(); ++place) {
         IP_ADAPTER_INFO& native = buffer[place];
         std::memset(&native, Unsaid, sizeof native);

@@ -1,4 +1,4 @@
-// What Wine has no machine behind: functions in the place of those that the DLL calls. Each takes the arguments of
+// Functions in place of those that the DLL calls, where Wine has no device or service. Each takes the arguments of
 // the real one, asks the simulated machine, and answers in the real one's structures.
 #pragma once
 
@@ -21,7 +21,7 @@ void PutUpFirmware(
 void PutUpSystem(test::ImportPatch& patch); // version, lockdown mode, nation, time, power
 void PutUpCom(test::ImportPatch& patch);    // WMI, sound
 
-/// What the DLL took and has not given back, beside what the machine's own ledger tells.
+/// What the DLL took and has not released, besides what the machine's ledger lists.
 std::size_t BlocksOut();   // of the WLAN service's memory
 std::size_t DevicesOpen(); // handles of the driver and of ACPI
 

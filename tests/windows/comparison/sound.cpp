@@ -8,25 +8,25 @@
 namespace comparison {
 namespace {
 
-class VolumeFront final : public UnusedVolumeMethods<platform::EndpointVolume> {
+class VolumeWrapper final : public UnusedVolumeMethods<platform::EndpointVolume> {
 public:
     using UnusedVolumeMethods::UnusedVolumeMethods;
 
     HRESULT STDMETHODCALLTYPE GetMasterVolumeLevelScalar(float* level) override {
-        return platform::GetMasterVolumeLevelScalar(Machines(), *level);
+        return platform::GetMasterVolumeLevelScalar(Object(), *level);
     }
 
     HRESULT STDMETHODCALLTYPE GetMute(WINBOOL* muted) override {
         bool answer = false;
-        const HRESULT status = platform::GetMute(Machines(), answer);
+        const HRESULT status = platform::GetMute(Object(), answer);
         *muted = answer ? TRUE : FALSE;
         return status;
     }
 };
 
-class DeviceFront final : public Front<IMMDevice, platform::AudioDevice> {
+class DeviceWrapper final : public Wrapper<IMMDevice, platform::AudioDevice> {
 public:
-    using Front::Front;
+    using Wrapper::Wrapper;
 
     HRESULT STDMETHODCALLTYPE Activate(REFIID id, DWORD context, PROPVARIANT* parameters,
                                        void** object) override {
@@ -35,8 +35,8 @@ public:
         }
         platform::EndpointVolume volume{};
         const HRESULT status =
-            platform::Activate(Machines(), std::bit_cast<platform::Guid>(id), context, volume);
-        return InFront<VolumeFront>(status, volume, reinterpret_cast<IAudioEndpointVolume**>(object));
+            platform::Activate(Object(), std::bit_cast<platform::Guid>(id), context, volume);
+        return WrapResult<VolumeWrapper>(status, volume, reinterpret_cast<IAudioEndpointVolume**>(object));
     }
 
     HRESULT STDMETHODCALLTYPE OpenPropertyStore(DWORD, IPropertyStore**) override { return E_NOTIMPL; }
@@ -46,15 +46,15 @@ public:
     HRESULT STDMETHODCALLTYPE GetState(DWORD*) override { return E_NOTIMPL; }
 };
 
-class EnumeratorFront final : public Front<IMMDeviceEnumerator, platform::DeviceEnumerator> {
+class EnumeratorWrapper final : public Wrapper<IMMDeviceEnumerator, platform::DeviceEnumerator> {
 public:
-    using Front::Front;
+    using Wrapper::Wrapper;
 
     HRESULT STDMETHODCALLTYPE GetDefaultAudioEndpoint(EDataFlow flow, ERole role,
                                                       IMMDevice** device) override {
         platform::AudioDevice found{};
-        const HRESULT status = platform::GetDefaultAudioEndpoint(Machines(), flow, role, found);
-        return InFront<DeviceFront>(status, found, device);
+        const HRESULT status = platform::GetDefaultAudioEndpoint(Object(), flow, role, found);
+        return WrapResult<DeviceWrapper>(status, found, device);
     }
 
     HRESULT STDMETHODCALLTYPE EnumAudioEndpoints(EDataFlow, DWORD, IMMDeviceCollection**) override {
@@ -74,8 +74,8 @@ public:
 
 } // namespace
 
-IUnknown* NewSoundEnumerator(platform::Unknown behind) {
-    return new EnumeratorFront(platform::DeviceEnumerator{static_cast<std::uintptr_t>(behind)});
+IUnknown* NewSoundEnumerator(platform::Unknown wrapped) {
+    return new EnumeratorWrapper(platform::DeviceEnumerator{static_cast<std::uintptr_t>(wrapped)});
 }
 
 } // namespace comparison

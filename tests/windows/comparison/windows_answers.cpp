@@ -1,9 +1,9 @@
-// What the real DLL tells on a Windows that is a simulated machine throughout:
+// What the real DLL answers on a Windows that is a simulated machine throughout:
 //
 //     library_answers default > windows.json
 //
 // The machine's devices are served by the fake driver, its registry and files lie with Wine, WMI and sound are
-// COM objects of this program (com_wrapper.h), and what Wine has no machine behind is replaced in the DLL (shims.h).
+// COM objects of this program (com_wrapper.h), and what Wine lacks is replaced in the DLL (shims.h).
 // In the end nothing of all that may be left open.
 #include "answers.h"
 #include "library.h"
@@ -15,7 +15,10 @@
 #include "memory_storage.h"
 #include "output/report.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <iostream>
+#include <limits>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -25,7 +28,7 @@
 
 namespace {
 
-/// A thread of its own, since the devices have to answer while the DLL is in a call.
+/// A separate thread, since the devices have to answer while the DLL is in a call.
 class Devices {
 public:
     explicit Devices(machine::Machine& machine)
@@ -52,7 +55,7 @@ void ExpectNothingLeft(std::string_view what, std::size_t count) {
     }
 }
 
-/// Wine does not count handles, and gives them small numbers in steps of four.
+/// Wine does not count a process's handles. It numbers them in steps of four, the lowest free number first.
 std::size_t HandlesOpen() {
     constexpr std::uintptr_t Most = 0x4000;
     std::size_t count = 0;
@@ -63,16 +66,22 @@ std::size_t HandlesOpen() {
     return count;
 }
 
-/// Keys, files, tokens and lists of devices are Wine's own. What is opened once and kept, by Wine or by COM, is open
-/// by now; a further report has to leave as many handles as it found.
+/// Keys, files, tokens and device lists are Wine's, which the machine does not count. Further reports must leave as many
+/// handles as they found. Wine's own threads (RPC, COM, the thread pool) open and close some at times of their choosing,
+/// later on a busy computer, so one report alone shows nothing: what the library leaks is left by every report.
 void ExpectNoHandleLeft(const tool::Host& host) {
+    constexpr int Reports = 4;
     std::ostringstream unread;
     std::streambuf* const output = std::cout.rdbuf(unread.rdbuf());
-    const std::size_t before = HandlesOpen();
-    tool::ReportAsJson(host, tool::ReadOptions());
-    const std::size_t after = HandlesOpen();
+    std::size_t left = std::numeric_limits<std::size_t>::max();
+    for (int report = 0; report < Reports && left != 0; ++report) {
+        const std::size_t before = HandlesOpen();
+        tool::ReportAsJson(host, tool::ReadOptions());
+        const std::size_t after = HandlesOpen();
+        left = std::min(left, after > before ? after - before : 0);
+    }
     std::cout.rdbuf(output);
-    ExpectNothingLeft("handles of Wine's own", after > before ? after - before : 0);
+    ExpectNothingLeft("handles of Wine's, by every report", left);
 }
 
 void Report(const std::string& machineName) {
@@ -90,7 +99,7 @@ void Report(const std::string& machineName) {
     comparison::PutUpSystem(patch);
     comparison::PutUpCom(patch);
     const tool::Host host{tool::HostOptions()};
-    comparison::Tell(host);
+    comparison::PrintAnswers(host);
     ExpectNoHandleLeft(host);
     for (const std::string_view kind : machine::Current()->handles.Kinds()) {
         ExpectNothingLeft(kind, 1);

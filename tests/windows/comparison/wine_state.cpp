@@ -65,7 +65,7 @@ WineState::WineState(const machine::Profile& profile) {
     }
     for (const std::wstring& key : WholeKeys) {
         m_keys.emplace_back(PlaceOf(key).path, PlaceOf(key).hive);
-        m_stoodFor.push_back(key);
+        m_replacedKeys.push_back(key);
     }
     for (const std::u16string& key : profile.registry.keys) {
         AddKey(key);
@@ -96,14 +96,14 @@ WineState::~WineState() {
 
 void WineState::AddKey(const std::u16string& path) {
     const std::wstring key(path.begin(), path.end());
-    for (const std::wstring& whole : m_stoodFor) {
+    for (const std::wstring& whole : m_replacedKeys) {
         if (IsBelow(key, whole)) {
             MakeKey(key);
             return;
         }
     }
     m_keys.emplace_back(PlaceOf(key).path, PlaceOf(key).hive);
-    m_stoodFor.push_back(key);
+    m_replacedKeys.push_back(key);
     MakeKey(key);
 }
 

@@ -1,4 +1,4 @@
-// What a machine keeps, put into Wine's own registry and onto its own drives.
+// What a machine stores, put into Wine's own registry and onto its own drives.
 #pragma once
 
 #include "saved_registry_key.h"
@@ -12,8 +12,8 @@
 
 namespace comparison {
 
-/// The machine's keys, values, directories and files, in the place of whatever stood there; all is as it was when
-/// destroyed. Throws std::runtime_error for what Wine cannot keep.
+/// The machine's keys, values, directories and files, in place of what was there; all is as it was when
+/// destroyed. Throws std::runtime_error for what Wine cannot store.
 class WineState {
 public:
     explicit WineState(const machine::Profile& profile);
@@ -27,7 +27,7 @@ private:
     void AddFile(const std::filesystem::path& path, const std::string& text);
 
     std::list<test::SavedRegistryKey> m_keys;
-    std::vector<std::wstring> m_stoodFor; // keys with the hive's short name in front
+    std::vector<std::wstring> m_replacedKeys; // keys with the hive's short name in front
     std::vector<std::filesystem::path> m_made;
 };
 

@@ -21,7 +21,7 @@ BSTR NewText(const std::u16string& text) {
 VARIANT Plain(VARTYPE type) {
     VARIANT variant{};
     variant.vt = type;
-    // What lies beside a narrow value in its union is not nothing: a reader that takes too much of it shows.
+    // The rest of a narrow value's union is not zero, so that a reader that reads too much of it is found.
     std::memset(&variant.llVal, 0xA5, sizeof variant.llVal);
     return variant;
 }
@@ -66,13 +66,13 @@ struct ToVariant {
 };
 
 /// A row, a class, or the arguments of a method.
-class ObjectFront final : public UnusedObjectMethods<platform::WbemObject> {
+class ObjectWrapper final : public UnusedObjectMethods<platform::WbemObject> {
 public:
     using UnusedObjectMethods::UnusedObjectMethods;
 
     HRESULT STDMETHODCALLTYPE Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE*, LONG*) override {
         const auto machine = machine::Current();
-        const auto* thing = machine->com.Find<machine::WbemThing>(Machines());
+        const auto* thing = machine->com.Find<machine::WbemThing>(Object());
         machine::WmiDatum datum;
         const HRESULT status = flags != 0 ? InvalidParameter : thing->Get(comparison::Plain(name), datum);
         if (SUCCEEDED(status)) {
@@ -86,7 +86,7 @@ public:
         if (flags != 0 || value->vt != VT_BSTR) {
             return InvalidParameter;
         }
-        return platform::Put(Machines(), comparison::Plain(name),
+        return platform::Put(Object(), comparison::Plain(name),
                              {comparison::Plain(value->bstrVal), ::SysStringLen(value->bstrVal)}, type);
     }
 
@@ -96,20 +96,20 @@ public:
             return InvalidParameter;
         }
         platform::WbemObject signature{};
-        const HRESULT status = platform::GetMethod(Machines(), comparison::Plain(name), signature);
-        return InFront<ObjectFront>(status, signature, in);
+        const HRESULT status = platform::GetMethod(Object(), comparison::Plain(name), signature);
+        return WrapResult<ObjectWrapper>(status, signature, in);
     }
 
     HRESULT STDMETHODCALLTYPE SpawnInstance(LONG flags, IWbemClassObject** instance) override {
         platform::WbemObject spawned{};
-        const HRESULT status = flags != 0 ? InvalidParameter : platform::SpawnInstance(Machines(), spawned);
-        return InFront<ObjectFront>(status, spawned, instance);
+        const HRESULT status = flags != 0 ? InvalidParameter : platform::SpawnInstance(Object(), spawned);
+        return WrapResult<ObjectWrapper>(status, spawned, instance);
     }
 };
 
-class RowsFront final : public Front<IEnumWbemClassObject, platform::WbemEnumerator> {
+class RowsWrapper final : public Wrapper<IEnumWbemClassObject, platform::WbemEnumerator> {
 public:
-    using Front::Front;
+    using Wrapper::Wrapper;
 
     HRESULT STDMETHODCALLTYPE Next(LONG timeout, ULONG count, IWbemClassObject** rows,
                                    ULONG* returned) override {
@@ -118,9 +118,9 @@ public:
         }
         platform::WbemObject row{};
         std::uint32_t came = 0;
-        const HRESULT status = platform::Next(Machines(), static_cast<std::uint32_t>(timeout), row, came);
+        const HRESULT status = platform::Next(Object(), static_cast<std::uint32_t>(timeout), row, came);
         *returned = came;
-        return InFront<ObjectFront>(status, row, rows);
+        return WrapResult<ObjectWrapper>(status, row, rows);
     }
 
     HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
@@ -133,7 +133,7 @@ public:
 };
 
 /// CoSetProxyBlanket asks for the second interface.
-class ServicesFront final : public UnusedServiceMethods<platform::WbemServices>, public IClientSecurity {
+class ServicesWrapper final : public UnusedServiceMethods<platform::WbemServices>, public IClientSecurity {
 public:
     using UnusedServiceMethods::UnusedServiceMethods;
 
@@ -143,12 +143,12 @@ public:
             AddRef();
             return S_OK;
         }
-        return Front::QueryInterface(id, object);
+        return Wrapper::QueryInterface(id, object);
     }
 
-    ULONG STDMETHODCALLTYPE AddRef() override { return Front::AddRef(); }
+    ULONG STDMETHODCALLTYPE AddRef() override { return Wrapper::AddRef(); }
 
-    ULONG STDMETHODCALLTYPE Release() override { return Front::Release(); }
+    ULONG STDMETHODCALLTYPE Release() override { return Wrapper::Release(); }
 
     /// Nothing but the caller's own identity at the level of calls is what WMI is asked with.
     HRESULT STDMETHODCALLTYPE SetBlanket(IUnknown* proxy, DWORD authentication, DWORD authorization,
@@ -158,7 +158,7 @@ public:
             proxy == static_cast<IWbemServices*>(this) && authentication == RPC_C_AUTHN_WINNT &&
             authorization == RPC_C_AUTHZ_NONE && principal == nullptr && level == RPC_C_AUTHN_LEVEL_CALL &&
             impersonation == RPC_C_IMP_LEVEL_IMPERSONATE && identity == nullptr && capabilities == EOAC_NONE;
-        return asDocumented ? platform::CoSetProxyBlanket(Machines(), {}) : E_INVALIDARG;
+        return asDocumented ? platform::CoSetProxyBlanket(Object(), {}) : E_INVALIDARG;
     }
 
     HRESULT STDMETHODCALLTYPE QueryBlanket(IUnknown*, DWORD*, DWORD*, OLECHAR**, DWORD*, DWORD*, void**,
@@ -175,9 +175,9 @@ public:
             return InvalidParameter;
         }
         platform::WbemEnumerator found{};
-        const HRESULT status = platform::ExecQuery(Machines(), comparison::Plain(language),
+        const HRESULT status = platform::ExecQuery(Object(), comparison::Plain(language),
                                                    comparison::Plain(query), flags, found);
-        return InFront<RowsFront>(status, found, rows);
+        return WrapResult<RowsWrapper>(status, found, rows);
     }
 
     HRESULT STDMETHODCALLTYPE GetObject(const BSTR path, LONG flags, IWbemContext* context,
@@ -186,8 +186,8 @@ public:
             return InvalidParameter;
         }
         platform::WbemObject definition{};
-        const HRESULT status = platform::GetObject(Machines(), comparison::Plain(path), definition);
-        return InFront<ObjectFront>(status, definition, object);
+        const HRESULT status = platform::GetObject(Object(), comparison::Plain(path), definition);
+        return WrapResult<ObjectWrapper>(status, definition, object);
     }
 
     HRESULT STDMETHODCALLTYPE ExecMethod(const BSTR path, const BSTR method, LONG flags,
@@ -197,17 +197,17 @@ public:
             return InvalidParameter;
         }
         const auto inputs =
-            in == nullptr ? platform::WbemObject{} : static_cast<ObjectFront*>(in)->Machines();
+            in == nullptr ? platform::WbemObject{} : static_cast<ObjectWrapper*>(in)->Object();
         platform::WbemObject outputs{};
-        const HRESULT status = platform::ExecMethod(Machines(), comparison::Plain(path),
+        const HRESULT status = platform::ExecMethod(Object(), comparison::Plain(path),
                                                     comparison::Plain(method), inputs, outputs);
-        return InFront<ObjectFront>(status, outputs, out);
+        return WrapResult<ObjectWrapper>(status, outputs, out);
     }
 };
 
-class LocatorFront final : public Front<IWbemLocator, platform::WbemLocator> {
+class LocatorWrapper final : public Wrapper<IWbemLocator, platform::WbemLocator> {
 public:
-    using Front::Front;
+    using Wrapper::Wrapper;
 
     HRESULT STDMETHODCALLTYPE ConnectServer(const BSTR resource, const BSTR user, const BSTR password,
                                             const BSTR locale, LONG flags, const BSTR authority,
@@ -217,15 +217,15 @@ public:
             return InvalidParameter;
         }
         platform::WbemServices connected{};
-        const HRESULT status = platform::ConnectServer(Machines(), comparison::Plain(resource), connected);
-        return InFront<ServicesFront>(status, connected, services);
+        const HRESULT status = platform::ConnectServer(Object(), comparison::Plain(resource), connected);
+        return WrapResult<ServicesWrapper>(status, connected, services);
     }
 };
 
 } // namespace
 
-IUnknown* NewWmiLocator(platform::Unknown behind) {
-    return new LocatorFront(platform::WbemLocator{static_cast<std::uintptr_t>(behind)});
+IUnknown* NewWmiLocator(platform::Unknown wrapped) {
+    return new LocatorWrapper(platform::WbemLocator{static_cast<std::uintptr_t>(wrapped)});
 }
 
 } // namespace comparison

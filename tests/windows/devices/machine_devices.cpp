@@ -12,7 +12,7 @@
 namespace devices {
 namespace {
 
-/// The driver's status for what the models tell as the error that a program sees in the end.
+/// The driver's status for the error that a program receives, which the models return.
 std::uint32_t StatusOf(platform::SystemError error) {
     switch (error) {
     case platform::error::Success:
@@ -42,16 +42,16 @@ MachineDevices::MachineDevices(machine::Machine& machine) {
         m_devices[L"ZRNACPI"] = &machine.acpi;
     }
     for (const auto& [name, device] : m_devices) {
-        m_stand.AddDevice(name);
+        m_driver.AddDevice(name);
     }
     for (unsigned place = 0; place < machine.batteries.size(); ++place) {
-        m_batteries.emplace_back(m_stand, place);
+        m_batteries.emplace_back(m_driver, place);
         m_devices[FakeBattery::DeviceOf(place)] = &machine.batteries[place];
     }
 }
 
 void MachineDevices::ServeWhile(HANDLE process) {
-    const std::array<HANDLE, 2> handles{process, m_stand.Waiting()};
+    const std::array<HANDLE, 2> handles{process, m_driver.Waiting()};
     while (::WaitForMultipleObjects(handles.size(), handles.data(), FALSE, INFINITE) == WAIT_OBJECT_0 + 1) {
         AnswerWaiting();
     }
@@ -59,15 +59,15 @@ void MachineDevices::ServeWhile(HANDLE process) {
 
 void MachineDevices::AnswerWaiting() {
     const auto machine = machine::Current();
-    while (const auto request = m_stand.Take()) {
+    while (const auto request = m_driver.Take()) {
         const machine::ControlAnswer answer =
             m_devices.at(request->device)
-                ->Control(request->code, std::as_bytes(std::span(request->in)), request->room);
-        test::Bytes output(std::min<std::size_t>(answer.bytes.size(), request->room));
+                ->Control(request->code, std::as_bytes(std::span(request->in)), request->capacity);
+        test::Bytes output(std::min<std::size_t>(answer.bytes.size(), request->capacity));
         std::transform(answer.bytes.begin(),
                        answer.bytes.begin() + static_cast<std::ptrdiff_t>(output.size()), output.begin(),
                        [](std::byte byte) { return std::to_integer<std::uint8_t>(byte); });
-        m_stand.Reply(*request, StatusOf(answer.error), output);
+        m_driver.Reply(*request, StatusOf(answer.error), output);
     }
 }
 

@@ -1,4 +1,4 @@
-// The devices of a simulated machine, behind the device names of a real Windows.
+// The devices of a simulated machine, under the device names of a real Windows.
 #pragma once
 
 #include "fake_battery.h"
@@ -18,13 +18,13 @@ class MachineDevices {
 public:
     explicit MachineDevices(machine::Machine& machine);
 
-    /// Answers until the process ends, or whatever else is waited for.
+    /// Answers until the process ends, or the event is set.
     void ServeWhile(HANDLE process);
 
 private:
     void AnswerWaiting();
 
-    test::FakeDevices m_stand;
+    test::FakeDevices m_driver;
     std::list<FakeBattery> m_batteries;
     std::map<std::wstring, machine::Device*> m_devices;
 };

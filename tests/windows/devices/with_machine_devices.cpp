@@ -18,7 +18,7 @@
 
 namespace {
 
-/// What stands behind the first `count` arguments of the command line, as it was typed.
+/// What follows the first `count` arguments of the command line, as it was typed.
 std::wstring RestOfCommandLine(int count) {
     const wchar_t* place = ::GetCommandLineW();
     for (; count > 0; --count) {

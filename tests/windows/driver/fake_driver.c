@@ -1,5 +1,5 @@
 /*
- * A kernel driver that stands in for others: it makes devices of any name, and answers as its owner replies.
+ * A fake kernel driver: it creates devices of any name, and answers as its owner replies.
  */
 #include "fake_driver.h"
 
@@ -28,9 +28,9 @@ static void Append(UNICODE_STRING* text, const WCHAR* more) {
     }
 }
 
-/* The name under which programs find the device. `room` holds the text. */
-static UNICODE_STRING LinkOf(const WCHAR* name, WCHAR (*room)[FAKE_DRIVER_NAME_CAPACITY + 8]) {
-    UNICODE_STRING link = {0, sizeof *room, *room};
+/* The name under which programs find the device. `buffer` holds the string. */
+static UNICODE_STRING LinkOf(const WCHAR* name, WCHAR (*buffer)[FAKE_DRIVER_NAME_CAPACITY + 8]) {
+    UNICODE_STRING link = {0, sizeof *buffer, *buffer};
     Append(&link, L"\\??\\");
     Append(&link, name);
     return link;
@@ -46,8 +46,8 @@ static NTSTATUS MakeDevice(const WCHAR* name, PDEVICE_OBJECT* made) {
     /* The object's own name only has to be new: a retired device may still have its old one. */
     WCHAR number[] = {(WCHAR)(L'0' + DevicesMade / 1000 % 10), (WCHAR)(L'0' + DevicesMade / 100 % 10),
                       (WCHAR)(L'0' + DevicesMade / 10 % 10), (WCHAR)(L'0' + DevicesMade % 10), 0};
-    WCHAR objectRoom[32];
-    UNICODE_STRING object = {0, sizeof objectRoom, objectRoom};
+    WCHAR objectBuffer[32];
+    UNICODE_STRING object = {0, sizeof objectBuffer, objectBuffer};
     Append(&object, L"\\Device\\VeskFakeDriver");
     Append(&object, number);
     ++DevicesMade;
@@ -58,10 +58,10 @@ static NTSTATUS MakeDevice(const WCHAR* name, PDEVICE_OBJECT* made) {
     }
     Device* data = DataOf(*made);
     RtlZeroMemory(data, sizeof *data);
-    UNICODE_STRING kept = {0, sizeof data->name, data->name};
-    Append(&kept, name);
-    WCHAR linkRoom[FAKE_DRIVER_NAME_CAPACITY + 8];
-    UNICODE_STRING link = LinkOf(name, &linkRoom);
+    UNICODE_STRING stored = {0, sizeof data->name, data->name};
+    Append(&stored, name);
+    WCHAR linkBuffer[FAKE_DRIVER_NAME_CAPACITY + 8];
+    UNICODE_STRING link = LinkOf(name, &linkBuffer);
     status = IoCreateSymbolicLink(&link, &object);
     if (!NT_SUCCESS(status)) {
         IoDeleteDevice(*made);
@@ -72,8 +72,8 @@ static NTSTATUS MakeDevice(const WCHAR* name, PDEVICE_OBJECT* made) {
 }
 
 static void RetireDevice(PDEVICE_OBJECT device) {
-    WCHAR linkRoom[FAKE_DRIVER_NAME_CAPACITY + 8];
-    UNICODE_STRING link = LinkOf(DataOf(device)->name, &linkRoom);
+    WCHAR linkBuffer[FAKE_DRIVER_NAME_CAPACITY + 8];
+    UNICODE_STRING link = LinkOf(DataOf(device)->name, &linkBuffer);
     IoDeleteSymbolicLink(&link);
     DataOf(device)->retired = TRUE;
 }
@@ -118,7 +118,7 @@ static Answer AnswerControl(const Request* request) {
     case FAKE_DRIVER_SERVE:
         return (Answer){StartServing(), 0};
     case FAKE_DRIVER_TAKE:
-        return TakeWaiting((FakeDriverWaiting*)request->buffer, request->outputRoom);
+        return TakeWaiting((FakeDriverWaiting*)request->buffer, request->outputCapacity);
     case FAKE_DRIVER_REPLY:
         return (Answer){Reply((const FakeDriverReply*)request->buffer, request->inputSize), 0};
     default:

@@ -14,7 +14,7 @@
 typedef struct Device {
     WCHAR name[FAKE_DRIVER_NAME_CAPACITY];
     uint32_t openings;
-    BOOLEAN retired; /* without a name by now; deleted when nobody has it open any more */
+    BOOLEAN retired; /* without a name by now; deleted when no handle to it is open */
 } Device;
 
 /* A control request in the driver's own terms. */
@@ -24,7 +24,7 @@ typedef struct Request {
     uint32_t code;
     uint8_t* buffer; /* holds the input and takes the output */
     uint32_t inputSize;
-    uint32_t outputRoom;
+    uint32_t outputCapacity;
 } Request;
 
 typedef struct Answer {
@@ -47,7 +47,7 @@ BOOLEAN IsServing(void);
 NTSTATUS AwaitReply(const Request* request);
 
 /* The oldest request that waits and was not taken yet. */
-Answer TakeWaiting(FakeDriverWaiting* waiting, uint32_t room);
+Answer TakeWaiting(FakeDriverWaiting* waiting, uint32_t capacity);
 
 NTSTATUS Reply(const FakeDriverReply* reply, uint32_t size);
 

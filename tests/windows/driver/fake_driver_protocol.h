@@ -1,7 +1,7 @@
 /*
  * What a program says to the fake driver, by DeviceIoControl on \\.\VeskFakeDriver.
  *
- * The driver makes devices and lets its owner answer their requests. It belongs to whoever opened its control
+ * The driver makes devices and lets its owner answer their requests. It belongs to the process that opened its control
  * device first: requests of others are refused, and with that one's closing, however its process ends, all devices
  * are gone.
  */
@@ -31,14 +31,14 @@ typedef struct FakeDriverDevice {
 #define FAKE_DRIVER_EVENT L"\\BaseNamedObjects\\VeskFakeDriver"
 
 /* A request that waits. It is taken once and has to be replied to; what still waits when the owner closes ends
- * with STATUS_DEVICE_NOT_CONNECTED. An output that does not fit the caller's room gives STATUS_BUFFER_TOO_SMALL and
+ * with STATUS_DEVICE_NOT_CONNECTED. An output that does not fit the caller's buffer gives STATUS_BUFFER_TOO_SMALL and
  * no byte. */
 typedef struct FakeDriverWaiting {
     uint32_t number;
     uint16_t device[FAKE_DRIVER_NAME_CAPACITY];
     uint32_t code;
-    uint32_t inputSize; /* as sent, also where less is kept */
-    uint32_t outputRoom;
+    uint32_t inputSize; /* as sent, also where less is copied */
+    uint32_t outputCapacity;
     uint8_t input[FAKE_DRIVER_DATA_CAPACITY];
 } FakeDriverWaiting;
 

@@ -41,12 +41,12 @@ NTSTATUS AwaitReply(const Request* request) {
     return STATUS_PENDING;
 }
 
-Answer TakeWaiting(FakeDriverWaiting* waiting, uint32_t room) {
+Answer TakeWaiting(FakeDriverWaiting* waiting, uint32_t capacity) {
     Served* served = OldestServed;
     while (served != NULL && served->taken) {
         served = served->newer;
     }
-    if (served == NULL || room < sizeof *waiting) {
+    if (served == NULL || capacity < sizeof *waiting) {
         return (Answer){STATUS_SUCCESS, 0};
     }
     const Request* request = &served->request;
@@ -55,10 +55,10 @@ Answer TakeWaiting(FakeDriverWaiting* waiting, uint32_t room) {
     RtlCopyMemory(waiting->device, request->device->name, sizeof waiting->device);
     waiting->code = request->code;
     waiting->inputSize = request->inputSize;
-    waiting->outputRoom = request->outputRoom;
-    const uint32_t kept =
+    waiting->outputCapacity = request->outputCapacity;
+    const uint32_t copied =
         request->inputSize < FAKE_DRIVER_DATA_CAPACITY ? request->inputSize : FAKE_DRIVER_DATA_CAPACITY;
-    RtlCopyMemory(waiting->input, request->buffer, kept);
+    RtlCopyMemory(waiting->input, request->buffer, copied);
     return (Answer){STATUS_SUCCESS, sizeof *waiting};
 }
 
@@ -84,7 +84,7 @@ NTSTATUS Reply(const FakeDriverReply* reply, uint32_t size) {
     }
     const Request* request = &(*place)->request;
     Answer answer = {(NTSTATUS)reply->status, reply->outputSize};
-    if (answer.returned > request->outputRoom) {
+    if (answer.returned > request->outputCapacity) {
         answer = (Answer){STATUS_BUFFER_TOO_SMALL, 0};
     }
     RtlCopyMemory(request->buffer, reply->output, answer.returned);

@@ -106,9 +106,9 @@ std::optional<WaitingRequest> FakeDevices::Take() {
     }
     const auto waiting = std::make_unique<FakeDriverWaiting>();
     std::ranges::copy(bytes, reinterpret_cast<std::uint8_t*>(waiting.get()));
-    const auto kept = std::min<std::size_t>(waiting->inputSize, std::size(waiting->input));
+    const auto copied = std::min<std::size_t>(waiting->inputSize, std::size(waiting->input));
     return WaitingRequest{waiting->number, reinterpret_cast<const wchar_t*>(waiting->device), waiting->code,
-                          Bytes(waiting->input, waiting->input + kept), waiting->outputRoom};
+                          Bytes(waiting->input, waiting->input + copied), waiting->outputCapacity};
 }
 
 void FakeDevices::Reply(const WaitingRequest& request, std::uint32_t status, const Bytes& output) {
@@ -123,11 +123,12 @@ void FakeDevices::Reply(const WaitingRequest& request, std::uint32_t status, con
     Control(FAKE_DRIVER_REPLY, reply.get(), sizeof *reply);
 }
 
-Bytes FakeDevices::Control(std::uint32_t code, const void* input, std::size_t size, std::size_t room) const {
-    Bytes output(room);
+Bytes FakeDevices::Control(std::uint32_t code, const void* input, std::size_t size,
+                           std::size_t capacity) const {
+    Bytes output(capacity);
     DWORD written = 0;
     if (!::DeviceIoControl(m_control, code, const_cast<void*>(input), static_cast<DWORD>(size), output.data(),
-                           static_cast<DWORD>(room), &written, nullptr)) {
+                           static_cast<DWORD>(capacity), &written, nullptr)) {
         Fail("control request " + std::to_string(code >> 2 & 0xFF));
     }
     output.resize(written);

@@ -19,7 +19,7 @@ struct WaitingRequest {
     std::wstring device;
     std::uint32_t code = 0;
     Bytes in;
-    std::uint32_t room = 0;
+    std::uint32_t capacity = 0;
 };
 
 /// Owns the fake driver: installed and started when made, all devices gone when destroyed. One at a time in the
@@ -34,7 +34,7 @@ public:
     /// Makes a device that CreateFileW finds as \\.\name.
     void AddDevice(std::wstring_view name);
 
-    /// Set whenever a request begins to wait; belongs to the stand.
+    /// Set whenever a request begins to wait; belongs to this object.
     [[nodiscard]] HANDLE Waiting() const { return m_waiting; }
 
     /// The oldest request that waits and was not taken yet.
@@ -43,7 +43,7 @@ public:
 
 private:
     bool OpenControl();
-    Bytes Control(std::uint32_t code, const void* input, std::size_t size, std::size_t room = 0) const;
+    Bytes Control(std::uint32_t code, const void* input, std::size_t size, std::size_t capacity = 0) const;
 
     HANDLE m_control = INVALID_HANDLE_VALUE;
     HANDLE m_waiting = nullptr;

@@ -85,7 +85,7 @@ HMODULE WINAPI RedirectedLoadLibraryW(const wchar_t* path) {
         ::SetLastError(ERROR_MOD_NOT_FOUND);
         return nullptr;
     }
-    // The test program stands for it: a module that is there and has none of the names that matter.
+    // The test program is used instead: a module that exists and has none of these names.
     return ::GetModuleHandleW(nullptr);
 }
 

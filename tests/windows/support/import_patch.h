@@ -9,7 +9,7 @@
 namespace test {
 
 /// Replaces functions in the import table of one module, and restores them when destroyed. The rest of the
-/// process keeps the real ones, so that a replacement may call the function it stands for.
+/// process keeps the real ones, so that a replacement may call the function it replaces.
 ///
 ///     test::ImportPatch patch(library.Module());
 ///     patch.Replace("CreateFileW", &RefuseTheFirstOpening);

@@ -27,7 +27,7 @@ Library::~Library() {
 }
 
 void* Library::Address(const char* name) const {
-    // By way of void*, since no cast between function types tells the compiler that this is meant.
+    // By way of void*, since a cast between function types is a warning.
     void* const address = reinterpret_cast<void*>(::GetProcAddress(m_module, name));
     if (address == nullptr) {
         throw std::runtime_error(std::string("VeskSondrel64.dll does not export ") + name);

@@ -12,13 +12,13 @@ namespace test {
 /// The test program's own directory, with a trailing backslash: everything that is built lies there.
 std::wstring ProgramDirectory();
 
-/// The DLL, loaded afresh: every process-wide variable of it has its value at load.
+/// The DLL, loaded again: every process-wide variable of it has its value at load.
 ///
 ///     test::Library library;
 ///     EXPECT_EQ(VESK_CALL(library, InitializeSondrel)(), 1);
 class Library {
 public:
-    /// The file is beside the test program, or in a folder there. Throws std::runtime_error when it does not load.
+    /// The file is in the directory of the test program, or in a folder there. Throws std::runtime_error when it does not load.
     explicit Library(const std::wstring& file = L"VeskSondrel64.dll");
     ~Library();
     Library(const Library&) = delete;

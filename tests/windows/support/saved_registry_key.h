@@ -23,7 +23,7 @@ struct RegistryValue {
 RegistryValue DwordValue(std::uint32_t number);
 RegistryValue TextValue(const std::wstring& text, DWORD type = REG_SZ);
 
-/// Takes one key away, with all that stands below it, and gives it back as it was when destroyed. In between it
+/// Sets one key aside, with everything below it, and restores it when destroyed. In between it
 /// belongs to the test, which finds it missing at first. What fails throws std::runtime_error.
 class SavedRegistryKey {
 public:

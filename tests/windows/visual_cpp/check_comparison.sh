@@ -1,6 +1,6 @@
 #!/bin/sh
-# The comparison of tests/windows/comparison with the DLL for Visual C++, on a machine whose strings need a block of their
-# own: the tool reads this DLL's strings, and all other exports are the same. Runs within run_under_wine.sh.
+# The comparison of tests/windows/comparison with the DLL for Visual C++, on a machine whose strings are too long for the
+# object: the tool reads this DLL's strings, and all other exports are the same. Runs within run_under_wine.sh.
 #
 #   check_comparison.sh build/windows-vc build/windows build/native [PROFILE...]
 set -eu

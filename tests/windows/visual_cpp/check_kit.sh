@@ -1,5 +1,5 @@
 #!/bin/sh
-# Packs the kit for Visual C++, unpacks it elsewhere and uses it as somebody else would: its tool, its header, its CMake
+# Packs the kit for Visual C++, unpacks it elsewhere and uses it as its users do: its tool, its header, its CMake
 # package with a host of the MSVC ABI. Runs within run_under_wine.sh.
 #
 #   check_kit.sh build/windows-vc build/windows TOOLCHAIN_FILE CLANG LLD_LINK
@@ -32,7 +32,7 @@ quietly() {
     "$@" >"$log" 2>&1 || fail "failed: $*"
 }
 
-# PROJECT PACKAGE OPTION...: configures a project of somebody else's with a kit.
+# PROJECT PACKAGE OPTION...: configures a project with a kit.
 configure() {
     sources=$1
     directory=$2

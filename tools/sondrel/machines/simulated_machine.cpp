@@ -30,7 +30,7 @@ Function* SimulatedMachine::Routine(const char* name) const {
     return reinterpret_cast<Function*>(address);
 }
 
-std::optional<SimulatedMachine> SimulatedMachine::Beside(const std::filesystem::path& libraryFile) {
+std::optional<SimulatedMachine> SimulatedMachine::NextTo(const std::filesystem::path& libraryFile) {
     const std::string_view name = host_system::MachineFileName();
     const std::filesystem::path file = libraryFile.parent_path() / name;
     std::error_code problem;

@@ -13,7 +13,7 @@ namespace tool {
 class SimulatedMachine {
 public:
     /// The machine that this library reads, or nothing if the library reads the real one.
-    static std::optional<SimulatedMachine> Beside(const std::filesystem::path& libraryFile);
+    static std::optional<SimulatedMachine> NextTo(const std::filesystem::path& libraryFile);
 
     /// Starts a built-in machine or a profile's file. Without a store the machine uses its default one. Throws
     /// Error with the machine's error line.
@@ -31,7 +31,7 @@ public:
     /// Its time advances with real time.
     void TieToRealTime() const;
 
-    /// Advances its time at once.
+    /// Advances its time immediately.
     void PassTime(std::chrono::microseconds time) const;
 
     /// Its present time.

@@ -21,7 +21,7 @@ void RefuseMachineOptions(const HostOptions& options) {
 } // namespace
 
 Host::Host(const HostOptions& options)
-    : library(options.library), machine(SimulatedMachine::Beside(library.File())) {
+    : library(options.library), machine(SimulatedMachine::NextTo(library.File())) {
     if (!machine) {
         RefuseMachineOptions(options);
         machineName = "this computer";

@@ -11,7 +11,7 @@ A reading is an attribute of its group; `help(vesk_sondrel.ThermalReadings)` lis
 all of them. The library itself is not part of this package: Session("C:/host/VeskSondrel64.dll") names its file.
 
 Calls may come from any thread: those that must not overlap wait for each other. A call that waits for a service of the
-system cannot be cut short; a host that must not hang makes it on a thread of its own.
+system cannot be cut short; a host that must not hang makes it on a separate thread.
 """
 
 from . import _readings

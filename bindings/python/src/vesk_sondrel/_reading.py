@@ -56,7 +56,7 @@ class Match(enum.Enum):
 
 @dataclass(frozen=True)
 class Answer:
-    """An answer that means something of its own."""
+    """An answer that has a special meaning."""
 
     match: Match
     value: Union[int, str]

@@ -332,7 +332,7 @@ class IdentityReadings(Group[M]):
     The letters that the export packs into a number.
     Failed or no session: an EC command failed, or no session is open.
     Needs a session while the value is not cached in the registry.
-    The first value that was read is cached in the registry for good.
+    The first value that was read is cached in the registry permanently.
     Export: EC_ReadEcFwRev.
     """
 
@@ -344,7 +344,7 @@ class IdentityReadings(Group[M]):
     Range: 0 to 255.
     Failed or no session: an EC command failed, or no session is open.
     Needs a session while the value is not cached in the registry.
-    The first value that was read is cached in the registry for good.
+    The first value that was read is cached in the registry permanently.
     Export: EC_ReadEcChipId.
     """
 
@@ -356,7 +356,7 @@ class IdentityReadings(Group[M]):
     The letters that the export packs into a number.
     Failed or no session: an EC command failed, or no session is open.
     Needs a session while the value is not cached in the registry.
-    The first value that was read is cached in the registry for good.
+    The first value that was read is cached in the registry permanently.
     Export: EC_ReadEcChipName.
     """
 
@@ -422,7 +422,7 @@ class BatteryReadings(Group[M]):
     """Remaining charge, rounded to a multiple of ten.
 
     Unit: percent (%), 0 to 4294967290.
-    0 can stand for: empty, or no battery.
+    0 can mean: empty, or no battery.
     Export: Battery_Read_CapacityPercentage.
     """
 
@@ -439,7 +439,7 @@ class BatteryEcReadings(Group[M]):
 
     Unit: cycles.
     Failed or no session: an EC command failed, or no session is open.
-    0 can stand for: no cycles, or this machine does not count them.
+    0 can mean: no cycles, or this machine does not count them.
     Needs a session on machines with some firmware revision codes.
     Export: Battery_Read_CycleCount.
     """
@@ -451,7 +451,7 @@ class BatteryEcReadings(Group[M]):
 
     Range: 0 to 255.
     Failed or no session: an EC command failed, or no session is open.
-    0 can stand for: the byte is 0, or no such reading on this machine.
+    0 can mean: the byte is 0, or no such reading on this machine.
     Needs a session.
     Export: Battery_Get_LidStatus.
     """
@@ -499,7 +499,7 @@ class BatteryEcReadings(Group[M]):
 
     Unit: the firmware's or the driver's own unit, which is not documented, -32768 to 32767.
     Failed or no session: an EC command failed, or no session is open; can also be an ordinary value.
-    0 can stand for: no current, or no such reading on this machine.
+    0 can mean: no current, or no such reading on this machine.
     Needs a session.
     Export: Battery_Read_Current.
     """
@@ -685,7 +685,7 @@ class ThermalReadings(Group[M]):
 
     Unit: revolutions per minute (rpm), 0 to 2156250.
     Failed or no session (one element): an EC command failed, or no session is open.
-    0 (one element) can stand for: the fan does not turn, or this machine does not have it.
+    0 (one element) can mean: the fan does not turn, or this machine does not have it.
     Needs a session.
     Waits 0 to 30 ms.
     Threads: no other call may use meanwhile: the EC.
@@ -704,7 +704,7 @@ class ProcessorReadings(Group[M]):
     """Busy fraction of all processors together, measured for one second.
 
     A fraction: 1 is the whole.
-    0 can stand for: idle, or a sample failed.
+    0 can mean: idle, or a sample failed.
     Waits 1000 ms.
     Export: CPU_ReadCPUUsage.
     """
@@ -831,7 +831,7 @@ class FirmwareVariablesReadings(Group[M]):
 
         Raises without success, through or_none too.
         content: the new bytes.
-        0 can stand for: written, or the variable could not be read and was left as it is.
+        0 can mean: written, or the variable could not be read and was left as it is.
         Failed: the system's error code of the failed write.
         Threads: no other call may use meanwhile: the UEFI variables.
         Export: GPNV_Set_RandomUUID.
@@ -843,7 +843,7 @@ class FirmwareVariablesReadings(Group[M]):
 
         Raises without success, through or_none too.
         content: the new bytes.
-        0 can stand for: written, or the variable could not be read and was left as it is.
+        0 can mean: written, or the variable could not be read and was left as it is.
         Failed: the system's error code of the failed write.
         Threads: no other call may use meanwhile: the UEFI variables.
         Export: GPNV_Set_ActivatedTime.
@@ -855,7 +855,7 @@ class FirmwareVariablesReadings(Group[M]):
 
         Raises without success, through or_none too.
         content: the new bytes.
-        0 can stand for: written, or the variable could not be read and was left as it is.
+        0 can mean: written, or the variable could not be read and was left as it is.
         Failed: the system's error code of the failed write.
         Threads: no other call may use meanwhile: the UEFI variables.
         Export: GPNV_Set_ManufacturedTime.
@@ -873,7 +873,7 @@ class FeaturesReadings(Group[M]):
     )
     """Whether the firmware has Battery Health.
 
-    0 can stand for: not supported, or the firmware did not answer.
+    0 can mean: not supported, or the firmware did not answer.
     Waits for a service of the system without a limit; the call cannot be cancelled.
     Export: WMICheckBatteryHealthSupport.
     """
@@ -894,7 +894,7 @@ class FeaturesReadings(Group[M]):
     """Battery Health as last set.
 
     Unit: percent (%).
-    100 can stand for: also the default where nothing is stored.
+    100 can mean: also the default where nothing is stored.
     Waits for a service of the system without a limit; the call cannot be cancelled.
     Export: WMIGetBatteryHealth.
     """
@@ -905,7 +905,7 @@ class FeaturesReadings(Group[M]):
     """Quiet Fan as last set: 1, 2 or 3.
 
     Range: 0 to 3.
-    0 can stand for: off, or nothing is stored.
+    0 can mean: off, or nothing is stored.
     Waits for a service of the system without a limit; the call cannot be cancelled.
     Export: WMIGetQuietFan.
     """
@@ -1039,7 +1039,7 @@ class InventoryReadings(Group[M]):
     """Number of external displays.
 
     Failed: the WMI query failed.
-    0 can stand for: none, or WMI gave no row.
+    0 can mean: none, or WMI gave no row.
     Waits for a service of the system without a limit; the call cannot be cancelled.
     Export: WMIGetExternMonitorNum.
     """
@@ -1274,7 +1274,7 @@ class AdaptersReadings(Group[M]):
 
     Unit: bytes per second (bytes/s).
     Failed or absent: the WMI query failed or found nothing.
-    "0;0" can stand for: no traffic, or no counter of this adapter.
+    "0;0" can mean: no traffic, or no counter of this adapter.
     Waits for a service of the system without a limit; the call cannot be cancelled.
     Export: WMIGetWiFiBytesPersec.
     """
@@ -1424,7 +1424,7 @@ class SystemReadings(Group[M]):
     )
     """Whether Windows runs in S mode.
 
-    0 can stand for: not in S mode, or the system did not answer.
+    0 can mean: not in S mode, or the system did not answer.
     Export: System_Check_S_Mode.
     """
 
@@ -1480,7 +1480,7 @@ class ApplicationsReadings(Group[M]):
     """Installed 64-bit applications with versions.
 
     JSON in which nothing is escaped, so that a name can make it ill-formed.
-    "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
+    "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
     Export: GetApplist_x64.
     """
 
@@ -1490,7 +1490,7 @@ class ApplicationsReadings(Group[M]):
     """Installed 32-bit applications with versions.
 
     JSON in which nothing is escaped, so that a name can make it ill-formed.
-    "[{"machine":[]},{"user":[]}]" can stand for: no such applications, or the registry keys cannot be read.
+    "[{"machine":[]},{"user":[]}]" can mean: no such applications, or the registry keys cannot be read.
     Export: GetApplist_x86.
     """
 
@@ -1500,7 +1500,7 @@ class ApplicationsReadings(Group[M]):
     """Installed packages with their display names.
 
     JSON in which nothing is escaped, so that a name can make it ill-formed.
-    "[]" can stand for: no packages, or the package store cannot be read.
+    "[]" can mean: no packages, or the package store cannot be read.
     Export: GetApplist_UWP.
     """
 
@@ -1567,7 +1567,7 @@ class UsageReadings(Group[M]):
     """Up to five uppermost windows; measures for one second each.
 
     JSON in which nothing is escaped, so that a name can make it ill-formed.
-    "[]" can stand for: no window counts, or the windows cannot be listed.
+    "[]" can mean: no window counts, or the windows cannot be listed.
     Waits 0 to 5000 ms.
     Export: AppList_OpenWindows.
     """

@@ -75,7 +75,7 @@ class Result(Generic[T]):
     state: State = State.OK
     """The most likely state."""
     states: Tuple[State, ...] = (State.OK,)
-    """All that the library's answer can stand for: 0 is often both a value and "absent"."""
+    """All that the library's answer can mean: 0 is often both a value and "absent"."""
     meaning: str = ""
     """In words; of a value, what it can mean besides itself."""
     code: int = 0

@@ -70,8 +70,8 @@ class Machine:
         """Passes debug (1) and event lines (2) to the listener; None ends it."""
         passed_on: Any = None
         if listener is not None:
-            told = listener
-            passed_on = _LISTENER(lambda _, kind, line: told(kind, line.decode("utf-8", "replace")))
+            receive = listener
+            passed_on = _LISTENER(lambda _, kind, line: receive(kind, line.decode("utf-8", "replace")))
         self._functions.VeskMachine_Listen(passed_on, None)
         self._listener = passed_on  # the machine keeps its address
 
@@ -80,7 +80,7 @@ class Machine:
         self._functions.VeskMachine_TieToRealTime(int(tied))
 
     def pass_time(self, seconds: float) -> None:
-        """Lets the machine's own time advance at once."""
+        """Lets the machine's own time advance immediately."""
         if seconds < 0:
             raise ValueError("time does not run backwards")
         self._functions.VeskMachine_PassTime(round(seconds * 1_000_000))
@@ -105,7 +105,7 @@ class Machine:
 
 
 def _load(library: Optional[Path]) -> Any:
-    """Beside the library, of which it is a part."""
+    """Next to the library, of which it is a part."""
     directory = os.path.dirname(os.fspath(library)) if library is not None else ""
     name = os.path.join(os.path.abspath(directory), MACHINE_LIBRARY) if directory else MACHINE_LIBRARY
     if DEFAULT_LIBRARY.endswith(".dll"):

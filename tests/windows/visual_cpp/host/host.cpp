@@ -146,7 +146,7 @@ void CheckConvention(StringExport* call) {
     static_cast<std::string*>(static_cast<void*>(place))->~string();
 }
 
-/// A library loaded under a name of its own, so that it has a process-wide record of its own.
+/// A copy of the library under another file name, so that it has separate process-wide state.
 class LoadedCopy {
 public:
     explicit LoadedCopy(const wchar_t* name) {

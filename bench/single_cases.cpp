@@ -48,11 +48,11 @@ std::function<void()> EcCommand(std::uint8_t command, std::array<std::uint8_t, C
     };
 }
 
-Road On(const char* machine, std::string name, std::function<void()> go) {
+Case On(const char* machine, std::string name, std::function<void()> go) {
     return {std::move(name), [machine](std::size_t) { return machine::LoadProfile(machine); }, std::move(go)};
 }
 
-Road OnDefault(std::string name, std::function<void()> go) {
+Case OnDefault(std::string name, std::function<void()> go) {
     return On("default", std::move(name), std::move(go));
 }
 
@@ -67,7 +67,7 @@ std::function<void()> Text(void (*read)(Character*, Arguments...), Arguments... 
 
 } // namespace
 
-std::vector<Road> SingleRoads() {
+std::vector<Case> SingleCases() {
     constexpr std::uint8_t InitCom = 1;
     return {
         OnDefault("EC command, one byte read", EcCommand<1>(0xBB, {0x10}, 1)),

@@ -88,7 +88,7 @@ void AddAccessPoint(Profile& profile, std::size_t item) {
                    static_cast<std::uint8_t>(item >> 8),
                    static_cast<std::uint8_t>(item)};
     accessPoints.insert(accessPoints.end() - 1,
-                        std::move(other)); // behind all others: the one that is joined
+                        std::move(other)); // after all others: the one that is joined
 }
 
 void AddPeer(Profile& profile, std::size_t item) {
@@ -114,7 +114,7 @@ std::function<void()> Snapshot(void (*read)(Record&)) {
     };
 }
 
-/// A document into a host's buffer that has room for any of them.
+/// A document into a host's buffer that is large enough for any of them.
 std::function<void()> Document(void (*read)(VeskChar16*)) {
     return [read] {
         static std::vector<VeskChar16> Out(1 << 25);
@@ -124,7 +124,7 @@ std::function<void()> Document(void (*read)(VeskChar16*)) {
 
 } // namespace
 
-std::vector<Road> GrowingRoads() {
+std::vector<Case> ListCases() {
     const auto applications = With(AddApplication);
     const auto processes = With(AddProcessRow);
     return {
