@@ -28,7 +28,7 @@ Field SnapshotField(std::mutex& guard, Record& record, void (*read)(Record&), Fi
                     const char* exportName) {
     const std::lock_guard lock(guard);
     if (record.valid == 0) {
-        TraceMade([=] { return std::string("[RF] ") + exportName + " FLAG FALSE"; });
+        TraceLine([=] { return std::string("[RF] ") + exportName + " FLAG FALSE"; });
         Record next = record; // when memory runs out during the read, the record is unchanged
         read(next);
         record = std::move(next);
