@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 
 recorded=73
 
-cxx=x86_64-w64-mingw32-g++-posix
+cxx=x86_64-w64-mingw32-g++-win32
 library=$($cxx -print-file-name=include)/c++
 windows=$(dirname "$($cxx -print-file-name=libkernel32.a)")/../include
 

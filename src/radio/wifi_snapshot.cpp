@@ -18,7 +18,7 @@ WiFiRecord WiFiSnapshot;
 
 namespace {
 
-std::mutex WiFiGuard;
+platform::Lock WiFiGuard;
 
 constexpr std::u16string_view WiFiNameFailed = u"error_string";
 

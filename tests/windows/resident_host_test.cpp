@@ -1,37 +1,40 @@
-// What a host sees that stays when the DLL goes: callbacks after FreeLibrary.
+// What a host sees of a DLL that comes and goes: callbacks after FreeLibrary, its own exceptions, its memory.
 #include "import_patch.h"
 #include "library.h"
+#include "thread.h"
 
 #include <gtest/gtest.h>
 
 #include <evntprov.h>
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 namespace {
 
 /// A session of ETW: its functions are plain ones, so that it cannot be a member.
-struct TraceSession {
+struct HeldSession {
     PENABLECALLBACK callback = nullptr;
     void* context = nullptr;
     int registrations = 0;
     int events = 0;
 };
 
-TraceSession Session;
+HeldSession Held;
 int PinAttempts = 0;
 
-ULONG WINAPI Register(const GUID*, PENABLECALLBACK callback, void* context, REGHANDLE* registration) {
-    Session.callback = callback;
-    Session.context = context;
-    ++Session.registrations;
+ULONG WINAPI KeepCallback(const GUID*, PENABLECALLBACK callback, void* context, REGHANDLE* registration) {
+    Held.callback = callback;
+    Held.context = context;
+    ++Held.registrations;
     *registration = 1;
     return ERROR_SUCCESS;
 }
 
-ULONG WINAPI WriteTransfer(REGHANDLE, const EVENT_DESCRIPTOR*, const GUID*, const GUID*, ULONG,
-                           EVENT_DATA_DESCRIPTOR*) {
-    ++Session.events;
+ULONG WINAPI CountEvent(REGHANDLE, const EVENT_DESCRIPTOR*, const GUID*, const GUID*, ULONG,
+                        EVENT_DATA_DESCRIPTOR*) {
+    ++Held.events;
     return ERROR_SUCCESS;
 }
 
@@ -46,7 +49,7 @@ BOOL WINAPI RefuseToPin(DWORD, const wchar_t*, HMODULE* module) {
 class ResidentHostTest : public ::testing::Test {
 protected:
     ResidentHostTest() {
-        Session = {};
+        Held = {};
         PinAttempts = 0;
     }
 
@@ -65,31 +68,54 @@ TEST_F(ResidentHostTest, ATraceSessionMayStartAfterFreeLibrary) {
     {
         const test::Library library(path, test::Library::Pinning());
         test::ImportPatch patch(library.Module());
-        patch.Replace("EventRegister", &Register);
+        patch.Replace("EventRegister", &KeepCallback);
         VESK_CALL(library, System_Check_S_Mode)();
-        ASSERT_EQ(Session.registrations, 1);
+        ASSERT_EQ(Held.registrations, 1);
     }
+    constexpr ULONG EnableProvider = 1; // EVENT_CONTROL_CODE_ENABLE_PROVIDER
     constexpr UCHAR Verbose = 5;
-    Session.callback(nullptr, EVENT_CONTROL_CODE_ENABLE_PROVIDER, Verbose, 0, 0, nullptr, Session.context);
+    Held.callback(nullptr, EnableProvider, Verbose, 0, 0, nullptr, Held.context);
     // Loaded again it is the same module, which still writes.
     const test::Library library(path, test::Library::Pinning());
     test::ImportPatch patch(library.Module());
-    patch.Replace("EventWriteTransfer", &WriteTransfer);
+    patch.Replace("EventWriteTransfer", &CountEvent);
     VESK_CALL(library, System_Check_S_Mode)();
-    EXPECT_GT(Session.events, 0);
+    EXPECT_GT(Held.events, 0);
 }
 
 TEST_F(ResidentHostTest, WithoutAPinTheProviderIsNotRegistered) {
     const test::Library library(Copy(L"unpinned_host"), test::Library::Pinning());
     test::ImportPatch patch(library.Module());
-    patch.Replace("EventRegister", &Register);
-    patch.Replace("EventWriteTransfer", &WriteTransfer);
+    patch.Replace("EventRegister", &KeepCallback);
+    patch.Replace("EventWriteTransfer", &CountEvent);
     patch.Replace("GetModuleHandleExW", &RefuseToPin);
     const auto answer = VESK_CALL(library, System_Check_S_Mode)();
     EXPECT_EQ(VESK_CALL(library, System_Check_S_Mode)(), answer);
     EXPECT_EQ(PinAttempts, 1);
-    EXPECT_EQ(Session.registrations, 0);
-    EXPECT_EQ(Session.events, 0);
+    EXPECT_EQ(Held.registrations, 0);
+    EXPECT_EQ(Held.events, 0);
+}
+
+/// Exceptions of the host that nothing handled.
+std::vector<DWORD> Unhandled;
+
+LONG WINAPI NoteUnhandled(EXCEPTION_POINTERS* exception) {
+    Unhandled.push_back(exception->ExceptionRecord->ExceptionCode);
+    return EXCEPTION_CONTINUE_EXECUTION;
+}
+
+TEST_F(ResidentHostTest, TheHostsExceptionsAreItsOwn) {
+    constexpr DWORD NamesAThread = 0x406D1388;
+    const test::Library library;
+    Unhandled.clear();
+    const auto before = ::SetUnhandledExceptionFilter(&NoteUnhandled);
+    test::Thread([] {
+        const ULONG_PTR arguments[] = {0x1000, reinterpret_cast<ULONG_PTR>("name"),
+                                       static_cast<ULONG_PTR>(-1), 0};
+        ::RaiseException(NamesAThread, 0, 4, arguments);
+    });
+    ::SetUnhandledExceptionFilter(before);
+    EXPECT_EQ(Unhandled, std::vector<DWORD>{NamesAThread});
 }
 
 } // namespace
