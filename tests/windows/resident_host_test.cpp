@@ -118,4 +118,51 @@ TEST_F(ResidentHostTest, TheHostsExceptionsAreItsOwn) {
     EXPECT_EQ(Unhandled, std::vector<DWORD>{NamesAThread});
 }
 
+struct HeapContent {
+    std::size_t blocks = 0;
+    std::size_t bytes = 0;
+};
+
+/// What is allocated in all heaps of the process.
+HeapContent Allocated() {
+    HANDLE heaps[64];
+    const DWORD count = ::GetProcessHeaps(64, heaps);
+    HeapContent content;
+    for (DWORD index = 0; index < count; ++index) {
+        PROCESS_HEAP_ENTRY entry{};
+        while (::HeapWalk(heaps[index], &entry) != FALSE) {
+            if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) {
+                ++content.blocks;
+                content.bytes += entry.cbData;
+            }
+        }
+    }
+    return content;
+}
+
+TEST_F(ResidentHostTest, LoadingAndUnloadingLeavesNothingBehind) {
+    constexpr int Loads = 10'000;
+    const std::wstring path = test::ProgramDirectory() + L"VeskSondrel64.dll";
+    const auto loadAndUnload = [&](int times) {
+        for (int time = 0; time < times; ++time) {
+            const HMODULE module = ::LoadLibraryW(path.c_str());
+            ASSERT_NE(module, nullptr) << "load " << time;
+            ASSERT_TRUE(::FreeLibrary(module));
+        }
+    };
+    loadAndUnload(10); // what the loader itself does once
+    DWORD handlesBefore = 0;
+    DWORD handlesAfter = 0;
+    ASSERT_TRUE(::GetProcessHandleCount(::GetCurrentProcess(), &handlesBefore));
+    const HeapContent before = Allocated();
+    loadAndUnload(Loads);
+    const HeapContent after = Allocated();
+    ASSERT_TRUE(::GetProcessHandleCount(::GetCurrentProcess(), &handlesAfter));
+    ASSERT_GT(before.blocks, 0u);
+    // Far less than one byte or block a load.
+    EXPECT_LT(after.bytes, before.bytes + Loads / 10) << before.bytes << " bytes before";
+    EXPECT_LT(after.blocks, before.blocks + Loads / 100) << before.blocks << " blocks before";
+    EXPECT_LT(handlesAfter, handlesBefore + Loads / 100);
+}
+
 } // namespace
