@@ -18,7 +18,10 @@ HMODULE LoadSystemLibrary(const wchar_t* name) {
     }
     path[length] = L'\\';
     *std::ranges::copy(file, path + length + 1).out = L'\0';
-    return ::LoadLibraryW(path);
+    // The path alone says where the library is; the flag, where the libraries are that it imports. The first Windows 7
+    // does not know the flag.
+    const HMODULE library = ::LoadLibraryExW(path, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    return library == nullptr && ::GetLastError() == ERROR_INVALID_PARAMETER ? ::LoadLibraryW(path) : library;
 }
 
 } // namespace VESK_BACK_END
