@@ -5,6 +5,7 @@
 #   bin/observed/                          on Windows: the observed VeskSondrel64.dll
 #   lib/                                   the import library and VeskSondrel64.def, or the shared libraries
 #   lib/cmake/VeskSondrel64, lib/pkgconfig how CMake and (not for Visual C++) pkg-config find it
+#   symbols/                               for Windows: the DLL's, for a debugger of GNU
 #   include/                               the header, which is the manual, and the observer's; natively also the
 #                                          simulated machine's
 #   share/vesk-sondrel/                    machine profiles and examples; on Windows PowerShell's completion
@@ -64,6 +65,9 @@ install(FILES ${kit_header} include/vesk_sondrel_observer.h DESTINATION include)
 
 if(WIN32)
   install(TARGETS VeskSondrel64Observed RUNTIME DESTINATION bin/observed)
+  if(MINGW)
+    install(FILES $<TARGET_FILE:VeskSondrel64>.debug DESTINATION symbols)
+  endif()
   install(FILES ${VESK_EXPORTS} DESTINATION lib)
   install(FILES exports/generated/completion/sondrel.ps1 DESTINATION ${kit_data})
 else()
