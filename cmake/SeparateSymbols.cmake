@@ -1,5 +1,5 @@
-# A DLL has no symbols: they are in a file beside it, which debuggers of GNU find by its name and check sum. A record in
-# the DLL (RSDS) with a hash of its content tells the crash dumps of two builds apart. Visual C++'s linker does both.
+# A DLL has no symbols: they are in a file next to it, which debuggers of GNU find by its name and check sum. A record in
+# the DLL (RSDS) with a hash of its content distinguishes the crash dumps of two builds. Visual C++'s linker does both.
 function(separate_symbols target)
   if(NOT MINGW)
     return()

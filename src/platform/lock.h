@@ -9,7 +9,7 @@
 namespace platform {
 
 /// A lock of one owner at a time, for std::lock_guard. A thread that has it must not take it again. Taking it neither
-/// fails nor allocates, and nothing of it has to be given back.
+/// fails nor allocates, and a lock holds nothing that has to be released.
 class Lock {
 public:
     Lock() noexcept;

@@ -9,7 +9,7 @@
 namespace VESK_BACK_END {
 namespace {
 
-/// Looked up, since what the DLL imports could also be found beside the host.
+/// Looked up, since what the DLL imports could also be found in the host's directory.
 template <class Routine>
 Routine ConfigRoutine(const char* name) {
     return SystemRoutine<Routine>(L"cfgmgr32.dll", name);

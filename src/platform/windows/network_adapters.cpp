@@ -26,7 +26,7 @@ const IP_ADAPTER_INFO* RecordAt(const void* address, const std::vector<std::byte
 
 SystemError GetAdaptersInfo(std::uint32_t& size, std::vector<NetworkAdapter>& adapters) {
     adapters.clear();
-    // Looked up, since what the DLL imports could also be found beside the host; kernel32.dll could not.
+    // Looked up, since what the DLL imports could also be found in the host's directory.
     const auto getInfo = SystemRoutine<decltype(&::GetAdaptersInfo)>(L"iphlpapi.dll", "GetAdaptersInfo");
     if (getInfo == nullptr) {
         return error::ProcedureNotFound;
