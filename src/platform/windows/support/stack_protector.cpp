@@ -18,7 +18,7 @@ namespace {
 
 /// Data from outside cannot contain the value: it is made of the processor's clock and of random addresses. No protected
 /// function is running when it is set.
-[[gnu::constructor(101), gnu::no_stack_protector]] void ChooseGuard() {
+__attribute__((constructor(101), no_stack_protector)) void ChooseGuard() {
     constexpr std::uint64_t Odd = 0x9E3779B97F4A7C15;
     std::uint64_t value = __builtin_ia32_rdtsc();
     value = (value ^ reinterpret_cast<std::uintptr_t>(&__stack_chk_guard)) * Odd;
