@@ -2,9 +2,11 @@
 # Nothing in it names the place it was built in or installed to, so that it can be unpacked anywhere.
 #
 #   bin/                                   the tool; on Windows also VeskSondrel64.dll
+#   bin/VeskSondrelMessages.dll            on Windows: the texts of the library's events, for the event viewer
 #   bin/observed/                          on Windows: the observed VeskSondrel64.dll
 #   lib/                                   the import library and VeskSondrel64.def, or the shared libraries
 #   lib/cmake/VeskSondrel64, lib/pkgconfig how CMake and (not for Visual C++) pkg-config find it
+#   symbols/                               for Windows: the DLL's, for a debugger of GNU
 #   include/                               the header, which is the manual, and the observer's; natively also the
 #                                          simulated machine's
 #   share/vesk-sondrel/                    machine profiles and examples; on Windows PowerShell's completion
@@ -64,6 +66,10 @@ install(FILES ${kit_header} include/vesk_sondrel_observer.h DESTINATION include)
 
 if(WIN32)
   install(TARGETS VeskSondrel64Observed RUNTIME DESTINATION bin/observed)
+  if(MINGW)
+    install(FILES $<TARGET_FILE:VeskSondrel64>.debug DESTINATION symbols)
+    install(FILES $<TARGET_FILE:VeskSondrelMessages> DESTINATION bin)
+  endif()
   install(FILES ${VESK_EXPORTS} DESTINATION lib)
   install(FILES exports/generated/completion/sondrel.ps1 DESTINATION ${kit_data})
 else()
@@ -128,7 +134,7 @@ include(CPack)
 
 add_custom_target(kit
   COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake -B ${CMAKE_BINARY_DIR}
-  DEPENDS VeskSondrel64 $<TARGET_NAME_IF_EXISTS:VeskSondrel64Observed>
+  DEPENDS VeskSondrel64 $<TARGET_NAME_IF_EXISTS:VeskSondrel64Observed> $<TARGET_NAME_IF_EXISTS:VeskSondrelMessages>
     $<IF:$<BOOL:${VESK_FOR_VISUAL_CPP}>,import_library,sondrel>
     python_wheel bill_of_materials $<$<BOOL:${WIN32}>:nuget_package>
   USES_TERMINAL VERBATIM)

@@ -21,6 +21,9 @@ else()
       target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized)
     endif()
   endif()
+  if(NOT WIN32)
+    add_link_options(-Wl,-z,relro -Wl,-z,now) # what the loader has filled in cannot be written afterwards
+  endif()
   # The same tree gives the same files in every directory.
   target_compile_options(project_options INTERFACE
     "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=." "-ffile-prefix-map=${CMAKE_BINARY_DIR}=build")
@@ -74,3 +77,13 @@ if(VESK_FUZZ)
   # Library and machine report the executed branches to the fuzzer. The build should be fast.
   add_compile_options(-O1 -gline-tables-only -fsanitize=fuzzer-no-link)
 endif()
+
+# What hosts load: a function whose frame was overwritten ends the process and does not return.
+function(harden)
+  if(NOT MSVC) # which does so by itself
+    foreach(target IN LISTS ARGV)
+      target_compile_options(${target} PRIVATE -fstack-protector-strong)
+      target_link_options(${target} INTERFACE -fstack-protector-strong)
+    endforeach()
+  endif()
+endfunction()

@@ -20,8 +20,8 @@ std::unique_ptr<Machine>& Slot() {
     return Slot;
 }
 
-std::recursive_mutex& SlotLock() {
-    static std::recursive_mutex Lock;
+platform::RecursiveLock& SlotLock() {
+    static platform::RecursiveLock Lock;
     return Lock;
 }
 

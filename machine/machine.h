@@ -18,6 +18,7 @@
 #include "machine/models/window_stack.h"
 #include "machine/models/wmi/wmi_repository.h"
 #include "machine/profile/profile.h"
+#include "platform/lock.h"
 
 #include <functional>
 #include <map>
@@ -72,7 +73,7 @@ public:
     Machine& operator*() const { return m_machine; }
 
 private:
-    std::unique_lock<std::recursive_mutex> m_lock;
+    std::unique_lock<platform::RecursiveLock> m_lock;
     Machine& m_machine;
 };
 

@@ -1,13 +1,15 @@
 // The observer's locks. Neither is held while a back end works.
 #pragma once
 
+#include "platform/lock.h"
+
 #include <mutex>
 
 namespace observer {
 
-using Lock = std::mutex;
+using platform::Lock;
 
 /// Held while a sink is called, which may add or remove sinks.
-using SinkLock = std::recursive_mutex;
+using SinkLock = platform::RecursiveLock;
 
 } // namespace observer

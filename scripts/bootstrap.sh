@@ -19,7 +19,7 @@ packages_of() {
         ;;
     windows)
         echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
-            "g++-mingw-w64-x86-64-posix googletest wine wine64 pkgconf"
+            "g++-mingw-w64-x86-64-win32 googletest wine wine64 pkgconf"
         ;;
     windows-vc)
         echo "clang lld llvm"

@@ -24,5 +24,5 @@ headers() {
 headers 'unicode/*.h' 'include/*.h' 'src/*.h' 'observer/*.h' 'machine/*.h' 'tools/*.h' ':!src/platform/windows' |
     compile_each g++ -Wno-missing-field-initializers
 headers 'src/platform/windows/*.h' |
-    compile_each x86_64-w64-mingw32-g++-posix -Wno-missing-field-initializers \
+    compile_each x86_64-w64-mingw32-g++-win32 -Wno-missing-field-initializers \
         -D_WIN32_WINNT=0x0601 -DUNICODE -D_UNICODE -DWIN32_LEAN_AND_MEAN -DNOMINMAX

@@ -6,9 +6,9 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-recorded=73
+recorded=75
 
-cxx=x86_64-w64-mingw32-g++-posix
+cxx=x86_64-w64-mingw32-g++-win32
 library=$($cxx -print-file-name=include)/c++
 windows=$(dirname "$($cxx -print-file-name=libkernel32.a)")/../include
 

@@ -79,7 +79,7 @@ cmake --preset tidy >build/tidy.log 2>&1 || { cat build/tidy.log >&2; exit 1; }
 sources_in tidy '((build/tidy/)?(src|machine|observer|exports|tools|examples)/.*Unity/|(src|machine|observer|exports|tools|examples)/)' | tidy tidy
 
 echo "clang-tidy for Windows"
-headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include)/c++
+headers=$(x86_64-w64-mingw32-g++-win32 -print-file-name=include)/c++
 tidy_for_windows() {
     cmake --preset "$1" >"build/$1.log" 2>&1 || { cat "build/$1.log" >&2; exit 1; }
     sources_in "$1" "$2" |

@@ -101,7 +101,7 @@ using namespace sondrel;
 void GetInfVersion(VeskChar16* out) {
     AnswerWith(out, [] {
         std::u16string version = DriverVersionAt(GetDeviceDriverKey());
-        TraceMade([&] { return "strValueOfDriverVersion = " + WideToUtf8(version); });
+        TraceLine([&] { return "strValueOfDriverVersion = " + WideToUtf8(version); });
         return version;
     });
 }

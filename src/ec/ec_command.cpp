@@ -37,7 +37,7 @@ std::string CommandLine(std::uint8_t command, std::span<const std::uint8_t> data
 std::uint32_t RwEcCmd(std::uint8_t dataCount, std::uint8_t command, const std::uint8_t* data,
                       std::uint8_t readFlag, std::uint32_t* status) {
     const std::span<const std::uint8_t> bytes(data, dataCount);
-    TraceMade([&] { return CommandLine(command, bytes, readFlag); });
+    TraceLine([&] { return CommandLine(command, bytes, readFlag); });
     if (SessionOpen == 0) {
         *status = ec_status::NoSession;
         return 0;

@@ -21,7 +21,7 @@ bool StoreAppPath(const VeskChar16* path, std::uint8_t initCom) {
     const std::u16string user = UserName(initCom);
     const std::u16string text = TextFromHost(path);
     const bool written = WriteRegString(platform::Key::LocalMachine, ProductKey, user, text);
-    TraceMade([&] {
+    TraceLine([&] {
         return "[WMISetAppPath] WriteRegString " + WideToUtf8Bounded(text) + " to " +
                WideToUtf8Bounded(user) + (written ? " Success" : " Fail");
     });
@@ -33,14 +33,14 @@ bool StoreAppPath(const VeskChar16* path, std::uint8_t initCom) {
 std::u16string WMIGetAppPath(std::uint8_t initCom) {
     std::u16string path = ReadRegString(platform::Key::LocalMachine, ProductKey, UserName(initCom));
     if (!IsRegistrySentinel(path)) {
-        TraceLine("[WMIGetAppPath] App path is " + WideToUtf8Bounded(path));
+        TraceLine([&] { return "[WMIGetAppPath] App path is " + WideToUtf8Bounded(path); });
     }
     return path;
 }
 
 bool DirectoryExists(const std::u16string& path) {
     const std::uint32_t attributes = platform::GetFileAttributesW(path.c_str());
-    TraceLine("[DirectoryExists] attribs = " + std::to_string(attributes));
+    TraceLine([=] { return "[DirectoryExists] attribs = " + std::to_string(attributes); });
     return attributes != platform::file_attribute::Invalid &&
            (attributes & platform::file_attribute::Directory) != 0;
 }

@@ -8,6 +8,7 @@
 #include "vesk_sondrel.h"
 
 #include <string>
+#include <string_view>
 
 namespace sondrel {
 namespace {
@@ -15,20 +16,22 @@ namespace {
 constexpr std::int32_t Default = 100;
 
 bool IsSupported(std::uint8_t initCom) {
-    const std::string tag = "[WMICheckBatteryHealthSupport]";
-    const bool supported = EqualIgnoringCase(FeatureStatus(BatteryHealth, tag, initCom), FeatureSupported);
-    TraceLine(tag + (supported ? " Support Battery Health" : " Not Support Battery Health"));
+    constexpr std::string_view Tag = "[WMICheckBatteryHealthSupport]";
+    const bool supported = EqualIgnoringCase(FeatureStatus(BatteryHealth, Tag, initCom), FeatureSupported);
+    TraceLine([=] {
+        return std::string(Tag) + (supported ? " Support Battery Health" : " Not Support Battery Health");
+    });
     return supported;
 }
 
 std::int32_t StoredBatteryHealth(std::uint8_t initCom) {
-    const std::string tag = "[WMIGetBatteryHealth]";
-    const std::u16string path = SettingPath(BatteryHealth, tag, initCom);
+    constexpr std::string_view Tag = "[WMIGetBatteryHealth]";
+    const std::u16string path = SettingPath(BatteryHealth, Tag, initCom);
     if (!WMICheckAppExist(initCom)) {
         return Default;
     }
     const std::int32_t level = ReadSetting(path, Default);
-    TraceLine(tag + " BatteryHealth is " + std::to_string(level));
+    TraceLine([=] { return std::string(Tag) + " BatteryHealth is " + std::to_string(level); });
     return level;
 }
 

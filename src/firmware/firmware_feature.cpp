@@ -13,31 +13,32 @@ namespace sondrel {
 namespace {
 
 /// False without an app path.
-bool Store(const FirmwareFeature& feature, const std::string& tag, std::int32_t number,
-           std::uint8_t initCom) {
+bool Store(const FirmwareFeature& feature, std::string_view tag, std::int32_t number, std::uint8_t initCom) {
     if (!WMICheckAppExist(initCom)) {
         return false;
     }
     const std::u16string path = SettingPath(feature, tag, initCom);
     WriteSetting(path, number);
-    TraceLine(tag + " set " + std::to_string(number) + " to " + WideToUtf8Bounded(path));
+    TraceLine([&] {
+        return std::string(tag) + " set " + std::to_string(number) + " to " + WideToUtf8Bounded(path);
+    });
     return true;
 }
 
 } // namespace
 
-std::u16string FeatureStatus(const FirmwareFeature& feature, const std::string& tag, std::uint8_t initCom) {
+std::u16string FeatureStatus(const FirmwareFeature& feature, std::string_view tag, std::uint8_t initCom) {
     std::u16string answer = wmiMethod(u"DSTS", {{u"Device_ID", feature.deviceId}}, u"device_status", initCom);
-    TraceLine(tag + " output is " + WideToUtf8Bounded(answer));
+    TraceLine([&] { return std::string(tag) + " output is " + WideToUtf8Bounded(answer); });
     return answer;
 }
 
-bool SetFeature(const FirmwareFeature& feature, const std::string& tag, std::u16string controlStatus,
+bool SetFeature(const FirmwareFeature& feature, std::string_view tag, std::u16string controlStatus,
                 std::int32_t number, std::uint8_t initCom) {
     const std::u16string answer =
         wmiMethod(u"DEVS", {{u"Device_ID", feature.deviceId}, {u"Control_status", std::move(controlStatus)}},
                   u"result", initCom);
-    TraceMade([&] { return tag + " output is " + WideToUtf8Bounded(answer); });
+    TraceLine([&] { return std::string(tag) + " output is " + WideToUtf8Bounded(answer); });
     if (!EqualIgnoringCase(answer, u"1")) {
         return false;
     }
@@ -46,9 +47,9 @@ bool SetFeature(const FirmwareFeature& feature, const std::string& tag, std::u16
     return true;
 }
 
-std::u16string SettingPath(const FirmwareFeature& feature, const std::string& tag, std::uint8_t initCom) {
+std::u16string SettingPath(const FirmwareFeature& feature, std::string_view tag, std::uint8_t initCom) {
     std::u16string path = WMIGetAppPath(initCom) + feature.fileName;
-    TraceLine(tag + " fname is " + WideToUtf8Bounded(path));
+    TraceLine([&] { return std::string(tag) + " fname is " + WideToUtf8Bounded(path); });
     return path;
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace sondrel {
 
@@ -19,14 +20,14 @@ inline constexpr const char16_t* FeatureSupported = u"65536";
 inline constexpr const char16_t* FeatureSupportedAndOn = u"65537";
 
 /// The firmware's answer about a feature; empty when the call failed. `tag` is the export's tag in the log.
-std::u16string FeatureStatus(const FirmwareFeature& feature, const std::string& tag, std::uint8_t initCom);
+std::u16string FeatureStatus(const FirmwareFeature& feature, std::string_view tag, std::uint8_t initCom);
 
 /// Sets a feature in the firmware. If that succeeded and the app path is a directory, `number` is stored in the
 /// settings file. False when the firmware did not accept the setting.
-bool SetFeature(const FirmwareFeature& feature, const std::string& tag, std::u16string controlStatus,
+bool SetFeature(const FirmwareFeature& feature, std::string_view tag, std::u16string controlStatus,
                 std::int32_t number, std::uint8_t initCom);
 
 /// The path of the settings file: the app path, or the registry sentinel if there is none, and the file name.
-std::u16string SettingPath(const FirmwareFeature& feature, const std::string& tag, std::uint8_t initCom);
+std::u16string SettingPath(const FirmwareFeature& feature, std::string_view tag, std::uint8_t initCom);
 
 } // namespace sondrel

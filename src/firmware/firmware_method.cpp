@@ -49,7 +49,7 @@ bool Succeeded(platform::HResult status, const FailureMessage& message, bool has
     }
     const std::string code = HexText(static_cast<std::uint32_t>(status));
     ReportWmiWarning(message.event + code);
-    TraceLine(message.debug + code);
+    TraceLine([&] { return message.debug + code; });
     return false;
 }
 
@@ -168,7 +168,7 @@ std::u16string MethodCall::Output(const char16_t* name) {
     // A value that is not a number has 0 in its place.
     const auto* found = std::get_if<std::int32_t>(&value);
     const std::string number = std::to_string(found != nullptr ? *found : 0);
-    TraceMade([&] { return "[wmiMethod] varReturnValue is " + number; });
+    TraceLine([&] { return "[wmiMethod] varReturnValue is " + number; });
     return {number.begin(), number.end()};
 }
 

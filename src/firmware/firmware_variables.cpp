@@ -66,7 +66,7 @@ platform::SystemError ReadVariable(const Field& field, Variable& variable) {
         return error;
     }
     variable.size = 0;
-    TraceMade([error] {
+    TraceLine([error] {
         return "Failed, GetFirmwareEnvironmentVariable(), GetLastError return " + std::to_string(error);
     });
     return error;
@@ -98,7 +98,7 @@ platform::SystemError SetField(const Field& field, const std::uint8_t* bytes) {
         return platform::error::Success;
     }
     const platform::SystemError error = platform::GetLastError();
-    TraceMade([error] {
+    TraceLine([error] {
         return "Failed!! SetFirmwareEnvironmentVariable, GetLastError return " + std::to_string(error);
     });
     return error;

@@ -8,6 +8,7 @@
 #include "vesk_sondrel.h"
 
 #include <string>
+#include <string_view>
 
 namespace sondrel {
 namespace {
@@ -17,33 +18,33 @@ constexpr std::int32_t Off = 0;
 constexpr std::int32_t HighestLevel = 3;
 
 std::int32_t FirmwareState(std::uint8_t initCom) {
-    const std::string tag = "[WMICheckQuietFanSupport]";
-    const std::u16string answer = FeatureStatus(QuietFan, tag, initCom);
+    constexpr std::string_view Tag = "[WMICheckQuietFanSupport]";
+    const std::u16string answer = FeatureStatus(QuietFan, Tag, initCom);
     if (EqualIgnoringCase(answer, FeatureSupported)) {
-        TraceLine(tag + " Quiet Fan Off");
+        TraceLine([=] { return std::string(Tag) + " Quiet Fan Off"; });
         return 0;
     }
     if (EqualIgnoringCase(answer, FeatureSupportedAndOn)) {
-        TraceLine(tag + " Quiet Fan On");
+        TraceLine([=] { return std::string(Tag) + " Quiet Fan On"; });
         return 1;
     }
-    TraceLine(tag + " Not Support Quiet Fan");
+    TraceLine([=] { return std::string(Tag) + " Not Support Quiet Fan"; });
     return NotSupported;
 }
 
 std::int32_t StoredFanLevel(std::uint8_t initCom) {
-    const std::string tag = "[WMIGetQuietFan]";
-    const std::u16string path = SettingPath(QuietFan, tag, initCom);
+    constexpr std::string_view Tag = "[WMIGetQuietFan]";
+    const std::u16string path = SettingPath(QuietFan, Tag, initCom);
     std::int32_t level = Off;
     if (WMICheckAppExist(initCom)) {
         level = ReadSetting(path, Off);
-        TraceLine(tag + " Quiet Fan is " + std::to_string(level));
+        TraceLine([=] { return std::string(Tag) + " Quiet Fan is " + std::to_string(level); });
     }
     if (level < 1 || level > HighestLevel) {
-        TraceLine(tag + " Quiet Fan Off");
+        TraceLine([=] { return std::string(Tag) + " Quiet Fan Off"; });
         return Off;
     }
-    TraceLine(tag + " Quiet Fan On");
+    TraceLine([=] { return std::string(Tag) + " Quiet Fan On"; });
     return level;
 }
 

@@ -58,16 +58,12 @@ void OnTraceEnable(void* context, std::uint32_t controlCode, std::uint8_t level,
 
 } // namespace
 
-void TraceLine(std::string text) noexcept {
+void TraceLine(const char* text) noexcept {
     try {
-        TraceWide(Utf8ToWide(std::move(text)).c_str());
+        TraceWide(Utf8ToWide(text).c_str());
     } catch (const std::exception&) {
         return;
     }
-}
-
-void TraceLine(const char* text) noexcept {
-    TraceMade([text] { return std::string(text); });
 }
 
 void TraceWide(const char16_t* text) {

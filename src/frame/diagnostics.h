@@ -4,6 +4,7 @@
 #pragma once
 
 #include <atomic>
+#include <concepts>
 #include <cstdint>
 #include <exception>
 #include <string>
@@ -29,17 +30,17 @@ struct TraceProviderState {
 
 extern TraceProviderState TraceProvider;
 
-/// Writes one debug line, up to its first zero character. The conversion to UTF-16 takes place even with no
-/// consumer attached. When memory runs out the line is missing.
-void TraceLine(std::string text) noexcept;
+/// Writes one debug line. The conversion to UTF-16 takes place even with no consumer attached. When memory runs out
+/// the line is missing.
 void TraceLine(const char* text) noexcept;
 
-/// Writes the line that `make` returns. An answer must not depend on memory for its debug lines, so running out
-/// of it in `make` is no error either.
-template <class Make>
-void TraceMade(Make make) noexcept {
+/// Writes the string that `make` returns, up to its first zero character. A line that is put together is made here, so
+/// that running out of memory for it is no error of the caller's.
+template <std::invocable Make>
+void TraceLine(Make make) noexcept {
     try {
-        TraceLine(make());
+        const std::string text = make();
+        TraceLine(text.c_str());
     } catch (const std::exception&) {
         return;
     }

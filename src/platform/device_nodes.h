@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// A CONFIGRET code.
+/// A CONFIGRET code. A system without a routine below answers `config_return::Failure`, with the size 0.
 using ConfigReturn = std::uint32_t;
 
 namespace config_return {

@@ -23,7 +23,8 @@ bool RtlGetVersion(OsVersion& version);
 
 enum class Module : std::uintptr_t { None = 0 };
 
-/// LoadLibraryW of a library in the system directory only. `Module::None` with the last error set on failure.
+/// Loads a library of the system directory, which is the only place that is searched. `Module::None` with the last error
+/// set on failure.
 Module LoadLibraryW(const char16_t* name);
 
 void FreeLibrary(Module module);

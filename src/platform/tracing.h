@@ -33,6 +33,7 @@ inline constexpr std::uint8_t EventDataPlain = 0;
 inline constexpr std::uint8_t EventDataEventMetadata = 1;
 inline constexpr std::uint8_t EventDataProviderMetadata = 2;
 
+/// The library stays loaded from then on: a registration that cannot keep it loaded fails.
 SystemError EventRegister(const Guid& provider, TraceEnableCallback callback, void* context,
                           std::uint64_t& registration);
 

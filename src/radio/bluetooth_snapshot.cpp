@@ -12,7 +12,7 @@ BluetoothRecord BluetoothSnapshot;
 
 namespace {
 
-std::mutex BluetoothGuard;
+platform::Lock BluetoothGuard;
 
 /// By major device class, from 0. Class 31 has its own string; all classes above 9 but this are "Others;".
 constexpr const char* ClassTexts[] = {"Others;",      "Computer;",   "Phone;",   "LAN/NetWortk Access point;",

@@ -3,6 +3,7 @@
 
 #include "frame/diagnostics.h"
 #include "frame/memory_guard.h"
+#include "platform/lock.h"
 
 #include <cstdint>
 #include <mutex>
@@ -24,11 +25,11 @@ inline constexpr const char* RadioReadFailedText = "error_string";
 /// before. Threads that call at the same time wait for one read and get the same complete record; after a
 /// failed read each of them tries again.
 template <class Record, class Field>
-Field SnapshotField(std::mutex& guard, Record& record, void (*read)(Record&), Field Record::*field,
+Field SnapshotField(platform::Lock& guard, Record& record, void (*read)(Record&), Field Record::*field,
                     const char* exportName) {
     const std::lock_guard lock(guard);
     if (record.valid == 0) {
-        TraceMade([=] { return std::string("[RF] ") + exportName + " FLAG FALSE"; });
+        TraceLine([=] { return std::string("[RF] ") + exportName + " FLAG FALSE"; });
         Record next = record; // when memory runs out during the read, the record is unchanged
         read(next);
         record = std::move(next);
@@ -38,7 +39,7 @@ Field SnapshotField(std::mutex& guard, Record& record, void (*read)(Record&), Fi
 
 /// The same for the exports: running out of memory is a failed read.
 template <class Record, class Field>
-Field SnapshotAnswer(std::mutex& guard, Record& record, void (*read)(Record&), Field Record::*field,
+Field SnapshotAnswer(platform::Lock& guard, Record& record, void (*read)(Record&), Field Record::*field,
                      const char* exportName) {
     const auto get = [&] {
         return SnapshotField(guard, record, read, field, exportName);

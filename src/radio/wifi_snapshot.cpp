@@ -18,7 +18,7 @@ WiFiRecord WiFiSnapshot;
 
 namespace {
 
-std::mutex WiFiGuard;
+platform::Lock WiFiGuard;
 
 constexpr std::u16string_view WiFiNameFailed = u"error_string";
 
@@ -89,13 +89,13 @@ bool ReadLink(platform::WlanClient client, const platform::Guid& guid, WiFiRecor
 bool ReadInterfaces(platform::OwnedWlanClient& client, WiFiRecord& snapshot) {
     const auto opened = platform::WlanOpenHandle(platform::wlan::ClientVersion, client.Receive());
     if (opened != platform::error::Success) {
-        TraceLine("WlanOpenHandle failed with error:" + std::to_string(opened));
+        TraceLine([=] { return "WlanOpenHandle failed with error:" + std::to_string(opened); });
         return false;
     }
     std::vector<platform::WlanInterface> interfaces;
     const auto listed = platform::WlanEnumInterfaces(client.Get(), interfaces);
     if (listed != platform::error::Success) {
-        TraceLine("WlanEnumInterfaces failed with error:" + std::to_string(listed));
+        TraceLine([=] { return "WlanEnumInterfaces failed with error:" + std::to_string(listed); });
         return false;
     }
     for (const platform::WlanInterface& interface : interfaces) {

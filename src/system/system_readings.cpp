@@ -25,8 +25,8 @@ namespace {
 bool ReadSMode() {
     const platform::OwnedModule wldp(platform::LoadLibraryW(u"wldp.dll"));
     if (!wldp) {
-        TraceLine("[System_Check_S_Mode] Load Dll Error, error = " +
-                  std::to_string(platform::GetLastError()));
+        const platform::SystemError error = platform::GetLastError();
+        TraceLine([=] { return "[System_Check_S_Mode] Load Dll Error, error = " + std::to_string(error); });
         return false;
     }
     TraceLine("[System_Check_S_Mode] Load Dll Success\n");
@@ -177,7 +177,7 @@ using namespace sondrel;
 
 int32_t System_Check_S_Mode(void) {
     const int32_t result = OnOutOfMemory(false, ReadSMode) ? 1 : 0;
-    TraceMade([=] { return "[System_Check_S_Mode] result = " + std::to_string(result); });
+    TraceLine([=] { return "[System_Check_S_Mode] result = " + std::to_string(result); });
     return result;
 }
 

@@ -142,11 +142,11 @@ void LogFailure(const ReaderMessages& reader, FailedStep failed, Connection& con
         ReportWmiWarning(std::string(reader.tag).append(messages.event) + code);
     }
     if (messages.form == DebugLine::Usual) {
-        TraceLine(std::string(reader.tag).append(messages.debug) + code);
+        TraceLine([&] { return std::string(reader.tag).append(messages.debug) + code; });
         connection.Release();
     } else {
         connection.Release();
-        TraceLine(std::string(messages.debug));
+        TraceLine([&] { return std::string(messages.debug); });
     }
 }
 
@@ -190,7 +190,7 @@ bool WalkWmiQuery(WmiReader reader, const std::u16string& nameSpace, const std::
     WalkRows(connection.rows.Get(), handleRow);
     connection.Release();
     if (apartment) {
-        TraceLine(std::string(messages.tag).append(messages.leaving));
+        TraceLine([&] { return std::string(messages.tag).append(messages.leaving); });
     }
     return true;
 }

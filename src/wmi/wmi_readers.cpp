@@ -42,7 +42,7 @@ void ReportEmptyString(const std::u16string& property) {
     const std::string message =
         "[ReadWMIPropStr] SysStringLen(temp) == 0 , propname = " + WideToUtf8Bounded(property);
     ReportWmiWarning(message);
-    TraceLine(message);
+    TraceLine(message.c_str());
 }
 
 std::u16string ReadOemString(const std::u16string& nameSpace, const std::u16string& query,

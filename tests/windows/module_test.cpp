@@ -112,6 +112,20 @@ TEST_F(ModuleTest, IsLinkedForRandomAddressesWithoutExecutableDataOrTimeStamps) 
         0u);
 }
 
+TEST_F(ModuleTest, HasNoSymbolsButARecordThatNamesTheBuild) {
+    EXPECT_EQ(Headers().FileHeader.NumberOfSymbols, 0u);
+    const IMAGE_DATA_DIRECTORY& directory = Directory(IMAGE_DIRECTORY_ENTRY_DEBUG);
+    ASSERT_GE(directory.Size, sizeof(IMAGE_DEBUG_DIRECTORY));
+    const auto& entry = *At<IMAGE_DEBUG_DIRECTORY>(directory.VirtualAddress);
+    ASSERT_EQ(entry.Type, DWORD{IMAGE_DEBUG_TYPE_CODEVIEW});
+    EXPECT_EQ(entry.TimeDateStamp, 0u);
+    // "RSDS", 16 bytes of the build's own, an age and the name of a file.
+    ASSERT_GE(entry.SizeOfData, 24u);
+    const char* record = At<char>(entry.AddressOfRawData);
+    EXPECT_EQ(std::string_view(record, 4), "RSDS");
+    EXPECT_NE(std::string_view(record + 4, 16), std::string(16, '\0'));
+}
+
 TEST_F(ModuleTest, CarriesItsVersion) {
     const std::wstring path = test::ProgramDirectory() + L"VeskSondrel64.dll";
     const DWORD size = ::GetFileVersionInfoSizeW(path.c_str(), nullptr);
@@ -132,6 +146,8 @@ TEST_F(ModuleTest, CarriesItsVersion) {
         {L"FileVersion", L"" PROJECT_VERSION}, {L"ProductVersion", L"" PROJECT_VERSION},
         {L"ProductName", L"VeskSondrel64"},    {L"OriginalFilename", L"VeskSondrel64.dll"},
         {L"StringLayout", L"libstdc++"},
+        {L"CompanyName", L"" COMPANY_NAME},
+        {L"LegalCopyright", L"" LEGAL_COPYRIGHT},
     };
     for (const auto& [name, expected] : texts) {
         const wchar_t* text = nullptr;

@@ -35,7 +35,7 @@ std::uintptr_t AddressOf(const IP_ADAPTER_INFO* record) {
 std::vector<std::uint32_t> IndicesLinkedBy(Link next) {
     // The library's own objects are part of this program.
     test::ImportPatch patch(::GetModuleHandleW(nullptr));
-    patch.Replace("GetAdaptersInfo", &ListTwo);
+    patch.ReplaceRoutine("GetAdaptersInfo", &ListTwo);
     Next = next;
     std::uint32_t size = 2 * sizeof(IP_ADAPTER_INFO);
     std::vector<platform::NetworkAdapter> adapters;

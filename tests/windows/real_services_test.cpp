@@ -1,6 +1,7 @@
 // What the DLL reads from the services that Wine has itself, with nothing in their place.
 #include "library.h"
 #include "saved_registry_key.h"
+#include "thread.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,6 @@
 
 #include <ctime>
 #include <string>
-#include <thread>
 
 namespace {
 
@@ -30,7 +30,7 @@ TEST_F(RealServicesTest, WmiAnswersInEitherApartmentAndRefusesTheOtherOne) {
                              L"ProcessorNameString", RRF_RT_REG_SZ, nullptr, name, &size),
               ERROR_SUCCESS);
     EXPECT_EQ(Text("WMIGetCPUInfo", 1), name);
-    std::thread([&] {
+    test::Thread([&] {
         ASSERT_EQ(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
         EXPECT_EQ(Text("WMIGetCPUInfo", 1), L"") << "the thread is in an apartment of the other kind";
         EXPECT_EQ(Text("WMIGetCPUInfo", 0), name);
@@ -38,7 +38,7 @@ TEST_F(RealServicesTest, WmiAnswersInEitherApartmentAndRefusesTheOtherOne) {
         EXPECT_EQ(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_FALSE);
         ::CoUninitialize();
         ::CoUninitialize();
-    }).join();
+    });
 }
 
 TEST_F(RealServicesTest, TheVolumeIsThatOfTheDefaultEndpoint) {

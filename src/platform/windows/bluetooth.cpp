@@ -9,11 +9,22 @@
 namespace VESK_BACK_END {
 namespace {
 
-// Every Windows with Bluetooth has bthprops.cpl; bluetoothapis.dll is newer. If it is missing, the last error
-// is that of loading it.
+/// Every client has bthprops.cpl; some servers and embedded images have only bluetoothapis.dll, which is newer. Without
+/// either the last error is that of loading it.
+HMODULE BluetoothLibrary() {
+    if (const HMODULE library = LoadSystemLibrary(L"bthprops.cpl")) {
+        return library;
+    }
+    const HMODULE library = LoadSystemLibrary(L"bluetoothapis.dll");
+    if (library == nullptr && ::GetLastError() == ERROR_NO_MORE_ITEMS) {
+        ::SetLastError(ERROR_MOD_NOT_FOUND); // the other one says that there is no radio
+    }
+    return library;
+}
+
 template <class Routine>
 Routine BluetoothRoutine(const char* name) {
-    return SystemRoutine<Routine>(L"bthprops.cpl", name);
+    return RoutineOf<Routine>(BluetoothLibrary(), name);
 }
 
 HBLUETOOTH_RADIO_FIND Native(BluetoothRadioFind search) {

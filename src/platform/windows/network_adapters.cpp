@@ -1,6 +1,7 @@
 #include "platform/network_adapters.h"
 
 #include "platform/back_end.h"
+#include "platform/windows/support/system_library.h"
 
 #include <winsock2.h>
 
@@ -25,9 +26,14 @@ const IP_ADAPTER_INFO* RecordAt(const void* address, const std::vector<std::byte
 
 SystemError GetAdaptersInfo(std::uint32_t& size, std::vector<NetworkAdapter>& adapters) {
     adapters.clear();
+    // Looked up, since what the DLL imports could also be found in the host's directory.
+    const auto getInfo = SystemRoutine<decltype(&::GetAdaptersInfo)>(L"iphlpapi.dll", "GetAdaptersInfo");
+    if (getInfo == nullptr) {
+        return error::ProcedureNotFound;
+    }
     std::vector<std::byte> buffer(size);
     ULONG needed = size;
-    const DWORD status = ::GetAdaptersInfo(reinterpret_cast<IP_ADAPTER_INFO*>(buffer.data()), &needed);
+    const DWORD status = getInfo(reinterpret_cast<IP_ADAPTER_INFO*>(buffer.data()), &needed);
     size = needed;
     if (status != ERROR_SUCCESS) {
         return status;

@@ -25,11 +25,26 @@ void NTAPI OnEnable(LPCGUID, ULONG controlCode, UCHAR level, ULONGLONG anyKeywor
     target.callback(target.context, controlCode, level, anyKeyword, allKeyword);
 }
 
+/// Keeps the module that this code is in loaded until the process ends. The provider is never unregistered, so that
+/// ETW may call OnEnable long after the host has called FreeLibrary.
+SystemError PinModule() {
+    constexpr DWORD Pin = GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS;
+    HMODULE module = nullptr;
+    if (::GetModuleHandleExW(Pin, reinterpret_cast<const wchar_t*>(&OnEnable), &module) != FALSE) {
+        return error::Success;
+    }
+    const SystemError failure = ::GetLastError();
+    return failure != error::Success ? failure : ERROR_MOD_NOT_FOUND;
+}
+
 } // namespace
 
 SystemError EventRegister(const Guid& provider, TraceEnableCallback callback, void* context,
                           std::uint64_t& registration) {
     static_assert(sizeof(Guid) == sizeof(GUID));
+    if (const SystemError failure = PinModule(); failure != error::Success) {
+        return failure;
+    }
     Target = {callback, context};
     return ::EventRegister(reinterpret_cast<const GUID*>(&provider), OnEnable, &Target, &registration);
 }

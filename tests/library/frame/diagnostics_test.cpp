@@ -3,6 +3,9 @@
 #include "frame/diagnostics.h"
 #include "machine/models/trace_sink.h"
 
+#include <new>
+#include <string>
+
 namespace {
 
 using namespace testing;
@@ -62,6 +65,14 @@ TEST_F(DiagnosticsTest, AFailedRegistrationIsNotTriedAgain) {
     sondrel::TraceLine("second");
     EXPECT_THAT(DebugLines(), IsEmpty());
     EXPECT_THAT(Calls(), SizeIs(1));
+}
+
+TEST_F(DiagnosticsTest, ALineThatThereIsNoMemoryForIsMissing) {
+    sondrel::TraceLine([]() -> std::string { throw std::bad_alloc(); });
+    sondrel::TraceLine([] { return std::string("cut\0off", 7); });
+    const auto events = machine::Traces().Take();
+    ASSERT_THAT(events, SizeIs(1));
+    EXPECT_EQ(events[0].text, u"cut");
 }
 
 TEST_F(DiagnosticsTest, AWarningCarriesTheSourceNameAndTheMessage) {

@@ -61,10 +61,10 @@ void PutUpPackages(test::ImportPatch& patch) {
     patch.ReplaceRoutine("GetPackagesByPackageFamily", supported ? &PackagesByFamily : nullptr);
     patch.ReplaceRoutine("GetPackagePathByFullName", supported ? &PathByFullName : nullptr);
     patch.Replace("SHLoadIndirectString", &LoadIndirectString);
-    patch.Replace("CM_Get_Device_ID_List_SizeW", &IdListSize);
-    patch.Replace("CM_Get_Device_ID_ListW", &IdList);
-    patch.Replace("CM_Locate_DevNodeW", &Locate);
-    patch.Replace("CM_Get_DevNode_Registry_PropertyW", &Property);
+    patch.ReplaceRoutine("CM_Get_Device_ID_List_SizeW", &IdListSize);
+    patch.ReplaceRoutine("CM_Get_Device_ID_ListW", &IdList);
+    patch.ReplaceRoutine("CM_Locate_DevNodeW", &Locate);
+    patch.ReplaceRoutine("CM_Get_DevNode_Registry_PropertyW", &Property);
 }
 
 } // namespace comparison

@@ -301,7 +301,7 @@ std::size_t BlocksOut() {
 void PutUpRadios(test::ImportPatch& patch) {
     PutUpWlan(patch);
     PutUpBluetooth(patch);
-    patch.Replace("GetAdaptersInfo", &ListAdapters);
+    patch.ReplaceRoutine("GetAdaptersInfo", &ListAdapters);
 }
 
 } // namespace comparison

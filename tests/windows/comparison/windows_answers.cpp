@@ -9,6 +9,7 @@
 #include "library.h"
 #include "machine_devices.h"
 #include "shims.h"
+#include "thread.h"
 #include "wine_state.h"
 
 #include "machine/profile/profile.h"
@@ -23,7 +24,6 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <utility>
 
 namespace {
@@ -39,14 +39,14 @@ public:
 
     ~Devices() {
         ::SetEvent(m_end);
-        m_thread.join();
+        m_thread.Join();
         ::CloseHandle(m_end);
     }
 
 private:
     devices::MachineDevices m_devices;
     HANDLE m_end = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    std::thread m_thread;
+    test::Thread m_thread;
 };
 
 void ExpectNothingLeft(std::string_view what, std::size_t count) {

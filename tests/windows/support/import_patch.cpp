@@ -19,7 +19,7 @@ Redirections Redirected;
 
 // The real ones, also where this program's own imports are replaced.
 const auto RealGetProcAddress = &::GetProcAddress;
-const auto RealLoadLibraryW = &::LoadLibraryW;
+const auto RealLoadLibraryExW = &::LoadLibraryExW;
 
 template <class Type>
 const Type* At(HMODULE module, std::size_t offset) {
@@ -74,12 +74,12 @@ FARPROC WINAPI RedirectedGetProcAddress(HMODULE module, const char* name) {
     return reinterpret_cast<FARPROC>(found->second);
 }
 
-HMODULE WINAPI RedirectedLoadLibraryW(const wchar_t* path) {
+HMODULE WINAPI RedirectedLoadLibraryExW(const wchar_t* path, HANDLE file, DWORD flags) {
     const std::wstring_view whole(path);
     const std::size_t nameAt = whole.find_last_of(L"\\/") + 1; // 0 where there is no directory
     const auto found = Redirected.libraries.find(whole.substr(nameAt));
     if (found == Redirected.libraries.end()) {
-        return RealLoadLibraryW(path);
+        return RealLoadLibraryExW(path, file, flags);
     }
     if (!found->second) {
         ::SetLastError(ERROR_MOD_NOT_FOUND);
@@ -130,7 +130,7 @@ void ImportPatch::RedirectRoutine(const std::string& name, void* replacement) {
 
 void ImportPatch::RedirectLibraries() {
     if (Redirected.libraries.empty()) {
-        Replace("LoadLibraryW", &RedirectedLoadLibraryW);
+        Replace("LoadLibraryExW", &RedirectedLoadLibraryExW);
     }
 }
 

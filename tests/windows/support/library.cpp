@@ -3,6 +3,14 @@
 #include <stdexcept>
 
 namespace test {
+namespace {
+
+BOOL WINAPI DoNotPin(DWORD, const wchar_t*, HMODULE* module) {
+    *module = nullptr;
+    return TRUE;
+}
+
+} // namespace
 
 std::wstring ProgramDirectory() {
     std::wstring path(MAX_PATH, L'\0');
@@ -15,7 +23,12 @@ std::wstring ProgramDirectory() {
     return path.substr(0, path.find_last_of(L'\\') + 1);
 }
 
-Library::Library(const std::wstring& file) : m_module(::LoadLibraryW((ProgramDirectory() + file).c_str())) {
+Library::Library(const std::wstring& file) : Library(ProgramDirectory() + file, Pinning()) {
+    m_patch.emplace(m_module);
+    m_patch->Replace("GetModuleHandleExW", &DoNotPin);
+}
+
+Library::Library(const std::wstring& path, Pinning) : m_module(::LoadLibraryW(path.c_str())) {
     if (m_module == nullptr) {
         throw std::runtime_error("VeskSondrel64.dll does not load: error " +
                                  std::to_string(::GetLastError()));
@@ -23,6 +36,7 @@ Library::Library(const std::wstring& file) : m_module(::LoadLibraryW((ProgramDir
 }
 
 Library::~Library() {
+    m_patch.reset();
     ::FreeLibrary(m_module);
 }
 

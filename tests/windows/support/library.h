@@ -1,10 +1,12 @@
 // VeskSondrel64.dll as a host has it: loaded at run time, its exports found by their names.
 #pragma once
 
+#include "import_patch.h"
 #include "vesk_sondrel.h"
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 namespace test {
@@ -12,7 +14,8 @@ namespace test {
 /// The test program's own directory, with a trailing backslash: everything that is built lies there.
 std::wstring ProgramDirectory();
 
-/// The DLL, loaded again: every process-wide variable of it has its value at load.
+/// The DLL, loaded again: every process-wide variable of it has its value at load. For that it does not pin itself
+/// with its first debug line (resident_host_test.cpp tests that it does).
 ///
 ///     test::Library library;
 ///     EXPECT_EQ(VESK_CALL(library, InitializeSondrel)(), 1);
@@ -23,6 +26,10 @@ public:
     ~Library();
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
+
+    /// A DLL that pins itself, as in a host.
+    struct Pinning {};
+    Library(const std::wstring& path, Pinning);
 
     [[nodiscard]] HMODULE Module() const { return m_module; }
 
@@ -36,6 +43,7 @@ private:
     void* Address(const char* name) const;
 
     HMODULE m_module;
+    std::optional<ImportPatch> m_patch;
 };
 
 } // namespace test

@@ -4,6 +4,7 @@
 #include "terminal/terminal.h"
 
 #include <iostream>
+#include <mutex>
 
 namespace tool {
 namespace {
@@ -17,47 +18,47 @@ constexpr auto RefreshInterval = 500ms;
 
 Progress::Progress() {
     if (terminal::SupportsSequences(terminal::Stream::Error)) {
-        m_ticker = std::thread([this] { Show(); });
+        m_ticker.Start([this] { Show(); });
     }
 }
 
 Progress::~Progress() {
-    if (!m_ticker.joinable()) {
+    if (!m_ticker.Started()) {
         return;
     }
     {
-        const std::lock_guard lock(m_mutex);
+        const std::lock_guard lock(m_ticker);
         m_ended = true;
         Erase();
     }
-    m_changed.notify_all();
-    m_ticker.join();
+    m_ticker.Notify();
+    m_ticker.Join();
 }
 
 void Progress::Begin(std::string activity) {
-    if (!m_ticker.joinable()) {
+    if (!m_ticker.Started()) {
         return;
     }
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(m_ticker);
     m_activity = std::move(activity);
     m_since = std::chrono::steady_clock::now();
-    m_changed.notify_all();
+    m_ticker.Notify();
 }
 
 void Progress::Clear() {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(m_ticker);
     m_activity.clear();
     Erase();
 }
 
 void Progress::Show() {
-    std::unique_lock lock(m_mutex);
+    const std::lock_guard lock(m_ticker);
     while (!m_ended) {
         const auto duration = std::chrono::steady_clock::now() - m_since;
         if (m_activity.empty()) {
-            m_changed.wait(lock);
+            m_ticker.Wait();
         } else if (duration < ShowAfter) {
-            m_changed.wait_for(lock, ShowAfter - duration);
+            m_ticker.WaitFor(ShowAfter - duration);
         } else {
             const std::string line =
                 m_activity + " ... " +
@@ -65,7 +66,7 @@ void Progress::Show() {
             std::cerr << "\r\x1b[K" << Shortened(line, terminal::SizeOf(terminal::Stream::Error).columns - 1)
                       << std::flush;
             m_shown = true;
-            m_changed.wait_for(lock, RefreshInterval);
+            m_ticker.WaitFor(RefreshInterval);
         }
     }
 }

@@ -1,11 +1,10 @@
 // Shows what a command is waiting for, if standard error is a terminal.
 #pragma once
 
+#include "terminal/ticker.h"
+
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
 #include <string>
-#include <thread>
 
 namespace tool {
 
@@ -26,13 +25,11 @@ private:
     void Show();
     void Erase();
 
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
     std::string m_activity; // empty: none
     std::chrono::steady_clock::time_point m_since;
     bool m_shown = false;
     bool m_ended = false;
-    std::thread m_ticker; // none if nothing is shown
+    Ticker m_ticker; // not started if nothing is shown
 };
 
 } // namespace tool

@@ -2,18 +2,26 @@
 
 #include "platform/back_end.h"
 
-#include <string>
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 
 namespace VESK_BACK_END {
 
 HMODULE LoadSystemLibrary(const wchar_t* name) {
-    wchar_t directory[MAX_PATH];
-    const UINT length = ::GetSystemDirectoryW(directory, MAX_PATH);
-    if (length == 0 || length >= MAX_PATH) {
+    const std::wstring_view file(name);
+    wchar_t path[MAX_PATH + 1];
+    const UINT length = ::GetSystemDirectoryW(path, MAX_PATH);
+    if (length == 0 || length + 1 + file.size() >= std::size(path)) {
         ::SetLastError(ERROR_MOD_NOT_FOUND);
         return nullptr;
     }
-    return ::LoadLibraryW((std::wstring(directory, length) + L'\\' + name).c_str());
+    path[length] = L'\\';
+    *std::ranges::copy(file, path + length + 1).out = L'\0';
+    // The path alone says where the library is; the flag, where the libraries are that it imports. The first Windows 7
+    // does not know the flag.
+    const HMODULE library = ::LoadLibraryExW(path, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    return library == nullptr && ::GetLastError() == ERROR_INVALID_PARAMETER ? ::LoadLibraryW(path) : library;
 }
 
 } // namespace VESK_BACK_END

@@ -8,8 +8,9 @@
 
 namespace VESK_BACK_END {
 
-/// Loads a library from the system directory, never from the directory of the host. Null with the last error
-/// set on failure. The library stays loaded: later calls need it again.
+/// Loads a library from the system directory, and what it imports from there too, never from the directory of the host.
+/// Null with the last error of the last try on failure. The library stays loaded: later calls need it again. Allocates nothing: what is acquired is released
+/// by routines that are looked up here.
 HMODULE LoadSystemLibrary(const wchar_t* name);
 
 /// A routine of a loaded library as a pointer of type `Routine`; null if it is missing or the library is null.
