@@ -143,10 +143,9 @@ TEST_F(ModuleTest, CarriesItsVersion) {
     EXPECT_EQ(info->dwProductVersionMS, info->dwFileVersionMS);
     EXPECT_EQ(info->dwProductVersionLS, info->dwFileVersionLS);
     const std::pair<const wchar_t*, const wchar_t*> texts[] = {
-        {L"FileVersion", L"" PROJECT_VERSION}, {L"ProductVersion", L"" PROJECT_VERSION},
-        {L"ProductName", L"VeskSondrel64"},    {L"OriginalFilename", L"VeskSondrel64.dll"},
-        {L"StringLayout", L"libstdc++"},
-        {L"CompanyName", L"" COMPANY_NAME},
+        {L"FileVersion", L"" PROJECT_VERSION},    {L"ProductVersion", L"" PROJECT_VERSION},
+        {L"ProductName", L"VeskSondrel64"},       {L"OriginalFilename", L"VeskSondrel64.dll"},
+        {L"StringLayout", L"libstdc++"},          {L"CompanyName", L"" COMPANY_NAME},
         {L"LegalCopyright", L"" LEGAL_COPYRIGHT},
     };
     for (const auto& [name, expected] : texts) {

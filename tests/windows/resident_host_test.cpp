@@ -45,7 +45,7 @@ BOOL WINAPI RefuseToPin(DWORD, const wchar_t*, HMODULE* module) {
     return FALSE;
 }
 
-/// Copies of the DLL, since one that has pinned itself is never loaded afresh.
+/// Copies of the DLL, since one that has pinned itself is never loaded again.
 class ResidentHostTest : public ::testing::Test {
 protected:
     ResidentHostTest() {
@@ -140,7 +140,7 @@ HeapContent Allocated() {
     return content;
 }
 
-TEST_F(ResidentHostTest, LoadingAndUnloadingLeavesNothingBehind) {
+TEST_F(ResidentHostTest, LoadingAndUnloadingLeavesNothingAllocated) {
     constexpr int Loads = 10'000;
     const std::wstring path = test::ProgramDirectory() + L"VeskSondrel64.dll";
     const auto loadAndUnload = [&](int times) {

@@ -29,7 +29,7 @@ std::vector<std::wstring> Loads;
 DWORD RestrictedError = ERROR_SUCCESS; // of a load with the restricted search
 DWORD PlainError = ERROR_SUCCESS;
 
-/// The test program stands for every library: it has no routines but those that are replaced.
+/// The test program is used as every library: it has no routines but those that are replaced.
 HMODULE Loaded(DWORD error) {
     ::SetLastError(error);
     return error == ERROR_SUCCESS ? ::GetModuleHandleW(nullptr) : nullptr;

@@ -112,7 +112,7 @@ TEST(WideToDouble, IsTheStandardLibrarysNumber) {
     }
 }
 
-TEST(WideToDouble, RoundsATieToEvenAndSeesWhatIsFarBehindIt) {
+TEST(WideToDouble, RoundsATieToEvenAndSeesDigitsFarAfterIt) {
     std::mt19937_64 random(3);
     for (int count = 0; count < 5'000; ++count) {
         const auto number = std::abs(std::bit_cast<double>(random()));
