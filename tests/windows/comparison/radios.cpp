@@ -264,6 +264,7 @@ WINBOOL WINAPI DeviceClose(HBLUETOOTH_DEVICE_FIND search) {
 void PutUpBluetooth(test::ImportPatch& patch) {
     if (!machine::Current()->profile.bluetooth.supported) {
         patch.HideLibrary(L"bthprops.cpl");
+        patch.HideLibrary(L"bluetoothapis.dll");
         return;
     }
     patch.PretendLibrary(L"bthprops.cpl");
