@@ -32,17 +32,8 @@ public:
 protected:
     explicit PlainArgument(std::string_view name) : m_name(name) {}
 
-    void NoteInput(Call& call, Value value) const {
-        if (Record* const record = call.TheRecord(); record != nullptr) {
-            record->inputs.push_back({m_name, std::move(value)});
-        }
-    }
-
-    void NoteOutput(Call& call, Value value) const {
-        if (Record* const record = call.TheRecord(); record != nullptr) {
-            record->outputs.push_back({m_name, std::move(value)});
-        }
-    }
+    void NoteInput(Call& call, Value value) const;
+    void NoteOutput(Call& call, Value value) const;
 
     [[nodiscard]] static bool IsNoted(Call& call) { return call.TheRecord() != nullptr; }
 

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "platform/device_io.h"
-#include "platform/owned.h"
+#include "platform/support/owned.h"
 #include "platform/types.h"
 
 namespace platform {

@@ -1,7 +1,7 @@
 // COM: apartments, creating and releasing objects.
 #pragma once
 
-#include "platform/owned.h"
+#include "platform/support/owned.h"
 #include "platform/types.h"
 
 #include <span>

@@ -1,7 +1,7 @@
 // Present device interfaces of a class (SetupAPI).
 #pragma once
 
-#include "platform/owned.h"
+#include "platform/support/owned.h"
 #include "platform/types.h"
 
 #include <span>

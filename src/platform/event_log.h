@@ -1,7 +1,7 @@
 // The event log.
 #pragma once
 
-#include "platform/owned.h"
+#include "platform/support/owned.h"
 #include "platform/types.h"
 
 #include <array>

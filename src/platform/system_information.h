@@ -1,7 +1,7 @@
 // Properties of the operating system: version, lockdown mode, the user's nation, the time.
 #pragma once
 
-#include "platform/owned.h"
+#include "platform/support/owned.h"
 #include "platform/types.h"
 
 #include <span>

@@ -5,7 +5,7 @@
 // result is the error of loading it.
 #pragma once
 
-#include "platform/owned.h"
+#include "platform/support/owned.h"
 #include "platform/types.h"
 
 #include <array>
