@@ -56,7 +56,7 @@ SystemError Write(FirmwareVariableStore& variables, const char16_t* name, const 
 } // namespace
 
 bool OpenProcessToken(std::uint32_t, Handle& token) {
-    token = Handle{machine::Current()->handles.Open("process token", OpenToken{})};
+    token = machine::Current()->handles.Open<Handle>(OpenToken{});
     return Succeed(error::Success);
 }
 

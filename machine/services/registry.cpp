@@ -20,7 +20,7 @@ using machine::RegistryHive;
 constexpr std::uint32_t WriteRights = 0x6; // KEY_SET_VALUE | KEY_CREATE_SUB_KEY
 
 OpenKey* Find(Machine& machine, Key key) {
-    return machine.handles.Find<OpenKey>(static_cast<std::uintptr_t>(key));
+    return machine.handles.Find<OpenKey>(key);
 }
 
 /// The store's number of a key: a hive, or a key that is open. Nothing when it is neither.
@@ -45,7 +45,7 @@ bool IsReadOnly(Machine& machine, std::int64_t root, const char16_t* subKey) {
 }
 
 Key Opened(Machine& machine, std::int64_t number, std::uint32_t access) {
-    return Key{machine.handles.Open("registry key", OpenKey{number, access})};
+    return machine.handles.Open<Key>(OpenKey{number, access});
 }
 
 /// The subkeys of an open key as they are now; null when the key is none that is open. The hives themselves are
@@ -173,7 +173,7 @@ SystemError RegQueryInfoKeyW(Key key, std::uint32_t& subKeys) {
 }
 
 void RegCloseKey(Key key) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(key));
+    machine::Current()->handles.Close(key);
 }
 
 } // namespace VESK_BACK_END
