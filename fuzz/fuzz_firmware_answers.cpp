@@ -7,26 +7,21 @@
 
 namespace {
 
-class Methods : public machine::WmiMethods {
-public:
-    explicit Methods(fuzz::Input& input) : m_input(input) {}
-
-    [[nodiscard]] std::optional<std::vector<std::u16string>> Inputs(std::u16string_view) const override {
-        return m_input.ConsumeBool()
-                   ? std::nullopt
-                   : std::optional(std::vector<std::u16string>{u"Device_ID", u"Control_status"});
+/// Methods that exist or not, and answer anything.
+machine::WmiMethods AnyMethods(fuzz::Input& input) {
+    const auto answer = [&input](const machine::WmiRow&, machine::WmiRow& out) {
+        const auto status = input.ConsumeBool() ? 0 : input.ConsumeIntegral<platform::HResult>();
+        out = {{u"device_status", fuzz::Datum(input)}, {u"result", fuzz::Datum(input)}};
+        return status;
+    };
+    machine::WmiMethods methods;
+    for (const char16_t* name : {u"DSTS", u"DEVS"}) {
+        if (input.ConsumeBool()) {
+            methods[name] = {{u"Device_ID", u"Control_status"}, answer};
+        }
     }
-
-    machine::WmiMethodAnswer Execute(std::u16string_view, std::u16string_view,
-                                     const machine::WmiArguments&) override {
-        const auto status = m_input.ConsumeBool() ? 0 : m_input.ConsumeIntegral<platform::HResult>();
-        return {status,
-                machine::WmiRow{{u"device_status", fuzz::Datum(m_input)}, {u"result", fuzz::Datum(m_input)}}};
-    }
-
-private:
-    fuzz::Input& m_input;
-};
+    return methods;
+}
 
 template <std::size_t Size>
 void ReadAndWrite(std::uint32_t (*get)(std::uint8_t*), std::uint32_t (*set)(const std::uint8_t*)) {
@@ -39,9 +34,8 @@ void ReadAndWrite(std::uint32_t (*get)(std::uint8_t*), std::uint32_t (*set)(cons
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
-    Methods methods(input);
     machine::Machine& machine = fuzz::TheMachine();
-    machine.wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", methods);
+    machine.wmi.SetMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", AnyMethods(input));
     for (const char16_t* name : {u"CNFG", u"MFG0"}) {
         machine.storage.firmwareVariables->Set(u"{91b89306-5bac-4ae0-aab3-207ec12e989b}", name,
                                                fuzz::Bytes(input, 300));
@@ -58,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ReadAndWrite<16>(GPNV_Get_RandomUUID, GPNV_Set_RandomUUID);
     ReadAndWrite<19>(GPNV_Get_ActivatedTime, GPNV_Set_ActivatedTime);
     ReadAndWrite<23>(GPNV_Get_ManufacturedTime, GPNV_Set_ManufacturedTime);
-    machine.wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", machine.firmwareFeatures);
+    machine.wmi.SetMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", machine.firmwareFeatures.Methods());
     fuzz::DemandNothingOpen();
     return 0;
 }

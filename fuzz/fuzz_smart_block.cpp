@@ -28,17 +28,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     const auto bytes = std::as_bytes(std::span(data, size));
-    machine::WmiClassProfile disks{u"MSStorageDriver_FailurePredictData", {}};
+    std::vector<machine::WmiRow> disks;
     std::u16string expected;
     for (std::size_t disk = 0; disk <= data[0] % 12u; ++disk) {
         const auto rest = bytes.subspan(std::min(size, 1 + disk * 12));
         const std::vector<std::byte> block(rest.begin(), rest.end());
-        disks.rows.push_back({{u"InstanceName", {u"disk"}}, {u"VendorSpecific", {block}}});
+        disks.push_back({{u"InstanceName", {u"disk"}}, {u"VendorSpecific", {block}}});
         if (const std::u16string list = Expected(block); disk < 10 && !list.empty()) {
             expected += (expected.empty() ? u"" : u";") + list;
         }
     }
-    fuzz::TheMachine().wmi = machine::WmiRepository({{{u"ROOT\\WMI", {std::move(disks)}}}});
+    fuzz::TheMachine().wmi =
+        machine::WmiRepository({{u"ROOT\\WMI", {{u"MSStorageDriver_FailurePredictData", std::move(disks)}}}});
     sondrel::SmartDiskTable = {};
     fuzz::Demand(fuzz::TextOf(1200, WMIGetHDDTemp, 1) == expected);
     fuzz::DemandNothingOpen();

@@ -9,9 +9,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     constexpr std::size_t Capacity = 1 << 14; // more than any input fills
     fuzz::Input input(data, size);
     machine::WmiProfile profile = fuzz::TheMachine().profile.wmi;
-    for (machine::WmiNamespaceProfile& space : profile.namespaces) {
-        for (machine::WmiClassProfile& rows : space.classes) {
-            for (machine::WmiRow& row : rows.rows) {
+    for (auto& [space, classes] : profile) {
+        for (auto& [className, rows] : classes) {
+            for (machine::WmiRow& row : rows) {
                 for (auto& [name, datum] : row) {
                     if (input.ConsumeBool()) {
                         datum = fuzz::Datum(input);

@@ -9,14 +9,14 @@
 namespace {
 
 std::u16string Literal(const machine::WqlCondition& condition) {
-    if (const auto* flag = std::get_if<bool>(&condition.literal)) {
+    if (const auto* flag = std::get_if<bool>(&condition.literal.value)) {
         return *flag ? u"true" : u"false";
     }
-    if (const auto* number = std::get_if<std::int64_t>(&condition.literal)) {
+    if (const auto* number = std::get_if<std::int64_t>(&condition.literal.value)) {
         return unicode::WideFromUtf8(std::to_string(*number));
     }
     std::u16string quoted = u"'";
-    for (const char16_t unit : std::get<std::u16string>(condition.literal)) {
+    for (const char16_t unit : std::get<std::u16string>(condition.literal.value)) {
         quoted += unit == u'\'' || unit == u'\\' ? u"\\" : u"";
         quoted += unit;
     }
@@ -24,11 +24,7 @@ std::u16string Literal(const machine::WqlCondition& condition) {
 }
 
 std::u16string Written(const machine::WqlQuery& query) {
-    std::u16string text = u"SELECT ";
-    for (const std::u16string& name : query.selected) {
-        text += name + (&name == &query.selected.back() ? u"" : u", ");
-    }
-    text += (query.selected.empty() ? u"* FROM " : u" FROM ") + query.className;
+    std::u16string text = u"SELECT * FROM " + query.className;
     for (const machine::WqlCondition& condition : query.conditions) {
         text += &condition == &query.conditions.front() ? u" WHERE " : u" AND ";
         text += condition.property + (condition.equal ? u" = " : u" <> ") + Literal(condition);

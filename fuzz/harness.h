@@ -29,7 +29,7 @@ inline void Demand(bool holds) {
 }
 
 inline void DemandNothingOpen() {
-    Demand(machine::Current()->handles.Kinds().empty());
+    Demand(machine::Current()->handles.IsEmpty());
 }
 
 /// The default machine, started with the first input and used by all that follow.

@@ -1,12 +1,6 @@
 #include "machine/machine.h"
 
-#include "machine/models/com/audio_objects.h"
-#include "machine/models/com/xml_document_object.h"
-#include "machine/models/wmi/wmi_objects.h"
 #include "machine/text/folding.h"
-#include "platform/audio.h"
-#include "platform/wmi.h"
-#include "platform/xml_document.h"
 
 #include <cmath>
 #include <memory>
@@ -25,14 +19,6 @@ platform::RecursiveLock& SlotLock() {
     return Lock;
 }
 
-/// A class whose objects need nothing to be made of.
-template <class Object>
-ComClass ClassOf(const platform::Guid& classId, const platform::Guid& interfaceId) {
-    return {classId, interfaceId, [] {
-                return std::make_shared<Object>();
-            }};
-}
-
 } // namespace
 
 Machine::Machine(Profile machineProfile, Storage machineStorage)
@@ -44,11 +30,7 @@ Machine::Machine(Profile machineProfile, Storage machineStorage)
     for (std::size_t index = 0; index < batteries.size(); ++index) {
         devices[Folded(BatteryDevice::PathOf(index))] = &batteries[index];
     }
-    wmi.AnswerMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", firmwareFeatures);
-    com.Register(ClassOf<WbemLocatorObject>(platform::ClsidWbemLocator, platform::IidWbemLocator));
-    com.Register(
-        ClassOf<DeviceEnumeratorObject>(platform::ClsidDeviceEnumerator, platform::IidDeviceEnumerator));
-    com.Register(ClassOf<XmlDocumentObject>(platform::ClsidDomDocument60, platform::IidXmlDomDocument));
+    wmi.SetMethods(u"ROOT\\WMI", u"VeskZrnWmi_WMNB", firmwareFeatures.Methods());
 }
 
 void Machine::AdvanceModels() {

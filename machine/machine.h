@@ -4,7 +4,6 @@
 #include "machine/models/acpi_firmware.h"
 #include "machine/models/battery_device.h"
 #include "machine/models/clock.h"
-#include "machine/models/com/com_objects.h"
 #include "machine/models/ec/embedded_controller.h"
 #include "machine/models/ec/io_driver.h"
 #include "machine/models/event_log.h"
@@ -53,7 +52,6 @@ struct Machine {
     AcpiFirmware acpi{profile.acpi};
     FirmwareFeatures firmwareFeatures{profile.firmwareFeatures, *storage.firmwareVariables};
     WmiRepository wmi{profile.wmi};
-    ComObjects com{handles};
     PackageStore packages{profile.packages};
     WindowStack windows{profile.windows};
     /// By path, folded.

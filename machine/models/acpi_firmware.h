@@ -16,8 +16,6 @@ public:
 
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
 
-    void Close() override {}
-
     ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t outSize) override;
 
 private:

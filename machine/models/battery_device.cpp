@@ -35,8 +35,6 @@ platform::SystemError BatteryDevice::Open(std::uint32_t access, std::uint32_t sh
     return shares && (access & GenericRead) != 0 ? platform::error::Success : platform::error::AccessDenied;
 }
 
-void BatteryDevice::Close() {}
-
 ControlAnswer BatteryDevice::Control(std::uint32_t code, std::span<const std::byte> in, std::size_t outSize) {
     switch (code) {
     case RequestTag:

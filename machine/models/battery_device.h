@@ -17,7 +17,6 @@ public:
     void Measure(const MachineCourse& course) { course.Measure(m_profile); }
 
     platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) override;
-    void Close() override;
     ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in, std::size_t outSize) override;
 
     /// The path of the machine's n-th battery, under its interface of the battery class.

@@ -24,7 +24,7 @@ public:
 
     /// Whether this opening is granted, in addition to those that are open.
     virtual platform::SystemError Open(std::uint32_t access, std::uint32_t shareMode) = 0;
-    virtual void Close() = 0;
+    virtual void Close() {}
     virtual ControlAnswer Control(std::uint32_t code, std::span<const std::byte> in,
                                   std::size_t capacity) = 0;
 };

@@ -14,9 +14,4 @@ struct LoggedEvent {
     std::vector<std::u16string> strings;
 };
 
-/// A source that is registered.
-struct OpenEventSource {
-    std::u16string name;
-};
-
 } // namespace machine

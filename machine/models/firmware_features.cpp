@@ -2,7 +2,6 @@
 
 #include "machine/text/folding.h"
 
-#include <array>
 #include <cstring>
 
 namespace machine {
@@ -17,65 +16,59 @@ constexpr std::uint32_t QuietFanId = 0x00110019;
 constexpr std::uint32_t Present = 0x10000;
 constexpr std::uint32_t Absent = 0xFFFFFFFE;
 
-WmiMethodAnswer Output(std::u16string name, std::uint32_t number) {
-    WmiMethodAnswer answer;
-    answer.out = WmiRow{{std::move(name), WmiDatum{std::int64_t{number}}}};
-    return answer;
+/// The firmware's class takes unsigned numbers; a missing one is 0.
+std::uint32_t ArgumentOf(const WmiRow& in, const std::u16string& name) {
+    const auto found = in.find(Folded(name));
+    const auto* number = found == in.end() ? nullptr : std::get_if<std::int64_t>(&found->second.value);
+    return number == nullptr ? 0 : static_cast<std::uint32_t>(*number);
 }
 
-/// The firmware's class takes unsigned numbers; a missing one is 0.
-std::uint32_t ArgumentOf(const WmiArguments& in, const std::u16string& name) {
-    const auto found = in.find(name);
-    return found == in.end() ? 0 : found->second;
+WmiDatum Number(std::uint32_t number) {
+    return {std::int64_t{number}};
 }
 
 } // namespace
 
-std::optional<std::vector<std::u16string>> FirmwareFeatures::Inputs(std::u16string_view method) const {
-    const std::u16string folded = Folded(method);
-    if (folded == u"DSTS") {
-        return std::vector<std::u16string>{u"Device_ID"};
-    }
-    if (folded == u"DEVS") {
-        return std::vector<std::u16string>{u"Device_ID", u"Control_status"};
-    }
-    return std::nullopt;
+WmiMethods FirmwareFeatures::Methods() {
+    const auto status = [this](const WmiRow& in, WmiRow& out) {
+        out[u"device_status"] = Number(Status(in));
+        return platform::HResult{0};
+    };
+    const auto control = [this](const WmiRow& in, WmiRow& out) {
+        out[u"result"] = Number(Control(in));
+        return platform::HResult{0};
+    };
+    return {{u"DSTS", {{u"Device_ID"}, status}}, {u"DEVS", {{u"Device_ID", u"Control_status"}, control}}};
 }
 
-WmiMethodAnswer FirmwareFeatures::Execute(std::u16string_view, std::u16string_view method,
-                                          const WmiArguments& in) {
-    const FeatureProfile* feature = Find(in);
-    return Folded(method) == u"DSTS" ? Status(feature) : Control(feature, in);
+/// The feature that is asked for, if this firmware supports it.
+const FeatureProfile* FirmwareFeatures::Find(const WmiRow& in) const {
+    const std::uint32_t id = ArgumentOf(in, u"Device_ID");
+    const FeatureProfile* feature = id == BatteryHealthId ? &m_profile.batteryHealth
+                                    : id == QuietFanId    ? &m_profile.quietFan
+                                                          : nullptr;
+    return feature != nullptr && feature->supported ? feature : nullptr;
 }
 
-const FeatureProfile* FirmwareFeatures::Find(const WmiArguments& in) const {
-    switch (ArgumentOf(in, u"Device_ID")) {
-    case BatteryHealthId:
-        return &m_profile.batteryHealth;
-    case QuietFanId:
-        return &m_profile.quietFan;
-    default:
-        return nullptr;
-    }
-}
-
-WmiMethodAnswer FirmwareFeatures::Status(const FeatureProfile* feature) {
-    if (feature == nullptr || !feature->supported) {
-        return Output(u"device_status", Absent);
+std::uint32_t FirmwareFeatures::Status(const WmiRow& in) {
+    const FeatureProfile* const feature = Find(in);
+    if (feature == nullptr) {
+        return Absent;
     }
     const bool on = feature->reportsSetting && SettingOf(*feature) != 0;
-    return Output(u"device_status", on ? Present + 1 : Present);
+    return on ? Present + 1 : Present;
 }
 
-WmiMethodAnswer FirmwareFeatures::Control(const FeatureProfile* feature, const WmiArguments& in) {
-    if (feature == nullptr || !feature->supported) {
-        return Output(u"result", 0);
+std::uint32_t FirmwareFeatures::Control(const WmiRow& in) {
+    const FeatureProfile* const feature = Find(in);
+    if (feature == nullptr) {
+        return 0;
     }
     if (feature->result == 1) {
         const std::uint32_t setting = ArgumentOf(in, u"Control_status");
         m_store.Set(PrivateGuid, feature->name, std::as_bytes(std::span(&setting, 1)));
     }
-    return Output(u"result", feature->result);
+    return feature->result;
 }
 
 std::uint32_t FirmwareFeatures::SettingOf(const FeatureProfile& feature) {

@@ -5,20 +5,18 @@
 #include "machine/models/wmi/wmi_repository.h"
 #include "machine/profile/sections/firmware_profile.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace machine {
 
-class FirmwareFeatures final : public WmiMethods {
+class FirmwareFeatures {
 public:
     FirmwareFeatures(FirmwareFeaturesProfile profile, FirmwareVariableStore& store)
         : m_profile(std::move(profile)), m_store(store) {}
 
-    [[nodiscard]] std::optional<std::vector<std::u16string>>
-    Inputs(std::u16string_view method) const override;
-
-    WmiMethodAnswer Execute(std::u16string_view instance, std::u16string_view method,
-                            const WmiArguments& in) override;
+    /// The methods of the firmware's class. They refer to this object.
+    WmiMethods Methods();
 
     /// A feature's persistent setting.
     std::uint32_t SettingOf(const FeatureProfile& feature);
@@ -26,9 +24,9 @@ public:
     [[nodiscard]] const FirmwareFeaturesProfile& Profile() const { return m_profile; }
 
 private:
-    [[nodiscard]] const FeatureProfile* Find(const WmiArguments& in) const;
-    WmiMethodAnswer Status(const FeatureProfile* feature);
-    WmiMethodAnswer Control(const FeatureProfile* feature, const WmiArguments& in);
+    [[nodiscard]] const FeatureProfile* Find(const WmiRow& in) const;
+    std::uint32_t Status(const WmiRow& in);
+    std::uint32_t Control(const WmiRow& in);
 
     FirmwareFeaturesProfile m_profile;
     FirmwareVariableStore& m_store;

@@ -1,10 +1,8 @@
 #include "platform/audio.h"
 
 #include "machine/machine.h"
-#include "machine/models/com/audio_objects.h"
+#include "machine/models/com_objects.h"
 #include "platform/back_end.h"
-
-#include <memory>
 
 namespace VESK_BACK_END {
 namespace {
@@ -12,8 +10,8 @@ namespace {
 constexpr HResult NoSuchElement = static_cast<HResult>(0x80070490); // ERROR_NOT_FOUND
 
 template <class Object, class Pointer>
-bool Is(const machine::Machine& machine, Pointer pointer) {
-    return machine.com.Find<Object>(pointer) != nullptr;
+bool Is(machine::Machine& machine, Pointer pointer) {
+    return machine.handles.Find<Object>(pointer) != nullptr;
 }
 
 } // namespace
@@ -27,7 +25,7 @@ HResult GetDefaultAudioEndpoint(DeviceEnumerator devices, std::int32_t dataFlow,
     if (dataFlow != audio::FlowRender || role != audio::RoleConsole || !machine->profile.audio.present) {
         return NoSuchElement;
     }
-    device = machine->com.HandOut<AudioDevice>(std::make_shared<machine::AudioDeviceObject>());
+    device = machine->handles.Open<AudioDevice>(machine::AudioDeviceObject{});
     return hresult::Ok;
 }
 
@@ -39,7 +37,7 @@ HResult Activate(AudioDevice device, const Guid& interfaceId, std::uint32_t, End
     if (interfaceId != IidEndpointVolume) {
         return hresult::NoInterface;
     }
-    volume = machine->com.HandOut<EndpointVolume>(std::make_shared<machine::EndpointVolumeObject>());
+    volume = machine->handles.Open<EndpointVolume>(machine::EndpointVolumeObject{});
     return hresult::Ok;
 }
 

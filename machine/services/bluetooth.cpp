@@ -1,7 +1,6 @@
 #include "platform/bluetooth.h"
 
 #include "machine/machine.h"
-#include "machine/models/radio_searches.h"
 #include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
@@ -11,17 +10,24 @@
 namespace VESK_BACK_END {
 namespace {
 
-using machine::BluetoothDeviceSearchState;
-using machine::BluetoothRadioSearch;
 using machine::Machine;
-using machine::OpenBluetoothRadio;
 
-Handle OpenRadio(Machine& machine, std::size_t index) {
-    return Handle{machine.handles.Open("Bluetooth radio", OpenBluetoothRadio{index})};
-}
+/// A radio that is open, by its place in the profile.
+struct OpenRadio {
+    std::size_t place;
+};
+
+struct RadioSearch {
+    std::size_t next; // radio
+};
+
+struct DeviceSearch {
+    std::size_t radio;
+    std::size_t next; // device
+};
 
 /// Moves the search past the next device that is connected. False at the end of the radio's devices.
-bool Advance(const Machine& machine, BluetoothDeviceSearchState& search, BluetoothDevice& device) {
+bool Advance(const Machine& machine, DeviceSearch& search, BluetoothDevice& device) {
     const auto rest = std::span(machine.profile.bluetooth.radios[search.radio].devices).subspan(search.next);
     const auto found = std::ranges::find(rest, true, &machine::BluetoothPeer::connected);
     search.next += static_cast<std::size_t>(found - rest.begin());
@@ -42,51 +48,49 @@ BluetoothRadioFind BluetoothFindFirstRadio(Handle& radio) {
         machine::SetLastError(bluetooth.supported ? error::NoMoreItems : error::ModuleNotFound);
         return BluetoothRadioFind::None;
     }
-    radio = OpenRadio(*machine, 0);
-    return BluetoothRadioFind{machine->handles.Open("Bluetooth radio search", BluetoothRadioSearch{1})};
+    radio = machine->handles.Open<Handle>(OpenRadio{0});
+    return machine->handles.Open<BluetoothRadioFind>(RadioSearch{1});
 }
 
 bool BluetoothFindNextRadio(BluetoothRadioFind search, Handle& radio) {
     const auto machine = machine::Current();
-    auto* const state = machine->handles.Find<BluetoothRadioSearch>(static_cast<std::uintptr_t>(search));
+    auto* const state = machine->handles.Find<RadioSearch>(search);
     if (state == nullptr || state->next >= machine->profile.bluetooth.radios.size()) {
         return machine::Succeed(state == nullptr ? error::InvalidHandle : error::NoMoreItems);
     }
-    radio = OpenRadio(*machine, state->next++);
+    radio = machine->handles.Open<Handle>(OpenRadio{state->next++});
     return true;
 }
 
 void BluetoothFindRadioClose(BluetoothRadioFind search) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(search));
+    machine::Current()->handles.Close(search);
 }
 
 SystemError BluetoothGetRadioInfo(Handle radio) {
     const auto machine = machine::Current();
-    const auto* const open = machine->handles.Find<OpenBluetoothRadio>(static_cast<std::uintptr_t>(radio));
+    const auto* const open = machine->handles.Find<OpenRadio>(radio);
     return open == nullptr ? error::InvalidHandle : error::Success;
 }
 
 BluetoothDeviceFind BluetoothFindFirstDevice(const BluetoothDeviceSearch& parameters,
                                              BluetoothDevice& device) {
     const auto machine = machine::Current();
-    const auto* const radio =
-        machine->handles.Find<OpenBluetoothRadio>(static_cast<std::uintptr_t>(parameters.radio));
+    const auto* const radio = machine->handles.Find<OpenRadio>(parameters.radio);
     if (radio == nullptr) {
         machine::SetLastError(error::InvalidHandle);
         return BluetoothDeviceFind::None;
     }
-    BluetoothDeviceSearchState search{.radio = radio->radio};
+    DeviceSearch search{radio->place, 0};
     if (!parameters.returnConnected || !Advance(*machine, search, device)) {
         machine::SetLastError(error::NoMoreItems);
         return BluetoothDeviceFind::None;
     }
-    return BluetoothDeviceFind{machine->handles.Open("Bluetooth device search", search)};
+    return machine->handles.Open<BluetoothDeviceFind>(search);
 }
 
 bool BluetoothFindNextDevice(BluetoothDeviceFind search, BluetoothDevice& device) {
     const auto machine = machine::Current();
-    auto* const state =
-        machine->handles.Find<BluetoothDeviceSearchState>(static_cast<std::uintptr_t>(search));
+    auto* const state = machine->handles.Find<DeviceSearch>(search);
     if (state == nullptr) {
         return machine::Succeed(error::InvalidHandle);
     }
@@ -94,7 +98,7 @@ bool BluetoothFindNextDevice(BluetoothDeviceFind search, BluetoothDevice& device
 }
 
 void BluetoothFindDeviceClose(BluetoothDeviceFind search) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(search));
+    machine::Current()->handles.Close(search);
 }
 
 } // namespace VESK_BACK_END

@@ -1,7 +1,7 @@
 #include "platform/com.h"
 
 #include "machine/machine.h"
-#include "machine/models/com/apartments.h"
+#include "machine/models/com_objects.h"
 #include "platform/back_end.h"
 
 #include <algorithm>
@@ -42,19 +42,19 @@ HResult CoCreateInstance(const Guid& classId, std::uint32_t classContext, const 
     if (machine::CurrentApartment().entered == 0) {
         return hresult::NotInitialised;
     }
-    const machine::ComClass* const row = machine->com.FindClass(classId);
+    const machine::ComClass* const row = machine::FindComClass(classId);
     if (row == nullptr || (classContext & class_context::InprocServer) == 0) {
         return hresult::ClassNotRegistered;
     }
     if (row->interfaceId != interfaceId) {
         return hresult::NoInterface;
     }
-    made = machine->com.HandOut<Unknown>(row->make());
+    made = row->create(machine->handles);
     return hresult::Ok;
 }
 
 void Release(Unknown held) {
-    machine::Current()->com.Release(static_cast<std::uintptr_t>(held));
+    machine::Current()->handles.Close(held);
 }
 
 } // namespace VESK_BACK_END

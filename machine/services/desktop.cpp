@@ -10,15 +10,16 @@
 namespace VESK_BACK_END {
 namespace {
 
+using machine::Machine;
 using machine::StackedWindow;
+using machine::WindowProfile;
 using machine::WindowStack;
 
-/// What is asked of a window; `nothing` for one that does not exist.
-template <class Answer, class Question>
-Answer AboutWindow(Window window, Answer nothing, Question question) {
-    const auto machine = machine::Current();
-    const StackedWindow* const found = machine->windows.Find(window);
-    return found == nullptr ? nothing : question(machine->windows, *found);
+/// The profile of a window; for one that does not exist, what is reported of nothing.
+const WindowProfile& ProfileOf(const Machine& machine, Window window) {
+    static const WindowProfile Nothing{.enabled = false, .visible = false};
+    const StackedWindow* const found = machine.windows.Find(window);
+    return found == nullptr ? Nothing : *found->profile;
 }
 
 Window HandleOf(const WindowStack& windows, const std::string& name) {
@@ -58,70 +59,59 @@ std::vector<Window> EnumWindows() {
 }
 
 std::uint32_t GetWindowTextLengthW(Window window) {
-    return AboutWindow(window, 0U, [](const WindowStack&, const StackedWindow& found) {
-        return static_cast<std::uint32_t>(found.profile->title.size());
-    });
+    return static_cast<std::uint32_t>(ProfileOf(*machine::Current(), window).title.size());
 }
 
 bool IsWindowEnabled(Window window) {
-    return AboutWindow(window, false,
-                       [](const WindowStack&, const StackedWindow& found) { return found.profile->enabled; });
+    return ProfileOf(*machine::Current(), window).enabled;
 }
 
 bool IsWindow(Window window) {
-    return AboutWindow(window, false, [](const WindowStack&, const StackedWindow&) { return true; });
+    return machine::Current()->windows.Find(window) != nullptr;
 }
 
 bool IsWindowVisible(Window window) {
-    return AboutWindow(window, false,
-                       [](const WindowStack&, const StackedWindow& found) { return found.profile->visible; });
+    return ProfileOf(*machine::Current(), window).visible;
 }
 
 bool IsIconic(Window window) {
-    return AboutWindow(window, false, [](const WindowStack&, const StackedWindow& found) {
-        return found.profile->minimised;
-    });
+    return ProfileOf(*machine::Current(), window).minimised;
 }
 
 Window GetAncestor(Window window, std::uint32_t which) {
-    return AboutWindow(window, Window::None, [which](const WindowStack& windows, const StackedWindow& found) {
-        return which == RootOwner ? RootOwnerOf(windows, found) : Window::None;
-    });
+    const auto machine = machine::Current();
+    const StackedWindow* const found = machine->windows.Find(window);
+    return found != nullptr && which == RootOwner ? RootOwnerOf(machine->windows, *found) : Window::None;
 }
 
 Window GetLastActivePopup(Window window) {
-    return AboutWindow(window, Window::None, [](const WindowStack& windows, const StackedWindow& found) {
-        const Window popup = HandleOf(windows, found.profile->lastActivePopup);
-        return popup == Window::None ? found.handle : popup;
-    });
+    const auto machine = machine::Current();
+    if (machine->windows.Find(window) == nullptr) {
+        return Window::None;
+    }
+    const Window popup = HandleOf(machine->windows, ProfileOf(*machine, window).lastActivePopup);
+    return popup == Window::None ? window : popup;
 }
 
 bool GetTitleBarInfo(Window window, TitleBarInfo& info) {
-    return AboutWindow(window, false, [&info](const WindowStack&, const StackedWindow& found) {
-        if (info.size != sizeof info) {
-            return false;
-        }
-        info.states[0] = found.profile->titleBarState;
-        return true;
-    });
+    const auto machine = machine::Current();
+    if (machine->windows.Find(window) == nullptr || info.size != sizeof info) {
+        return false;
+    }
+    info.states[0] = ProfileOf(*machine, window).titleBarState;
+    return true;
 }
 
 std::uint32_t GetWindowLongW(Window window, std::int32_t index) {
-    return AboutWindow(window, 0U, [index](const WindowStack&, const StackedWindow& found) {
-        return index == ExtendedStyle ? found.profile->extendedStyle : 0;
-    });
+    return index == ExtendedStyle ? ProfileOf(*machine::Current(), window).extendedStyle : 0;
 }
 
 std::uint32_t GetClassNameW(Window window, char16_t* name, std::uint32_t size) {
-    return AboutWindow(window, 0U, [=](const WindowStack&, const StackedWindow& found) {
-        return CopyText(found.profile->className, name, size);
-    });
+    return CopyText(ProfileOf(*machine::Current(), window).className, name, size);
 }
 
 std::uint32_t GetWindowTextW(Window window, char16_t* text, std::uint32_t size) {
-    return AboutWindow(window, 0U, [=](const WindowStack&, const StackedWindow& found) {
-        return CopyText(found.profile->title, text, size);
-    });
+    return CopyText(ProfileOf(*machine::Current(), window).title, text, size);
 }
 
 Window FindWindowExW(Window parent, Window after, const char16_t* className) {
@@ -147,8 +137,7 @@ Window FindWindowExW(Window parent, Window after, const char16_t* className) {
 }
 
 std::uint32_t GetWindowThreadProcessId(Window window) {
-    return AboutWindow(window, 0U,
-                       [](const WindowStack&, const StackedWindow& found) { return found.profile->process; });
+    return ProfileOf(*machine::Current(), window).process;
 }
 
 } // namespace VESK_BACK_END

@@ -21,7 +21,7 @@ struct OpenDeviceInfoSet {
 };
 
 const OpenDeviceInfoSet* Find(machine::Machine& machine, DeviceInfoSet set) {
-    return machine.handles.Find<OpenDeviceInfoSet>(static_cast<std::uintptr_t>(set));
+    return machine.handles.Find<OpenDeviceInfoSet>(set);
 }
 
 } // namespace
@@ -33,7 +33,7 @@ DeviceInfoSet SetupDiGetClassDevsW(const Guid& interfaceClass, std::uint32_t fla
         return DeviceInfoSet::Invalid;
     }
     const std::size_t count = interfaceClass == BatteryClass ? machine->batteries.size() : 0;
-    return DeviceInfoSet{machine->handles.Open("device information set", OpenDeviceInfoSet{count})};
+    return machine->handles.Open<DeviceInfoSet>(OpenDeviceInfoSet{count});
 }
 
 bool SetupDiEnumDeviceInterfaces(DeviceInfoSet set, const Guid& interfaceClass, std::uint32_t index,
@@ -75,7 +75,7 @@ bool SetupDiGetDeviceInterfaceDetailW(DeviceInfoSet set, const DeviceInterfaceDa
 }
 
 void SetupDiDestroyDeviceInfoList(DeviceInfoSet set) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(set));
+    machine::Current()->handles.Close(set);
 }
 
 } // namespace VESK_BACK_END

@@ -23,7 +23,7 @@ Handle FileAt(machine::Machine& machine, const char16_t* path, const machine::Fi
             machine::OnDisk([&] { return machine.storage.files->Open(path, opening, descriptor); }))) {
         return Handle::Invalid;
     }
-    const std::uintptr_t number = machine.handles.Open("file", OpenFile{});
+    const std::uintptr_t number = machine.handles.Open<std::uintptr_t>(OpenFile{});
     machine.storage.files->Keep(number, path, opening, descriptor);
     return Handle{number};
 }
@@ -45,14 +45,14 @@ Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t sha
     if (!machine::Succeed(found->second->Open(access, shareMode))) {
         return Handle::Invalid;
     }
-    return Handle{machine->handles.Open("device", OpenDevice{found->second})};
+    return machine->handles.Open<Handle>(OpenDevice{found->second});
 }
 
 bool DeviceIoControl(Handle device, std::uint32_t code, std::span<const std::byte> in,
                      std::span<std::byte> out, std::uint32_t& returned) {
     const auto machine = machine::Current();
     returned = 0;
-    const auto* const opened = machine->handles.Find<OpenDevice>(static_cast<std::uintptr_t>(device));
+    const auto* const opened = machine->handles.Find<OpenDevice>(device);
     if (opened == nullptr) {
         return machine::Succeed(error::InvalidHandle);
     }
@@ -70,13 +70,12 @@ bool DeviceIoControl(Handle device, std::uint32_t code, std::span<const std::byt
 /// Devices, files, tokens, processes and Bluetooth radios.
 void CloseHandle(Handle handle) {
     const auto machine = machine::Current();
-    const auto number = static_cast<std::uintptr_t>(handle);
-    if (const auto* const device = machine->handles.Find<OpenDevice>(number); device != nullptr) {
+    if (const auto* const device = machine->handles.Find<OpenDevice>(handle); device != nullptr) {
         device->device->Close();
-    } else if (machine->handles.Find<OpenFile>(number) != nullptr) {
-        machine->storage.files->Close(number);
+    } else if (machine->handles.Find<OpenFile>(handle) != nullptr) {
+        machine->storage.files->Close(static_cast<std::uintptr_t>(handle));
     }
-    machine->handles.Close(number);
+    machine->handles.Close(handle);
 }
 
 } // namespace VESK_BACK_END

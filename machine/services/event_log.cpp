@@ -8,17 +8,23 @@
 #include <utility>
 
 namespace VESK_BACK_END {
+namespace {
+
+struct OpenEventSource {
+    std::u16string name;
+};
+
+} // namespace
 
 EventSource RegisterEventSourceW(const char16_t* sourceName) {
     const auto machine = machine::Current();
-    return EventSource{machine->handles.Open("event source", machine::OpenEventSource{sourceName})};
+    return machine->handles.Open<EventSource>(OpenEventSource{sourceName});
 }
 
 bool ReportEventW(EventSource source, std::uint16_t type, std::uint16_t, std::uint32_t,
                   const std::array<const char16_t*, 2>& insertionStrings) {
     const auto machine = machine::Current();
-    const auto* const opened =
-        machine->handles.Find<machine::OpenEventSource>(static_cast<std::uintptr_t>(source));
+    const auto* const opened = machine->handles.Find<OpenEventSource>(source);
     if (opened == nullptr) {
         return machine::Succeed(error::InvalidHandle);
     }
@@ -31,7 +37,7 @@ bool ReportEventW(EventSource source, std::uint16_t type, std::uint16_t, std::ui
 }
 
 void DeregisterEventSource(EventSource source) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(source));
+    machine::Current()->handles.Close(source);
 }
 
 } // namespace VESK_BACK_END

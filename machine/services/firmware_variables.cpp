@@ -24,39 +24,20 @@ constexpr SystemError NoSuchPrivilege = 1313;
 
 struct OpenToken {};
 
-SystemError Read(FirmwareVariableStore& variables, const char16_t* name, const char16_t* guid,
-                 std::span<std::byte> buffer, std::uint32_t& size) {
-    if (!variables.PrivilegeEnabled()) {
-        return PrivilegeNotHeld;
-    }
-    const auto data = variables.Get(guid, name);
-    if (!data) {
-        return VariableNotFound;
-    }
-    if (data->size() > buffer.size()) {
-        return error::InsufficientBuffer;
-    }
-    std::ranges::copy(*data, buffer.begin());
-    size = static_cast<std::uint32_t>(data->size());
-    return error::Success;
-}
-
-SystemError Write(FirmwareVariableStore& variables, const char16_t* name, const char16_t* guid,
-                  std::span<const std::byte> data) {
-    if (!variables.PrivilegeEnabled()) {
-        return PrivilegeNotHeld;
-    }
-    if (variables.IsReadOnly(guid, name)) {
-        return WriteProtected;
-    }
-    variables.Set(guid, name, data);
-    return error::Success;
+/// An operation on the variables, which needs the privilege. Sets the last error.
+template <class Operation>
+bool OnVariables(Operation operation) {
+    const auto machine = machine::Current();
+    FirmwareVariableStore& variables = *machine->storage.firmwareVariables;
+    return Succeed(variables.PrivilegeEnabled()
+                       ? machine::OnDisk([&]() -> SystemError { return operation(variables); })
+                       : PrivilegeNotHeld);
 }
 
 } // namespace
 
 bool OpenProcessToken(std::uint32_t, Handle& token) {
-    token = Handle{machine::Current()->handles.Open("process token", OpenToken{})};
+    token = machine::Current()->handles.Open<Handle>(OpenToken{});
     return Succeed(error::Success);
 }
 
@@ -84,18 +65,31 @@ bool AdjustTokenPrivileges(Handle token, const Luid& privilege, std::uint32_t at
 
 std::uint32_t GetFirmwareEnvironmentVariableW(const char16_t* name, const char16_t* guid,
                                               std::span<std::byte> buffer) {
-    const auto machine = machine::Current();
     std::uint32_t size = 0;
-    machine::SetLastError(
-        machine::OnDisk([&] { return Read(*machine->storage.firmwareVariables, name, guid, buffer, size); }));
+    OnVariables([&](FirmwareVariableStore& variables) {
+        const auto data = variables.Get(guid, name);
+        if (!data) {
+            return VariableNotFound;
+        }
+        if (data->size() > buffer.size()) {
+            return error::InsufficientBuffer;
+        }
+        std::ranges::copy(*data, buffer.begin());
+        size = static_cast<std::uint32_t>(data->size());
+        return error::Success;
+    });
     return size;
 }
 
 bool SetFirmwareEnvironmentVariableW(const char16_t* name, const char16_t* guid,
                                      std::span<const std::byte> data) {
-    const auto machine = machine::Current();
-    return Succeed(
-        machine::OnDisk([&] { return Write(*machine->storage.firmwareVariables, name, guid, data); }));
+    return OnVariables([&](FirmwareVariableStore& variables) {
+        if (variables.IsReadOnly(guid, name)) {
+            return WriteProtected;
+        }
+        variables.Set(guid, name, data);
+        return error::Success;
+    });
 }
 
 } // namespace VESK_BACK_END

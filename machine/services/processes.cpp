@@ -26,7 +26,7 @@ SystemError Grants(const ProcessProfile& process, std::uint32_t access) {
 
 /// Null with the last error set for a handle that is no open process.
 const ProcessProfile* Find(Machine& machine, Handle handle) {
-    const auto* const opened = machine.handles.Find<OpenedProcess>(static_cast<std::uintptr_t>(handle));
+    const auto* const opened = machine.handles.Find<OpenedProcess>(handle);
     if (opened == nullptr) {
         machine::SetLastError(error::InvalidHandle);
     }
@@ -43,7 +43,7 @@ Handle OpenProcess(std::uint32_t access, std::uint32_t processId) {
     if (!machine::Succeed(found == processes.end() ? error::InvalidParameter : Grants(*found, access))) {
         return Handle::Null;
     }
-    return Handle{machine->handles.Open("process", OpenedProcess{&*found})};
+    return machine->handles.Open<Handle>(OpenedProcess{&*found});
 }
 
 std::uint32_t K32GetModuleFileNameExW(Handle process, char16_t* path, std::uint32_t size) {

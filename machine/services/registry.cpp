@@ -11,28 +11,21 @@
 namespace VESK_BACK_END {
 namespace {
 
-using machine::HeldMachine;
 using machine::Machine;
-using machine::OnDisk;
 using machine::OpenKey;
 using machine::RegistryHive;
 
 constexpr std::uint32_t WriteRights = 0x6; // KEY_SET_VALUE | KEY_CREATE_SUB_KEY
 
-OpenKey* Find(Machine& machine, Key key) {
-    return machine.handles.Find<OpenKey>(static_cast<std::uintptr_t>(key));
-}
-
-/// The store's number of a key: a hive, or a key that is open. Nothing when it is neither.
-std::optional<std::int64_t> NumberOf(Machine& machine, Key key) {
-    if (key == Key::LocalMachine) {
-        return RegistryHive::LocalMachine;
-    }
-    if (key == Key::CurrentUser) {
-        return RegistryHive::CurrentUser;
-    }
-    const OpenKey* const open = Find(machine, key);
-    return open == nullptr ? std::nullopt : std::optional(open->number);
+/// An operation on a key that is open, or on a hive, which always is, but not for writing its values.
+template <class Operation>
+SystemError OnKey(Key key, Operation operation) {
+    const auto machine = machine::Current();
+    const bool isUser = key == Key::CurrentUser;
+    OpenKey hive{isUser ? RegistryHive::CurrentUser : RegistryHive::LocalMachine, 0};
+    OpenKey* const open = isUser || key == Key::LocalMachine ? &hive : machine->handles.Find<OpenKey>(key);
+    return open == nullptr ? error::InvalidHandle
+                           : machine::OnDisk([&]() -> SystemError { return operation(*machine, *open); });
 }
 
 bool IsReadOnly(Machine& machine, std::int64_t root, const char16_t* subKey) {
@@ -44,69 +37,45 @@ bool IsReadOnly(Machine& machine, std::int64_t root, const char16_t* subKey) {
     return machine.storage.registry->IsReadOnly(path);
 }
 
-Key Opened(Machine& machine, std::int64_t number, std::uint32_t access) {
-    return Key{machine.handles.Open("registry key", OpenKey{number, access})};
-}
-
-/// The subkeys of an open key as they are now; null when the key is none that is open. The hives themselves are
-/// always open and are not enumerated.
-const std::vector<std::u16string>* SubkeysOf(Machine& machine, Key key) {
-    OpenKey* const open = Find(machine, key);
-    if (open == nullptr) {
-        return nullptr;
-    }
-    machine.storage.registry->Refresh(open->number, open->subkeys);
-    return &open->subkeys.names;
+/// The names of a key's subkeys as they are now.
+const std::vector<std::u16string>& SubkeysOf(Machine& machine, OpenKey& key) {
+    machine.storage.registry->Refresh(key.number, key.subkeys);
+    return key.subkeys.names;
 }
 
 } // namespace
 
 SystemError RegOpenKeyExW(Key root, const char16_t* subKey, std::uint32_t access, Key& opened) {
-    const auto machine = machine::Current();
-    return OnDisk([&] {
-        const auto parent = NumberOf(*machine, root);
-        if (!parent) {
-            return error::InvalidHandle;
-        }
-        const auto number = machine->storage.registry->Find(*parent, subKey);
+    return OnKey(root, [&](Machine& machine, const OpenKey& parent) {
+        const auto number = machine.storage.registry->Find(parent.number, subKey);
         if (!number) {
             return error::FileNotFound;
         }
-        if ((access & WriteRights) != 0 && IsReadOnly(*machine, *parent, subKey)) {
+        if ((access & WriteRights) != 0 && IsReadOnly(machine, parent.number, subKey)) {
             return error::AccessDenied;
         }
-        opened = Opened(*machine, *number, access);
+        opened = machine.handles.Open<Key>(OpenKey{*number, access});
         return error::Success;
     });
 }
 
 SystemError RegCreateKeyExW(Key root, const char16_t* subKey, std::uint32_t access, Key& opened) {
-    const auto machine = machine::Current();
-    return OnDisk([&] {
-        const auto parent = NumberOf(*machine, root);
-        if (!parent) {
-            return error::InvalidHandle;
-        }
-        if (IsReadOnly(*machine, *parent, subKey)) {
+    return OnKey(root, [&](Machine& machine, const OpenKey& parent) {
+        if (IsReadOnly(machine, parent.number, subKey)) {
             return error::AccessDenied;
         }
-        machine::Store::Transaction whole(*machine->storage.store);
-        const std::int64_t number = machine->storage.registry->Create(*parent, subKey);
+        machine::Store::Transaction whole(*machine.storage.store);
+        const std::int64_t number = machine.storage.registry->Create(parent.number, subKey);
         whole.Commit();
-        opened = Opened(*machine, number, access);
+        opened = machine.handles.Open<Key>(OpenKey{number, access});
         return error::Success;
     });
 }
 
 SystemError RegQueryValueExW(Key key, const char16_t* name, std::uint32_t& type, std::byte* data,
                              std::uint32_t& size) {
-    const auto machine = machine::Current();
-    return OnDisk([&] {
-        const auto number = NumberOf(*machine, key);
-        if (!number) {
-            return error::InvalidHandle;
-        }
-        const auto value = machine->storage.registry->Get(*number, name);
+    return OnKey(key, [&](Machine& machine, const OpenKey& open) {
+        const auto value = machine.storage.registry->Get(open.number, name);
         if (!value) {
             return error::FileNotFound;
         }
@@ -126,54 +95,39 @@ SystemError RegQueryValueExW(Key key, const char16_t* name, std::uint32_t& type,
 
 SystemError RegSetValueExW(Key key, const char16_t* name, std::uint32_t type,
                            std::span<const std::byte> data) {
-    const auto machine = machine::Current();
-    return OnDisk([&] {
-        const OpenKey* const open = Find(*machine, key);
-        if (open == nullptr) {
-            return error::InvalidHandle;
-        }
-        if ((open->access & WriteRights) == 0) {
+    return OnKey(key, [&](Machine& machine, const OpenKey& open) {
+        if ((open.access & WriteRights) == 0) {
             return error::AccessDenied;
         }
-        machine->storage.registry->Set(open->number, name, type, data);
+        machine.storage.registry->Set(open.number, name, type, data);
         return error::Success;
     });
 }
 
 SystemError RegEnumKeyExW(Key key, std::uint32_t index, char16_t* name, std::uint32_t& length) {
-    const auto machine = machine::Current();
-    return OnDisk([&] {
-        const auto* const names = SubkeysOf(*machine, key);
-        if (names == nullptr) {
-            return error::InvalidHandle;
-        }
-        if (index >= names->size()) {
+    return OnKey(key, [&](Machine& machine, OpenKey& open) {
+        const auto& names = SubkeysOf(machine, open);
+        if (index >= names.size()) {
             return error::NoMoreItems;
         }
-        const std::u16string& found = (*names)[index];
-        if (found.size() >= length) {
+        if (names[index].size() >= length) {
             return error::MoreData;
         }
-        *std::ranges::copy(found, name).out = u'\0';
-        length = static_cast<std::uint32_t>(found.size());
+        *std::ranges::copy(names[index], name).out = u'\0';
+        length = static_cast<std::uint32_t>(names[index].size());
         return error::Success;
     });
 }
 
 SystemError RegQueryInfoKeyW(Key key, std::uint32_t& subKeys) {
-    const auto machine = machine::Current();
-    return OnDisk([&] {
-        const auto* const names = SubkeysOf(*machine, key);
-        if (names == nullptr) {
-            return error::InvalidHandle;
-        }
-        subKeys = static_cast<std::uint32_t>(names->size());
+    return OnKey(key, [&](Machine& machine, OpenKey& open) {
+        subKeys = static_cast<std::uint32_t>(SubkeysOf(machine, open).size());
         return error::Success;
     });
 }
 
 void RegCloseKey(Key key) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(key));
+    machine::Current()->handles.Close(key);
 }
 
 } // namespace VESK_BACK_END

@@ -40,11 +40,11 @@ Module LoadLibraryW(const char16_t* name) {
         machine::SetLastError(error::ModuleNotFound);
         return Module::None;
     }
-    return Module{machine->handles.Open("library", LoadedLibrary{})};
+    return machine->handles.Open<Module>(LoadedLibrary{});
 }
 
 void FreeLibrary(Module module) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(module));
+    machine::Current()->handles.Close(module);
 }
 
 HResult WldpQueryWindowsLockdownMode(Module, std::uint32_t& mode) {

@@ -2,7 +2,6 @@
 
 #include "machine/machine.h"
 #include "machine/models/beacon.h"
-#include "machine/models/radio_searches.h"
 #include "platform/back_end.h"
 
 #include <algorithm>
@@ -18,6 +17,8 @@ constexpr SystemError NotSupported = 50;
 constexpr SystemError NoSuchInterface = 1168;
 constexpr SystemError InvalidState = 5023;
 
+struct OpenClient {};
+
 WlanSsid NativeSsid(const std::string& name) {
     WlanSsid ssid{.length = static_cast<std::uint32_t>(name.size())};
     std::ranges::transform(name, ssid.bytes.begin(),
@@ -26,7 +27,7 @@ WlanSsid NativeSsid(const std::string& name) {
 }
 
 bool IsOpen(Machine& machine, WlanClient client) {
-    return machine.handles.Find<machine::OpenWlanClient>(static_cast<std::uintptr_t>(client)) != nullptr;
+    return machine.handles.Find<OpenClient>(client) != nullptr;
 }
 
 /// The interface that is asked about, or why it cannot be.
@@ -59,12 +60,12 @@ SystemError WlanOpenHandle(std::uint32_t, WlanClient& client) {
     case machine::WifiService::Running:
         break;
     }
-    client = WlanClient{machine->handles.Open("WLAN client", machine::OpenWlanClient{})};
+    client = machine->handles.Open<WlanClient>(OpenClient{});
     return error::Success;
 }
 
 void WlanCloseHandle(WlanClient client) {
-    machine::Current()->handles.Close(static_cast<std::uintptr_t>(client));
+    machine::Current()->handles.Close(client);
 }
 
 SystemError WlanEnumInterfaces(WlanClient client, std::vector<WlanInterface>& interfaces) {

@@ -1,24 +1,26 @@
 #include "platform/wmi.h"
 
 #include "machine/machine.h"
-#include "machine/models/wmi/wmi_objects.h"
+#include "machine/models/com_objects.h"
 #include "machine/models/wmi/wmi_repository.h"
+#include "machine/models/wmi/wql.h"
 #include "machine/text/folding.h"
 #include "platform/back_end.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace VESK_BACK_END {
 namespace {
 
+using machine::WbemClassObject;
+using machine::WbemRowsObject;
+using machine::WbemServicesObject;
 using machine::WmiDatum;
 
-template <class Object, class Interface, class... Arguments>
-HResult HandOut(machine::ComObjects& com, Interface& made, Arguments&&... arguments) {
-    auto object = std::make_shared<Object>(std::forward<Arguments>(arguments)...);
-    made = com.HandOut<Interface>(std::move(object));
+template <class Interface, class Object>
+HResult HandOut(machine::Machine& machine, Interface& made, Object object) {
+    made = machine.handles.Open<Interface>(std::move(object));
     return hresult::Ok;
 }
 
@@ -50,23 +52,22 @@ struct ToWmiValue {
 
 HResult ConnectServer(WbemLocator locator, const char16_t* networkResource, WbemServices& services) {
     const auto machine = machine::Current();
-    if (machine->com.Find<machine::WbemLocatorObject>(locator) == nullptr) {
+    if (machine->handles.Find<machine::WbemLocatorObject>(locator) == nullptr) {
         return hresult::Pointer;
     }
     const machine::WmiNamespace* const space = machine->wmi.FindNamespace(networkResource);
-    return space == nullptr ? wbem::InvalidNamespace
-                            : HandOut<machine::WbemServicesObject>(machine->com, services, *space);
+    return space == nullptr ? wbem::InvalidNamespace : HandOut(*machine, services, WbemServicesObject{space});
 }
 
 HResult CoSetProxyBlanket(WbemServices proxy, const ProxyBlanket&) {
-    return machine::Current()->com.Find<machine::WbemServicesObject>(proxy) == nullptr ? hresult::Pointer
-                                                                                       : hresult::Ok;
+    return machine::Current()->handles.Find<WbemServicesObject>(proxy) == nullptr ? hresult::Pointer
+                                                                                  : hresult::Ok;
 }
 
 HResult ExecQuery(WbemServices services, const char16_t* queryLanguage, const char16_t* query,
                   std::int32_t flags, WbemEnumerator& rows) {
     const auto machine = machine::Current();
-    const auto* const here = machine->com.Find<machine::WbemServicesObject>(services);
+    const auto* const here = machine->handles.Find<WbemServicesObject>(services);
     if (here == nullptr) {
         return hresult::Pointer;
     }
@@ -74,109 +75,119 @@ HResult ExecQuery(WbemServices services, const char16_t* queryLanguage, const ch
         return wbem::InvalidQueryType;
     }
     machine->AdvanceModels();
-    machine::WmiQueryResult result = machine::WmiRepository::Run(here->space, query);
+    WbemRowsObject result = machine::WmiRepository::Run(*here->space, query);
     // A caller that does not wait for the whole answer gets its failure from Next.
     if ((flags & wbem::ReturnImmediately) == 0 && Failed(result.status)) {
         return result.status;
     }
-    return HandOut<machine::WbemRowsObject>(machine->com, rows, std::move(result));
+    return HandOut(*machine, rows, std::move(result));
 }
 
 HResult Next(WbemEnumerator rows, std::uint32_t, WbemObject& row, std::uint32_t& returned) {
     const auto machine = machine::Current();
     returned = 0;
-    auto* const here = machine->com.Find<machine::WbemRowsObject>(rows);
-    if (here == nullptr) {
-        return hresult::Pointer;
+    auto* const here = machine->handles.Find<WbemRowsObject>(rows);
+    if (here == nullptr || Failed(here->status)) {
+        return here == nullptr ? hresult::Pointer : here->status;
     }
-    if (Failed(here->result.status)) {
-        return here->result.status;
-    }
-    if (here->next == here->result.rows.size()) {
+    if (here->next == here->rows.size()) {
         return wbem::NoMoreRows;
     }
     returned = 1;
-    return HandOut<machine::WbemInstanceObject>(machine->com, row, here->result,
-                                                here->result.rows[here->next++]);
+    return HandOut(*machine, row, WbemClassObject{*here->rows[here->next++]});
 }
 
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
     const auto machine = machine::Current();
     value = {};
-    const auto* const here = machine->com.Find<machine::WbemThing>(object);
+    auto* const here = machine->handles.Find<WbemClassObject>(object);
     if (here == nullptr) {
         return hresult::Pointer;
     }
-    WmiDatum datum;
-    const HResult status = here->Get(name, datum);
-    if (!Failed(status)) {
-        value = std::visit(ToWmiValue{}, datum.value);
+    const WmiDatum* const datum = here->Find(name);
+    if (datum == nullptr) {
+        return wbem::NotFound;
     }
-    return status;
+    value = std::visit(ToWmiValue{}, datum->value);
+    return hresult::Ok;
 }
 
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition) {
     const auto machine = machine::Current();
-    const auto* const here = machine->com.Find<machine::WbemServicesObject>(services);
+    const auto* const here = machine->handles.Find<WbemServicesObject>(services);
     if (here == nullptr) {
         return hresult::Pointer;
     }
-    const auto found = here->space.find(machine::Folded(objectPath));
-    return found == here->space.end()
-               ? wbem::NotFound
-               : HandOut<machine::WbemClassObject>(machine->com, definition, found->second);
+    const auto found = here->space->find(machine::Folded(objectPath));
+    if (found == here->space->end()) {
+        return wbem::NotFound;
+    }
+    return HandOut(*machine, definition, WbemClassObject{found->second.definition, &found->second});
 }
 
 HResult GetMethod(WbemObject definition, const char16_t* name, WbemObject& inSignature) {
     const auto machine = machine::Current();
-    const auto* const here = machine->com.Find<machine::WbemClassObject>(definition);
-    if (here == nullptr) {
+    const auto* const here = machine->handles.Find<WbemClassObject>(definition);
+    if (here == nullptr || here->definition == nullptr) {
         return hresult::Pointer;
     }
-    const machine::WmiMethods* const methods = here->definition->methods;
-    auto inputs = methods == nullptr ? std::nullopt : methods->Inputs(name);
-    if (!inputs) {
+    const auto method = here->definition->methods.find(machine::Folded(name));
+    if (method == here->definition->methods.end()) {
         return wbem::NotFound;
     }
-    return inputs->empty()
-               ? hresult::Ok
-               : HandOut<machine::WbemInputsObject>(machine->com, inSignature, std::move(*inputs));
+    WbemClassObject signature{.properties = {}, .isInputs = true};
+    for (const std::u16string& input : method->second.inputs) {
+        signature.properties[machine::Folded(input)] = {};
+    }
+    return HandOut(*machine, inSignature, std::move(signature));
 }
 
 HResult SpawnInstance(WbemObject definition, WbemObject& instance) {
     const auto machine = machine::Current();
-    const auto* const here = machine->com.Find<machine::WbemInputsObject>(definition);
-    return here == nullptr ? hresult::Pointer
-                           : HandOut<machine::WbemInputsObject>(machine->com, instance, here->names);
+    const auto* const here = machine->handles.Find<WbemClassObject>(definition);
+    return here == nullptr || !here->isInputs ? hresult::Pointer : HandOut(*machine, instance, *here);
 }
 
+/// A string is converted into the property's type, or the call fails.
 HResult Put(WbemObject object, const char16_t* name, std::u16string_view text, std::int32_t cimType) {
     const auto machine = machine::Current();
-    auto* const here = machine->com.Find<machine::WbemThing>(object);
-    return here == nullptr ? hresult::Pointer : here->Put(name, text, cimType);
+    auto* const here = machine->handles.Find<WbemClassObject>(object);
+    if (here == nullptr || !here->isInputs) {
+        return here == nullptr ? hresult::Pointer : wbem::AccessDenied;
+    }
+    WmiDatum* const input = here->Find(name);
+    if (input == nullptr) {
+        return wbem::NotFound;
+    }
+    const auto number = machine::WholeNumber(text);
+    if (cimType != cim_type::UInt32 || !number || *number < 0 || *number > 0xFFFFFFFF) {
+        return wbem::TypeMismatch;
+    }
+    input->value = *number;
+    return hresult::Ok;
 }
 
 HResult ExecMethod(WbemServices services, const char16_t* objectPath, const char16_t* methodName,
                    WbemObject inParameters, WbemObject& outParameters) {
     const auto machine = machine::Current();
-    const auto* const here = machine->com.Find<machine::WbemServicesObject>(services);
+    const auto* const here = machine->handles.Find<WbemServicesObject>(services);
     if (here == nullptr) {
         return hresult::Pointer;
     }
-    const auto instance = machine::WmiRepository::FindInstance(here->space, objectPath);
-    if (instance == nullptr) {
+    const auto* const definition = machine::WmiRepository::ClassOfInstance(*here->space, objectPath);
+    if (definition == nullptr) {
         return wbem::NotFound;
     }
-    if (instance->methods == nullptr || !instance->methods->Inputs(methodName)) {
+    const auto method = definition->methods.find(machine::Folded(methodName));
+    if (method == definition->methods.end()) {
         return wbem::InvalidMethod;
     }
-    const auto* const inputs = machine->com.Find<machine::WbemInputsObject>(inParameters);
-    machine::WmiMethodAnswer answer = instance->methods->Execute(
-        objectPath, methodName, inputs != nullptr ? inputs->values : machine::WmiArguments{});
-    if (!Failed(answer.status) && answer.out) {
-        HandOut<machine::WbemOutputsObject>(machine->com, outParameters, std::move(*answer.out));
-    }
-    return answer.status;
+    const auto* const inputs = machine->handles.Find<WbemClassObject>(inParameters);
+    machine::WmiRow out;
+    const HResult status =
+        method->second.execute(inputs != nullptr ? inputs->properties : machine::WmiRow{}, out);
+    return Failed(status) ? status
+                          : HandOut(*machine, outParameters, WbemClassObject{machine::FoldedRow(out)});
 }
 
 } // namespace VESK_BACK_END

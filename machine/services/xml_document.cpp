@@ -1,7 +1,7 @@
 #include "platform/xml_document.h"
 
 #include "machine/machine.h"
-#include "machine/models/com/xml_document_object.h"
+#include "machine/models/com_objects.h"
 #include "machine/models/xml_text.h"
 #include "platform/back_end.h"
 
@@ -12,8 +12,8 @@ using machine::XmlDocumentObject;
 
 /// The settings but `async` change nothing in what the library reads.
 HResult PutNothing(XmlDocument document) {
-    return machine::Current()->com.Find<XmlDocumentObject>(document) == nullptr ? hresult::Pointer
-                                                                                : hresult::Ok;
+    return machine::Current()->handles.Find<XmlDocumentObject>(document) == nullptr ? hresult::Pointer
+                                                                                    : hresult::Ok;
 }
 
 /// The file's content as the parser writes it: without its byte order mark.
@@ -26,7 +26,7 @@ std::optional<std::u16string> Serialised(std::u16string_view text) {
 
 HResult put_async(XmlDocument document, VariantBool value) {
     const auto machine = machine::Current();
-    auto* const object = machine->com.Find<XmlDocumentObject>(document);
+    auto* const object = machine->handles.Find<XmlDocumentObject>(document);
     if (object == nullptr) {
         return hresult::Pointer;
     }
@@ -48,32 +48,26 @@ HResult put_preserveWhiteSpace(XmlDocument document, VariantBool) {
 
 HResult load(XmlDocument document, const char16_t* path, VariantBool& successful) {
     const auto machine = machine::Current();
-    auto* const object = machine->com.Find<XmlDocumentObject>(document);
+    auto* const object = machine->handles.Find<XmlDocumentObject>(document);
     if (object == nullptr) {
         return hresult::Pointer;
     }
     const machine::PackageProfile* const file = machine->packages.ManifestAt(path);
     const auto xml = file != nullptr ? Serialised(*file->manifest) : std::nullopt;
-    const bool isLoaded = xml.has_value();
     // A document that loads in the background is not there yet when its content is asked for.
-    object->loaded = isLoaded && !object->async ? file : nullptr;
-    object->xml = xml.value_or(u"");
-    successful = isLoaded ? VariantTrue : VariantFalse;
-    return isLoaded ? hresult::Ok : hresult::False;
+    object->xml = object->async ? std::nullopt : xml;
+    successful = xml ? VariantTrue : VariantFalse;
+    return xml ? hresult::Ok : hresult::False;
 }
 
 HResult get_xml(XmlDocument document, std::u16string& xml) {
     const auto machine = machine::Current();
-    const auto* const object = machine->com.Find<XmlDocumentObject>(document);
+    const auto* const object = machine->handles.Find<XmlDocumentObject>(document);
     if (object == nullptr) {
         return hresult::Pointer;
     }
-    if (object->loaded == nullptr) {
-        xml.clear();
-        return hresult::False;
-    }
-    xml = object->xml;
-    return hresult::Ok;
+    xml = object->xml.value_or(u"");
+    return object->xml ? hresult::Ok : hresult::False;
 }
 
 } // namespace VESK_BACK_END

@@ -4,7 +4,7 @@
 #include "firmware/disk_temperature.h"
 #include "frame/diagnostics.h"
 #include "frame/session.h"
-#include "machine/models/com/apartments.h"
+#include "machine/models/com_objects.h"
 #include "machine/models/trace_sink.h"
 #include "machine/profile/built_in_machines.h"
 #include "platform/com.h"

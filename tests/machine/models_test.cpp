@@ -78,7 +78,7 @@ TEST(BatteryBusTest, EveryStepOfTheSetupIsNeeded) {
 TEST(WqlTest, NumbersOfUpTo18Digits) {
     const auto literal = [](const std::u16string& number) -> std::optional<std::int64_t> {
         const auto query = machine::ParseWql(u"SELECT * FROM C WHERE a = " + number);
-        return query ? std::optional(std::get<std::int64_t>(query->conditions.front().literal))
+        return query ? std::optional(std::get<std::int64_t>(query->conditions.front().literal.value))
                      : std::nullopt;
     };
     EXPECT_EQ(literal(u"999999999999999999"), 999'999'999'999'999'999);

@@ -7,7 +7,8 @@
 
 namespace machine {
 
-/// The firmware generations. A chip without one answers for its identity and tablet mode only.
+/// The firmware generations; the table of registers has a column for each, in this order. A chip without one answers for
+/// its identity and tablet mode only.
 enum class Generation : std::uint8_t { None, Legacy, Banked, Windowed, Relocated };
 
 Generation GenerationOf(const EcProfile& profile);

@@ -1,6 +1,5 @@
 #include "machine/models/ec/ec_register_banks.h"
 
-#include "machine/models/ec/ec_generation.h"
 #include "machine/models/ec/ec_units.h"
 
 #include <string>
@@ -51,76 +50,43 @@ constexpr Signal PackMaker = [](const EcProfile& ec) {
     return bytes;
 };
 
-/// Where a generation has a signal. Words have their low byte first.
-struct Placement {
+/// The command that reads a register, and its first address; command 0 for a generation that does not have it.
+struct Place {
     std::uint8_t command;
     std::uint16_t address;
+};
+
+/// A signal with its place in each generation. Words have their low byte first.
+struct Register {
     Signal signal;
+    Place places[4];
 };
 
-constexpr Placement LegacyPlacements[] = {
-    {0x80, 0x03A0, CpuDegrees},
-    {0x80, 0x03A4, GpuRightDegrees},
-    {0x80, 0x03A5, GpuLeftDegrees},
-    {0x80, 0x03B2, PackMillivolts},
-    {0x80, 0x03BC, PackMilliamperes},
-    {0x80, 0x03BE, PackDecikelvin},
-    {0x80, 0x03C2, ChargerMillivolts},
-    {0x80, 0x0511, BoardRightDegrees},
-    {0x80, 0x0512, BoardLeftDegrees},
-    {0x80, 0x0633, PackMaker},
-    {0x87, 0x0011, Lid},
+// clang-format off
+constexpr Register Registers[] = {
+    // signal              legacy          banked          windowed        relocated
+    {CpuDegrees,        {{0x80, 0x03A0}, {0xCC, 0x0000}, {0x80, 0x03A0}, {0x80, 0xF7A0}}},
+    {BoardLeftDegrees,  {{0x80, 0x0512}, {0xCC, 0x0001}, {0x80, 0x0512}, {0x80, 0xF912}}},
+    {BoardRightDegrees, {{0x80, 0x0511}, {0xCC, 0x0002}, {0x80, 0x0511}, {0x80, 0xF911}}},
+    {GpuLeftDegrees,    {{0x80, 0x03A5}, {0xCC, 0x0003}, {0x80, 0x03A5}, {0x80, 0xF7A5}}},
+    {GpuRightDegrees,   {{0x80, 0x03A4}, {0xCC, 0x0004}, {0x80, 0x03A4}, {0x80, 0xF7A4}}},
+    {Lid,               {{0x87, 0x0011}, {0xE0, 0x01},   {0x87, 0x0011}, {0x87, 0x00B4}}},
+    {PackMaker,         {{0x80, 0x0633}, {0xC4, 0x10},   {0xA4, 0x20},   {0x80, 0xFA33}}},
+    {PackMillivolts,    {{0x80, 0x03B2}, {0xC4, 0x36},   {0xA4, 0x02},   {0x80, 0xF7B2}}},
+    {PackMilliamperes,  {{0x80, 0x03BC}, {0xC4, 0x38},   {0xA4, 0x0C},   {0x80, 0xF7BC}}},
+    {PackDecikelvin,    {{0x80, 0x03BE}, {0xC4, 0x34},   {0xA4, 0x0E},   {0x80, 0xF7BE}}},
+    {ChargerMillivolts, {{0x80, 0x03C2}, {0xC4, 0x3E},   {0xA4, 0x12},   {0x80, 0xF7C2}}},
+    {PackCycles,        {{},             {0xC4, 0x2E},   {},             {}}},
+    {Cell1Millivolts,   {{},             {0xC4, 0x48},   {},             {}}},
+    {Cell2Millivolts,   {{},             {0xC4, 0x4A},   {},             {}}},
+    {Cell3Millivolts,   {{},             {0xC4, 0x4C},   {},             {}}},
+    {Cell4Millivolts,   {{},             {0xC4, 0x4E},   {},             {}}},
+    {Fan1Rpm,           {{},             {0xCC, 0x0035}, {},             {}}},
+    {Fan2Rpm,           {{},             {0xCC, 0x003C}, {},             {}}},
+    {Fan3Rpm,           {{},             {0xCC, 0x0135}, {},             {}}},
+    {Fan4Rpm,           {{},             {0xCC, 0x013C}, {},             {}}},
 };
-
-constexpr Placement BankedPlacements[] = {
-    {0xC4, 0x10, PackMaker},           {0xC4, 0x2E, PackCycles},
-    {0xC4, 0x34, PackDecikelvin},      {0xC4, 0x36, PackMillivolts},
-    {0xC4, 0x38, PackMilliamperes},    {0xC4, 0x3E, ChargerMillivolts},
-    {0xC4, 0x48, Cell1Millivolts},     {0xC4, 0x4A, Cell2Millivolts},
-    {0xC4, 0x4C, Cell3Millivolts},     {0xC4, 0x4E, Cell4Millivolts},
-    {0xCC, 0x0000, CpuDegrees},        {0xCC, 0x0001, BoardLeftDegrees},
-    {0xCC, 0x0002, BoardRightDegrees}, {0xCC, 0x0003, GpuLeftDegrees},
-    {0xCC, 0x0004, GpuRightDegrees},   {0xCC, 0x0035, Fan1Rpm},
-    {0xCC, 0x003C, Fan2Rpm},           {0xCC, 0x0135, Fan3Rpm},
-    {0xCC, 0x013C, Fan4Rpm},           {0xE0, 0x01, Lid},
-};
-
-constexpr Placement WindowedPlacements[] = {
-    {0x80, 0x03A0, CpuDegrees},        {0x80, 0x03A4, GpuRightDegrees},  {0x80, 0x03A5, GpuLeftDegrees},
-    {0x80, 0x0511, BoardRightDegrees}, {0x80, 0x0512, BoardLeftDegrees}, {0x87, 0x0011, Lid},
-    {0xA4, 0x02, PackMillivolts},      {0xA4, 0x0C, PackMilliamperes},   {0xA4, 0x0E, PackDecikelvin},
-    {0xA4, 0x12, ChargerMillivolts},   {0xA4, 0x20, PackMaker},
-};
-
-constexpr Placement RelocatedPlacements[] = {
-    {0x80, 0xF7A0, CpuDegrees},
-    {0x80, 0xF7A4, GpuRightDegrees},
-    {0x80, 0xF7A5, GpuLeftDegrees},
-    {0x80, 0xF7B2, PackMillivolts},
-    {0x80, 0xF7BC, PackMilliamperes},
-    {0x80, 0xF7BE, PackDecikelvin},
-    {0x80, 0xF7C2, ChargerMillivolts},
-    {0x80, 0xF911, BoardRightDegrees},
-    {0x80, 0xF912, BoardLeftDegrees},
-    {0x80, 0xFA33, PackMaker},
-    {0x87, 0x00B4, Lid},
-};
-
-std::span<const Placement> PlacementsOf(Generation generation) {
-    switch (generation) {
-    case Generation::Legacy:
-        return LegacyPlacements;
-    case Generation::Banked:
-        return BankedPlacements;
-    case Generation::Windowed:
-        return WindowedPlacements;
-    case Generation::Relocated:
-        return RelocatedPlacements;
-    case Generation::None:
-        break;
-    }
-    return {};
-}
+// clang-format on
 
 /// How many bytes of address a reading command takes; 0 for one that reads no bank.
 std::size_t AddressBytes(std::uint8_t command) {
@@ -144,10 +110,6 @@ constexpr std::uint32_t KeyOf(std::uint8_t command, std::uint32_t address) {
     return static_cast<std::uint32_t>(command) << 16 | address;
 }
 
-constexpr bool HasSensorHub(Generation generation) {
-    return generation != Generation::None && generation != Generation::Banked;
-}
-
 constexpr std::uint8_t Settled = 0x80;
 constexpr std::uint8_t EverythingElse = 0x7F;
 
@@ -158,13 +120,19 @@ std::uint8_t Flag(bool settled) {
 } // namespace
 
 EcRegisterBanks::EcRegisterBanks(const EcProfile& profile) {
-    for (const Placement& placement : PlacementsOf(GenerationOf(profile))) {
-        std::uint32_t address = placement.address;
-        for (const std::uint8_t byte : placement.signal(profile)) {
-            Put(placement.command, address++, byte);
+    const Generation generation = GenerationOf(profile);
+    if (generation == Generation::None) {
+        return;
+    }
+    for (const auto& [signal, places] : Registers) {
+        auto [command, address] = places[static_cast<std::size_t>(generation) - 1];
+        if (command != 0) {
+            for (const std::uint8_t byte : signal(profile)) {
+                Put(command, address++, byte);
+            }
         }
     }
-    LayOutSensors(profile);
+    LayOutSensors(profile, generation);
 }
 
 void EcRegisterBanks::Put(std::uint8_t command, std::uint32_t address, std::uint8_t byte) {
@@ -173,12 +141,11 @@ void EcRegisterBanks::Put(std::uint8_t command, std::uint32_t address, std::uint
 
 /// Six channels, three to a device. The hub of the older boards has the converters' counts in groups of its devices;
 /// the banked firmware has them in degrees, and its devices apart from its own state.
-void EcRegisterBanks::LayOutSensors(const EcProfile& profile) {
-    const Generation generation = GenerationOf(profile);
+void EcRegisterBanks::LayOutSensors(const EcProfile& profile, Generation generation) {
     const EcSensors& sensors = profile.sensors;
     const auto devices =
         static_cast<std::uint8_t>((sensors.devicePresent[0] ? 1 : 0) | (sensors.devicePresent[1] ? 2 : 0));
-    if (HasSensorHub(generation)) {
+    if (generation != Generation::Banked) {
         constexpr std::uint8_t Noise = 0x7C;
         constexpr std::uint8_t FlagsAt[] = {0x19, 0x1A, 0x1B, 0x29, 0x2A, 0x2B};
         constexpr std::uint8_t CountsAt[] = {0x1C, 0x1D, 0x1E, 0x2C, 0x2D, 0x2E};
@@ -190,7 +157,7 @@ void EcRegisterBanks::LayOutSensors(const EcProfile& profile) {
             Put(0xAC, FlagsAt[channel], Flag(sensors.channels[channel].valid));
             Put(0xAC, CountsAt[channel], ThermistorCount(Parts[channel], sensors.channels[channel].degrees));
         }
-    } else if (generation == Generation::Banked) {
+    } else {
         Put(0xCE, 0x00, Flag(sensors.ready));
         Put(0xCE, 0x01, devices);
         for (unsigned channel = 0; channel < sensors.channels.size(); ++channel) {

@@ -1,6 +1,7 @@
 // The registers of the EC's firmware with their contents.
 #pragma once
 
+#include "machine/models/ec/ec_generation.h"
 #include "machine/profile/sections/ec_profile.h"
 
 #include <cstdint>
@@ -20,7 +21,7 @@ public:
 
 private:
     void Put(std::uint8_t command, std::uint32_t address, std::uint8_t byte);
-    void LayOutSensors(const EcProfile& profile);
+    void LayOutSensors(const EcProfile& profile, Generation generation);
 
     std::unordered_map<std::uint32_t, std::uint8_t> m_bytes;
 };

@@ -1,5 +1,6 @@
 #include "machine/models/ec/embedded_controller.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace machine {
@@ -12,10 +13,9 @@ constexpr std::uint8_t CommandIdentityRead = 0xBB;
 constexpr std::uint8_t ModeTablet = 0x33;
 
 // The identity register file.
-constexpr std::uint8_t RegisterRevisionFirst = 0x03;
-constexpr std::uint8_t RegisterRevisionSecond = 0x04;
-constexpr std::uint8_t RegisterChipId = 0x10;
-constexpr std::uint8_t RegisterChipName = 0x12; // and the next three
+constexpr std::size_t RegisterRevision = 0x03; // two characters
+constexpr std::size_t RegisterChipId = 0x10;
+constexpr std::size_t RegisterChipName = 0x12; // four characters
 
 } // namespace
 
@@ -40,20 +40,11 @@ const EcFault* EmbeddedController::FaultOf(std::uint8_t command) {
 }
 
 std::uint8_t EmbeddedController::IdentityRegister(std::uint8_t number) const {
-    switch (number) {
-    case RegisterRevisionFirst:
-        return static_cast<std::uint8_t>(m_profile.revision[0]);
-    case RegisterRevisionSecond:
-        return static_cast<std::uint8_t>(m_profile.revision[1]);
-    case RegisterChipId:
-        return m_profile.chipId;
-    default:
-        break;
-    }
-    if (number >= RegisterChipName && number < RegisterChipName + m_profile.chipName.size()) {
-        return static_cast<std::uint8_t>(m_profile.chipName[number - RegisterChipName]);
-    }
-    return 0;
+    std::array<char, 256> registers{};
+    std::ranges::copy(m_profile.revision, registers.begin() + RegisterRevision);
+    registers[RegisterChipId] = static_cast<char>(m_profile.chipId);
+    std::ranges::copy(m_profile.chipName, registers.begin() + RegisterChipName);
+    return static_cast<std::uint8_t>(registers[number]);
 }
 
 EcAnswer EmbeddedController::CarryOut(std::uint8_t command, std::span<const std::uint8_t> data) {

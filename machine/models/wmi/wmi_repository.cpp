@@ -1,9 +1,11 @@
 #include "machine/models/wmi/wmi_repository.h"
 
+#include "machine/models/wmi/wql.h"
 #include "machine/text/folding.h"
 #include "platform/wmi.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace machine {
 namespace {
@@ -36,33 +38,21 @@ std::u16string PathOf(const std::u16string& space, const std::u16string& classNa
     return path + u"=@";
 }
 
-std::shared_ptr<WmiClass> MakeClass(const std::u16string& space, const WmiClassProfile& profile) {
-    auto made = std::make_shared<WmiClass>();
-    made->name = profile.name;
-    made->instances.reserve(profile.rows.size());
-    for (const WmiRow& row : profile.rows) {
-        WmiInstance& instance = made->instances.emplace_back();
-        for (const auto& [name, datum] : row) {
-            const std::u16string folded = Folded(name);
-            made->propertyNames.insert(folded);
-            instance.properties[folded] = datum;
+WmiClass MakeClass(const std::u16string& space, const std::u16string& name, const std::vector<WmiRow>& rows) {
+    WmiClass made;
+    for (const WmiRow& row : rows) {
+        WmiRow& instance = made.instances.emplace_back(FoldedRow(row));
+        instance[u"__PATH"] = WmiDatum{PathOf(space, name, instance)};
+        instance[u"__CLASS"] = WmiDatum{name};
+        for (const auto& [property, datum] : instance) {
+            made.definition.try_emplace(property);
         }
-        instance.path = PathOf(space, profile.name, instance.properties);
     }
+    for (WmiRow& instance : made.instances) {
+        instance.insert(made.definition.begin(), made.definition.end());
+    }
+    made.definition[u"__CLASS"] = WmiDatum{name};
     return made;
-}
-
-bool Matches(const WmiInstance& instance, const std::vector<WqlCondition>& conditions) {
-    return std::ranges::all_of(conditions, [&](const WqlCondition& condition) {
-        const auto found = instance.properties.find(condition.property);
-        return found != instance.properties.end() && condition.Holds(found->second);
-    });
-}
-
-WmiQueryResult FailedQuery(platform::HResult status) {
-    WmiQueryResult result;
-    result.status = status;
-    return result;
 }
 
 /// `\\computer\space` as `space`.
@@ -76,11 +66,24 @@ std::u16string_view WithoutComputer(std::u16string_view path) {
 
 } // namespace
 
+WmiRow FoldedRow(const WmiRow& row) {
+    WmiRow folded;
+    for (const auto& [name, datum] : row) {
+        folded[Folded(name)] = datum;
+    }
+    return folded;
+}
+
+WmiDatum* WbemClassObject::Find(std::u16string_view name) {
+    const auto found = properties.find(Folded(name));
+    return found == properties.end() ? nullptr : &found->second;
+}
+
 WmiRepository::WmiRepository(const WmiProfile& profile) {
-    for (const WmiNamespaceProfile& space : profile.namespaces) {
-        WmiNamespace& classes = m_namespaces[Folded(space.name)];
-        for (const WmiClassProfile& row : space.classes) {
-            classes[Folded(row.name)] = MakeClass(space.name, row);
+    for (const auto& [space, classes] : profile) {
+        WmiNamespace& made = m_namespaces[Folded(space)];
+        for (const auto& [name, rows] : classes) {
+            made[Folded(name)] = MakeClass(space, name, rows);
         }
     }
 }
@@ -90,75 +93,71 @@ const WmiNamespace* WmiRepository::FindNamespace(std::u16string_view path) const
     return found == m_namespaces.end() ? nullptr : &found->second;
 }
 
-void WmiRepository::AnswerMethods(std::u16string_view space, std::u16string_view className,
-                                  WmiMethods& methods) {
+WmiClass* WmiRepository::FindClass(std::u16string_view space, std::u16string_view className) {
     const auto classes = m_namespaces.find(Folded(space));
     if (classes == m_namespaces.end()) {
-        return;
+        return nullptr;
     }
-    if (const auto found = classes->second.find(Folded(className)); found != classes->second.end()) {
-        found->second->methods = &methods;
+    const auto found = classes->second.find(Folded(className));
+    return found == classes->second.end() ? nullptr : &found->second;
+}
+
+void WmiRepository::SetMethods(std::u16string_view space, std::u16string_view className, WmiMethods methods) {
+    if (WmiClass* const found = FindClass(space, className); found != nullptr) {
+        found->methods = std::move(methods);
     }
 }
 
 void WmiRepository::Measure(std::u16string_view space, std::u16string_view className,
                             std::u16string_view property, const WmiDatum& datum) {
-    const auto classes = m_namespaces.find(Folded(space));
-    if (classes == m_namespaces.end()) {
+    WmiClass* const found = FindClass(space, className);
+    if (found == nullptr) {
         return;
     }
-    const auto found = classes->second.find(Folded(className));
-    if (found == classes->second.end()) {
-        return;
-    }
-    for (WmiInstance& instance : found->second->instances) {
-        if (const auto row = instance.properties.find(Folded(property)); row != instance.properties.end()) {
+    for (WmiRow& instance : found->instances) {
+        if (const auto row = instance.find(Folded(property));
+            row != instance.end() && row->second.value.index() != 0) {
             row->second = datum;
         }
     }
 }
 
-WmiQueryResult WmiRepository::Run(const WmiNamespace& space, std::u16string_view query) {
+WbemRowsObject WmiRepository::Run(const WmiNamespace& space, std::u16string_view query) {
     auto parsed = ParseWql(query);
     if (!parsed) {
-        return FailedQuery(platform::wbem::InvalidQuery);
+        return {platform::wbem::InvalidQuery};
     }
     const auto found = space.find(Folded(parsed->className));
     if (found == space.end()) {
-        return FailedQuery(platform::wbem::InvalidClass);
+        return {platform::wbem::InvalidClass};
     }
-    WmiQueryResult result;
-    result.source = found->second;
+    const auto& [definition, instances, methods] = found->second;
     for (WqlCondition& condition : parsed->conditions) {
         condition.property = Folded(condition.property);
-        if (!result.source->instances.empty() && !result.source->propertyNames.contains(condition.property)) {
-            return FailedQuery(platform::wbem::InvalidQuery);
+        if (!instances.empty() && !definition.contains(condition.property)) {
+            return {platform::wbem::InvalidQuery};
         }
     }
-    for (const std::u16string& name : parsed->selected) {
-        result.selected.push_back(Folded(name));
-    }
-    for (std::size_t row = 0; row < result.source->instances.size(); ++row) {
-        if (Matches(result.source->instances[row], parsed->conditions)) {
-            result.rows.push_back(row);
+    WbemRowsObject result;
+    for (const WmiRow& row : instances) {
+        if (std::ranges::all_of(parsed->conditions, [&](const WqlCondition& condition) {
+                return condition.Holds(row.at(condition.property));
+            })) {
+            result.rows.push_back(&row);
         }
     }
     return result;
 }
 
-std::shared_ptr<WmiClass> WmiRepository::FindInstance(const WmiNamespace& space, std::u16string_view path) {
-    for (const auto& [name, row] : space) {
-        if (std::ranges::any_of(row->instances, [&](const WmiInstance& instance) {
-                return Folded(instance.path) == Folded(path);
-            })) {
-            return row;
+const WmiClass* WmiRepository::ClassOfInstance(const WmiNamespace& space, std::u16string_view path) {
+    for (const auto& [name, each] : space) {
+        for (const WmiRow& instance : each.instances) {
+            if (Folded(std::get<std::u16string>(instance.at(u"__PATH").value)) == Folded(path)) {
+                return &each;
+            }
         }
     }
     return nullptr;
-}
-
-platform::HResult WbemThing::Put(std::u16string_view, std::u16string_view, std::int32_t) {
-    return platform::wbem::AccessDenied;
 }
 
 } // namespace machine

@@ -1,72 +1,61 @@
 // The WMI service of the simulated machine: namespaces, classes, instances, queries and methods.
 #pragma once
 
-#include "machine/models/com/com_objects.h"
-#include "machine/models/wmi/wql.h"
 #include "machine/profile/sections/wmi_profile.h"
 #include "platform/types.h"
 
+#include <functional>
 #include <map>
-#include <memory>
-#include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace machine {
 
-/// The arguments of a method, by name as its definition spells them. Each is an unsigned 32-bit number.
-using WmiArguments = std::map<std::u16string, std::uint32_t>;
-
-struct WmiMethodAnswer {
-    platform::HResult status = 0;
-    /// The method's outputs; none for a method that returns no object.
-    std::optional<WmiRow> out;
+/// A method of a class, implemented by a model.
+struct WmiMethod {
+    std::vector<std::u16string> inputs;
+    /// Carries it out. `in` has the inputs by folded name; one that was not put has no value.
+    std::function<platform::HResult(const WmiRow& in, WmiRow& out)> execute;
 };
 
-/// The methods of a class, implemented by a model.
-class WmiMethods {
-public:
-    WmiMethods() = default;
-    WmiMethods(const WmiMethods&) = delete;
-    WmiMethods& operator=(const WmiMethods&) = delete;
-    virtual ~WmiMethods() = default;
+using WmiMethods = std::map<std::u16string, WmiMethod>; // by folded name
 
-    /// The names of a method's inputs; nothing when there is no such method. Methods are known without regard
-    /// to case.
-    [[nodiscard]] virtual std::optional<std::vector<std::u16string>>
-    Inputs(std::u16string_view method) const = 0;
-
-    /// Carries a method out on the instance with this path. An input that was not put is missing in `in`.
-    virtual WmiMethodAnswer Execute(std::u16string_view instance, std::u16string_view method,
-                                    const WmiArguments& in) = 0;
-};
-
-/// An instance as a query returns it.
-struct WmiInstance {
-    WmiRow properties; // by folded name
-    std::u16string path;
-};
-
-/// A class with its instances, shared by every object made from it.
+/// A class with its instances, whose properties are known by their folded names.
 struct WmiClass {
-    std::u16string name;
-    std::set<std::u16string> propertyNames; // folded; of all instances together
-    std::vector<WmiInstance> instances;
-    WmiMethods* methods = nullptr;
+    WmiRow definition;             // the properties of all instances together, without values
+    std::vector<WmiRow> instances; // each with all properties
+    WmiMethods methods;
 };
 
 /// A namespace's classes, by folded name.
-using WmiNamespace = std::map<std::u16string, std::shared_ptr<WmiClass>>;
+using WmiNamespace = std::map<std::u16string, WmiClass>;
+
+/// A row with its properties' names folded.
+WmiRow FoldedRow(const WmiRow& row);
+
+// The objects of the service. They refer to the repository, which lives as long as the machine does.
+
+struct WbemServicesObject {
+    const WmiNamespace* space;
+};
 
 /// The result of a query. As with the real service, a query that cannot be carried out starts all the same and fails
 /// with the first row.
-struct WmiQueryResult {
+struct WbemRowsObject {
     platform::HResult status = 0;
-    std::vector<std::u16string> selected; // folded; empty: every property
-    std::shared_ptr<const WmiClass> source;
-    std::vector<std::size_t> rows; // numbers of instances
+    std::vector<const WmiRow*> rows{};
+    std::size_t next = 0;
+};
+
+/// An instance, a class's definition, or the inputs or outputs of a method.
+struct WbemClassObject {
+    WmiRow properties;                    // by folded name
+    const WmiClass* definition = nullptr; // of a class's definition
+    bool isInputs = false;
+
+    /// Null for a property that it does not have.
+    [[nodiscard]] WmiDatum* Find(std::u16string_view name);
 };
 
 class WmiRepository {
@@ -77,28 +66,21 @@ public:
     [[nodiscard]] const WmiNamespace* FindNamespace(std::u16string_view path) const;
 
     /// Lets a model implement a class's methods, if the profile has that class.
-    void AnswerMethods(std::u16string_view space, std::u16string_view className, WmiMethods& methods);
+    void SetMethods(std::u16string_view space, std::u16string_view className, WmiMethods methods);
 
-    /// Changes a property in all instances of a class that have it.
+    /// Changes a property in all instances of a class that have a value for it.
     void Measure(std::u16string_view space, std::u16string_view className, std::u16string_view property,
                  const WmiDatum& datum);
 
-    static WmiQueryResult Run(const WmiNamespace& space, std::u16string_view query);
+    static WbemRowsObject Run(const WmiNamespace& space, std::u16string_view query);
 
     /// The class of the instance with this path; null when there is no such instance.
-    static std::shared_ptr<WmiClass> FindInstance(const WmiNamespace& space, std::u16string_view path);
+    static const WmiClass* ClassOfInstance(const WmiNamespace& space, std::u16string_view path);
 
 private:
+    WmiClass* FindClass(std::u16string_view space, std::u16string_view className);
+
     std::map<std::u16string, WmiNamespace> m_namespaces; // by folded path
-};
-
-/// Every object of the service that has properties: an instance, a class, the arguments of a method.
-class WbemThing : public ComObject {
-public:
-    [[nodiscard]] std::string_view InterfaceName() const override { return "IWbemClassObject"; }
-
-    virtual platform::HResult Get(std::u16string_view name, WmiDatum& datum) const = 0;
-    virtual platform::HResult Put(std::u16string_view name, std::u16string_view text, std::int32_t cimType);
 };
 
 } // namespace machine

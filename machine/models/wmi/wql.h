@@ -1,4 +1,4 @@
-// The part of WQL that the simulated machine implements.
+// The part of WQL that the simulated machine implements: whole rows, by conditions on their values.
 #pragma once
 
 #include "machine/profile/sections/wmi_profile.h"
@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace machine {
@@ -16,21 +15,23 @@ namespace machine {
 struct WqlCondition {
     std::u16string property;
     bool equal = true; // =, otherwise != or <>
-    std::variant<bool, std::int64_t, std::u16string> literal;
+    WmiDatum literal;  // a string, a whole number or a Boolean
 
-    /// Whether it is true for a value. A missing value is neither equal nor unequal to anything. A number and a string
-    /// of digits compare as numbers, strings compare without case.
+    /// Whether it is true for a value. A missing value is neither equal nor unequal to anything. Two strings compare
+    /// without case, everything else as numbers: a string by its digits, a Boolean and its name as 0 or 1.
     [[nodiscard]] bool Holds(const WmiDatum& datum) const;
 };
 
-/// `select * | property, ... from class [where condition [and condition ...]]`
+/// `select * from class [where condition [and condition ...]]`
 struct WqlQuery {
-    std::vector<std::u16string> selected; // empty: every property
     std::u16string className;
     std::vector<WqlCondition> conditions;
 };
 
 /// Nothing for any other text.
 std::optional<WqlQuery> ParseWql(std::u16string_view text);
+
+/// The whole number that a string of up to 18 digits means; every such number fits in 64 bits.
+std::optional<std::int64_t> WholeNumber(std::u16string_view text);
 
 } // namespace machine

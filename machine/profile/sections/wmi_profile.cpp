@@ -84,13 +84,10 @@ void ReadRow(ProfileReader& reader, WmiRow& row) {
 
 void ReadWmi(ProfileReader& reader, WmiProfile& wmi) {
     for (const std::string& name : reader.Names()) {
-        WmiNamespaceProfile& space = wmi.namespaces.emplace_back();
-        space.name = unicode::WideFromUtf8(name);
+        auto& space = wmi[unicode::WideFromUtf8(name)];
         reader.Object(name, [&](ProfileReader& classes) {
             for (const std::string& className : classes.Names()) {
-                WmiClassProfile& each = space.classes.emplace_back();
-                each.name = unicode::WideFromUtf8(className);
-                classes.Objects(className, each.rows, ReadRow);
+                classes.Objects(className, space[unicode::WideFromUtf8(className)], ReadRow);
             }
         });
     }

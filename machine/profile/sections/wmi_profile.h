@@ -23,19 +23,8 @@ struct WmiDatum {
 /// The properties of an instance, by name as the profile spells it.
 using WmiRow = std::map<std::u16string, WmiDatum>;
 
-struct WmiClassProfile {
-    std::u16string name;
-    std::vector<WmiRow> rows;
-};
-
-struct WmiNamespaceProfile {
-    std::u16string name;
-    std::vector<WmiClassProfile> classes;
-};
-
-struct WmiProfile {
-    std::vector<WmiNamespaceProfile> namespaces;
-};
+/// The rows of each class of each namespace.
+using WmiProfile = std::map<std::u16string, std::map<std::u16string, std::vector<WmiRow>>>;
 
 /// {"ROOT\\CIMV2": {"Win32_Bios": [{"Name": "..."}]}}. A value is
 ///

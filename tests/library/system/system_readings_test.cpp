@@ -1,6 +1,6 @@
 #include "machine_fixture.h"
 
-#include "machine/models/com/apartments.h"
+#include "machine/models/com_objects.h"
 #include "platform/com.h"
 #include "platform/time.h"
 #include "system/system_readings.h"

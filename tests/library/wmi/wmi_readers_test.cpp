@@ -1,7 +1,7 @@
 #include "machine_fixture.h"
 
 #include "firmware/disk_temperature.h"
-#include "machine/models/com/apartments.h"
+#include "machine/models/com_objects.h"
 #include "platform/com.h"
 #include "unicode/utf.h"
 #include "wmi/wmi_readers.h"

@@ -2,6 +2,7 @@
 #include "shims.h"
 
 #include "machine/machine.h"
+#include "machine/models/com_objects.h"
 
 #include <bit>
 
@@ -12,19 +13,18 @@ namespace {
 /// asked for in a way that the machine does not know.
 HRESULT WINAPI CreateObject(REFCLSID classId, LPUNKNOWN outer, DWORD context, REFIID id, LPVOID* object) {
     const auto machine = machine::Current();
-    machine::ComObjects& com = machine->com;
-    const machine::ComClass* const row = com.FindClass(std::bit_cast<platform::Guid>(classId));
+    const machine::ComClass* const row = machine::FindComClass(std::bit_cast<platform::Guid>(classId));
     APTTYPE apartment{};
     APTTYPEQUALIFIER qualifier{};
     const bool known = row != nullptr && row->interfaceId == std::bit_cast<platform::Guid>(id) &&
                        outer == nullptr && (context & CLSCTX_INPROC_SERVER) != 0 &&
                        SUCCEEDED(::CoGetApartmentType(&apartment, &qualifier));
     if (known && id == __uuidof(IWbemLocator)) {
-        *object = NewWmiLocator(com.HandOut<platform::Unknown>(row->make()));
+        *object = NewWmiLocator(row->create(machine->handles));
         return S_OK;
     }
     if (known && id == __uuidof(IMMDeviceEnumerator)) {
-        *object = NewSoundEnumerator(com.HandOut<platform::Unknown>(row->make()));
+        *object = NewSoundEnumerator(row->create(machine->handles));
         return S_OK;
     }
     return ::CoCreateInstance(classId, outer, context, id, object);

@@ -3,7 +3,7 @@
 #include "shims.h"
 
 #include "machine/machine.h"
-#include "machine/models/wmi/wmi_objects.h"
+#include "machine/models/wmi/wmi_repository.h"
 #include "platform/wmi.h"
 
 #include <cstring>
@@ -72,14 +72,14 @@ public:
 
     HRESULT STDMETHODCALLTYPE Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE*, LONG*) override {
         const auto machine = machine::Current();
-        const auto* thing = machine->com.Find<machine::WbemThing>(Object());
-        machine::WmiDatum datum;
-        const HRESULT status = flags != 0 ? InvalidParameter : thing->Get(comparison::Plain(name), datum);
-        if (SUCCEEDED(status)) {
-            // As the real service does it: whatever the caller left there is overwritten, not cleared.
-            *value = std::visit(ToVariant{datum.lowerBound}, datum.value);
+        const auto* const datum =
+            machine->handles.Find<machine::WbemClassObject>(Object())->Find(comparison::Plain(name));
+        if (flags != 0 || datum == nullptr) {
+            return flags != 0 ? InvalidParameter : platform::wbem::NotFound;
         }
-        return status;
+        // As the real service does it: whatever the caller left there is overwritten, not cleared.
+        *value = std::visit(ToVariant{datum->lowerBound}, datum->value);
+        return S_OK;
     }
 
     HRESULT STDMETHODCALLTYPE Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) override {
