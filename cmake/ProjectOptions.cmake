@@ -16,10 +16,8 @@ else()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Designated initialisers and short aggregates leave the rest at its default on purpose.
     target_compile_options(project_options INTERFACE -Wno-missing-field-initializers)
-    if(CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 13)
-      # Reports the inactive members of moved variants.
-      target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized)
-    endif()
+    # Reports the inactive members of moved variants, depending on release and optimisation.
+    target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized)
   endif()
   if(NOT WIN32)
     add_link_options(-Wl,-z,relro -Wl,-z,now) # what the loader has filled in cannot be written afterwards
