@@ -95,10 +95,11 @@ decltype(platform::TextLineEnd) TextLineEnd;
 decltype(platform::GetFileAttributesW) GetFileAttributesW;
 decltype(platform::ReadFile) ReadFile;
 decltype(platform::WriteFile) WriteFile;
-decltype(platform::SetEndOfFile) SetEndOfFile;
+decltype(platform::GetFileInformationByHandleEx) GetFileInformationByHandleEx;
+decltype(platform::SetFileInformationByHandle) SetFileInformationByHandle;
+decltype(platform::LockFileEx) LockFileEx;
+decltype(platform::UnlockFileEx) UnlockFileEx;
 decltype(platform::FlushFileBuffers) FlushFileBuffers;
-decltype(platform::MoveFileExW) MoveFileExW;
-decltype(platform::DeleteFileW) DeleteFileW;
 
 // platform/firmware_variables.h
 decltype(platform::OpenProcessToken) OpenProcessToken;

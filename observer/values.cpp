@@ -164,6 +164,10 @@ Value ValueOf(Call& call, const std::array<const char16_t*, 2>& strings) {
     return {List{ValueOf(call, strings[0]), ValueOf(call, strings[1])}};
 }
 
+Value ValueOf(Call& call, const platform::FileAttributeTag& info) {
+    return Fields(call, At("attributes", info.attributes), At("tag", info.reparseTag));
+}
+
 Value ValueOf(Call& call, const platform::ProxyBlanket& blanket) {
     return Fields(call, At("authentication", blanket.authenticationService),
                   At("authorization", blanket.authorizationService), At("level", blanket.authenticationLevel),
