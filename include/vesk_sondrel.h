@@ -212,7 +212,8 @@ VESK_API void ShutdownSondrel(void);
 /**
  * The version word of the driver.
  *
- * Failure: 0, also without an open session: nothing is sent then.
+ * Failure: 0, or the word as far as the driver wrote it. Without a session 0: nothing is sent after a session, and
+ * before the first one the request goes to no device.
  * Session: needed. Blocks: one driver request.
  */
 VESK_API uint32_t GetDriverVersion(void);
@@ -220,7 +221,8 @@ VESK_API uint32_t GetDriverVersion(void);
 /**
  * The reference count of the driver. It is not the number of InitializeSondrel calls.
  *
- * Failure: 0, also without an open session: nothing is sent then.
+ * Failure: 0, or the word as far as the driver wrote it. Without a session 0: nothing is sent after a session, and
+ * before the first one the request goes to no device.
  * Session: needed. Blocks: one driver request.
  */
 VESK_API uint32_t GetRefCount(void);
@@ -673,8 +675,8 @@ VESK_API uint32_t GPNV_Get_ManufacturedTime(uint8_t* out);
  * Sets the random UUID: 16 bytes.
  *
  * Result: 0 on success.
- * Failure: the system's error code if the write failed. If the read failed, nothing is written and the result is 0
- * too; only the debug log has the error.
+ * Failure: the system's error code if the write failed; 13 (ERROR_INVALID_DATA) if the variable ends before this field,
+ * which writes nothing. If the read failed, nothing is written and the result is 0 too; only the debug log has the error.
  * Session: not needed. Blocks: two firmware calls.
  */
 VESK_API uint32_t GPNV_Set_RandomUUID(const uint8_t* bytes);
@@ -683,8 +685,8 @@ VESK_API uint32_t GPNV_Set_RandomUUID(const uint8_t* bytes);
  * Sets the activated time: 19 bytes.
  *
  * Result: 0 on success.
- * Failure: the system's error code if the write failed. If the read failed, nothing is written and the result is 0
- * too; only the debug log has the error.
+ * Failure: the system's error code if the write failed; 13 (ERROR_INVALID_DATA) if the variable ends before this field,
+ * which writes nothing. If the read failed, nothing is written and the result is 0 too; only the debug log has the error.
  * Session: not needed. Blocks: two firmware calls.
  */
 VESK_API uint32_t GPNV_Set_ActivatedTime(const uint8_t* bytes);
@@ -693,8 +695,8 @@ VESK_API uint32_t GPNV_Set_ActivatedTime(const uint8_t* bytes);
  * Sets the time of manufacture: 23 bytes.
  *
  * Result: 0 on success.
- * Failure: the system's error code if the write failed. If the read failed, nothing is written and the result is 0
- * too; only the debug log has the error.
+ * Failure: the system's error code if the write failed; 13 (ERROR_INVALID_DATA) if the variable ends before this field,
+ * which writes nothing. If the read failed, nothing is written and the result is 0 too; only the debug log has the error.
  * Session: not needed. Blocks: two firmware calls.
  */
 VESK_API uint32_t GPNV_Set_ManufacturedTime(const uint8_t* bytes);
@@ -1049,9 +1051,8 @@ VESK_API void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom);
  * The current traffic of the card that RF_WiFiCardName returns, in bytes per second: received, ";", sent:
  * "1200;34".
  *
- * The performance counters are matched only by the length of the card's name, of which at most 150 characters
- * count: interfaces whose name has the same length match too, and the last value that is not 0 wins. The first
- * call in a process reads the Wi-Fi record.
+ * The performance counters are matched only by the length of the card's name: interfaces whose name has the same
+ * length match too, and the last value that is not 0 wins. The first call in a process reads the Wi-Fi record.
  *
  * out: 64 characters.
  * Failure: the empty string, also if the query gives no rows. Absent: "0;0", if there are rows and none matches.

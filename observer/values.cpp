@@ -174,14 +174,24 @@ Value ValueOf(Call& call, const platform::ProxyBlanket& blanket) {
                   At("impersonation", blanket.impersonationLevel), At("capabilities", blanket.capabilities));
 }
 
+Value ValueOf(Call& call, const platform::WmiBytes& value) {
+    if (value.lowerBound == 0) {
+        return {value.bytes};
+    }
+    return Fields(call, At("lower_bound", value.lowerBound),
+                  At("bytes", std::span<const std::byte>(value.bytes)));
+}
+
+Value ValueOf(Call& call, const platform::VariantWord& word) {
+    return ValueOf(call, word.bits);
+}
+
 Value ValueOf(Call& call, const platform::WmiValue& value) {
     return std::visit(
         [&call](const auto& held) -> Value {
             using Held = std::remove_cvref_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, std::monostate>) {
                 return {};
-            } else if constexpr (std::is_same_v<Held, std::vector<std::byte>>) {
-                return {held};
             } else {
                 return ValueOf(call, held);
             }

@@ -89,7 +89,7 @@ constexpr SpecialValue GPNV_Get_ActivatedTime[] = {
 };
 constexpr SpecialValue GPNV_Set_RandomUUID[] = {
     {Match::Whole, "0", State::Ok, true, "written, or the variable could not be read and was left as it is"},
-    {Match::Other, "", State::Failed, true, "the system's error code of the failed write"},
+    {Match::Other, "", State::Failed, true, "the system's error code of the failed write, or 13: the variable ends before the field"},
 };
 constexpr SpecialValue WMICheckBatteryHealthSupport[] = {
     {Match::Whole, "1", State::Ok, false, "supported"},

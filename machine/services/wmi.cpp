@@ -28,6 +28,8 @@ std::int32_t In32Bits(std::int64_t number) {
 
 /// A property's value as it crosses the boundary.
 struct ToWmiValue {
+    std::int32_t lowerBound;
+
     WmiValue operator()(std::monostate) const { return {}; }
 
     WmiValue operator()(bool flag) const { return flag ? -1 : 0; } // VARIANT_TRUE
@@ -40,11 +42,34 @@ struct ToWmiValue {
         return narrow;
     }
 
+    WmiValue operator()(const std::vector<std::byte>& bytes) const {
+        return platform::WmiBytes{lowerBound, bytes};
+    }
+
     template <class Other>
     WmiValue operator()(const Other& other) const {
         return other;
     }
 };
+
+/// The first bits of its VARIANT. Of strings and arrays these are an address, which on this machine is 0.
+struct ToVariantWord {
+    std::int32_t operator()(bool flag) const { return flag ? 0xFFFF : 0; } // VARIANT_TRUE in 16 bits
+
+    std::int32_t operator()(std::int64_t number) const { return In32Bits(number); }
+
+    template <class Other>
+    std::int32_t operator()(const Other&) const {
+        return 0;
+    }
+};
+
+/// Looks a property up.
+HResult Find(WbemObject object, const char16_t* name, WmiDatum& datum) {
+    const auto machine = machine::Current();
+    const auto* const here = machine->com.Find<machine::WbemThing>(object);
+    return here == nullptr ? hresult::Pointer : here->Get(name, datum);
+}
 
 } // namespace
 
@@ -101,17 +126,16 @@ HResult Next(WbemEnumerator rows, std::uint32_t, WbemObject& row, std::uint32_t&
 }
 
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
-    const auto machine = machine::Current();
-    value = {};
-    const auto* const here = machine->com.Find<machine::WbemThing>(object);
-    if (here == nullptr) {
-        return hresult::Pointer;
-    }
     WmiDatum datum;
-    const HResult status = here->Get(name, datum);
-    if (!Failed(status)) {
-        value = std::visit(ToWmiValue{}, datum.value);
-    }
+    const HResult status = Find(object, name, datum);
+    value = Failed(status) ? WmiValue() : std::visit(ToWmiValue{datum.lowerBound}, datum.value);
+    return status;
+}
+
+HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {
+    WmiDatum datum;
+    const HResult status = Find(object, name, datum);
+    word.bits = Failed(status) ? 0 : std::visit(ToVariantWord{}, datum.value);
     return status;
 }
 

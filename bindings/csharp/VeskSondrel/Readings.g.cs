@@ -1494,7 +1494,7 @@ namespace VeskSondrel
         /// <remarks>
         /// bytes: the new bytes.
         /// 0 can mean: written, or the variable could not be read and was left as it is.
-        /// Failed: the system's error code of the failed write.
+        /// Failed: the system's error code of the failed write, or 13: the variable ends before the field.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_RandomUUID.
         /// </remarks>
@@ -1512,7 +1512,7 @@ namespace VeskSondrel
         /// <remarks>
         /// bytes: the new bytes.
         /// 0 can mean: written, or the variable could not be read and was left as it is.
-        /// Failed: the system's error code of the failed write.
+        /// Failed: the system's error code of the failed write, or 13: the variable ends before the field.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_ActivatedTime.
         /// </remarks>
@@ -1530,7 +1530,7 @@ namespace VeskSondrel
         /// <remarks>
         /// bytes: the new bytes.
         /// 0 can mean: written, or the variable could not be read and was left as it is.
-        /// Failed: the system's error code of the failed write.
+        /// Failed: the system's error code of the failed write, or 13: the variable ends before the field.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_ManufacturedTime.
         /// </remarks>
@@ -3858,15 +3858,15 @@ namespace VeskSondrel
 
         internal static readonly Entry GPNV_Set_RandomUUID = new Entry("GPNV_Set_RandomUUID", Resources.FirmwareVariables,
             new Answer(Match.Number, 0, null, "written, or the variable could not be read and was left as it is", State.Ok, State.Failed),
-            new Answer(Match.Other, 0, null, "the system's error code of the failed write", State.Failed));
+            new Answer(Match.Other, 0, null, "the system's error code of the failed write, or 13: the variable ends before the field", State.Failed));
 
         internal static readonly Entry GPNV_Set_ActivatedTime = new Entry("GPNV_Set_ActivatedTime", Resources.FirmwareVariables,
             new Answer(Match.Number, 0, null, "written, or the variable could not be read and was left as it is", State.Ok, State.Failed),
-            new Answer(Match.Other, 0, null, "the system's error code of the failed write", State.Failed));
+            new Answer(Match.Other, 0, null, "the system's error code of the failed write, or 13: the variable ends before the field", State.Failed));
 
         internal static readonly Entry GPNV_Set_ManufacturedTime = new Entry("GPNV_Set_ManufacturedTime", Resources.FirmwareVariables,
             new Answer(Match.Number, 0, null, "written, or the variable could not be read and was left as it is", State.Ok, State.Failed),
-            new Answer(Match.Other, 0, null, "the system's error code of the failed write", State.Failed));
+            new Answer(Match.Other, 0, null, "the system's error code of the failed write, or 13: the variable ends before the field", State.Failed));
 
         internal static readonly Entry WMICheckBatteryHealthSupport = new Entry("WMICheckBatteryHealthSupport", Resources.None,
             new Answer(Match.Number, 1, null, "supported", State.Ok),

@@ -91,7 +91,7 @@ inline constexpr Answer answers_of_GPNV_Get_ActivatedTime[] = {
 };
 inline constexpr Answer answers_of_GPNV_Set_RandomUUID[] = {
     {Match::number, 0, "", {State::ok, State::failed}, "written, or the variable could not be read and was left as it is"},
-    {Match::other, 0, "", {State::failed}, "the system's error code of the failed write"},
+    {Match::other, 0, "", {State::failed}, "the system's error code of the failed write, or 13: the variable ends before the field"},
 };
 inline constexpr Answer answers_of_WMICheckBatteryHealthSupport[] = {
     {Match::number, 1, "", {State::ok}, "supported"},
@@ -1032,7 +1032,7 @@ public:
     /// Stores the random UUID of the machine: 16 bytes.
     /// bytes: the new bytes.
     /// 0 can mean: written, or the variable could not be read and was left as it is.
-    /// Failed: the system's error code of the failed write.
+    /// Failed: the system's error code of the failed write, or 13: the variable ends before the field.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_RandomUUID.
     [[nodiscard]] Result<void> set_random_uuid(const std::array<std::uint8_t, 16>& bytes) const {
@@ -1042,7 +1042,7 @@ public:
     /// Stores when the machine was activated: 19 bytes.
     /// bytes: the new bytes.
     /// 0 can mean: written, or the variable could not be read and was left as it is.
-    /// Failed: the system's error code of the failed write.
+    /// Failed: the system's error code of the failed write, or 13: the variable ends before the field.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_ActivatedTime.
     [[nodiscard]] Result<void> set_activated_time(const std::array<std::uint8_t, 19>& bytes) const {
@@ -1052,7 +1052,7 @@ public:
     /// Stores when the machine was manufactured: 23 bytes.
     /// bytes: the new bytes.
     /// 0 can mean: written, or the variable could not be read and was left as it is.
-    /// Failed: the system's error code of the failed write.
+    /// Failed: the system's error code of the failed write, or 13: the variable ends before the field.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_ManufacturedTime.
     [[nodiscard]] Result<void> set_manufactured_time(const std::array<std::uint8_t, 23>& bytes) const {
