@@ -36,7 +36,7 @@ bool IsMissing(platform::SystemError error) {
 }
 
 /// Opens the file that has this name. A name that leads elsewhere (a symbolic link, a mount point) counts as a file that
-/// cannot be opened: who may write to the directory could make a service overwrite any file with it.
+/// cannot be opened: a user who may write to the directory could make a service overwrite any file with it.
 platform::OwnedFile OpenItself(const std::u16string& path, std::uint32_t access, std::uint32_t disposition) {
     const auto open = [&](std::uint32_t flags) {
         return platform::OwnedFile(platform::CreateFileW(path.c_str(), access, platform::share::ReadWrite,
@@ -114,7 +114,7 @@ std::size_t WriteAll(platform::Handle file, std::string_view text) {
 }
 
 /// Replaces the content of a file that was just opened. One write has the whole line, and blanks over what the old
-/// content may have after it; only then the file is cut. Whoever reads meanwhile, or after this process has died, gets
+/// content may have after it; only then the file is cut. A reader, at the same time or after this process has died, gets
 /// the old number or the new one.
 void Replace(platform::Handle file, std::string_view line) {
     std::string padded(line);
@@ -125,7 +125,7 @@ void Replace(platform::Handle file, std::string_view line) {
     }
     // On the disk before the file is cut: after a power failure, the new length must not meet the old digits.
     platform::FlushFileBuffers(file);
-    // A disk that took a part of the line has lost both numbers: no number is better than one that nobody wrote.
+    // A disk that took a part of the line has lost both numbers: no number is better than a part of one.
     platform::SetFileInformationByHandle(file, written < line.size() ? 0 : line.size());
     platform::FlushFileBuffers(file);
 }
