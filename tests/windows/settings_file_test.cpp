@@ -115,6 +115,13 @@ TEST_F(SettingsFileTest, AFullDiskLeavesTheStoredNumber) {
     EXPECT_EQ(Text(), "80\r\n");
 }
 
+/// What a replacement stands for. Its own import leads to the replacement: the test is the module that is patched.
+template <class Routine>
+Routine Real(const char* name) {
+    return reinterpret_cast<Routine>(
+        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"kernel32.dll"), name)));
+}
+
 DWORD LockError; // of every lock
 
 BOOL WINAPI RefuseLock(HANDLE, DWORD, DWORD, DWORD, DWORD, OVERLAPPED*) {
@@ -152,7 +159,8 @@ BOOL WINAPI TellTag(HANDLE, FILE_INFO_BY_HANDLE_CLASS kind, void* info, DWORD si
 HANDLE WINAPI OpenAndCount(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                            DWORD disposition, DWORD flags, HANDLE likeness) {
     OrdinaryOpenings += (flags & FILE_FLAG_OPEN_REPARSE_POINT) == 0 ? 1 : 0;
-    return ::CreateFileW(path, access, share, security, disposition, flags, likeness);
+    return Real<decltype(&::CreateFileW)>("CreateFileW")(path, access, share, security, disposition, flags,
+                                                         likeness);
 }
 
 TEST_F(SettingsFileTest, ANameThatLeadsElsewhereIsNoFile) {
@@ -190,27 +198,28 @@ std::string Calls; // that change the file, in their order
 
 BOOL WINAPI Flush(HANDLE file) {
     Calls += "flush ";
-    return ::FlushFileBuffers(file);
+    return Real<decltype(&::FlushFileBuffers)>("FlushFileBuffers")(file);
 }
 
 BOOL WINAPI WriteAndNote(HANDLE file, const void* data, DWORD size, DWORD* written, OVERLAPPED* place) {
     Calls += "write " + std::to_string(size) + ' ';
-    return ::WriteFile(file, data, size, written, place);
+    return Real<decltype(&::WriteFile)>("WriteFile")(file, data, size, written, place);
 }
 
 BOOL WINAPI Cut(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, void* info, DWORD size) {
     Calls += "cut ";
-    return ::SetFileInformationByHandle(file, kind, info, size);
+    return Real<decltype(&::SetFileInformationByHandle)>("SetFileInformationByHandle")(file, kind, info,
+                                                                                       size);
 }
 
 BOOL WINAPI Lock(HANDLE file, DWORD flags, DWORD reserved, DWORD low, DWORD high, OVERLAPPED* place) {
     Calls += "lock ";
-    return ::LockFileEx(file, flags, reserved, low, high, place);
+    return Real<decltype(&::LockFileEx)>("LockFileEx")(file, flags, reserved, low, high, place);
 }
 
 BOOL WINAPI Unlock(HANDLE file, DWORD reserved, DWORD low, DWORD high, OVERLAPPED* place) {
     Calls += "unlock";
-    return ::UnlockFileEx(file, reserved, low, high, place);
+    return Real<decltype(&::UnlockFileEx)>("UnlockFileEx")(file, reserved, low, high, place);
 }
 
 TEST_F(SettingsFileTest, AWriteIsLockedAndFlushedBeforeItIsCutAndAfterwards) {
