@@ -44,7 +44,8 @@ HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
 }
 
 HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {
-    return Observe<Operation::Get>(Property, In("object", object), In("name", name), OutAlways("value", word));
+    return Observe<Operation::Get>(Property, In("object", object), In("name", name),
+                                   OutAlways("value", word));
 }
 
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition) {

@@ -24,7 +24,7 @@ inline std::int32_t NumberOf(unsigned writer, unsigned form) {
     return form < std::size(FirstDigits) ? number : -number;
 }
 
-/// Who wrote a number; the first writer where the number is too short to say. Nothing for one that nobody wrote.
+/// Who wrote a number; the first writer where the number is too short to say. Nothing for any other number.
 inline std::optional<unsigned> WriterOf(std::int32_t number, unsigned writers) {
     for (unsigned writer = 0; writer < writers; ++writer) {
         for (unsigned form = 0; form < Forms; ++form) {

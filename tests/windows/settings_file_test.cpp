@@ -115,7 +115,7 @@ TEST_F(SettingsFileTest, AFullDiskLeavesTheStoredNumber) {
     EXPECT_EQ(Text(), "80\r\n");
 }
 
-/// What a replacement stands for. Its own import leads to the replacement: the test is the module that is patched.
+/// The routine that is replaced. This program's import leads to the replacement: the test is the module that is patched.
 template <class Routine>
 Routine Real(const char* name) {
     return reinterpret_cast<Routine>(
@@ -147,7 +147,7 @@ DWORD TagError;
 DWORD Tag;
 int OrdinaryOpenings;
 
-BOOL WINAPI TellTag(HANDLE, FILE_INFO_BY_HANDLE_CLASS kind, void* info, DWORD size) {
+BOOL WINAPI ReportTag(HANDLE, FILE_INFO_BY_HANDLE_CLASS kind, void* info, DWORD size) {
     EXPECT_EQ(kind, FileAttributeTagInfo);
     EXPECT_EQ(size, sizeof(FILE_ATTRIBUTE_TAG_INFO));
     const DWORD attributes = Tag != 0 ? FILE_ATTRIBUTE_REPARSE_POINT : FILE_ATTRIBUTE_NORMAL;
@@ -181,7 +181,7 @@ TEST_F(SettingsFileTest, ANameThatLeadsElsewhereIsNoFile) {
         Write(80);
         {
             test::ImportPatch patch(::GetModuleHandleW(nullptr));
-            patch.Replace("GetFileInformationByHandleEx", &TellTag);
+            patch.Replace("GetFileInformationByHandleEx", &ReportTag);
             patch.Replace("CreateFileW", &OpenAndCount);
             Tag = at.tag;
             TagError = at.error;

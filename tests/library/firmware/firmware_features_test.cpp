@@ -220,7 +220,7 @@ TEST_F(FirmwareFeaturesTest, AFileThatAnotherProcessHasLockedIsLeftAlone) {
     EXPECT_EQ(FileCount(), 1);
 }
 
-/// The lock is granted in the end, and given back even when the write fails.
+/// The lock is granted in the end, and released even when the write fails.
 TEST_F(FirmwareFeaturesTest, ALockThatIsFreedInTimeIsTaken) {
     WMISetAppPath(AppPath, 1);
     Put(HealthFile, "5\n");
