@@ -212,7 +212,8 @@ VESK_API void ShutdownSondrel(void);
 /**
  * The version word of the driver.
  *
- * Failure: 0, also without an open session: nothing is sent then.
+ * Failure: 0, or the word as far as the driver wrote it. Without a session 0: nothing is sent after a session, and
+ * before the first one the request goes to no device.
  * Session: needed. Blocks: one driver request.
  */
 VESK_API uint32_t GetDriverVersion(void);
@@ -220,7 +221,8 @@ VESK_API uint32_t GetDriverVersion(void);
 /**
  * The reference count of the driver. It is not the number of InitializeSondrel calls.
  *
- * Failure: 0, also without an open session: nothing is sent then.
+ * Failure: 0, or the word as far as the driver wrote it. Without a session 0: nothing is sent after a session, and
+ * before the first one the request goes to no device.
  * Session: needed. Blocks: one driver request.
  */
 VESK_API uint32_t GetRefCount(void);
@@ -673,8 +675,8 @@ VESK_API uint32_t GPNV_Get_ManufacturedTime(uint8_t* out);
  * Sets the random UUID: 16 bytes.
  *
  * Result: 0 on success.
- * Failure: the system's error code if the write failed. If the read failed, nothing is written and the result is 0
- * too; only the debug log has the error.
+ * Failure: the system's error code if the write failed; 13 (ERROR_INVALID_DATA) if the variable ends before this field,
+ * which writes nothing. If the read failed, nothing is written and the result is 0 too; only the debug log has the error.
  * Session: not needed. Blocks: two firmware calls.
  */
 VESK_API uint32_t GPNV_Set_RandomUUID(const uint8_t* bytes);
@@ -683,8 +685,8 @@ VESK_API uint32_t GPNV_Set_RandomUUID(const uint8_t* bytes);
  * Sets the activated time: 19 bytes.
  *
  * Result: 0 on success.
- * Failure: the system's error code if the write failed. If the read failed, nothing is written and the result is 0
- * too; only the debug log has the error.
+ * Failure: the system's error code if the write failed; 13 (ERROR_INVALID_DATA) if the variable ends before this field,
+ * which writes nothing. If the read failed, nothing is written and the result is 0 too; only the debug log has the error.
  * Session: not needed. Blocks: two firmware calls.
  */
 VESK_API uint32_t GPNV_Set_ActivatedTime(const uint8_t* bytes);
@@ -693,8 +695,8 @@ VESK_API uint32_t GPNV_Set_ActivatedTime(const uint8_t* bytes);
  * Sets the time of manufacture: 23 bytes.
  *
  * Result: 0 on success.
- * Failure: the system's error code if the write failed. If the read failed, nothing is written and the result is 0
- * too; only the debug log has the error.
+ * Failure: the system's error code if the write failed; 13 (ERROR_INVALID_DATA) if the variable ends before this field,
+ * which writes nothing. If the read failed, nothing is written and the result is 0 too; only the debug log has the error.
  * Session: not needed. Blocks: two firmware calls.
  */
 VESK_API uint32_t GPNV_Set_ManufacturedTime(const uint8_t* bytes);
@@ -711,11 +713,16 @@ VESK_API uint32_t GPNV_Set_ManufacturedTime(const uint8_t* bytes);
  * digits are read up to the first other character. An absent, empty or blank file is the default, other content
  * that does not begin with a number is 0, and a number above 32 bits is the nearest that fits.
  *
- * A settings file is replaced atomically: the number is written to a new file (the name with ".new" appended),
- * flushed to the disk and renamed. After a crash or with a full disk the file has either the old or the new
- * number; a remaining ".new" file is overwritten by the next setter. The file is written in place only if the
- * rename fails, for example because another process has it open without FILE_SHARE_DELETE, or if no new file can
- * be created: readers then see either number, but a crash during the write may leave a part of the new one.
+ * A settings file is written in place and keeps its owner, access list, links and streams. It has the number and a
+ * line end. Readers and setters of several processes, and a process that dies, leave a number that was written. Setters
+ * take turns by a lock of one byte far beyond the content; one that has waited for the lock for a second without
+ * getting it stores nothing. Readers take no lock, and a file system without locks is written without one. A file that
+ * is a symbolic link or a mount point counts as a file that cannot be opened.
+ *
+ * The app path has to be a directory that only administrators can write to, or the host has to impersonate the user
+ * around these calls: a process with more rights than those who can write there otherwise writes on their behalf. For
+ * Battery Health it may have 234 characters, for Quiet Fan 239; a longer one makes the file's name too long for
+ * Windows, and nothing is stored.
  * @{
  */
 
@@ -752,9 +759,9 @@ VESK_API int32_t WMIGetQuietFan(uint8_t initCom);
  * Sets Battery Health to any number and stores it in the settings file, if the directory of the app path exists.
  *
  * Result: 1 if the firmware accepted the number, even if it could not be stored: without an app path for this
- * user, or without the right to write there.
+ * user, without the right to write there, or while another process holds the lock.
  * Failure: 0, and nothing is stored; also if the firmware does not have Battery Health.
- * Session: not needed. Blocks: up to four WMI queries.
+ * Session: not needed. Blocks: up to four WMI queries, and up to one second for the lock.
  */
 VESK_API int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom);
 
@@ -762,7 +769,8 @@ VESK_API int32_t WMISetBatteryHealth(int32_t value, uint8_t initCom);
  * Sets Quiet Fan: the firmware gets 0 for 0 and 1 for any other value; the settings file gets the value.
  *
  * Result: 1 if the firmware accepted it, even if it could not be stored, as above.
- * Failure: 0, and nothing is stored. Session: not needed. Blocks: up to three WMI queries.
+ * Failure: 0, and nothing is stored. Session: not needed. Blocks: up to three WMI queries, and up to one second for
+ * the lock.
  */
 VESK_API int32_t WMISetQuietFan(uint8_t value, uint8_t initCom);
 
@@ -1043,9 +1051,8 @@ VESK_API void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom);
  * The current traffic of the card that RF_WiFiCardName returns, in bytes per second: received, ";", sent:
  * "1200;34".
  *
- * The performance counters are matched only by the length of the card's name, of which at most 150 characters
- * count: interfaces whose name has the same length match too, and the last value that is not 0 wins. The first
- * call in a process reads the Wi-Fi record.
+ * The performance counters are matched only by the length of the card's name: interfaces whose name has the same
+ * length match too, and the last value that is not 0 wins. The first call in a process reads the Wi-Fi record.
  *
  * out: 64 characters.
  * Failure: the empty string, also if the query gives no rows. Absent: "0;0", if there are rows and none matches.

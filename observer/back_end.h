@@ -1,6 +1,6 @@
 // What the observer calls: the boundary's functions as a back end defines them.
 //
-// Each has the type of the boundary's own declaration, so that none can drift from it. The three that are overloaded
+// Each has the type of the boundary's own declaration, so that none can drift from it. The four that are overloaded
 // are written out.
 #pragma once
 
@@ -95,10 +95,11 @@ decltype(platform::TextLineEnd) TextLineEnd;
 decltype(platform::GetFileAttributesW) GetFileAttributesW;
 decltype(platform::ReadFile) ReadFile;
 decltype(platform::WriteFile) WriteFile;
-decltype(platform::SetEndOfFile) SetEndOfFile;
+decltype(platform::GetFileInformationByHandleEx) GetFileInformationByHandleEx;
+decltype(platform::SetFileInformationByHandle) SetFileInformationByHandle;
+decltype(platform::LockFileEx) LockFileEx;
+decltype(platform::UnlockFileEx) UnlockFileEx;
 decltype(platform::FlushFileBuffers) FlushFileBuffers;
-decltype(platform::MoveFileExW) MoveFileExW;
-decltype(platform::DeleteFileW) DeleteFileW;
 
 // platform/firmware_variables.h
 decltype(platform::OpenProcessToken) OpenProcessToken;
@@ -167,7 +168,8 @@ decltype(platform::ConnectServer) ConnectServer;
 decltype(platform::CoSetProxyBlanket) CoSetProxyBlanket;
 decltype(platform::ExecQuery) ExecQuery;
 decltype(platform::Next) Next;
-decltype(platform::Get) Get;
+HResult Get(WbemObject object, const char16_t* name, WmiValue& value);
+HResult Get(WbemObject object, const char16_t* name, VariantWord& word);
 decltype(platform::GetObject) GetObject;
 decltype(platform::GetMethod) GetMethod;
 decltype(platform::SpawnInstance) SpawnInstance;

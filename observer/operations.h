@@ -50,10 +50,11 @@
     X(GetFileAttributesW, row::Count(5, 0xFFFFFFFF))                                                         \
     X(ReadFile, row::Flag(30).Shortened(Shortening::BufferOfOneByte).Emptied())                              \
     X(WriteFile, row::Flag(112).Shortened(Shortening::HalfOfInput))                                          \
-    X(SetEndOfFile, row::Flag(112))                                                                          \
+    X(GetFileInformationByHandleEx, row::Flag(5))                                                            \
+    X(SetFileInformationByHandle, row::Flag(112))                                                            \
+    X(LockFileEx, row::Flag(33))                                                                             \
+    X(UnlockFileEx, row::Void)                                                                               \
     X(FlushFileBuffers, row::Flag(29))                                                                       \
-    X(MoveFileExW, row::Flag(5))                                                                             \
-    X(DeleteFileW, row::Flag(5))                                                                             \
     X(TextLineEnd, row::Value)                                                                               \
     /* COM apartments */                                                                                     \
     X(CoInitializeEx, row::HResult(0x80010106))                                                              \

@@ -164,10 +164,26 @@ Value ValueOf(Call& call, const std::array<const char16_t*, 2>& strings) {
     return {List{ValueOf(call, strings[0]), ValueOf(call, strings[1])}};
 }
 
+Value ValueOf(Call& call, const platform::FileAttributeTag& info) {
+    return Fields(call, At("attributes", info.attributes), At("tag", info.reparseTag));
+}
+
 Value ValueOf(Call& call, const platform::ProxyBlanket& blanket) {
     return Fields(call, At("authentication", blanket.authenticationService),
                   At("authorization", blanket.authorizationService), At("level", blanket.authenticationLevel),
                   At("impersonation", blanket.impersonationLevel), At("capabilities", blanket.capabilities));
+}
+
+Value ValueOf(Call& call, const platform::WmiBytes& value) {
+    if (value.lowerBound == 0) {
+        return {value.bytes};
+    }
+    return Fields(call, At("lower_bound", value.lowerBound),
+                  At("bytes", std::span<const std::byte>(value.bytes)));
+}
+
+Value ValueOf(Call& call, const platform::VariantWord& word) {
+    return ValueOf(call, word.bits);
 }
 
 Value ValueOf(Call& call, const platform::WmiValue& value) {
@@ -176,8 +192,6 @@ Value ValueOf(Call& call, const platform::WmiValue& value) {
             using Held = std::remove_cvref_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, std::monostate>) {
                 return {};
-            } else if constexpr (std::is_same_v<Held, std::vector<std::byte>>) {
-                return {held};
             } else {
                 return ValueOf(call, held);
             }

@@ -11,6 +11,7 @@
 #include "platform/device_io.h"
 #include "platform/device_nodes.h"
 #include "platform/event_log.h"
+#include "platform/files.h"
 #include "platform/firmware_variables.h"
 #include "platform/network_adapters.h"
 #include "platform/processes.h"
@@ -167,8 +168,11 @@ Value ValueOf(Call& call, const platform::TitleBarInfo& info);
 Value ValueOf(Call& call, const platform::EventDescriptor& descriptor);
 Value ValueOf(Call& call, const std::array<platform::EventData, 3>& data);
 Value ValueOf(Call& call, const std::array<const char16_t*, 2>& strings);
+Value ValueOf(Call& call, const platform::FileAttributeTag& info);
 Value ValueOf(Call& call, const platform::ProxyBlanket& blanket);
+Value ValueOf(Call& call, const platform::WmiBytes& value);
 Value ValueOf(Call& call, const platform::WmiValue& value);
+Value ValueOf(Call& call, const platform::VariantWord& word);
 Value ValueOf(Call& call, const platform::WlanSsid& ssid);
 Value ValueOf(Call& call, const platform::MacAddress& address);
 Value ValueOf(Call& call, const platform::WlanInterface& interface);

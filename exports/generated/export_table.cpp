@@ -89,6 +89,7 @@ constexpr SpecialValue GPNV_Get_ActivatedTime[] = {
 };
 constexpr SpecialValue GPNV_Set_RandomUUID[] = {
     {Match::Whole, "0", State::Ok, true, "written, or the variable could not be read and was left as it is"},
+    {Match::Whole, "13", State::Failed, true, "the variable ends before the field; or the system's code of the failed write"},
     {Match::Other, "", State::Failed, true, "the system's error code of the failed write"},
 };
 constexpr SpecialValue WMICheckBatteryHealthSupport[] = {

@@ -31,13 +31,13 @@ Handle FileAt(machine::Machine& machine, const char16_t* path, const machine::Fi
 } // namespace
 
 Handle CreateFileW(const char16_t* path, std::uint32_t access, std::uint32_t shareMode,
-                   std::uint32_t creationDisposition, std::uint32_t) {
+                   std::uint32_t creationDisposition, std::uint32_t flagsAndAttributes) {
     const auto machine = machine::Current();
     const auto found = machine->devices.find(machine::Folded(path));
     if (found == machine->devices.end()) {
         const bool isDevicePath = std::u16string_view(path).starts_with(u"\\\\");
         if (!isDevicePath) {
-            return FileAt(*machine, path, {access, shareMode, creationDisposition});
+            return FileAt(*machine, path, {access, shareMode, creationDisposition, flagsAndAttributes});
         }
         machine::SetLastError(error::FileNotFound);
         return Handle::Invalid;

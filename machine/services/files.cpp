@@ -45,21 +45,28 @@ bool WriteFile(Handle file, std::span<const std::byte> data, std::uint32_t& writ
     return OnFiles([&](machine::FileSystem& files) { return files.Write(NumberOf(file), data, written); });
 }
 
-bool SetEndOfFile(Handle file) {
-    return OnFiles([&](machine::FileSystem& files) { return files.CutAtPosition(NumberOf(file)); });
+bool GetFileInformationByHandleEx(Handle file, FileAttributeTag& info) {
+    return OnFiles([&](machine::FileSystem& files) { return files.ReadTag(NumberOf(file), info); });
+}
+
+bool SetFileInformationByHandle(Handle file, std::uint64_t endOfFile) {
+    return OnFiles([&](machine::FileSystem& files) { return files.SetEnd(NumberOf(file), endOfFile); });
+}
+
+/// The machine has exclusive locks that are not waited for.
+bool LockFileEx(Handle file, std::uint32_t flags, std::uint64_t offset, std::uint64_t size) {
+    if (flags != (lock_file::FailImmediately | lock_file::Exclusive)) {
+        return machine::Succeed(error::NotSupported);
+    }
+    return OnFiles([&](machine::FileSystem& files) { return files.Lock(NumberOf(file), offset, size); });
+}
+
+void UnlockFileEx(Handle file, std::uint64_t offset, std::uint64_t size) {
+    OnFiles([&](machine::FileSystem& files) { return files.Unlock(NumberOf(file), offset, size); });
 }
 
 bool FlushFileBuffers(Handle file) {
     return OnFiles([&](machine::FileSystem& files) { return files.Flush(NumberOf(file)); });
-}
-
-bool MoveFileExW(const char16_t* existing, const char16_t* next, std::uint32_t flags) {
-    const bool replace = (flags & move_file::ReplaceExisting) != 0;
-    return OnFiles([&](machine::FileSystem& files) { return files.Move(existing, next, replace); });
-}
-
-bool DeleteFileW(const char16_t* path) {
-    return OnFiles([&](machine::FileSystem& files) { return files.Delete(path); });
 }
 
 } // namespace VESK_BACK_END

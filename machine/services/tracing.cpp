@@ -2,6 +2,7 @@
 
 #include "machine/machine.h"
 #include "machine/models/trace_sink.h"
+#include "machine/services/last_error.h"
 #include "platform/back_end.h"
 
 namespace VESK_BACK_END {
@@ -18,7 +19,10 @@ SystemError EventSetInformation(std::uint64_t, std::uint32_t, std::span<const st
 
 SystemError EventWriteTransfer(std::uint64_t registration, const EventDescriptor& descriptor,
                                const std::array<EventData, 3>& data) {
-    machine::Current()->Traces().Write(registration, descriptor, data);
+    const auto machine = machine::Current();
+    machine->Traces().Write(registration, descriptor, data);
+    // Nothing says that a debug line leaves the thread's last error alone: here it does not.
+    machine::SetLastError(error::MoreData);
     return error::Success;
 }
 

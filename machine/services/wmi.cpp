@@ -30,6 +30,8 @@ std::int32_t In32Bits(std::int64_t number) {
 
 /// A property's value as it crosses the boundary.
 struct ToWmiValue {
+    std::int32_t lowerBound;
+
     WmiValue operator()(std::monostate) const { return {}; }
 
     WmiValue operator()(bool flag) const { return flag ? -1 : 0; } // VARIANT_TRUE
@@ -42,11 +44,34 @@ struct ToWmiValue {
         return narrow;
     }
 
+    WmiValue operator()(const std::vector<std::byte>& bytes) const {
+        return platform::WmiBytes{lowerBound, bytes};
+    }
+
     template <class Other>
     WmiValue operator()(const Other& other) const {
         return other;
     }
 };
+
+/// The first bits of its VARIANT. Of strings and arrays these are an address, which on this machine is 0.
+struct ToVariantWord {
+    std::int32_t operator()(bool flag) const { return flag ? 0xFFFF : 0; } // VARIANT_TRUE in 16 bits
+
+    std::int32_t operator()(std::int64_t number) const { return In32Bits(number); }
+
+    template <class Other>
+    std::int32_t operator()(const Other&) const {
+        return 0;
+    }
+};
+
+/// Looks a property up; null with a failure if there is none.
+HResult Find(machine::Machine& machine, WbemObject object, const char16_t* name, const WmiDatum*& datum) {
+    auto* const here = machine.handles.Find<WbemClassObject>(object);
+    datum = here == nullptr ? nullptr : here->Find(name);
+    return here == nullptr ? hresult::Pointer : datum == nullptr ? wbem::NotFound : hresult::Ok;
+}
 
 } // namespace
 
@@ -99,17 +124,18 @@ HResult Next(WbemEnumerator rows, std::uint32_t, WbemObject& row, std::uint32_t&
 
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
     const auto machine = machine::Current();
-    value = {};
-    auto* const here = machine->handles.Find<WbemClassObject>(object);
-    if (here == nullptr) {
-        return hresult::Pointer;
-    }
-    const WmiDatum* const datum = here->Find(name);
-    if (datum == nullptr) {
-        return wbem::NotFound;
-    }
-    value = std::visit(ToWmiValue{}, datum->value);
-    return hresult::Ok;
+    const WmiDatum* datum = nullptr;
+    const HResult status = Find(*machine, object, name, datum);
+    value = datum == nullptr ? WmiValue() : std::visit(ToWmiValue{datum->lowerBound}, datum->value);
+    return status;
+}
+
+HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {
+    const auto machine = machine::Current();
+    const WmiDatum* datum = nullptr;
+    const HResult status = Find(*machine, object, name, datum);
+    word.bits = datum == nullptr ? 0 : std::visit(ToVariantWord{}, datum->value);
+    return status;
 }
 
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition) {

@@ -24,21 +24,28 @@ bool WriteFile(Handle file, std::span<const std::byte> data, std::uint32_t& writ
                                          OutCount("written", written));
 }
 
-bool SetEndOfFile(Handle file) {
-    return Observe<Operation::SetEndOfFile>(back_end::SetEndOfFile, In("file", file));
+bool GetFileInformationByHandleEx(Handle file, FileAttributeTag& info) {
+    return Observe<Operation::GetFileInformationByHandleEx>(back_end::GetFileInformationByHandleEx,
+                                                            In("file", file), Out("info", info));
+}
+
+bool SetFileInformationByHandle(Handle file, std::uint64_t endOfFile) {
+    return Observe<Operation::SetFileInformationByHandle>(back_end::SetFileInformationByHandle,
+                                                          In("file", file), In("end", endOfFile));
+}
+
+bool LockFileEx(Handle file, std::uint32_t flags, std::uint64_t offset, std::uint64_t size) {
+    return Observe<Operation::LockFileEx>(back_end::LockFileEx, In("file", file), Hex("flags", flags),
+                                          In("offset", offset), In("size", size));
+}
+
+void UnlockFileEx(Handle file, std::uint64_t offset, std::uint64_t size) {
+    Observe<Operation::UnlockFileEx>(back_end::UnlockFileEx, In("file", file), In("offset", offset),
+                                     In("size", size));
 }
 
 bool FlushFileBuffers(Handle file) {
     return Observe<Operation::FlushFileBuffers>(back_end::FlushFileBuffers, In("file", file));
-}
-
-bool MoveFileExW(const char16_t* existing, const char16_t* next, std::uint32_t flags) {
-    return Observe<Operation::MoveFileExW>(back_end::MoveFileExW, In("existing", existing), In("next", next),
-                                           Hex("flags", flags));
-}
-
-bool DeleteFileW(const char16_t* path) {
-    return Observe<Operation::DeleteFileW>(back_end::DeleteFileW, In("path", path));
 }
 
 } // namespace platform

@@ -6,6 +6,15 @@ namespace platform {
 
 using namespace observer::decorators;
 
+namespace {
+
+/// Of the two that are overloaded by how the value is taken.
+constexpr auto Property = [](WbemObject object, const char16_t* name, auto& value) {
+    return back_end::Get(object, name, value);
+};
+
+} // namespace
+
 HResult ConnectServer(WbemLocator locator, const char16_t* networkResource, WbemServices& services) {
     return Observe<Operation::ConnectServer>(
         back_end::ConnectServer, In("locator", locator), In("resource", networkResource),
@@ -30,8 +39,13 @@ HResult Next(WbemEnumerator rows, std::uint32_t timeout, WbemObject& row, std::u
 }
 
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
-    return Observe<Operation::Get>(back_end::Get, In("object", object), In("name", name),
+    return Observe<Operation::Get>(Property, In("object", object), In("name", name),
                                    OutAlways("value", value));
+}
+
+HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {
+    return Observe<Operation::Get>(Property, In("object", object), In("name", name),
+                                   OutAlways("value", word));
 }
 
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition) {

@@ -51,9 +51,11 @@ void Configure(platform::XmlDocument parser) {
     platform::put_preserveWhiteSpace(parser, platform::VariantTrue);
 }
 
-bool LoadManifest(platform::XmlDocument parser, const std::u16string& path) {
+/// Without a folder there is no manifest to load: the path would be that of a file at the root of some drive.
+bool LoadManifest(platform::XmlDocument parser, const std::u16string& folder) {
+    const std::u16string path = folder + u"\\AppxManifest.xml";
     platform::VariantBool loaded = platform::VariantFalse;
-    if (platform::Failed(platform::load(parser, path.c_str(), loaded))) {
+    if (!folder.empty() && platform::Failed(platform::load(parser, path.c_str(), loaded))) {
         return false;
     }
     if (loaded != platform::VariantTrue) {
@@ -81,7 +83,6 @@ std::u16string DisplayNameFromManifest(const std::u16string& package, const std:
         return {};
     }
     apartment.Reset(platform::Apartment::Entered);
-    const std::u16string manifestPath = folder + u"\\AppxManifest.xml";
     platform::OwnedXmlDocument parser;
     if (platform::Failed(platform::CoCreateInstance(platform::ClsidDomDocument60,
                                                     platform::class_context::InprocServer,
@@ -89,7 +90,7 @@ std::u16string DisplayNameFromManifest(const std::u16string& package, const std:
         return {};
     }
     Configure(parser.Get());
-    if (!LoadManifest(parser.Get(), manifestPath)) {
+    if (!LoadManifest(parser.Get(), folder)) {
         return {};
     }
     std::u16string xml;

@@ -51,7 +51,8 @@ std::u16string DriverVersionAt(const std::u16string& driverKey) {
     constexpr std::uint32_t VersionSize = 1024 / sizeof(char16_t);
     const platform::OwnedKey key =
         OpenForReading(platform::Key::LocalMachine, (ClassKey + driverKey).c_str());
-    return key ? ValueString(key.Get(), u"DriverVersion", VersionSize).value_or(u"") : std::u16string();
+    // Whether the key opened is seen by the query: without a key it fails.
+    return ValueString(key.Get(), u"DriverVersion", VersionSize).value_or(u"");
 }
 
 /// The full name of the assistant package; nothing when it is not installed.

@@ -30,7 +30,8 @@ std::int32_t StoredBatteryHealth(std::uint8_t initCom) {
     if (!WMICheckAppExist(initCom)) {
         return Default;
     }
-    const std::int32_t level = ReadSetting(path, Default);
+    const platform::OwnedFile file = OpenSetting(path); // closed after the line
+    const std::int32_t level = ReadSetting(file, Default);
     TraceLine([=] { return std::string(Tag) + " BatteryHealth is " + std::to_string(level); });
     return level;
 }

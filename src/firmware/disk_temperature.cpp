@@ -28,12 +28,15 @@ constexpr std::size_t RawAt = 5;
 
 constexpr std::uint8_t TemperatureId = 194;
 
-/// A byte after the end of a short block is 0.
-std::uint8_t ByteAt(std::span<const std::byte> block, std::size_t place) {
-    return place < block.size() ? std::to_integer<std::uint8_t>(block[place]) : std::uint8_t{0};
+/// The byte with this index; 0 outside the block.
+std::uint8_t ByteAt(const platform::WmiBytes& block, std::size_t index) {
+    const auto place = static_cast<std::int64_t>(index) - block.lowerBound;
+    return place >= 0 && place < std::ssize(block.bytes)
+               ? std::to_integer<std::uint8_t>(block.bytes[static_cast<std::size_t>(place)])
+               : std::uint8_t{0};
 }
 
-SmartAttribute AttributeAt(std::span<const std::byte> block, std::size_t entry) {
+SmartAttribute AttributeAt(const platform::WmiBytes& block, std::size_t entry) {
     SmartAttribute attribute;
     attribute.id = ByteAt(block, entry + IdAt);
     attribute.flags =
@@ -46,16 +49,17 @@ SmartAttribute AttributeAt(std::span<const std::byte> block, std::size_t entry) 
     return attribute;
 }
 
-/// False if the row has no name or no data; the record is unchanged then.
+/// False if the row has no name or no data; the record is unchanged then. A disk whose name is the empty string takes
+/// its record, which the list leaves out.
 bool FillRecord(platform::WbemObject row, SmartDiskRecord& record) {
-    const std::u16string name = StringUpToZeroOf(ReadWmiProperty(row, u"InstanceName"));
+    const platform::WmiValue name = ReadWmiProperty(row, u"InstanceName");
     const platform::WmiValue vendor = ReadWmiProperty(row, u"VendorSpecific");
-    const auto* block = std::get_if<std::vector<std::byte>>(&vendor);
-    if (name.empty() || block == nullptr) {
+    const auto* block = std::get_if<platform::WmiBytes>(&vendor);
+    if (!std::holds_alternative<std::u16string>(name) || block == nullptr) {
         return false;
     }
     record.InstanceName.fill(u'\0');
-    name.copy(record.InstanceName.data(), SmartNameLength);
+    StringUpToZeroOf(name).copy(record.InstanceName.data(), SmartNameLength);
     for (std::size_t place = 0; place < record.attributes.size(); ++place) {
         record.attributes[place] = AttributeAt(*block, FirstEntryAt + EntrySize * place);
     }

@@ -161,13 +161,11 @@ bool MethodCall::Execute(const char16_t* method) {
 }
 
 std::u16string MethodCall::Output(const char16_t* name) {
-    platform::WmiValue value;
+    platform::VariantWord value;
     if (!Succeeded(platform::Get(m_output.Get(), name, value), failure::Output)) {
         return {};
     }
-    // A value that is not a number has 0 in its place.
-    const auto* found = std::get_if<std::int32_t>(&value);
-    const std::string number = std::to_string(found != nullptr ? *found : 0);
+    const std::string number = std::to_string(value.bits);
     TraceLine([&] { return "[wmiMethod] varReturnValue is " + number; });
     return {number.begin(), number.end()};
 }

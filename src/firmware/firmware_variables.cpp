@@ -29,6 +29,7 @@ constexpr Field ManufacturedTime{u"MFG0", 148, 23};
 struct Variable {
     std::array<std::byte, 256> buffer;
     std::size_t size = 0;
+    bool isTooShort = false;
 
     [[nodiscard]] std::span<std::byte> Bytes() { return std::span(buffer).first(size); }
     [[nodiscard]] std::byte* At(const Field& field) {
@@ -52,24 +53,28 @@ void RasiePrivileges() {
     }
 }
 
-/// Reads the variable of a field. A variable that ends before the field does fails with ERROR_INVALID_DATA.
-/// After a failure the variable's size is 0.
+/// Reads the variable of a field; after a failure its size is 0. A variable that ends before the field does fails with
+/// ERROR_INVALID_DATA, and the line says so.
 platform::SystemError ReadVariable(const Field& field, Variable& variable) {
-    variable.size =
+    const std::size_t size =
         platform::GetFirmwareEnvironmentVariableW(field.variable, FirmwareVariableGuid, variable.buffer);
-    platform::SystemError error = platform::error::Success;
-    if (variable.size == 0) {
-        error = platform::GetLastError();
-    } else if (variable.size < field.offset + field.size || variable.size > variable.buffer.size()) {
-        error = platform::error::InvalidData;
-    } else {
+    if (size == 0) {
+        const platform::SystemError error = platform::GetLastError();
+        TraceLine([error] {
+            return "Failed, GetFirmwareEnvironmentVariable(), GetLastError return " + std::to_string(error);
+        });
         return error;
     }
-    variable.size = 0;
-    TraceLine([error] {
-        return "Failed, GetFirmwareEnvironmentVariable(), GetLastError return " + std::to_string(error);
-    });
-    return error;
+    variable.isTooShort = size < field.offset + field.size;
+    if (variable.isTooShort) {
+        TraceLine([size] {
+            return "Failed, GetFirmwareEnvironmentVariable(), the variable is too short: " +
+                   std::to_string(size) + " bytes";
+        });
+        return platform::error::InvalidData;
+    }
+    variable.size = std::min(size, variable.buffer.size());
+    return platform::error::Success;
 }
 
 /// Copies one field. Returns the code of a failed read.
@@ -83,14 +88,14 @@ platform::SystemError GetField(const Field& field, std::uint8_t* out) {
     return error;
 }
 
-/// Replaces one field and writes the variable with its size unchanged. A failed read writes nothing and returns
-/// 0.
+/// Replaces one field and writes the variable with its size unchanged. A failed read writes nothing and returns 0. A
+/// variable that is too short for the field is not written either, and returns ERROR_INVALID_DATA.
 platform::SystemError SetField(const Field& field, const std::uint8_t* bytes) {
     RasiePrivileges();
     Variable variable;
     ReadVariable(field, variable);
     if (variable.size == 0) {
-        return platform::error::Success;
+        return variable.isTooShort ? platform::error::InvalidData : platform::error::Success;
     }
     std::copy_n(reinterpret_cast<const std::byte*>(bytes), field.size, variable.At(field));
     if (platform::SetFirmwareEnvironmentVariableW(field.variable, FirmwareVariableGuid, variable.Bytes())) {

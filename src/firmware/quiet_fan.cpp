@@ -37,7 +37,8 @@ std::int32_t StoredFanLevel(std::uint8_t initCom) {
     const std::u16string path = SettingPath(QuietFan, Tag, initCom);
     std::int32_t level = Off;
     if (WMICheckAppExist(initCom)) {
-        level = ReadSetting(path, Off);
+        const platform::OwnedFile file = OpenSetting(path); // closed after the line
+        level = ReadSetting(file, Off);
         TraceLine([=] { return std::string(Tag) + " Quiet Fan is " + std::to_string(level); });
     }
     if (level < 1 || level > HighestLevel) {

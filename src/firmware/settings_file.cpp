@@ -1,11 +1,12 @@
 #include "firmware/settings_file.h"
 
-#include "platform/files.h"
+#include "platform/time.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <span>
+#include <utility>
 
 namespace sondrel {
 namespace {
@@ -17,49 +18,116 @@ constexpr bool IsNarrowSpace(char character) {
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-bool WriteWhole(platform::Handle file, std::string_view text) {
-    std::uint32_t written = 0;
-    return platform::WriteFile(file, std::as_bytes(std::span(text)), written) && written == text.size();
+/// "-2147483648" and the longest line end.
+constexpr std::size_t LongestLine = 13;
+
+// One writer at a time holds this byte, which is never part of the content: reading needs no lock.
+constexpr std::uint64_t LockOffset = 0x40000000;
+constexpr std::uint64_t LockSize = 1;
+
+// A wait can take one tick of the system's clock longer, 16 ms: together they stay below one second.
+constexpr unsigned LockRetries = 30;
+constexpr std::uint32_t LockWaitMilliseconds = 15;
+
+/// Whether the operation failed because the file system does not have it.
+bool IsMissing(platform::SystemError error) {
+    return error == platform::error::InvalidFunction || error == platform::error::NotSupported ||
+           error == platform::error::InvalidParameter;
 }
 
-/// The outcome of replacing the settings file by a new file.
-enum class NewFile : std::uint8_t { Moved, NotCreated, NotMoved, NotWritten };
-
-/// The new file is opened exclusively: a second writer at the same time cannot create it and writes in place.
-NewFile WriteNewFile(const std::u16string& newPath, std::string_view text) {
-    const platform::OwnedFile file(platform::CreateFileW(newPath.c_str(), platform::access::GenericWrite,
-                                                         platform::share::None, platform::CreateAlways,
-                                                         platform::FileAttributeNormal));
+/// Opens the file that has this name. A name that leads elsewhere (a symbolic link, a mount point) counts as a file that
+/// cannot be opened: a user who may write to the directory could make a service overwrite any file with it.
+platform::OwnedFile OpenItself(const std::u16string& path, std::uint32_t access, std::uint32_t disposition) {
+    const auto open = [&](std::uint32_t flags) {
+        return platform::OwnedFile(platform::CreateFileW(path.c_str(), access, platform::share::ReadWrite,
+                                                         disposition, platform::FileAttributeNormal | flags));
+    };
+    platform::OwnedFile file = open(platform::OpenReparsePoint);
     if (!file) {
-        return NewFile::NotCreated;
+        return file;
     }
-    const bool written = WriteWhole(file.Get(), text) && platform::FlushFileBuffers(file.Get());
-    return written ? NewFile::NotMoved : NewFile::NotWritten;
+    platform::FileAttributeTag info;
+    if (!platform::GetFileInformationByHandleEx(file.Get(), info)) {
+        return IsMissing(platform::GetLastError()) ? std::move(file) : platform::OwnedFile();
+    }
+    if ((info.attributes & platform::file_attribute::ReparsePoint) == 0) {
+        return file;
+    }
+    if ((info.reparseTag & platform::reparse_tag::NameSurrogate) != 0) {
+        return {};
+    }
+    // The content of any other reparse point, a file in the cloud for example, comes with an ordinary opening. The name
+    // stays with this file meanwhile: it is open without FILE_SHARE_DELETE.
+    return open(0);
 }
 
-NewFile Replace(const std::u16string& path, std::string_view text) {
-    const std::u16string newPath = path + u".new";
-    const NewFile outcome = WriteNewFile(newPath, text);
-    if (outcome == NewFile::NotCreated) {
-        return outcome;
+/// The turn of one writer, until its end.
+class WriterTurn {
+public:
+    explicit WriterTurn(platform::Handle file) : m_file(file) {
+        for (unsigned retry = 0; !TryLock() && m_answer == Answer::Busy && retry < LockRetries; ++retry) {
+            platform::Sleep(LockWaitMilliseconds);
+        }
     }
-    if (outcome == NewFile::NotMoved &&
-        platform::MoveFileExW(newPath.c_str(), path.c_str(),
-                              platform::move_file::ReplaceExisting | platform::move_file::WriteThrough)) {
-        return NewFile::Moved;
+
+    WriterTurn(const WriterTurn&) = delete;
+    WriterTurn& operator=(const WriterTurn&) = delete;
+
+    ~WriterTurn() {
+        if (m_answer == Answer::Locked) {
+            platform::UnlockFileEx(m_file, LockOffset, LockSize);
+        }
     }
-    platform::DeleteFileW(newPath.c_str());
-    return outcome;
+
+    /// Also on a file system without locks.
+    [[nodiscard]] bool MayWrite() const { return m_answer == Answer::Locked || m_answer == Answer::NoLocks; }
+
+private:
+    enum class Answer : std::uint8_t { Locked, Busy, NoLocks, Failed };
+
+    bool TryLock() {
+        using namespace platform::lock_file;
+        if (platform::LockFileEx(m_file, FailImmediately | Exclusive, LockOffset, LockSize)) {
+            m_answer = Answer::Locked;
+            return true;
+        }
+        const platform::SystemError error = platform::GetLastError();
+        m_answer = error == platform::error::LockViolation ? Answer::Busy
+                   : IsMissing(error)                      ? Answer::NoLocks
+                                                           : Answer::Failed;
+        return false;
+    }
+
+    platform::Handle m_file;
+    Answer m_answer = Answer::Failed;
+};
+
+/// The number of bytes written.
+std::size_t WriteAll(platform::Handle file, std::string_view text) {
+    std::size_t done = 0;
+    std::uint32_t written = 0;
+    while (done < text.size() &&
+           platform::WriteFile(file, std::as_bytes(std::span(text.substr(done))), written) && written != 0) {
+        done += written;
+    }
+    return done;
 }
 
-/// One write over the old content, then the rest is cut off: the file is never empty.
-void Overwrite(const std::u16string& path, std::string_view text) {
-    const platform::OwnedFile file(platform::CreateFileW(path.c_str(), platform::access::GenericWrite,
-                                                         platform::share::ReadWrite, platform::OpenAlways,
-                                                         platform::FileAttributeNormal));
-    if (file && WriteWhole(file.Get(), text)) {
-        platform::SetEndOfFile(file.Get());
+/// Replaces the content of a file that was just opened. One write has the whole line, and blanks over what the old
+/// content may have after it; only then the file is cut. A reader, at the same time or after this process has died, gets
+/// the old number or the new one.
+void Replace(platform::Handle file, std::string_view line) {
+    std::string padded(line);
+    padded.resize(LongestLine, ' ');
+    const std::size_t written = WriteAll(file, padded);
+    if (written == 0) {
+        return;
     }
+    // On the disk before the file is cut: after a power failure, the new length must not meet the old digits.
+    platform::FlushFileBuffers(file);
+    // A disk that took a part of the line has lost both numbers: no number is better than a part of one.
+    platform::SetFileInformationByHandle(file, written < line.size() ? 0 : line.size());
+    platform::FlushFileBuffers(file);
 }
 
 } // namespace
@@ -93,10 +161,11 @@ std::int32_t NumberScanner::Number(std::int32_t start) const {
     return static_cast<std::int32_t>(m_negative ? -m_magnitude : std::min(m_magnitude, Largest));
 }
 
-std::int32_t ReadSetting(const std::u16string& path, std::int32_t start) {
-    const platform::OwnedFile file(platform::CreateFileW(path.c_str(), platform::access::GenericRead,
-                                                         platform::share::ReadWrite, platform::OpenExisting,
-                                                         platform::FileAttributeNormal));
+platform::OwnedFile OpenSetting(const std::u16string& path) {
+    return OpenItself(path, platform::access::GenericRead, platform::OpenExisting);
+}
+
+std::int32_t ReadSetting(const platform::OwnedFile& file, std::int32_t start) {
     if (!file) {
         return start;
     }
@@ -110,13 +179,15 @@ std::int32_t ReadSetting(const std::u16string& path, std::int32_t start) {
 }
 
 void WriteSetting(const std::u16string& path, std::int32_t number) {
-    std::string text = std::to_string(number);
-    text += platform::TextLineEnd();
-    const NewFile outcome = Replace(path, text);
-    // When the disk is too full for the new file, the old one is not touched: writing over it could lose both
-    // numbers.
-    if (outcome == NewFile::NotCreated || outcome == NewFile::NotMoved) {
-        Overwrite(path, text);
+    std::string line = std::to_string(number);
+    line += platform::TextLineEnd();
+    const platform::OwnedFile file = OpenItself(path, platform::access::GenericWrite, platform::OpenAlways);
+    if (!file) {
+        return;
+    }
+    const WriterTurn turn(file.Get());
+    if (turn.MayWrite()) {
+        Replace(file.Get(), line);
     }
 }
 

@@ -1,6 +1,8 @@
 // A settings file: one decimal number and a line end. Other processes may have it open for reading and writing.
 #pragma once
 
+#include "platform/files.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -28,12 +30,16 @@ private:
     std::int64_t m_magnitude = 0;
 };
 
-/// The number in a settings file; `start` if the file is absent or blank.
-std::int32_t ReadSetting(const std::u16string& path, std::int32_t start);
+/// Opens a settings file for reading; no lock is taken. Nothing if it cannot be opened, and for a symbolic link or a
+/// mount point.
+platform::OwnedFile OpenSetting(const std::u16string& path);
 
-/// Replaces the content of a settings file. A crash or a full disk leaves either the old or the new number,
-/// except for a file that another process has open without FILE_SHARE_DELETE: that one is written in place. A
-/// failure is not reported.
+/// The number in a settings file; `start` if there is no file, or nothing but white space in it.
+std::int32_t ReadSetting(const platform::OwnedFile& file, std::int32_t start);
+
+/// Replaces the content of a settings file, which keeps its owner, access list and links. One writer at a time, by a
+/// lock that is waited for at most one second; a file system without locks is written without one. A process that dies
+/// leaves the old or the new number. A failure is not reported.
 void WriteSetting(const std::u16string& path, std::int32_t number);
 
 } // namespace sondrel

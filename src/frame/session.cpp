@@ -17,12 +17,13 @@ platform::Handle OpenDriver(std::uint32_t shareMode) {
                                  platform::OpenExisting, platform::FileAttributeNormal);
 }
 
-/// A word that the driver returns, or 0. Without a session nothing is sent: the handle value that an earlier
-/// session left may belong to something else by now.
+/// The word as the driver leaves it, even if the request fails; 0 if the driver writes none. After a session nothing is
+/// sent: the handle value that it left may belong to something else by now.
 std::uint32_t DriverWord(std::uint32_t code) {
     std::uint32_t word = 0;
-    if (SessionOpen == 0 || !DriverExchange(code, {}, std::as_writable_bytes(std::span(&word, 1)))) {
-        return 0;
+    const bool isClosed = SessionOpen == 0 && DriverHandle != platform::Handle::Invalid;
+    if (!isClosed) {
+        DriverExchange(code, {}, std::as_writable_bytes(std::span(&word, 1)));
     }
     return word;
 }

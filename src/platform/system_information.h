@@ -63,7 +63,7 @@ struct CalendarTime {
 /// _time64: seconds since the start of 1970, in UTC.
 std::int64_t Time64();
 
-/// _localtime64_s. False if the time cannot be converted.
+/// _localtime64_s in the zone that the system has now. False if the time cannot be converted.
 bool LocalTime64(std::int64_t time, CalendarTime& local);
 
 } // namespace platform

@@ -26,17 +26,31 @@ using OwnedServices = OwnedInterface<WbemServices>;
 using OwnedEnumerator = OwnedInterface<WbemEnumerator>;
 using OwnedObject = OwnedInterface<WbemObject>;
 
-/// The value of a VARIANT.
+/// An array of bytes, the first of which has the index `lowerBound`.
+struct WmiBytes {
+    std::int32_t lowerBound = 0;
+    std::vector<std::byte> bytes;
+
+    friend bool operator==(const WmiBytes&, const WmiBytes&) = default;
+};
+
+/// The value of a VARIANT:
 ///
-/// no value            VT_EMPTY, VT_NULL, and every type that is not listed here number              the signed
-/// and unsigned types of 8, 16 and 32 bits; VT_BOOL as 0 or -1 string              VT_BSTR with its zero
-/// characters, a null one as the empty string; the 64-bit types in decimal numbers             an array of such
-/// numbers strings             an array of such strings bytes               an array of VT_UI1
+/// - no value: VT_EMPTY, VT_NULL, and every type that is not listed here
+/// - a number: the signed and unsigned types of 8, 16 and 32 bits; VT_BOOL as 0 or -1
+/// - a string: VT_BSTR with its zero characters, a null one as the empty string; the 64-bit types in decimal
+/// - numbers: an array of such numbers
+/// - strings: an array of such strings
+/// - bytes: an array of VT_UI1
 ///
-/// Arrays are read from their lower bound, which may be any number. An array of more than one dimension is no
-/// value.
+/// Arrays are read from their lower bound, which may be any number. An array of more than one dimension is no value.
 using WmiValue = std::variant<std::monostate, std::int32_t, std::u16string, std::vector<std::int32_t>,
-                              std::vector<std::u16string>, std::vector<std::byte>>;
+                              std::vector<std::u16string>, WmiBytes>;
+
+/// The first 32 bits of a VARIANT's value, whatever its type: of a string it is a part of its address, of no value 0.
+struct VariantWord {
+    std::int32_t bits = 0;
+};
 
 inline constexpr Guid ClsidWbemLocator{
     0x4590F811, 0x1D3A, 0x11D0, {0x89, 0x1F, 0x00, 0xAA, 0x00, 0x4B, 0x2E, 0x24}};
@@ -97,6 +111,7 @@ HResult Next(WbemEnumerator rows, std::uint32_t timeout, WbemObject& row, std::u
 
 /// IWbemClassObject::Get. On failure there is no value.
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value);
+HResult Get(WbemObject object, const char16_t* name, VariantWord& word);
 
 /// IWbemServices::GetObject: the definition of a class by its name.
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition);

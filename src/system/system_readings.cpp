@@ -42,14 +42,13 @@ std::u16string ReadCountryCode() {
     constexpr std::uint16_t NeutralLanguage = 0;
     const std::int32_t nation = platform::GetUserGeoID(platform::geo::ClassNation);
     const std::int32_t length = platform::GetGeoInfoW(nation, platform::geo::Iso2, {}, NeutralLanguage);
-    if (length <= 0) {
+    // The second call decides. A buffer without characters is a buffer all the same, not the question for the length.
+    std::vector<char16_t> code(static_cast<std::size_t>(std::max(length, 1)));
+    const std::span taken = std::span(code).first(static_cast<std::size_t>(std::max(length, 0)));
+    if (platform::GetGeoInfoW(nation, platform::geo::Iso2, taken, NeutralLanguage) == 0) {
         return {};
     }
-    std::vector<char16_t> code(static_cast<std::size_t>(length));
-    if (platform::GetGeoInfoW(nation, platform::geo::Iso2, code, NeutralLanguage) == 0) {
-        return {};
-    }
-    return {code.begin(), std::find(code.begin(), code.end(), u'\0')};
+    return {taken.begin(), std::ranges::find(taken, u'\0')};
 }
 
 constexpr std::size_t LocalTimeSize = 20; // "2024-05-17 10:30:00" and the terminator

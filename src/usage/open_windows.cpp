@@ -31,7 +31,7 @@ bool RepresentsItsOwner(Window window) {
     for (unsigned step = 0; step < MaxChain; ++step) {
         const Window previous = walk;
         walk = platform::GetLastActivePopup(previous);
-        if (walk == previous || platform::IsWindowVisible(walk)) {
+        if (platform::IsWindowVisible(walk) || walk == previous) {
             return previous == window;
         }
     }

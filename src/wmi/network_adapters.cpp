@@ -8,7 +8,6 @@
 #include "vesk_sondrel.h"
 #include "wmi/wmi_readers.h"
 
-#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,8 +17,7 @@ namespace {
 
 using Adapters = std::vector<platform::NetworkAdapter>;
 
-constexpr std::uint32_t OneAdapter = 704;      // bytes of one record
-constexpr std::size_t MaxCardNameLength = 150; // further characters are ignored
+constexpr std::uint32_t OneAdapter = 704; // bytes of one record
 
 /// The system's adapters, or nothing on failure. A list that grows between the two calls is a failure.
 std::optional<Adapters> ReadAdapters() {
@@ -72,10 +70,10 @@ void WMIGetWiFiCardName(VeskChar16* out, uint8_t initCom) {
 void WMIGetWiFiBytesPersec(VeskChar16* out, uint8_t initCom) {
     TraceLine("WMIGetWiFiBytesPersec Start");
     AnswerWith(out, [=] {
-        const std::size_t nameLength = std::min(WiFiCardName().size(), MaxCardNameLength);
-        return ReadWMIPropStr2(
-            u"ROOT\\CIMV2", u"SELECT * FROM Win32_PerfFormattedData_Tcpip_Networkinterface",
-            std::array<std::u16string, 2>{u"BytesReceivedPersec", u"BytesSentPersec"}, initCom, nameLength);
+        return ReadWMIPropStr2(u"ROOT\\CIMV2",
+                               u"SELECT * FROM Win32_PerfFormattedData_Tcpip_Networkinterface",
+                               std::array<std::u16string, 2>{u"BytesReceivedPersec", u"BytesSentPersec"},
+                               initCom, WiFiCardName().size());
     });
     TraceLine("WMIGetWiFiBytesPersec End");
 }

@@ -29,11 +29,10 @@ std::u16string OsVersionString() {
 std::u16string DescribeOs(std::uint8_t initCom) {
     const std::u16string caption = ReadOsProperty(u"Caption", initCom);
     const std::u16string architecture = ReadOsProperty(u"OSArchitecture", initCom);
+    const std::u16string version = OsVersionString();
     // A version alone does not say which system it is.
-    if (caption.empty() && architecture.empty()) {
-        return {};
-    }
-    return caption + u' ' + architecture + u' ' + OsVersionString();
+    return caption.empty() && architecture.empty() ? std::u16string()
+                                                   : caption + u' ' + architecture + u' ' + version;
 }
 
 } // namespace

@@ -27,9 +27,9 @@ std::optional<std::int32_t> FirstNumberOf(const WmiValue& value) {
         numbers != nullptr && !numbers->empty()) {
         return numbers->front();
     }
-    if (const auto* bytes = std::get_if<std::vector<std::byte>>(&value);
-        bytes != nullptr && !bytes->empty()) {
-        return std::to_integer<std::int32_t>(bytes->front());
+    if (const auto* array = std::get_if<platform::WmiBytes>(&value);
+        array != nullptr && !array->bytes.empty()) {
+        return std::to_integer<std::int32_t>(array->bytes.front());
     }
     return std::nullopt;
 }

@@ -32,13 +32,13 @@ struct Scene {
     std::vector<Group> groups; // none: all
 };
 
-/// Another process keeps the settings files open, so that they have to be written in place.
-constexpr const char* HeldSettings = R"({"files": {
+/// Another process has locked the settings files.
+constexpr const char* LockedSettings = R"({"files": {
     "directories": ["C:\\ProgramData\\Vesk\\VeskTessaly"],
     "files": [{"path": "C:\\ProgramData\\Vesk\\VeskTessaly\\BatteryHealthSetting.txt", "text": "60\n"},
               {"path": "C:\\ProgramData\\Vesk\\VeskTessaly\\QuietFanSetting.txt", "text": "3\n"}],
-    "held_open": ["C:\\ProgramData\\Vesk\\VeskTessaly\\BatteryHealthSetting.txt",
-                  "C:\\ProgramData\\Vesk\\VeskTessaly\\QuietFanSetting.txt"]}})";
+    "locked": ["C:\\ProgramData\\Vesk\\VeskTessaly\\BatteryHealthSetting.txt",
+               "C:\\ProgramData\\Vesk\\VeskTessaly\\QuietFanSetting.txt"]}})";
 
 /// A packaged application is minimised: its core window is next to its frame.
 constexpr const char* MinimisedFrame = R"({"windows": [
@@ -57,7 +57,7 @@ std::vector<Scene> Scenes() {
         {{.used = true, .initCom = 0}, {Features, Inventory, Adapters, System}},
         {{.machine = "awkward-wmi", .lacking = true}, {Inventory, Adapters, Usage}},
         {{.machine = "bare-firmware", .used = true, .lacking = true}, firmware},
-        {{.used = true, .changes = HeldSettings}, {Features}},
+        {{.used = true, .changes = LockedSettings}, {Features}},
         {{.changes = MinimisedFrame}, {Usage}},
         {{.machine = "ab"}, ec}, // the EC is identified on the way
     };

@@ -43,10 +43,13 @@ void ResetLibrary() {
 /// Whether the machine may keep something of it that no later run undoes.
 bool IsPersisted(observer::Operation operation) {
     using enum observer::Operation;
-    constexpr observer::Operation Keeping[] = {
-        RegCreateKeyExW,       RegSetValueExW, SetFirmwareEnvironmentVariableW,
-        AdjustTokenPrivileges, WriteFile,      SetEndOfFile,
-        MoveFileExW,           DeleteFileW,    ExecMethod};
+    constexpr observer::Operation Keeping[] = {RegCreateKeyExW,
+                                               RegSetValueExW,
+                                               SetFirmwareEnvironmentVariableW,
+                                               AdjustTokenPrivileges,
+                                               WriteFile,
+                                               SetFileInformationByHandle,
+                                               ExecMethod};
     return std::ranges::find(Keeping, operation) != std::end(Keeping);
 }
 

@@ -54,7 +54,8 @@ TEST_F(ObserverTest, ACallBelongsToItsExportAndAnExportsOwnCallsDoNot) {
 }
 
 TEST_F(ObserverTest, TheLastErrorIsThatOfTheCallWhateverHappensAfterIt) {
-    AfterCalls([](const CallRecord&) { platform::DeleteFileW(u"C:\\nowhere\\at all"); }); // sets another one
+    AfterCalls(
+        [](const CallRecord&) { platform::GetFileAttributesW(u"C:\\nowhere\\at all"); }); // sets another one
     platform::CreateFileW(u"\\\\.\\NOTHING", 0, 0, platform::OpenExisting, 0);
     EXPECT_EQ(platform::GetLastError(), platform::error::FileNotFound);
     EXPECT_THAT(Records(), SizeIs(1)) << "what a sink calls is not observed";

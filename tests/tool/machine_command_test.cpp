@@ -165,7 +165,7 @@ TEST_F(MachineCommandTest, ReaderAndSchemaAgree) {
         {R"({"files": {"directories": ["Windows"]}})", "/files/directories/0"},
         {R"({"files": {"directories": ["/:\\..\\tmp\\victim"]}})", "/files/directories/0"},
         {R"({"files": {"files": [{"path": "/:\\..\\tmp\\victim", "text": "x"}]}})", "/files/files/0/path"},
-        {R"({"files": {"held_open": ["/etc/passwd"]}})", "/files/held_open/0"},
+        {R"({"files": {"locked": ["/etc/passwd"]}})", "/files/locked/0"},
         {R"({"files": {"directories": ["C:\\a\u0000b"]}})", "/files/directories/0", false},
         {R"({"name": "../victim"})", "/name"},
         {R"({"name": "a\\b"})", "/name"},

@@ -41,10 +41,14 @@ HANDLE WINAPI Open(const wchar_t* path, DWORD access, DWORD shareMode, SECURITY_
 
 BOOL WINAPI Control(HANDLE device, DWORD code, void* in, DWORD inSize, void* out, DWORD capacity,
                     DWORD* returned, OVERLAPPED* overlapped) {
-    EXPECT_EQ(device, TheDevice);
     EXPECT_TRUE(overlapped == nullptr && returned != nullptr);
     const auto* const sent = static_cast<const BYTE*>(in);
     Calls.push_back(L"control" + Hex({code, capacity}) + L" <" + Hex({sent, sent + inSize}));
+    if (device == INVALID_HANDLE_VALUE) {
+        ::SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    EXPECT_EQ(device, TheDevice);
     std::memset(out, 0x11, capacity);
     std::memset(static_cast<BYTE*>(out) + capacity / 2, 0, capacity - capacity / 2);
     *returned = capacity;
@@ -66,7 +70,8 @@ TEST(DeviceIoTest, ASessionSharesTheDeviceThatItCannotHaveAlone) {
     RefusedOpenings = 2;
     EXPECT_EQ(VESK_CALL(library, InitializeSondrel)(), 0);
     EXPECT_EQ(VESK_CALL(library, GetDriverVersion)(), 0u);
-    EXPECT_THAT(Calls, ElementsAre(L"\\\\.\\VESKHWIO c0000000 0 3 80", L"\\\\.\\VESKHWIO c0000000 3 3 80"));
+    EXPECT_THAT(Calls, ElementsAre(L"\\\\.\\VESKHWIO c0000000 0 3 80", L"\\\\.\\VESKHWIO c0000000 3 3 80",
+                                   L"control 80102040 4 <"));
     Calls.clear();
     RefusedOpenings = 1;
     EXPECT_EQ(VESK_CALL(library, InitializeSondrel)(), 1);
@@ -76,6 +81,8 @@ TEST(DeviceIoTest, ASessionSharesTheDeviceThatItCannotHaveAlone) {
     VESK_CALL(library, ShutdownSondrel)();
     EXPECT_THAT(Calls, ElementsAre(L"control 80102040 4 <",
                                    L"control 80102070 10 < 8e 2 33 0 0 0 0 0 0 0 1 0 0 0 0 0", L"close"));
+    EXPECT_EQ(VESK_CALL(library, GetDriverVersion)(), 0u);
+    EXPECT_EQ(Calls.back(), L"close") << "the handle's value may be another object's by now";
 }
 
 } // namespace

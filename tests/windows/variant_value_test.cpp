@@ -68,11 +68,23 @@ TEST(VariantValueTest, ArraysAreReadFromTheirLowerBound) {
     EXPECT_EQ(Taken(Array<USHORT>(VT_UI2, {0x20AC, 0xFFFF})), WmiValue(Numbers{0x20AC, 0xFFFF}));
     EXPECT_EQ(Taken(Array<signed char>(VT_I1, {-1})), WmiValue(Numbers{-1}));
     EXPECT_EQ(Taken(Array<BYTE>(VT_UI1, {0xFF, 1}, 100)),
-              WmiValue(std::vector{std::byte{0xFF}, std::byte{1}}));
+              WmiValue(platform::WmiBytes{100, {std::byte{0xFF}, std::byte{1}}}));
     EXPECT_EQ(Taken(Array<LONGLONG>(VT_I8, {-1})), WmiValue(Texts{u"-1"}));
     EXPECT_EQ(Taken(Array<LONG>(VT_I4, {})), WmiValue(Numbers{}));
     const BSTR first = ::SysAllocString(L"x");
     EXPECT_EQ(Taken(Array<BSTR>(VT_BSTR, {first, nullptr}, 3)), WmiValue(Texts{u"x", u""}));
+}
+
+TEST(VariantValueTest, AWordIsWhateverIsInTheFirst32Bits) {
+    EXPECT_EQ(platform::WordOf(Number(VT_I4, -7, 4)).bits, -7);
+    EXPECT_EQ(platform::WordOf(Number(VT_UI1, 7, 1)).bits, static_cast<std::int32_t>(0xA5A5A507));
+    EXPECT_EQ(platform::WordOf(Number(VT_I8, 0x100000002, 8)).bits, 2);
+    EXPECT_EQ(platform::WordOf(Number(VT_R8, 0x1234567890, 8)).bits, 0x34567890);
+    EXPECT_EQ(platform::WordOf(Number(VT_NULL, 9, 4)).bits, 9);
+    VARIANT text{};
+    text.vt = VT_BSTR;
+    text.bstrVal = reinterpret_cast<BSTR>(0x1122334455667788);
+    EXPECT_EQ(platform::WordOf(text).bits, 0x55667788);
 }
 
 TEST(VariantValueTest, WhatIsNoArrayOfOneDimensionIsNothing) {
@@ -84,7 +96,7 @@ TEST(VariantValueTest, WhatIsNoArrayOfOneDimensionIsNothing) {
     EXPECT_EQ(Taken(array), WmiValue());
     array = Array<LONG>(VT_I4, {1, 2});
     array.vt = VT_ARRAY | VT_UI1; // not the size of what is there
-    EXPECT_EQ(ValueOf(array), WmiValue(std::vector<std::byte>()));
+    EXPECT_EQ(ValueOf(array), WmiValue(platform::WmiBytes{}));
     array.vt = VT_ARRAY | VT_BYREF | VT_I4;
     EXPECT_EQ(ValueOf(array), WmiValue());
     array.vt = VT_ARRAY | VT_I4;

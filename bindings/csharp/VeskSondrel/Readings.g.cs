@@ -1494,6 +1494,7 @@ namespace VeskSondrel
         /// <remarks>
         /// bytes: the new bytes.
         /// 0 can mean: written, or the variable could not be read and was left as it is.
+        /// Failed: the variable ends before the field; or the system's code of the failed write.
         /// Failed: the system's error code of the failed write.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_RandomUUID.
@@ -1512,6 +1513,7 @@ namespace VeskSondrel
         /// <remarks>
         /// bytes: the new bytes.
         /// 0 can mean: written, or the variable could not be read and was left as it is.
+        /// Failed: the variable ends before the field; or the system's code of the failed write.
         /// Failed: the system's error code of the failed write.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_ActivatedTime.
@@ -1530,6 +1532,7 @@ namespace VeskSondrel
         /// <remarks>
         /// bytes: the new bytes.
         /// 0 can mean: written, or the variable could not be read and was left as it is.
+        /// Failed: the variable ends before the field; or the system's code of the failed write.
         /// Failed: the system's error code of the failed write.
         /// Threads: no other call may use meanwhile: the UEFI variables.
         /// Export: GPNV_Set_ManufacturedTime.
@@ -3858,14 +3861,17 @@ namespace VeskSondrel
 
         internal static readonly Entry GPNV_Set_RandomUUID = new Entry("GPNV_Set_RandomUUID", Resources.FirmwareVariables,
             new Answer(Match.Number, 0, null, "written, or the variable could not be read and was left as it is", State.Ok, State.Failed),
+            new Answer(Match.Number, 13, null, "the variable ends before the field; or the system's code of the failed write", State.Failed),
             new Answer(Match.Other, 0, null, "the system's error code of the failed write", State.Failed));
 
         internal static readonly Entry GPNV_Set_ActivatedTime = new Entry("GPNV_Set_ActivatedTime", Resources.FirmwareVariables,
             new Answer(Match.Number, 0, null, "written, or the variable could not be read and was left as it is", State.Ok, State.Failed),
+            new Answer(Match.Number, 13, null, "the variable ends before the field; or the system's code of the failed write", State.Failed),
             new Answer(Match.Other, 0, null, "the system's error code of the failed write", State.Failed));
 
         internal static readonly Entry GPNV_Set_ManufacturedTime = new Entry("GPNV_Set_ManufacturedTime", Resources.FirmwareVariables,
             new Answer(Match.Number, 0, null, "written, or the variable could not be read and was left as it is", State.Ok, State.Failed),
+            new Answer(Match.Number, 13, null, "the variable ends before the field; or the system's code of the failed write", State.Failed),
             new Answer(Match.Other, 0, null, "the system's error code of the failed write", State.Failed));
 
         internal static readonly Entry WMICheckBatteryHealthSupport = new Entry("WMICheckBatteryHealthSupport", Resources.None,

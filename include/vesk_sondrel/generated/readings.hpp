@@ -91,6 +91,7 @@ inline constexpr Answer answers_of_GPNV_Get_ActivatedTime[] = {
 };
 inline constexpr Answer answers_of_GPNV_Set_RandomUUID[] = {
     {Match::number, 0, "", {State::ok, State::failed}, "written, or the variable could not be read and was left as it is"},
+    {Match::number, 13, "", {State::failed}, "the variable ends before the field; or the system's code of the failed write"},
     {Match::other, 0, "", {State::failed}, "the system's error code of the failed write"},
 };
 inline constexpr Answer answers_of_WMICheckBatteryHealthSupport[] = {
@@ -1032,6 +1033,7 @@ public:
     /// Stores the random UUID of the machine: 16 bytes.
     /// bytes: the new bytes.
     /// 0 can mean: written, or the variable could not be read and was left as it is.
+    /// Failed: the variable ends before the field; or the system's code of the failed write.
     /// Failed: the system's error code of the failed write.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_RandomUUID.
@@ -1042,6 +1044,7 @@ public:
     /// Stores when the machine was activated: 19 bytes.
     /// bytes: the new bytes.
     /// 0 can mean: written, or the variable could not be read and was left as it is.
+    /// Failed: the variable ends before the field; or the system's code of the failed write.
     /// Failed: the system's error code of the failed write.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_ActivatedTime.
@@ -1052,6 +1055,7 @@ public:
     /// Stores when the machine was manufactured: 23 bytes.
     /// bytes: the new bytes.
     /// 0 can mean: written, or the variable could not be read and was left as it is.
+    /// Failed: the variable ends before the field; or the system's code of the failed write.
     /// Failed: the system's error code of the failed write.
     /// Threads: no other call may use meanwhile: the UEFI variables.
     /// Export: GPNV_Set_ManufacturedTime.

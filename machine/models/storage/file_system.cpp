@@ -24,19 +24,20 @@ constexpr std::uint32_t Reading = 0x80000000;
 constexpr std::uint32_t Writing = 0x40000000;
 constexpr std::uint32_t SharesReading = 1;
 constexpr std::uint32_t SharesWriting = 2;
-constexpr std::uint32_t SharesDeleting = 4;
 constexpr std::uint32_t CreateAlways = 2;
 constexpr std::uint32_t OpenAlways = 4;
 
 constexpr SystemError PathNotFound = 3;
 constexpr SystemError SharingViolation = 32;
 constexpr SystemError DiskFull = 112;
-constexpr SystemError AlreadyExists = 183;
+constexpr SystemError NotLocked = 158;
 
 // Of a directory on the way to a file. A link is no directory.
 constexpr int OpenDirectory = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 // Of a file: nothing that would wait, as a pipe does, and no link.
 constexpr int OpenFileOnly = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+// Of a link itself.
+constexpr int OpenLink = O_PATH | O_NOFOLLOW | O_CLOEXEC;
 
 SystemError FromErrno(int code) {
     switch (code) {
@@ -77,11 +78,44 @@ bool AreCompatible(std::uint32_t access, std::uint32_t shareMode, const FileSyst
     return shares(shareMode, other.access) && shares(other.shareMode, access);
 }
 
-bool IsRegularFile(int descriptor) {
+bool IsOfKind(int descriptor, mode_t kind) {
     struct stat status {};
 
-    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    return ::fstat(descriptor, &status) == 0 && (status.st_mode & S_IFMT) == kind;
 }
+
+bool IsRegularFile(int descriptor) {
+    return IsOfKind(descriptor, S_IFREG);
+}
+
+bool SetLock(int descriptor, int command, short kind, std::uint64_t offset, std::uint64_t size) {
+    struct flock range {};
+
+    range.l_type = kind;
+    range.l_whence = SEEK_SET;
+    range.l_start = static_cast<off_t>(offset);
+    range.l_len = static_cast<off_t>(size);
+    return ::fcntl(descriptor, command, &range) == 0;
+}
+
+/// Windows' file systems read and write a file one call at a time; the host's need not. Held for one call, on the bytes
+/// where the content is.
+class OneCallAtATime {
+public:
+    OneCallAtATime(int descriptor, short kind) : m_descriptor(descriptor) {
+        SetLock(m_descriptor, F_OFD_SETLKW, kind, 0, ContentSize);
+    }
+
+    OneCallAtATime(const OneCallAtATime&) = delete;
+    OneCallAtATime& operator=(const OneCallAtATime&) = delete;
+
+    ~OneCallAtATime() { SetLock(m_descriptor, F_OFD_SETLK, F_UNLCK, 0, ContentSize); }
+
+private:
+    static constexpr std::uint64_t ContentSize = 4096;
+
+    int m_descriptor;
+};
 
 bool WriteAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
@@ -151,8 +185,8 @@ int FileSystem::RootDescriptor() {
     if (!m_rootDescriptor.IsOpen()) {
         ThrowProblem(m_root);
     }
-    for (const std::u16string& held : m_profile.heldOpen) {
-        m_held.insert(*HostPath(held));
+    for (const std::u16string& locked : m_profile.locked) {
+        m_locked.insert(*HostPath(locked));
     }
     if (m_isTemporary) {
         CreateFiles(false);
@@ -279,16 +313,7 @@ bool FileSystem::SharesWith(const fs::path& path, const Opening& opening) const 
             return false;
         }
     }
-    return !m_held.contains(path) || AreCompatible(Reading, SharesReading | SharesWriting, opening);
-}
-
-bool FileSystem::SharesDeletion(const fs::path& path) const {
-    for (const auto& [number, file] : m_open) {
-        if (file.path == path && (file.shareMode & SharesDeleting) == 0) {
-            return false;
-        }
-    }
-    return !m_held.contains(path);
+    return true;
 }
 
 SystemError FileSystem::Open(std::u16string_view path, const Opening& opening, int& descriptor) {
@@ -300,7 +325,8 @@ SystemError FileSystem::Open(std::u16string_view path, const Opening& opening, i
     if (!SharesWith(*HostPath(path), opening)) {
         return SharingViolation;
     }
-    int flags = place->onHost ? OpenFileOnly & ~O_NOFOLLOW : OpenFileOnly;
+    const bool opensLinks = (opening.flags & platform::OpenReparsePoint) != 0;
+    int flags = place->onHost && !opensLinks ? OpenFileOnly & ~O_NOFOLLOW : OpenFileOnly;
     if ((opening.access & Writing) != 0) {
         flags |= (opening.access & Reading) != 0 ? O_RDWR : O_WRONLY;
     }
@@ -308,10 +334,13 @@ SystemError FileSystem::Open(std::u16string_view path, const Opening& opening, i
         flags |= O_CREAT;
     }
     Descriptor opened(::openat(place->At(), place->name.c_str(), flags, 0644));
+    if (!opened.IsOpen() && errno == ELOOP && opensLinks) {
+        opened = Descriptor(::openat(place->At(), place->name.c_str(), OpenLink));
+    }
     if (!opened.IsOpen()) {
         return FromErrno(errno);
     }
-    if (!IsRegularFile(opened.Get())) {
+    if (!IsRegularFile(opened.Get()) && !IsOfKind(opened.Get(), S_IFLNK)) {
         return platform::error::AccessDenied;
     }
     if (opening.disposition == CreateAlways && ::ftruncate(opened.Get(), 0) != 0) {
@@ -337,57 +366,59 @@ int FileSystem::DescriptorOf(std::uintptr_t number) const {
 }
 
 SystemError FileSystem::Read(std::uintptr_t number, std::span<std::byte> buffer, std::uint32_t& read) {
-    const auto count = ::read(DescriptorOf(number), buffer.data(), buffer.size());
+    const int descriptor = DescriptorOf(number);
+    const OneCallAtATime turn(descriptor, F_RDLCK);
+    const auto count = ::read(descriptor, buffer.data(), buffer.size());
     read = count > 0 ? static_cast<std::uint32_t>(count) : 0;
     return Outcome(count >= 0);
 }
 
 SystemError FileSystem::Write(std::uintptr_t number, std::span<const std::byte> data,
                               std::uint32_t& written) {
-    const auto count = ::write(DescriptorOf(number), data.data(), data.size());
+    const int descriptor = DescriptorOf(number);
+    const OneCallAtATime turn(descriptor, F_WRLCK);
+    const auto count = ::write(descriptor, data.data(), data.size());
     written = count > 0 ? static_cast<std::uint32_t>(count) : 0;
     return Outcome(count >= 0);
 }
 
-SystemError FileSystem::CutAtPosition(std::uintptr_t number) {
+SystemError FileSystem::ReadTag(std::uintptr_t number, platform::FileAttributeTag& info) const {
     const int descriptor = DescriptorOf(number);
-    return Outcome(::ftruncate(descriptor, ::lseek(descriptor, 0, SEEK_CUR)) == 0);
+    info = {Archive, 0};
+    if (IsOfKind(descriptor, S_IFLNK)) {
+        info = {platform::file_attribute::ReparsePoint, platform::reparse_tag::SymbolicLink};
+    }
+    return descriptor < 0 ? platform::error::InvalidHandle : platform::error::Success;
+}
+
+SystemError FileSystem::SetEnd(std::uintptr_t number, std::uint64_t end) {
+    return Outcome(::ftruncate(DescriptorOf(number), static_cast<off_t>(end)) == 0);
 }
 
 SystemError FileSystem::Flush(std::uintptr_t number) {
     return Outcome(::fsync(DescriptorOf(number)) == 0);
 }
 
-SystemError FileSystem::Move(std::u16string_view existing, std::u16string_view next, bool replace) {
-    SystemError problem = platform::error::Success;
-    const auto from = Find(existing, problem);
-    const auto to = from ? Find(next, problem) : std::nullopt;
-    if (!to) {
-        return problem;
+SystemError FileSystem::Lock(std::uintptr_t number, std::uint64_t offset, std::uint64_t size) {
+    const auto found = m_open.find(number);
+    if (found == m_open.end()) {
+        return platform::error::InvalidHandle;
     }
-    if (!SharesDeletion(*HostPath(existing))) {
-        return SharingViolation;
+    if (m_locked.contains(found->second.path)) {
+        return platform::error::LockViolation;
     }
-    const auto target = to->Status();
-    if (!SharesDeletion(*HostPath(next)) || (target && S_ISDIR(target->st_mode))) {
-        return platform::error::AccessDenied;
+    if (SetLock(found->second.descriptor.Get(), F_OFD_SETLK, F_WRLCK, offset, size)) {
+        return platform::error::Success;
     }
-    if (!replace && target) {
-        return AlreadyExists;
+    if (errno == EAGAIN || errno == EACCES) {
+        return platform::error::LockViolation;
     }
-    return Outcome(::renameat(from->At(), from->name.c_str(), to->At(), to->name.c_str()) == 0);
+    return errno == EBADF ? platform::error::InvalidHandle : platform::error::NotSupported;
 }
 
-SystemError FileSystem::Delete(std::u16string_view path) {
-    SystemError problem = platform::error::Success;
-    const auto place = Find(path, problem);
-    if (!place) {
-        return problem;
-    }
-    if (!SharesDeletion(*HostPath(path))) {
-        return SharingViolation;
-    }
-    return Outcome(::unlinkat(place->At(), place->name.c_str(), 0) == 0);
+SystemError FileSystem::Unlock(std::uintptr_t number, std::uint64_t offset, std::uint64_t size) {
+    const bool unlocked = SetLock(DescriptorOf(number), F_OFD_SETLK, F_UNLCK, offset, size);
+    return unlocked ? platform::error::Success : NotLocked;
 }
 
 } // namespace machine

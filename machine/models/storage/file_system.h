@@ -2,7 +2,8 @@
 //
 // A path with a drive ("C:\ProgramData\...") is in a directory next to the machine's store, named like it with ".files"
 // added, or in a temporary one if the store persists nothing. Names are upper case there, since Windows compares them
-// without case. No such path leaves that directory: ".." ends at the drive, and links are not followed.
+// without case. No such path leaves that directory: ".." ends at the drive, and links are not followed. A link is a
+// symbolic link of Windows for a caller that opens it as a reparse point.
 //
 // A path that begins with a slash is on the host's own disk; a backslash separates its names too. It exists for the
 // machine only at and below the directories that a program on this host stored in the registry, as WMISetAppPath
@@ -11,7 +12,7 @@
 
 #include "machine/models/storage/store.h"
 #include "machine/profile/sections/disk_profile.h"
-#include "platform/types.h"
+#include "platform/files.h"
 
 #include <sys/stat.h>
 
@@ -68,6 +69,7 @@ public:
         std::uint32_t access;
         std::uint32_t shareMode;
         std::uint32_t disposition;
+        std::uint32_t flags;
     };
 
     platform::SystemError Open(std::u16string_view path, const Opening& opening, int& descriptor);
@@ -78,11 +80,13 @@ public:
     platform::SystemError Read(std::uintptr_t number, std::span<std::byte> buffer, std::uint32_t& read);
     platform::SystemError Write(std::uintptr_t number, std::span<const std::byte> data,
                                 std::uint32_t& written);
-    platform::SystemError CutAtPosition(std::uintptr_t number);
+    platform::SystemError ReadTag(std::uintptr_t number, platform::FileAttributeTag& info) const;
+    platform::SystemError SetEnd(std::uintptr_t number, std::uint64_t end);
     platform::SystemError Flush(std::uintptr_t number);
 
-    platform::SystemError Move(std::u16string_view existing, std::u16string_view next, bool replace);
-    platform::SystemError Delete(std::u16string_view path);
+    /// Locks exclude each other across processes and openings, and end with the opening, as on Windows.
+    platform::SystemError Lock(std::uintptr_t number, std::uint64_t offset, std::uint64_t size);
+    platform::SystemError Unlock(std::uintptr_t number, std::uint64_t offset, std::uint64_t size);
 
     /// Where a path of the machine is on the host, for those who look at the machine from outside. Nothing if it
     /// leads nowhere.
@@ -117,7 +121,6 @@ private:
     void CreateFile(const FileProfile& file, bool onlyMissing);
     Descriptor CreateDirectories(std::span<const std::string> names);
     [[nodiscard]] bool SharesWith(const std::filesystem::path& path, const Opening& opening) const;
-    [[nodiscard]] bool SharesDeletion(const std::filesystem::path& path) const;
     [[nodiscard]] int DescriptorOf(std::uintptr_t number) const;
 
     const Store& m_store;
@@ -125,7 +128,7 @@ private:
     const bool m_isTemporary;
     std::filesystem::path m_root;
     Descriptor m_rootDescriptor;
-    std::set<std::filesystem::path> m_held;
+    std::set<std::filesystem::path> m_locked; // by another process
     std::map<std::uintptr_t, OpenFile> m_open;
 };
 

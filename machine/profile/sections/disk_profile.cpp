@@ -101,7 +101,7 @@ void ReadRegistry(ProfileReader& reader, RegistryProfile& registry) {
 void ReadFiles(ProfileReader& reader, FilesProfile& files) {
     reader.Strings("directories", files.directories, Presence::Optional, DrivePath);
     reader.Objects("files", files.files, ReadFile);
-    reader.Strings("held_open", files.heldOpen, Presence::Optional, DrivePath);
+    reader.Strings("locked", files.locked, Presence::Optional, DrivePath);
 }
 
 } // namespace machine

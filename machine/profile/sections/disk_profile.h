@@ -34,9 +34,8 @@ struct FileProfile {
 struct FilesProfile {
     std::vector<std::u16string> directories;
     std::vector<FileProfile> files;
-    /// Files that another process has open for reading; it lets others read and write them, but not delete or
-    /// replace them.
-    std::vector<std::u16string> heldOpen;
+    /// Files on which another process holds a lock: no lock on them is granted.
+    std::vector<std::u16string> locked;
 };
 
 void ReadRegistry(ProfileReader& reader, RegistryProfile& registry);

@@ -59,6 +59,7 @@ std::int64_t Time64() {
 }
 
 bool LocalTime64(std::int64_t time, CalendarTime& local) {
+    ::_tzset(); // the C runtime reads the zone once only, and the process may live through a change of it
     const __time64_t seconds = time;
     tm fields{};
     if (::_localtime64_s(&fields, &seconds) != 0) {

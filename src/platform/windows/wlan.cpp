@@ -20,6 +20,8 @@ Routine WlanRoutine(const char* name) {
     return SystemRoutine<Routine>(L"wlanapi.dll", name);
 }
 
+/// Each block is freed as soon as its content is copied, not all of them at the end of a read: the core sees no memory of
+/// the API, and only a trace of the API's own calls shows the difference.
 struct FreeBlock {
     void operator()(void* block) const {
         if (const auto free = WlanRoutine<decltype(&::WlanFreeMemory)>("WlanFreeMemory")) {

@@ -74,6 +74,13 @@ HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
     return status;
 }
 
+HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {
+    OwnedVariant variant;
+    const HRESULT status = Native(object)->Get(Wide(name), 0, &variant.Raw(), nullptr, nullptr);
+    word = SUCCEEDED(status) ? WordOf(variant.Raw()) : VariantWord{};
+    return status;
+}
+
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition) {
     const Bstr path(objectPath);
     IWbemClassObject* object = nullptr;

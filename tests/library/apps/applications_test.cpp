@@ -201,6 +201,8 @@ TEST_F(ApplicationsTest, TheDriverIsThatOfTheLastDeviceOfThatVeryName) {
         EXPECT_EQ(Text(GetInfVersion), version);
         EXPECT_THAT(DebugLines(), ElementsAre("strValueOfDriverVersion = " + std::string(version)));
     }
+    RunFailing(Operation::RegOpenKeyExW, 1, Failure::Refused, [] { EXPECT_EQ(Text(GetInfVersion), ""); });
+    EXPECT_THAT(CallsOf(Operation::RegQueryValueExW), ElementsAre(HasSubstr("-> 6"))) << "without a key";
 }
 
 TEST_F(ApplicationsTest, ThePackageVersionIsTheSecondFieldOfTheFirstName) {

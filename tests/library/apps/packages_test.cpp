@@ -164,6 +164,9 @@ TEST_F(PackagesTest, AManifestThatDoesNotLoadGivesNoName) {
     for (const nlohmann::json& package : broken) {
         EXPECT_EQ(NameOf(package), "");
         EXPECT_THAT(DebugLines(), ElementsAre(Start, NotLoaded, NameEnd, End));
+        const bool hasFolder = package.value("folder", "some").size() - 1 < 259;
+        EXPECT_THAT(CallsOf(Operation::load), SizeIs(hasFolder ? 1 : 0));
+        EXPECT_THAT(CallsOf(Operation::put_preserveWhiteSpace), SizeIs(1));
     }
     EXPECT_EQ(NameOf({{"installed", false}}), "");
     EXPECT_THAT(DebugLines(), ElementsAre(Start, End));

@@ -59,15 +59,14 @@ protected:
         return bytes;
     }
 
-    /// A field that cannot be read is left as it is by its setter too, and both say why.
-    static void ExpectNoField(const FirmwareField& field, std::uint32_t code, Lines lines = {}) {
-        lines.push_back("Failed, GetFirmwareEnvironmentVariable(), GetLastError return " +
-                        std::to_string(code));
+    /// A field that cannot be read is left as it is by its setter too, and both log why.
+    static void ExpectNoField(const FirmwareField& field, std::uint32_t code, const Lines& lines,
+                              std::uint32_t setResult = 0) {
         DebugLines();
         EXPECT_THAT(Read(field, field.reportsFailedRead ? code : 0), Each(0xEE));
         EXPECT_EQ(DebugLines(), lines);
         const auto variable = Variable(field.variable);
-        EXPECT_EQ(field.set(Counting(field.size, 7).data()), 0u);
+        EXPECT_EQ(field.set(Counting(field.size, 7).data()), setResult);
         EXPECT_EQ(DebugLines(), lines);
         EXPECT_EQ(Variable(field.variable), variable);
     }
@@ -120,17 +119,26 @@ TEST_F(FirmwareVariablesTest, AsksForThePrivilegeAndGivesTheTokenBack) {
 }
 
 TEST_F(FirmwareVariablesTest, AFailedReadShowsInTheLogAndOnlyPartlyInTheResult) {
+    const std::string failed = "Failed, GetFirmwareEnvironmentVariable(), ";
     for (const FirmwareField& field : Fields) {
         StartVariables(R"("variables": [])");
-        ExpectNoField(field, 203);
+        ExpectNoField(field, 203, {failed + "GetLastError return 203"});
         StartVariables(R"("privilege_held": false)");
-        ExpectNoField(field, 1314, {"Failed RasiePrivileges()"});
+        ExpectNoField(field, 1314, {"Failed RasiePrivileges()", failed + "GetLastError return 1314"});
         StartSizes(257, 300);
-        ExpectNoField(field, 122);
+        ExpectNoField(field, 122, {failed + "GetLastError return 122"});
         // Too short for the field by one byte: no field, whatever of it is there.
-        StartSizes(field.offset + field.size - 1, 170);
-        ExpectNoField(field, 13);
+        const std::size_t size = field.offset + field.size - 1;
+        StartSizes(size, 170);
+        ExpectNoField(field, 13, {failed + "the variable is too short: " + std::to_string(size) + " bytes"},
+                      13);
         EXPECT_THAT(CallsOf(Operation::SetFirmwareEnvironmentVariableW), IsEmpty());
+        // A read that the system fails with the same code is still one that a setter does not report.
+        StartMachine();
+        std::uint32_t result = 1;
+        RunFailing(Operation::GetFirmwareEnvironmentVariableW, 1, Failure::Refused,
+                   [&] { result = field.set(Counting(field.size, 7).data()); });
+        EXPECT_EQ(result, 0u);
         StartSizes(64, 200, R"(, "read_only": true)");
         EXPECT_EQ(field.set(Counting(field.size, 7).data()), 19u);
         EXPECT_THAT(DebugLines(),

@@ -54,7 +54,8 @@ TEST_F(SystemReadingsTest, TheCountryMayBeNone) {
     StartMachine(R"({"system": {"country": ""}})");
     EXPECT_EQ(Text(System_GetCountryCode_ISO2), "");
     EXPECT_THAT(CallsOf(Operation::GetGeoInfoW),
-                ElementsAre("GetGeoInfoW id=-1 type=4 text=0 language=0 -> 0 error=87"));
+                ElementsAre("GetGeoInfoW id=-1 type=4 text=0 language=0 -> 0 error=87",
+                            "GetGeoInfoW id=-1 type=4 text=0 language=0 -> 0 error=87"));
 }
 
 TEST_F(SystemReadingsTest, TheLocalTimeIsTwentyBytes) {

@@ -128,6 +128,7 @@ TEST_F(WmiExportsTest, TheSystemsLineKeepsThePlaceOfWhatIsMissing) {
               " 64-bit 10.0.22631");
     EXPECT_EQ(line({{"Caption", "Windows"}, {"OSArchitecture", ""}}, json::object()), "Windows  10.0.22631");
     EXPECT_EQ(line({{"Caption", ""}}, json::object()), "");
+    EXPECT_THAT(CallsOf(Operation::RtlGetVersion), SizeIs(1)) << "looked up all the same";
 }
 
 class DiskTemperatureTest : public WmiExportsTest {
@@ -149,7 +150,7 @@ protected:
             std::snprintf(attribute, sizeof attribute, "%02x00000000%02x000000000000", id, raw);
             bytes += attribute;
         }
-        return Row(name, {{"bytes", bytes}, {"lower_bound", 1}});
+        return Row(name, {{"bytes", bytes}});
     }
 };
 
@@ -164,15 +165,24 @@ TEST_F(DiskTemperatureTest, EveryTemperatureAttributeAddsItsFirstRawByte) {
     EXPECT_THAT(std::tie(attribute.id, attribute.flags, attribute.current, attribute.worst),
                 FieldsAre(0xC2, 0x3322, 0x44, 0x55));
     EXPECT_THAT(attribute.raw, ElementsAre(1, 2, 3, 4, 5, 6));
+    // The bytes go by their index, whatever the first one is.
+    const auto bounded = [](int lowerBound, const char* bytes) {
+        return Row("F", {{"bytes", bytes}, {"lower_bound", lowerBound}});
+    };
+    EXPECT_EQ(Temperatures({bounded(2, "c2 2233 44 55 0c")}), "12;41;0");
+    EXPECT_EQ(Temperatures({bounded(1, "0000 c2 2233 44 55 0e")}), "41;0") << "one place too far";
+    EXPECT_EQ(Temperatures({bounded(2147483647, "c2")}), "41;0");
 }
 
 TEST_F(DiskTemperatureTest, TenRecordsAreStoredAndUselessRowsSkipped) {
-    json rows = {Disk("", {{194, 90}}), Disk(nullptr, {{194, 91}}), Row("no block", nullptr),
-                 Row("numbers", {194, 194, 194}), Row("a text", "c2")};
+    json rows = {Disk(nullptr, {{194, 91}}), Row("no block", nullptr), Row("numbers", {194, 194, 194}),
+                 Row("a text", "c2")};
     for (int disk = 1; disk <= 12; ++disk) {
         rows.push_back(Disk("disk", {{194, disk}}));
     }
     EXPECT_EQ(Temperatures(rows), "1;2;3;4;5;6;7;8;9;10");
+    rows.insert(rows.begin(), Disk("", {{194, 90}}));
+    EXPECT_EQ(Temperatures(rows), "1;2;3;4;5;6;7;8;9") << "a name without a character takes a record";
     for (const auto& [name, stored] : {std::pair(std::string(150, 'n'), std::u16string(100, u'n')),
                                        std::pair(std::string("short"), std::u16string(u"short"))}) {
         Temperatures({Disk(name, {{194, 1}})});

@@ -60,8 +60,8 @@ bool IsBelow(const std::wstring& key, const std::wstring& whole) {
 } // namespace
 
 WineState::WineState(const machine::Profile& profile) {
-    if (!profile.registry.readOnly.empty() || !profile.files.heldOpen.empty()) {
-        throw std::runtime_error("Wine has neither read-only keys nor files that others hold open");
+    if (!profile.registry.readOnly.empty() || !profile.files.locked.empty()) {
+        throw std::runtime_error("Wine has neither read-only keys nor files that another process has locked");
     }
     for (const std::wstring& key : WholeKeys) {
         m_keys.emplace_back(PlaceOf(key).path, PlaceOf(key).hive);

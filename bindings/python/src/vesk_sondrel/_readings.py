@@ -135,6 +135,7 @@ _FIRMWARE_VARIABLES_ACTIVATED_TIME = (
 )
 _FIRMWARE_VARIABLES_SET_RANDOM_UUID = (
     Answer(Match.NUMBER, 0, (State.OK, State.FAILED), "written, or the variable could not be read and was left as it is"),
+    Answer(Match.NUMBER, 13, (State.FAILED,), "the variable ends before the field; or the system's code of the failed write"),
     Answer(Match.OTHER, 0, (State.FAILED,), "the system's error code of the failed write"),
 )
 _FEATURES_BATTERY_HEALTH_SUPPORT = (
@@ -832,6 +833,7 @@ class FirmwareVariablesReadings(Group[M]):
         Raises without success, through or_none too.
         content: the new bytes.
         0 can mean: written, or the variable could not be read and was left as it is.
+        Failed: the variable ends before the field; or the system's code of the failed write.
         Failed: the system's error code of the failed write.
         Threads: no other call may use meanwhile: the UEFI variables.
         Export: GPNV_Set_RandomUUID.
@@ -844,6 +846,7 @@ class FirmwareVariablesReadings(Group[M]):
         Raises without success, through or_none too.
         content: the new bytes.
         0 can mean: written, or the variable could not be read and was left as it is.
+        Failed: the variable ends before the field; or the system's code of the failed write.
         Failed: the system's error code of the failed write.
         Threads: no other call may use meanwhile: the UEFI variables.
         Export: GPNV_Set_ActivatedTime.
@@ -856,6 +859,7 @@ class FirmwareVariablesReadings(Group[M]):
         Raises without success, through or_none too.
         content: the new bytes.
         0 can mean: written, or the variable could not be read and was left as it is.
+        Failed: the variable ends before the field; or the system's code of the failed write.
         Failed: the system's error code of the failed write.
         Threads: no other call may use meanwhile: the UEFI variables.
         Export: GPNV_Set_ManufacturedTime.

@@ -15,15 +15,14 @@ namespace {
 class ArrayElements {
 public:
     explicit ArrayElements(SAFEARRAY* array) : m_array(array) {
-        LONG low = 0;
         LONG high = -1;
         if (array == nullptr || ::SafeArrayGetDim(array) != 1 ||
-            FAILED(::SafeArrayGetLBound(array, 1, &low)) || FAILED(::SafeArrayGetUBound(array, 1, &high)) ||
+            FAILED(::SafeArrayGetLBound(array, 1, &m_low)) || FAILED(::SafeArrayGetUBound(array, 1, &high)) ||
             FAILED(::SafeArrayAccessData(array, &m_data))) {
             m_array = nullptr;
             return;
         }
-        m_count = static_cast<std::size_t>(static_cast<std::int64_t>(high) - low + 1);
+        m_count = static_cast<std::size_t>(static_cast<std::int64_t>(high) - m_low + 1);
     }
 
     ArrayElements(const ArrayElements&) = delete;
@@ -36,6 +35,7 @@ public:
     }
 
     [[nodiscard]] bool Usable() const { return m_array != nullptr; }
+    [[nodiscard]] LONG LowerBound() const { return m_low; }
 
     template <class Element>
     [[nodiscard]] std::span<const Element> As() const {
@@ -47,6 +47,7 @@ public:
 private:
     SAFEARRAY* m_array;
     void* m_data = nullptr;
+    LONG m_low = 0;
     std::size_t m_count = 0;
 };
 
@@ -80,7 +81,7 @@ WmiValue Strings(const ArrayElements& elements) {
 
 WmiValue Bytes(const ArrayElements& elements) {
     const auto bytes = std::as_bytes(elements.As<BYTE>());
-    return std::vector<std::byte>(bytes.begin(), bytes.end());
+    return WmiBytes{elements.LowerBound(), {bytes.begin(), bytes.end()}};
 }
 
 WmiValue ArrayValueOf(VARTYPE elementType, SAFEARRAY* array) {
@@ -119,6 +120,10 @@ WmiValue Number(std::integral auto number) {
 }
 
 } // namespace
+
+VariantWord WordOf(const VARIANT& variant) {
+    return {variant.lVal};
+}
 
 WmiValue ValueOf(const VARIANT& variant) {
     if ((variant.vt & ~VT_TYPEMASK) == VT_ARRAY) {

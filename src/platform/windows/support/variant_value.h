@@ -13,7 +13,7 @@ namespace VESK_BACK_END {
 /// A VARIANT that is initially empty and is cleared at the end.
 class OwnedVariant {
 public:
-    OwnedVariant() { ::VariantInit(&m_variant); }
+    OwnedVariant() = default;
     OwnedVariant(const OwnedVariant&) = delete;
     OwnedVariant& operator=(const OwnedVariant&) = delete;
     ~OwnedVariant() { ::VariantClear(&m_variant); }
@@ -21,9 +21,11 @@ public:
     [[nodiscard]] VARIANT& Raw() { return m_variant; }
 
 private:
-    VARIANT m_variant;
+    VARIANT m_variant{}; // VT_EMPTY, and every bit of its value 0
 };
 
 WmiValue ValueOf(const VARIANT& variant);
+
+VariantWord WordOf(const VARIANT& variant);
 
 } // namespace VESK_BACK_END
