@@ -6,7 +6,6 @@
 #include "machine/models/clock.h"
 #include "machine/models/ec/embedded_controller.h"
 #include "machine/models/ec/io_driver.h"
-#include "machine/models/event_log.h"
 #include "machine/models/firmware_features.h"
 #include "machine/models/handle_table.h"
 #include "machine/models/machine_course.h"
@@ -27,6 +26,13 @@
 #include <vector>
 
 namespace machine {
+
+/// One record of the event log.
+struct LoggedEvent {
+    std::uint16_t type = 0;
+    std::u16string source;
+    std::vector<std::u16string> strings;
+};
 
 /// The models, in the order in which they are made of each other.
 struct Machine {

@@ -1,7 +1,8 @@
 // A machine whose storage is a file, and the default one.
 #include "machine/machine.h"
-#include "machine/models/storage/open_storage.h"
+#include "machine/models/storage/storage.h"
 #include "machine/models/storage/store.h"
+#include "machine/profile/built_in_machines.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,7 +20,7 @@ void Start(Profile profile, const std::string& storePath) {
 /// If its state has no place, the machine forgets it at the end; if its state cannot be read, whatever is stored fails
 /// instead of being absent. Either is reported once.
 void StartDefault() {
-    Profile profile = LoadProfile(BuiltInMachines().front());
+    Profile profile = LoadProfile(std::string(BuiltInMachineTexts().front().name));
     try {
         const std::string path = DefaultStorePath(profile);
         Start(profile, path);

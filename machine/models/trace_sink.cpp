@@ -3,40 +3,30 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 namespace machine {
 namespace {
 
-/// Reads the zero-terminated names of a TraceLogging metadata block, whose first two bytes are its own size.
-class MetadataBlock {
-public:
-    explicit MetadataBlock(std::span<const std::byte> bytes)
-        : m_rest(reinterpret_cast<const char*>(bytes.data()), bytes.size()) {
-        if (m_rest.size() < 2 ||
-            static_cast<unsigned char>(m_rest[0]) + 256u * static_cast<unsigned char>(m_rest[1]) !=
-                m_rest.size()) {
-            m_rest = {};
-            return;
-        }
-        m_rest.remove_prefix(2);
+/// The two zero-terminated names of a TraceLogging metadata block, which follow its own size in two bytes and `skipped`
+/// more. Empty in a block of another size.
+std::array<std::string, 2> NamesOf(std::span<const std::byte> block, std::size_t skipped) {
+    std::array<std::string, 2> names;
+    const auto byteAt = [&](std::size_t place) {
+        return std::to_integer<std::size_t>(block[place]);
+    };
+    if (block.size() < 2 + skipped || byteAt(0) + 256 * byteAt(1) != block.size()) {
+        return names;
     }
-
-    void Skip(std::size_t bytes) { m_rest.remove_prefix(std::min(bytes, m_rest.size())); }
-
-    std::string Name() {
-        const std::size_t end = m_rest.find('\0');
-        if (end == std::string_view::npos) {
-            return {};
-        }
-        std::string name(m_rest.substr(0, end));
-        m_rest.remove_prefix(end + 1);
-        return name;
+    std::string_view rest(reinterpret_cast<const char*>(block.data()), block.size());
+    rest.remove_prefix(2 + skipped);
+    for (std::string& name : names) {
+        name = rest.substr(0, rest.find('\0'));
+        rest.remove_prefix(std::min(name.size() + 1, rest.size()));
     }
-
-private:
-    std::string_view m_rest;
-};
+    return names;
+}
 
 std::u16string TextOf(std::span<const std::byte> bytes) {
     std::u16string text(bytes.size() / sizeof(char16_t), u'\0');
@@ -57,24 +47,12 @@ std::uint64_t TraceSink::Register(const platform::Guid& provider, platform::Trac
 }
 
 void TraceSink::Inform(const Registration& registration) const {
-    constexpr std::uint32_t Disable = 0;
-    constexpr std::uint32_t Enable = 1;
-    if (m_level) {
-        registration.callback(registration.context, Enable, *m_level, ~std::uint64_t{0}, 0);
-    } else {
-        registration.callback(registration.context, Disable, 0, 0, 0);
-    }
+    const std::uint64_t everyKeyword = m_level ? ~std::uint64_t{0} : 0;
+    registration.callback(registration.context, m_level ? 1 : 0, m_level.value_or(0), everyKeyword, 0);
 }
 
-void TraceSink::Attach(std::uint8_t level) {
+void TraceSink::SetLevel(std::optional<std::uint8_t> level) {
     m_level = level;
-    for (const Registration& registration : m_registrations) {
-        Inform(registration);
-    }
-}
-
-void TraceSink::Detach() {
-    m_level.reset();
     for (const Registration& registration : m_registrations) {
         Inform(registration);
     }
@@ -89,13 +67,11 @@ void TraceSink::Write(std::uint64_t registration, const platform::EventDescripto
     TraceEvent event;
     event.descriptor = descriptor;
     for (const platform::EventData& block : data) {
-        MetadataBlock metadata(block.bytes);
         if (block.type == platform::EventDataProviderMetadata) {
-            event.provider = metadata.Name();
+            event.provider = NamesOf(block.bytes, 0).front();
         } else if (block.type == platform::EventDataEventMetadata) {
-            metadata.Skip(1); // the tag
-            event.event = metadata.Name();
-            event.field = metadata.Name();
+            constexpr std::size_t TagSize = 1;
+            std::tie(event.event, event.field) = std::tuple_cat(NamesOf(block.bytes, TagSize));
         } else {
             event.text = TextOf(block.bytes);
         }

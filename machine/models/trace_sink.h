@@ -33,8 +33,9 @@ public:
     void Forget() { m_registrations.clear(); }
 
     /// A consumer enables every provider at a level; 0 asks for every level.
-    void Attach(std::uint8_t level);
-    void Detach();
+    void Attach(std::uint8_t level) { SetLevel(level); }
+
+    void Detach() { SetLevel(std::nullopt); }
 
     void OnEvent(std::function<void(const TraceEvent&)> listener) { m_listener = std::move(listener); }
 
@@ -48,7 +49,9 @@ private:
         void* context;
     };
 
+    /// Calls a provider back: whether it is enabled, and at which level.
     void Inform(const Registration& registration) const;
+    void SetLevel(std::optional<std::uint8_t> level);
 
     std::vector<Registration> m_registrations;
     std::optional<std::uint8_t> m_level;

@@ -2,6 +2,7 @@
 
 #include "machine/profile/built_in_machines.h"
 #include "machine/profile/profile_document.h"
+#include "unicode/utf.h"
 
 #include <algorithm>
 
@@ -11,16 +12,10 @@ namespace {
 /// The name is a part of the name of the machine's files.
 bool IsFileName(const std::string& name) {
     constexpr std::size_t Longest = 100;
-    const bool isPlain = std::ranges::none_of(name, [](char each) {
-        const auto byte = static_cast<unsigned char>(each);
-        return byte < 0x20 || byte == 0x7F || each == '/' || each == '\\';
+    const bool isPlain = std::ranges::none_of(unicode::WideFromUtf8(name), [](char16_t each) {
+        return each < 0x20 || (each >= 0x7F && each < 0xA0) || each == u'/' || each == u'\\';
     });
-    // The control characters from U+0080 to U+009F have these two bytes in UTF-8.
-    bool isControl = false;
-    for (std::size_t place = 0; place + 1 < name.size(); ++place) {
-        isControl |= name[place] == '\xC2' && static_cast<unsigned char>(name[place + 1]) < 0xA0;
-    }
-    return isPlain && !isControl && name.size() <= Longest && !name.starts_with('.') && !name.empty();
+    return isPlain && name.size() <= Longest && !name.starts_with('.') && !name.empty();
 }
 
 void ReadSections(ProfileReader& reader, Profile& profile) {
@@ -109,14 +104,6 @@ Profile LoadProfile(const std::string& nameOrFile) {
                            "; expected the name of a built-in machine or a profile that can be read");
     }
     return ParseProfile(text, nameOrFile);
-}
-
-std::vector<std::string> BuiltInMachines() {
-    std::vector<std::string> names;
-    for (const BuiltInMachine& builtIn : BuiltInMachineTexts()) {
-        names.emplace_back(builtIn.name);
-    }
-    return names;
 }
 
 } // namespace machine

@@ -67,7 +67,4 @@ Profile ParseProfile(std::string_view text, const std::string& source);
 /// Reads a profile by the name of a built-in machine or by its file. Throws ProfileError.
 Profile LoadProfile(const std::string& nameOrFile);
 
-/// The names of the built-in machines; the first is the default.
-std::vector<std::string> BuiltInMachines();
-
 } // namespace machine

@@ -12,6 +12,8 @@ namespace {
 
 using nlohmann::json;
 
+using Bytes = std::vector<std::byte>;
+
 std::optional<std::uint64_t> WholeNumberOf(const json& value) {
     if (value.is_number_unsigned()) {
         return value.get<std::uint64_t>();
@@ -30,13 +32,14 @@ std::optional<std::uint64_t> WholeNumberOf(const json& value) {
     return problem == std::errc{} && last == end ? std::optional(number) : std::nullopt;
 }
 
-bool IsWithin(const json& value, Limits limits) {
+std::optional<std::uint64_t> WholeNumberOf(const json& value, Limits limits) {
     const auto number = WholeNumberOf(value);
-    return number && *number >= limits.low && *number <= limits.high;
+    return number && *number >= limits.low && *number <= limits.high ? number : std::nullopt;
 }
 
-bool IsWithin(const json& value, double low, double high) {
-    return value.is_number() && value.get<double>() >= low && value.get<double>() <= high;
+std::optional<double> RealOf(const json& value, double low, double high) {
+    const double number = value.is_number() ? value.get<double>() : std::numeric_limits<double>::quiet_NaN();
+    return number >= low && number <= high ? std::optional(number) : std::nullopt;
 }
 
 std::string RangeOf(Limits limits) {
@@ -50,8 +53,14 @@ std::string RangeOf(double low, double high) {
     return range;
 }
 
-bool Holds(const json& value, const StringRule& rule) {
-    return value.is_string() && (!rule.holds || rule.holds(value.get_ref<const std::string&>()));
+std::optional<std::string> StringOf(const json& value, const StringRule& rule) {
+    const auto* text = value.get_ptr<const std::string*>();
+    return text != nullptr && (!rule.holds || rule.holds(*text)) ? std::optional(*text) : std::nullopt;
+}
+
+std::optional<std::u16string> WideOf(const json& value, const StringRule& rule) {
+    const auto text = StringOf(value, rule);
+    return text ? std::optional(unicode::WideFromUtf8(*text)) : std::nullopt;
 }
 
 } // namespace
@@ -64,8 +73,8 @@ std::string PointerPart(std::string_view name) {
     return part;
 }
 
-std::optional<std::vector<std::byte>> BytesFromHex(std::string_view text) {
-    std::vector<std::byte> bytes;
+std::optional<Bytes> BytesFromHex(std::string_view text) {
+    Bytes bytes;
     for (std::size_t place = 0; place < text.size();) {
         if (text[place] == ' ') {
             ++place;
@@ -119,27 +128,44 @@ const json* ProfileReader::Value(std::string_view name, const std::string& expec
     return found == m_object.end() ? nullptr : &*found;
 }
 
-const json* ProfileReader::Right(std::string_view name, const std::string& expected, Presence presence,
-                                 const Rule& rule) {
+template <class Target, class Convert>
+bool ProfileReader::Take(std::string_view name, const std::string& expected, Presence presence,
+                         Target& target, Convert convert) {
     const json* value = Value(name, expected, presence);
-    if (value != nullptr && !rule(*value)) {
+    auto converted = value != nullptr ? convert(*value) : std::nullopt;
+    if (converted) {
+        target = std::move(*converted);
+    } else if (value != nullptr) {
         Fail(name, expected);
-        return nullptr;
     }
-    return value;
+    return converted.has_value();
 }
 
-bool ProfileReader::Elements(std::string_view name, const std::string& expected, Presence presence,
-                             const Rule& rule, const std::function<void(const json&)>& take) {
-    const json* list = Right(name, "a list, each element " + expected, presence, &json::is_array);
+void ProfileReader::Elements(std::string_view name, const std::string& expected, Presence presence,
+                             const std::function<bool(const json&)>& take) {
+    const std::string expectedList = "a list, each element " + expected;
+    const json* list = Value(name, expectedList, presence);
+    if (list != nullptr && !list->is_array()) {
+        Fail(name, expectedList);
+        return;
+    }
     for (std::size_t index = 0; list != nullptr && index < list->size(); ++index) {
-        if (const json& element = (*list)[index]; rule(element)) {
-            take(element);
-        } else {
+        if (!take((*list)[index])) {
             m_issues.push_back({PointerOf(name) + '/' + std::to_string(index), "expected " + expected});
         }
     }
-    return list != nullptr;
+}
+
+template <class Target, class Convert>
+void ProfileReader::TakeAll(std::string_view name, const std::string& expected, Presence presence,
+                            std::vector<Target>& targets, Convert convert) {
+    Elements(name, expected, presence, [&](const json& each) {
+        const auto converted = convert(each);
+        if (converted) {
+            targets.push_back(*converted);
+        }
+        return converted.has_value();
+    });
 }
 
 bool ProfileReader::Has(std::string_view name) {
@@ -147,66 +173,49 @@ bool ProfileReader::Has(std::string_view name) {
 }
 
 bool ProfileReader::Flag(std::string_view name, bool& flag) {
-    const json* value = Right(name, "true or false", Presence::Optional, &json::is_boolean);
-    flag = value != nullptr ? value->get<bool>() : flag;
-    return value != nullptr;
+    return Take(name, "true or false", Presence::Optional, flag, [](const json& each) {
+        return each.is_boolean() ? std::optional(each.get<bool>()) : std::nullopt;
+    });
 }
 
 bool ProfileReader::Real(std::string_view name, double& number, double low, double high, Presence presence) {
-    const json* value = Right(name, RangeOf(low, high), presence,
-                              [=](const json& each) { return IsWithin(each, low, high); });
-    number = value != nullptr ? value->get<double>() : number;
-    return value != nullptr;
+    return Take(name, RangeOf(low, high), presence, number,
+                [=](const json& each) { return RealOf(each, low, high); });
 }
 
-bool ProfileReader::Reals(std::string_view name, std::vector<double>& numbers, double low, double high) {
-    return Elements(
-        name, RangeOf(low, high), Presence::Optional,
-        [=](const json& each) { return IsWithin(each, low, high); },
-        [&](const json& element) { numbers.push_back(element.get<double>()); });
+void ProfileReader::Reals(std::string_view name, std::vector<double>& numbers, double low, double high) {
+    TakeAll(name, RangeOf(low, high), Presence::Optional, numbers,
+            [=](const json& each) { return RealOf(each, low, high); });
 }
 
 std::optional<std::uint64_t> ProfileReader::WholeNumber(std::string_view name, Limits limits,
                                                         Presence presence) {
-    const json* value =
-        Right(name, RangeOf(limits), presence, [=](const json& each) { return IsWithin(each, limits); });
-    return value != nullptr ? WholeNumberOf(*value) : std::nullopt;
+    std::optional<std::uint64_t> number;
+    Take(name, RangeOf(limits), presence, number,
+         [=](const json& each) { return WholeNumberOf(each, limits); });
+    return number;
 }
 
-bool ProfileReader::WholeNumbers(std::string_view name, Limits limits,
-                                 const std::function<void(std::uint64_t)>& take) {
-    return Elements(
-        name, RangeOf(limits), Presence::Optional, [=](const json& each) { return IsWithin(each, limits); },
-        [&](const json& element) { take(*WholeNumberOf(element)); });
+std::vector<std::uint64_t> ProfileReader::WholeNumbers(std::string_view name, Limits limits) {
+    std::vector<std::uint64_t> numbers;
+    TakeAll(name, RangeOf(limits), Presence::Optional, numbers,
+            [=](const json& each) { return WholeNumberOf(each, limits); });
+    return numbers;
 }
 
 bool ProfileReader::String(std::string_view name, std::string& text, Presence presence,
                            const StringRule& rule) {
-    const json* value =
-        Right(name, rule.expected, presence, [&](const json& each) { return Holds(each, rule); });
-    if (value != nullptr) {
-        text = value->get_ref<const std::string&>();
-    }
-    return value != nullptr;
+    return Take(name, rule.expected, presence, text, [&](const json& each) { return StringOf(each, rule); });
 }
 
 bool ProfileReader::String(std::string_view name, std::u16string& text, Presence presence,
                            const StringRule& rule) {
-    std::string narrow;
-    const bool read = String(name, narrow, presence, rule);
-    if (read) {
-        text = unicode::WideFromUtf8(narrow);
-    }
-    return read;
+    return Take(name, rule.expected, presence, text, [&](const json& each) { return WideOf(each, rule); });
 }
 
-bool ProfileReader::Strings(std::string_view name, std::vector<std::u16string>& texts, Presence presence,
+void ProfileReader::Strings(std::string_view name, std::vector<std::u16string>& texts, Presence presence,
                             const StringRule& rule) {
-    return Elements(
-        name, rule.expected, presence, [&](const json& each) { return Holds(each, rule); },
-        [&](const json& element) {
-            texts.push_back(unicode::WideFromUtf8(element.get_ref<const std::string&>()));
-        });
+    TakeAll(name, rule.expected, presence, texts, [&](const json& each) { return WideOf(each, rule); });
 }
 
 std::optional<std::size_t> ProfileReader::WordOf(std::string_view name,
@@ -216,46 +225,32 @@ std::optional<std::size_t> ProfileReader::WordOf(std::string_view name,
     for (const std::string_view word : words) {
         expected.append(expected.empty() ? "one of \"" : ", \"").append(word).append("\"");
     }
-    const auto placeOf = [&](const json& value) {
-        const auto* word = value.get_ptr<const std::string*>();
-        return word == nullptr ? words.end() : std::ranges::find(words, *word);
-    };
-    const json* value =
-        Right(name, expected, presence, [&](const json& each) { return placeOf(each) != words.end(); });
-    return value != nullptr ? std::optional<std::size_t>(placeOf(*value) - words.begin()) : std::nullopt;
+    std::optional<std::size_t> place;
+    Take(name, expected, presence, place, [&](const json& each) -> std::optional<std::size_t> {
+        const auto* const found = std::ranges::find(words, StringOf(each, {}).value_or(""));
+        return found != words.end() ? std::optional(found - words.begin()) : std::nullopt;
+    });
+    return place;
 }
 
 bool ProfileReader::Bytes(std::string_view name, std::vector<std::byte>& bytes, Presence presence) {
-    std::string digits;
-    const bool read =
-        String(name, digits, presence,
-               {"bytes as pairs of hexadecimal digits in a string", [](const std::string& each) {
-                    return BytesFromHex(each).has_value();
-                }});
-    if (read) {
-        bytes = *BytesFromHex(digits);
-    }
-    return read;
+    return Take(name, "bytes as pairs of hexadecimal digits in a string", presence, bytes,
+                [](const json& each) {
+                    const auto digits = StringOf(each, {});
+                    return digits ? BytesFromHex(*digits) : std::nullopt;
+                });
 }
 
 bool ProfileReader::Bytes(std::string_view name, std::vector<std::byte>& bytes, std::size_t count,
                           std::string_view separators, Presence presence) {
-    const auto bytesOf = [&](std::string digits) {
-        std::erase_if(digits, [=](char each) { return separators.find(each) != std::string_view::npos; });
+    const std::string expected = std::to_string(count) + (count == 1 ? " byte" : " bytes") +
+                                 " as pairs of hexadecimal digits in a string";
+    return Take(name, expected, presence, bytes, [&](const json& each) {
+        std::string digits = StringOf(each, {}).value_or("");
+        std::erase_if(digits, [=](char unit) { return separators.find(unit) != std::string_view::npos; });
         const auto whole = BytesFromHex(digits);
         return whole && whole->size() == count ? whole : std::nullopt;
-    };
-    std::string digits;
-    const bool read = String(name, digits, presence,
-                             {std::to_string(count) + (count == 1 ? " byte" : " bytes") +
-                                  " as pairs of hexadecimal digits in a string",
-                              [&](const std::string& each) {
-                                  return bytesOf(each).has_value();
-                              }});
-    if (read) {
-        bytes = *bytesOf(digits);
-    }
-    return read;
+    });
 }
 
 bool ProfileReader::Object(std::string_view name, const Body& body, Presence presence) {
@@ -266,13 +261,12 @@ bool ProfileReader::Object(std::string_view name, const Body& body, Presence pre
     return value != nullptr;
 }
 
-bool ProfileReader::Objects(std::string_view name, const Body& body) {
+void ProfileReader::Objects(std::string_view name, const Body& body) {
     std::size_t index = 0;
-    const auto read = [&](const json& element) {
+    Elements(name, "an object in braces", Presence::Optional, [&](const json& element) {
         Read(element, PointerOf(name) + '/' + std::to_string(index++), m_issues, body);
-    };
-    return Elements(
-        name, "an object in braces", Presence::Optional, [](const json&) { return true; }, read);
+        return true;
+    });
 }
 
 std::vector<std::string> ProfileReader::Names() {

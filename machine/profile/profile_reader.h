@@ -111,15 +111,15 @@ public:
                std::string_view separators = "", Presence presence = Presence::Optional);
 
     // Lists. Elements are added to what is there; one that is wrong is left out.
-    bool Strings(std::string_view name, std::vector<std::u16string>& texts,
+    void Strings(std::string_view name, std::vector<std::u16string>& texts,
                  Presence presence = Presence::Optional, const StringRule& rule = {});
-    bool Reals(std::string_view name, std::vector<double>& numbers, double low, double high);
+    void Reals(std::string_view name, std::vector<double>& numbers, double low, double high);
 
     template <class Integer>
-    bool Numbers(std::string_view name, std::vector<Integer>& numbers, Limits limits) {
-        return WholeNumbers(name, limits, [&numbers](std::uint64_t number) {
+    void Numbers(std::string_view name, std::vector<Integer>& numbers, Limits limits) {
+        for (const std::uint64_t number : WholeNumbers(name, limits)) {
             numbers.push_back(static_cast<Integer>(number));
-        });
+        }
     }
 
     /// An object that the profile may lack.
@@ -138,11 +138,11 @@ public:
     }
 
     /// A list of objects.
-    bool Objects(std::string_view name, const Body& body);
+    void Objects(std::string_view name, const Body& body);
 
     template <class Record>
-    bool Objects(std::string_view name, std::vector<Record>& records, void (*read)(ProfileReader&, Record&)) {
-        return Objects(name, [&](ProfileReader& reader) { read(reader, records.emplace_back()); });
+    void Objects(std::string_view name, std::vector<Record>& records, void (*read)(ProfileReader&, Record&)) {
+        Objects(name, [&](ProfileReader& reader) { read(reader, records.emplace_back()); });
     }
 
     /// The names of an object that chooses its names itself. All of them are known.
@@ -176,19 +176,22 @@ private:
         }
     }
 
-    using Rule = std::function<bool(const nlohmann::json&)>;
-
     ProfileReader(const nlohmann::json& object, std::string pointer, ProfileIssues& issues)
         : m_object(object), m_pointer(std::move(pointer)), m_issues(issues) {}
 
-    /// The value of a member that follows a rule; null for every other, which becomes an issue.
-    const nlohmann::json* Right(std::string_view name, const std::string& expected, Presence presence,
-                                const Rule& rule);
-    /// Passes on the elements of a list that follow a rule. The others become issues.
-    bool Elements(std::string_view name, const std::string& expected, Presence presence, const Rule& rule,
-                  const std::function<void(const nlohmann::json&)>& take);
+    /// Sets `target` to what `convert` returns for a member; a member for which that is nothing becomes an issue.
+    template <class Target, class Convert>
+    bool Take(std::string_view name, const std::string& expected, Presence presence, Target& target,
+              Convert convert);
+    /// The same for the elements of a list, which are added to `targets`.
+    template <class Target, class Convert>
+    void TakeAll(std::string_view name, const std::string& expected, Presence presence,
+                 std::vector<Target>& targets, Convert convert);
+    /// Passes on the elements of a list. One that `take` does not take becomes an issue.
+    void Elements(std::string_view name, const std::string& expected, Presence presence,
+                  const std::function<bool(const nlohmann::json&)>& take);
     std::optional<std::uint64_t> WholeNumber(std::string_view name, Limits limits, Presence presence);
-    bool WholeNumbers(std::string_view name, Limits limits, const std::function<void(std::uint64_t)>& take);
+    std::vector<std::uint64_t> WholeNumbers(std::string_view name, Limits limits);
     std::optional<std::size_t> WordOf(std::string_view name, std::initializer_list<std::string_view> words,
                                       Presence presence);
     [[nodiscard]] std::string PointerOf(std::string_view name) const;

@@ -1,7 +1,6 @@
 #include "platform/event_log.h"
 
 #include "machine/machine.h"
-#include "machine/models/event_log.h"
 #include "machine/services/last_error.h"
 #include "platform/back_end.h"
 

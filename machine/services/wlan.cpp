@@ -26,26 +26,13 @@ WlanSsid NativeSsid(const std::string& name) {
     return ssid;
 }
 
-bool IsOpen(Machine& machine, WlanClient client) {
-    return machine.handles.Find<OpenClient>(client) != nullptr;
-}
-
-/// The interface that is asked about, or why it cannot be.
-struct Target {
-    SystemError status = error::Success;
-    const WifiInterface* interface = nullptr;
-};
-
-Target TargetOf(Machine& machine, WlanClient client, const Guid& guid) {
-    if (!IsOpen(machine, client)) {
-        return {.status = error::InvalidHandle};
-    }
+/// The interface that is asked for; null with `status` set.
+const WifiInterface* Find(Machine& machine, WlanClient client, const Guid& guid, SystemError& status) {
     const auto& interfaces = machine.profile.wifi.interfaces;
     const auto found = std::ranges::find(interfaces, guid, &WifiInterface::guid);
-    if (found == interfaces.end()) {
-        return {.status = NoSuchInterface};
-    }
-    return {.interface = &*found};
+    const bool isOpen = machine.handles.Find<OpenClient>(client) != nullptr;
+    status = !isOpen ? error::InvalidHandle : found == interfaces.end() ? NoSuchInterface : error::Success;
+    return status == error::Success ? &*found : nullptr;
 }
 
 } // namespace
@@ -71,7 +58,7 @@ void WlanCloseHandle(WlanClient client) {
 SystemError WlanEnumInterfaces(WlanClient client, std::vector<WlanInterface>& interfaces) {
     const auto machine = machine::Current();
     interfaces.clear();
-    if (!IsOpen(*machine, client)) {
+    if (machine->handles.Find<OpenClient>(client) == nullptr) {
         return error::InvalidHandle;
     }
     for (const WifiInterface& each : machine->profile.wifi.interfaces) {
@@ -84,14 +71,15 @@ SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std
                                std::optional<WlanConnection>& connection) {
     const auto machine = machine::Current();
     connection.reset();
-    const Target target = TargetOf(*machine, client, interfaceGuid);
-    if (target.interface == nullptr) {
-        return target.status;
+    SystemError status = error::Success;
+    const WifiInterface* const interface = Find(*machine, client, interfaceGuid, status);
+    if (interface == nullptr) {
+        return status;
     }
-    if (opcode != wlan::CurrentConnection || target.interface->state != wlan::StateConnected) {
+    if (opcode != wlan::CurrentConnection || interface->state != wlan::StateConnected) {
         return InvalidState;
     }
-    const machine::WifiConnection& present = target.interface->connection;
+    const machine::WifiConnection& present = interface->connection;
     connection = {NativeSsid(present.ssid), present.bssid, present.phyType};
     return error::Success;
 }
@@ -100,14 +88,15 @@ SystemError WlanQueryInterface(WlanClient client, const Guid& interfaceGuid, std
                                std::optional<std::uint32_t>& number) {
     const auto machine = machine::Current();
     number.reset();
-    const Target target = TargetOf(*machine, client, interfaceGuid);
-    if (target.interface == nullptr) {
-        return target.status;
+    SystemError status = error::Success;
+    const WifiInterface* const interface = Find(*machine, client, interfaceGuid, status);
+    if (interface == nullptr) {
+        return status;
     }
-    if (opcode != wlan::ChannelNumber || !target.interface->channel) {
+    if (opcode != wlan::ChannelNumber || !interface->channel) {
         return NotSupported;
     }
-    number = target.interface->channel;
+    number = interface->channel;
     return error::Success;
 }
 
@@ -115,11 +104,12 @@ SystemError WlanGetNetworkBssList(WlanClient client, const Guid& interfaceGuid, 
                                   std::vector<WlanBssEntry>& entries) {
     const auto machine = machine::Current();
     entries.clear();
-    const Target target = TargetOf(*machine, client, interfaceGuid);
-    if (target.interface == nullptr) {
-        return target.status;
+    SystemError status = error::Success;
+    const WifiInterface* const interface = Find(*machine, client, interfaceGuid, status);
+    if (interface == nullptr) {
+        return status;
     }
-    for (const machine::AccessPoint& point : target.interface->accessPoints) {
+    for (const machine::AccessPoint& point : interface->accessPoints) {
         entries.push_back({NativeSsid(point.beacon.ssid), point.bssid, point.rssi,
                            point.rawElements ? *point.rawElements : machine::EncodeElements(point.beacon)});
     }

@@ -1,8 +1,8 @@
 // The machine's store: first starts that are interrupted or happen at the same time, and stores that are damaged.
 #include "machine/models/storage/file_system.h"
 #include "machine/models/storage/firmware_store.h"
-#include "machine/models/storage/open_storage.h"
 #include "machine/models/storage/registry_hive.h"
+#include "machine/models/storage/storage.h"
 #include "machine/models/storage/store.h"
 #include "machine/profile/profile.h"
 

@@ -20,18 +20,11 @@ FirmwareStore::FirmwareStore(const Store& store, const FirmwareVariablesProfile&
 }
 
 std::optional<std::vector<std::byte>> FirmwareStore::Get(std::u16string_view guid, std::u16string_view name) {
-    m_get.Bind(1, Folded(guid)).Bind(2, name);
-    if (!m_get.Step()) {
-        return std::nullopt;
-    }
-    auto data = m_get.Bytes(0);
-    m_get.Reset();
-    return data;
+    return m_get.With(Folded(guid), name).First([](const Statement& row) { return row.Bytes(0); });
 }
 
 void FirmwareStore::Set(std::u16string_view guid, std::u16string_view name, std::span<const std::byte> data) {
-    m_set.Bind(1, Folded(guid)).Bind(2, name).Bind(3, data);
-    m_set.Run();
+    m_set.With(Folded(guid), name, data).Run();
 }
 
 bool FirmwareStore::IsReadOnly(std::u16string_view guid, std::u16string_view name) const {

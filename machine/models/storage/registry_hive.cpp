@@ -8,8 +8,6 @@
 namespace machine {
 namespace {
 
-constexpr std::int64_t NoParent = 0;
-
 /// Takes the first name off a path; adjacent backslashes count as one.
 std::u16string_view TakeName(std::u16string_view& path) {
     while (!path.empty() && path.front() == u'\\') {
@@ -44,7 +42,7 @@ RegistryHive::RegistryHive(const Store& store, const RegistryProfile& profile)
       m_addChild(store.Prepare("INSERT INTO registry_key (parent, name, folded) VALUES (?, ?, ?) "
                                "ON CONFLICT DO UPDATE SET name = name RETURNING id")),
       m_describe(store.Prepare("SELECT parent, name FROM registry_key WHERE id = ?")),
-      m_getValue(store.Prepare("SELECT name, type, data FROM registry_value WHERE key = ? AND folded = ?")),
+      m_getValue(store.Prepare("SELECT type, data FROM registry_value WHERE key = ? AND folded = ?")),
       m_setValue(store.Prepare("INSERT INTO registry_value VALUES (?, ?, ?, ?, ?) ON CONFLICT DO UPDATE "
                                "SET type = excluded.type, data = excluded.data")),
       m_setHostPath(store.Prepare("INSERT OR REPLACE INTO host_path VALUES (?, ?, ?)")),
@@ -74,13 +72,7 @@ std::int64_t RegistryHive::KeyAt(std::u16string_view pathWithHive) {
 }
 
 std::optional<std::int64_t> RegistryHive::Child(std::int64_t parent, std::u16string_view name) {
-    m_findChild.Bind(1, parent).Bind(2, Folded(name));
-    if (!m_findChild.Step()) {
-        return std::nullopt;
-    }
-    const std::int64_t id = m_findChild.Number(0);
-    m_findChild.Reset();
-    return id;
+    return m_findChild.With(parent, Folded(name)).First([](const Statement& row) { return row.Number(0); });
 }
 
 std::optional<std::int64_t> RegistryHive::Find(std::int64_t root, std::u16string_view path) {
@@ -99,8 +91,7 @@ std::int64_t RegistryHive::Create(std::int64_t root, std::u16string_view path) {
             continue;
         }
         ++m_changes;
-        m_addChild.Bind(1, key).Bind(2, name).Bind(3, Folded(name));
-        m_addChild.Step();
+        m_addChild.With(key, name, Folded(name)).Step();
         key = m_addChild.Number(0);
         m_addChild.Run();
     }
@@ -119,27 +110,21 @@ bool RegistryHive::IsReadOnly(std::u16string_view path) const {
 }
 
 std::u16string RegistryHive::PathOf(std::int64_t key) {
+    const auto parentAndName = [](const Statement& row) {
+        return std::pair(row.Number(0), row.Text(1));
+    };
     std::u16string path;
-    while (key != NoParent) {
-        m_describe.Bind(1, key);
-        if (!m_describe.Step()) {
-            break;
-        }
-        key = m_describe.Number(0);
-        path.insert(0, path.empty() ? m_describe.Text(1) : m_describe.Text(1) + u'\\');
-        m_describe.Reset();
+    for (auto found = m_describe.With(key).First(parentAndName); found;
+         found = m_describe.With(found->first).First(parentAndName)) {
+        path.insert(0, path.empty() ? found->second : found->second + u'\\');
     }
     return path;
 }
 
 std::optional<RegistryHive::Value> RegistryHive::Get(std::int64_t key, std::u16string_view name) {
-    m_getValue.Bind(1, key).Bind(2, Folded(name));
-    if (!m_getValue.Step()) {
-        return std::nullopt;
-    }
-    Value value{m_getValue.Text(0), static_cast<std::uint32_t>(m_getValue.Number(1)), m_getValue.Bytes(2)};
-    m_getValue.Reset();
-    return value;
+    return m_getValue.With(key, Folded(name)).First([](const Statement& row) {
+        return Value{static_cast<std::uint32_t>(row.Number(0)), row.Bytes(1)};
+    });
 }
 
 void RegistryHive::Set(std::int64_t key, std::u16string_view name, std::uint32_t type,
@@ -148,40 +133,33 @@ void RegistryHive::Set(std::int64_t key, std::u16string_view name, std::uint32_t
     Store::Transaction whole(m_store);
     Write(key, name, type, data);
     if (path.starts_with(u'/')) {
-        m_setHostPath.Bind(1, key).Bind(2, Folded(name)).Bind(3, path).Run();
+        m_setHostPath.With(key, Folded(name), path).Run();
     } else {
-        m_clearHostPath.Bind(1, key).Bind(2, Folded(name)).Run();
+        m_clearHostPath.With(key, Folded(name)).Run();
     }
     whole.Commit();
 }
 
 void RegistryHive::Write(std::int64_t key, std::u16string_view name, std::uint32_t type,
                          std::span<const std::byte> data) {
-    m_setValue.Bind(1, key).Bind(2, name).Bind(3, Folded(name)).Bind(4, type).Bind(5, data);
-    m_setValue.Run();
+    m_setValue.With(key, name, Folded(name), std::int64_t{type}, data).Run();
 }
 
 void RegistryHive::Remove(std::int64_t key) {
     constexpr const char* Below =
         "WITH RECURSIVE below (id) AS (VALUES (?1) UNION ALL SELECT registry_key.id "
-        "FROM registry_key JOIN below ON parent = below.id) ";
+        "FROM registry_key JOIN below ON parent = below.id) DELETE FROM ";
     ++m_changes;
     Store::Transaction whole(m_store);
-    m_store.Prepare(std::string(Below) + "DELETE FROM registry_value WHERE key IN (SELECT id FROM below)")
-        .Bind(1, key)
-        .Run();
-    m_store.Prepare(std::string(Below) + "DELETE FROM host_path WHERE key IN (SELECT id FROM below)")
-        .Bind(1, key)
-        .Run();
-    m_store.Prepare(std::string(Below) + "DELETE FROM registry_key WHERE id IN (SELECT id FROM below)")
-        .Bind(1, key)
-        .Run();
+    for (const char* rows : {"registry_value WHERE key", "host_path WHERE key", "registry_key WHERE id"}) {
+        m_store.Prepare(Below + std::string(rows) + " IN (SELECT id FROM below)").With(key).Run();
+    }
     whole.Commit();
 }
 
 std::vector<std::u16string> RegistryHive::SubkeyNames(std::int64_t key) {
     std::vector<std::u16string> names;
-    m_children.Bind(1, key);
+    m_children.With(key);
     while (m_children.Step()) {
         names.push_back(m_children.Text(0));
     }
@@ -189,10 +167,8 @@ std::vector<std::u16string> RegistryHive::SubkeyNames(std::int64_t key) {
 }
 
 std::uint64_t RegistryHive::KeyState() {
-    m_foreignChanges.Step();
-    const auto foreign = static_cast<std::uint64_t>(m_foreignChanges.Number(0));
-    m_foreignChanges.Reset();
-    return foreign << 32 | (m_changes & 0xFFFFFFFF);
+    const auto foreign = m_foreignChanges.First([](const Statement& row) { return row.Number(0); });
+    return static_cast<std::uint64_t>(*foreign) << 32 | (m_changes & 0xFFFFFFFF);
 }
 
 void RegistryHive::Refresh(std::int64_t key, Listing& listing) {

@@ -34,7 +34,6 @@ public:
     std::u16string PathOf(std::int64_t key);
 
     struct Value {
-        std::u16string name;
         std::uint32_t type = 0;
         std::vector<std::byte> data;
     };

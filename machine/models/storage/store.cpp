@@ -56,22 +56,19 @@ Statement::Statement(sqlite3* database, std::string_view sql) {
     m_statement.reset(statement);
 }
 
-Statement& Statement::Bind(int place, std::int64_t number) {
+void Statement::Bind(int place, std::int64_t number) {
     sqlite3_bind_int64(m_statement.get(), place, number);
-    return *this;
 }
 
-Statement& Statement::Bind(int place, std::u16string_view text) {
+void Statement::Bind(int place, std::u16string_view text) {
     sqlite3_bind_text16(m_statement.get(), place, text.data(),
                         static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
-    return *this;
 }
 
-Statement& Statement::Bind(int place, std::span<const std::byte> bytes) {
+void Statement::Bind(int place, std::span<const std::byte> bytes) {
     // A null pointer would bind NULL, and no bytes are not the same as no value.
     sqlite3_bind_blob64(m_statement.get(), place, bytes.empty() ? "" : static_cast<const void*>(bytes.data()),
                         bytes.size(), SQLITE_TRANSIENT);
-    return *this;
 }
 
 bool Statement::Step() {
@@ -138,11 +135,7 @@ Store::Store(const std::string& path) {
 }
 
 std::int64_t Store::NumberOf(const char* query) const {
-    Statement statement = Prepare(query);
-    statement.Step();
-    const std::int64_t number = statement.Number(0);
-    statement.Reset();
-    return number;
+    return Prepare(query).First([](const Statement& row) { return row.Number(0); }).value();
 }
 
 void Store::ReadState() {
@@ -156,10 +149,8 @@ void Store::ReadState() {
 
 /// Damage is found here, and not when what it hides is taken for absent.
 void Store::CheckIntegrity() const {
-    Statement check = Prepare("PRAGMA integrity_check(1)");
-    check.Step();
-    const std::u16string found = check.Text(0);
-    check.Reset();
+    const auto found =
+        Prepare("PRAGMA integrity_check(1)").First([](const Statement& row) { return row.Text(0); });
     if (found != u"ok" || m_hasNoState) {
         throw StoreError("the store is damaged", true);
     }

@@ -15,27 +15,47 @@
 
 namespace machine {
 
-/// One prepared statement, used again and again. Values are bound and read by place, from 1 and from 0.
+/// One prepared statement, used again and again.
 class Statement {
 public:
     Statement(sqlite3* database, std::string_view sql);
 
-    Statement& Bind(int place, std::int64_t number);
-    Statement& Bind(int place, std::u16string_view text);
-    Statement& Bind(int place, std::span<const std::byte> bytes);
+    /// Binds all values, in their order.
+    template <class... Values>
+    Statement& With(const Values&... values) {
+        int place = 0;
+        (Bind(++place, values), ...);
+        return *this;
+    }
 
     /// Runs to the next row. False at the end, after which the statement is ready for its next use.
     bool Step();
     /// Runs to the end.
     void Run();
-    /// Ends a use before its last row.
-    void Reset();
+
+    /// What `read` returns for the first row, at which the use ends; nothing without a row.
+    template <class Read>
+    auto First(Read read) -> std::optional<decltype(read(*this))> {
+        if (!Step()) {
+            return std::nullopt;
+        }
+        auto result = read(*this);
+        Reset();
+        return result;
+    }
+
+    // Columns of the present row, from 0.
 
     [[nodiscard]] std::int64_t Number(int column) const;
     [[nodiscard]] std::u16string Text(int column) const;
     [[nodiscard]] std::vector<std::byte> Bytes(int column) const;
 
 private:
+    void Bind(int place, std::int64_t number);
+    void Bind(int place, std::u16string_view text);
+    void Bind(int place, std::span<const std::byte> bytes);
+    void Reset();
+
     struct Finalize {
         void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
     };
