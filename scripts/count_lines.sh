@@ -20,11 +20,11 @@ packaging packaging/
 tests     tests/ fuzz/ bench/
 '
 limits='
-machine   7600   lines (the aim is 7000)
+machine   7100   lines (the aim is 7000)
 tool      6000   lines
 file       400   lines in one file that is not a table
 folder      25   sources in one folder
-tests     34.5   per cent of all code (the aim is 33.3)
+tests     35.7   per cent of all code (the aim is 33.3)
 '
 # Data, one row a line: as long as what they list.
 tables='
