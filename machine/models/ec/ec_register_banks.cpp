@@ -8,26 +8,26 @@
 namespace machine {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+using SignalBytes = std::vector<std::uint8_t>;
 
-Bytes TwoBytes(std::uint32_t number) {
+SignalBytes TwoBytes(std::uint32_t number) {
     return {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8)};
 }
 
-Bytes FanRpm(const EcProfile& ec, std::size_t fan) {
+SignalBytes FanRpm(const EcProfile& ec, std::size_t fan) {
     return TwoBytes(fan < ec.fans.size() ? ec.fans[fan].rpm : 0);
 }
 
 /// What a register contains, in the firmware's bytes.
-using Signal = Bytes (*)(const EcProfile& ec);
+using Signal = SignalBytes (*)(const EcProfile& ec);
 
 // clang-format off
-constexpr Signal CpuDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.cpu}; };
-constexpr Signal GpuRightDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.gpuRight}; };
-constexpr Signal GpuLeftDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.gpuLeft}; };
-constexpr Signal BoardRightDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.boardRight}; };
-constexpr Signal BoardLeftDegrees = [](const EcProfile& ec) { return Bytes{ec.temperatures.boardLeft}; };
-constexpr Signal Lid = [](const EcProfile& ec) { return Bytes{ec.lid}; };
+constexpr Signal CpuDegrees = [](const EcProfile& ec) { return SignalBytes{ec.temperatures.cpu}; };
+constexpr Signal GpuRightDegrees = [](const EcProfile& ec) { return SignalBytes{ec.temperatures.gpuRight}; };
+constexpr Signal GpuLeftDegrees = [](const EcProfile& ec) { return SignalBytes{ec.temperatures.gpuLeft}; };
+constexpr Signal BoardRightDegrees = [](const EcProfile& ec) { return SignalBytes{ec.temperatures.boardRight}; };
+constexpr Signal BoardLeftDegrees = [](const EcProfile& ec) { return SignalBytes{ec.temperatures.boardLeft}; };
+constexpr Signal Lid = [](const EcProfile& ec) { return SignalBytes{ec.lid}; };
 constexpr Signal PackMillivolts = [](const EcProfile& ec) { return TwoBytes(Millivolts(ec.battery.packageVolts)); };
 constexpr Signal PackMilliamperes = [](const EcProfile& ec) { return TwoBytes(Milliamperes(ec.battery.amperes)); };
 constexpr Signal PackDecikelvin = [](const EcProfile& ec) { return TwoBytes(Decikelvin(ec.battery.degrees)); };
@@ -45,7 +45,7 @@ constexpr Signal Fan4Rpm = [](const EcProfile& ec) { return FanRpm(ec, 3); };
 
 /// Ten bytes, zeros after the name.
 constexpr Signal PackMaker = [](const EcProfile& ec) {
-    Bytes bytes(ec.battery.manufacturer.begin(), ec.battery.manufacturer.end());
+    SignalBytes bytes(ec.battery.manufacturer.begin(), ec.battery.manufacturer.end());
     bytes.resize(10);
     return bytes;
 };
