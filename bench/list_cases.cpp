@@ -56,10 +56,7 @@ void AddPackage(Profile& profile, std::size_t item) {
 
 /// The last ones are the busiest.
 void AddProcessRow(Profile& profile, std::size_t item) {
-    if (item == 0) {
-        profile.wmi.namespaces = {{u"ROOT\\CIMV2", {{u"Win32_PerfFormattedData_PerfProc_Process", {}}}}};
-    }
-    profile.wmi.namespaces[0].classes[0].rows.push_back(
+    profile.wmi[u"ROOT\\CIMV2"][u"Win32_PerfFormattedData_PerfProc_Process"].push_back(
         {{u"Name", {Numbered("process", item)}},
          {u"IDProcess", {static_cast<std::int64_t>(item + 1)}},
          {u"PercentProcessorTime", {Numbered("", item)}},
