@@ -11,14 +11,14 @@
 namespace sweep {
 namespace {
 
-enum class Fault { None, LeftOpen, MemoryLost, OneTooMany, Swallowed, Raised };
+enum class Flaw { None, LeftOpen, MemoryLost, OneTooMany, Swallowed, Raised };
 
 constexpr const char16_t* DriverKey =
     u"SYSTEM\\ControlSet001\\Control\\Class\\{4d36e97d-e325-11ce-bfc1-08002be10318}\\0042";
 
 std::array<char16_t, 256> LastVersion; // what the swallowing one returns in place of a failure
 
-template <Fault Planted>
+template <Flaw Planted>
 std::u16string Version() {
     platform::Key key{};
     if (platform::RegOpenKeyExW(platform::Key::LocalMachine, DriverKey, platform::access::KeyRead, key) !=
@@ -26,7 +26,7 @@ std::u16string Version() {
         return {};
     }
     std::optional<platform::OwnedKey> owner;
-    if (Planted != Fault::LeftOpen) {
+    if (Planted != Flaw::LeftOpen) {
         owner.emplace(key);
     }
     std::array<char16_t, 256> text{};
@@ -34,40 +34,40 @@ std::u16string Version() {
     std::uint32_t size = sizeof text - sizeof(char16_t);
     const auto status = platform::RegQueryValueExW(key, u"DriverVersion", type,
                                                    reinterpret_cast<std::byte*>(text.data()), size);
-    if (Planted == Fault::LeftOpen && status == platform::error::Success) {
+    if (Planted == Flaw::LeftOpen && status == platform::error::Success) {
         owner.emplace(key); // forgotten on the other way out
     }
     if (status != platform::error::Success) {
-        return Planted == Fault::Swallowed ? LastVersion.data() : u"";
+        return Planted == Flaw::Swallowed ? LastVersion.data() : u"";
     }
     LastVersion = text;
     const std::u16string made = std::u16string(u"version ") + text.data(); // too long to do without the heap
     return made.substr(8);
 }
 
-template <Fault Planted>
+template <Flaw Planted>
 void Read(char16_t* out) {
-    if constexpr (Planted == Fault::MemoryLost) {
+    if constexpr (Planted == Flaw::MemoryLost) {
         const auto* const lost = new (std::nothrow) std::u16string(u"never released");
         static_cast<void>(lost);
     }
-    if constexpr (Planted == Fault::Raised) {
+    if constexpr (Planted == Flaw::Raised) {
         sondrel::CopyToHost(Version<Planted>(), out);
     } else {
         sondrel::AnswerWith(out, Version<Planted>);
     }
-    if constexpr (Planted == Fault::OneTooMany) {
+    if constexpr (Planted == Flaw::OneTooMany) {
         out[std::u16string_view(out).size() + 1] = u'\0';
     }
 }
 
 constexpr Planted Readings[] = {
-    {"nothing", "", Read<Fault::None>},
-    {"a key left open after a failed query", "left open", Read<Fault::LeftOpen>},
-    {"memory that is never released", "memory was not released", Read<Fault::MemoryLost>},
-    {"one character after the terminator", "outside the text", Read<Fault::OneTooMany>},
-    {"an old answer in place of a failure", "swallowed", Read<Fault::Swallowed>},
-    {"running out of memory raised to the host", "raised", Read<Fault::Raised>},
+    {"nothing", "", Read<Flaw::None>},
+    {"a key left open after a failed query", "left open", Read<Flaw::LeftOpen>},
+    {"memory that is never released", "memory was not released", Read<Flaw::MemoryLost>},
+    {"one character after the terminator", "outside the text", Read<Flaw::OneTooMany>},
+    {"an old answer in place of a failure", "swallowed", Read<Flaw::Swallowed>},
+    {"running out of memory raised to the host", "raised", Read<Flaw::Raised>},
 };
 
 } // namespace
