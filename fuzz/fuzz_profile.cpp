@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     machine::Start(std::move(profile), ":memory:");
     try {
         if (!files.empty()) {
-            machine::Current().files.HostPath(u"C:\\"); // creates them
+            machine::Current()->storage.files->HostPath(u"C:\\"); // creates them
         }
     } catch (const machine::StoreError&) { // one file within another, or a name that the host does not allow
     }

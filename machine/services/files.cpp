@@ -46,7 +46,7 @@ bool WriteFile(Handle file, std::span<const std::byte> data, std::uint32_t& writ
 }
 
 bool GetFileInformationByHandleEx(Handle file, FileAttributeTag& info) {
-    return OnFiles([&](machine::FileSystem& files) { return files.ReadTag(NumberOf(file), info); });
+    return OnFiles([&](const machine::FileSystem& files) { return files.ReadTag(NumberOf(file), info); });
 }
 
 bool SetFileInformationByHandle(Handle file, std::uint64_t endOfFile) {

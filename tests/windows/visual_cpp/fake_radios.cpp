@@ -110,6 +110,12 @@ WINBOOL WINAPI CloseNothing(HANDLE) {
     return TRUE;
 }
 
+/// The library does not pin itself, so that the host can load it again.
+BOOL WINAPI DoNotPin(DWORD, const wchar_t*, HMODULE* module) {
+    *module = nullptr;
+    return TRUE;
+}
+
 LPVOID WINAPI NoBlock(HANDLE, DWORD, SIZE_T) {
     return nullptr;
 }
@@ -142,6 +148,7 @@ extern "C" __declspec(dllexport) void SetConditions(void* library,
     Patch.emplace(static_cast<HMODULE>(library));
     if (Now.radios) {
         ReplaceRadios(*Patch);
+        Patch->Replace("GetModuleHandleExW", &DoNotPin);
     }
     if (Now.noMemory) {
         Patch->Replace("HeapAlloc", &NoBlock);
