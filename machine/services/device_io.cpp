@@ -23,7 +23,7 @@ Handle FileAt(machine::Machine& machine, const char16_t* path, const machine::Fi
             machine::OnDisk([&] { return machine.storage.files->Open(path, opening, descriptor); }))) {
         return Handle::Invalid;
     }
-    const std::uintptr_t number = machine.handles.Open<std::uintptr_t>(OpenFile{});
+    const auto number = machine.handles.Open<std::uintptr_t>(OpenFile{});
     machine.storage.files->Keep(number, path, opening, descriptor);
     return Handle{number};
 }

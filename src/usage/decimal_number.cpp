@@ -76,14 +76,14 @@ public:
         // Limbs above the size are 0.
         const std::size_t size = std::max(m_size, other.m_size);
         for (std::size_t index = size; index-- > 0;) {
-            if (const auto order = m_limbs[index] <=> other.m_limbs[index]; order != 0) {
+            if (const auto order = m_limbs[index] <=> other.m_limbs[index]; std::is_neq(order)) {
                 return order;
             }
         }
         return std::strong_ordering::equal;
     }
 
-    bool operator==(const BigNumber& other) const { return (*this <=> other) == 0; }
+    bool operator==(const BigNumber& other) const { return std::is_eq(*this <=> other); }
 
 private:
     static constexpr std::size_t LimbBits = 32;
