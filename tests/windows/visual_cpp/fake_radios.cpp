@@ -34,7 +34,9 @@ DWORD WINAPI CloseClient(HANDLE, PVOID) {
 }
 
 DWORD WINAPI EnumInterfaces(HANDLE, PVOID, PWLAN_INTERFACE_INFO_LIST* list) {
-    *list = static_cast<WLAN_INTERFACE_INFO_LIST*>(std::calloc(1, sizeof(WLAN_INTERFACE_INFO_LIST)));
+    // The list's structure has no element in some headers.
+    *list = static_cast<WLAN_INTERFACE_INFO_LIST*>(
+        std::calloc(1, sizeof(WLAN_INTERFACE_INFO_LIST) + sizeof(WLAN_INTERFACE_INFO)));
     (*list)->dwNumberOfItems = Now.phyType == 0 ? 0 : 1;
     (*list)->InterfaceInfo[0].isState = wlan_interface_state_connected;
     return ERROR_SUCCESS;
