@@ -1,5 +1,7 @@
 #include "host.h"
 
+#include "import_patch.h"
+
 #include <windows.h>
 
 #include <process.h>
@@ -8,8 +10,60 @@
 #include <stdexcept>
 
 namespace torture {
+namespace {
+
+// Windows reads, writes and cuts a file in one step each. Under Wine it is a file of Linux, where a reader can get the
+// new bytes with the old length: there, one process at a time makes such a call.
+class OneCallAtATime {
+public:
+    OneCallAtATime() { ::WaitForSingleObject(Turn, INFINITE); } // also after one that was killed in its turn
+    OneCallAtATime(const OneCallAtATime&) = delete;
+    OneCallAtATime& operator=(const OneCallAtATime&) = delete;
+    ~OneCallAtATime() { ::ReleaseMutex(Turn); }
+
+    static inline HANDLE Turn = nullptr;
+};
+
+const auto RealReadFile = &::ReadFile;
+const auto RealWriteFile = &::WriteFile;
+const auto RealSetInformation = &::SetFileInformationByHandle;
+
+BOOL WINAPI Read(HANDLE file, void* buffer, DWORD size, DWORD* read, OVERLAPPED* place) {
+    const OneCallAtATime turn;
+    return RealReadFile(file, buffer, size, read, place);
+}
+
+BOOL WINAPI Write(HANDLE file, const void* data, DWORD size, DWORD* written, OVERLAPPED* place) {
+    const OneCallAtATime turn;
+    return RealWriteFile(file, data, size, written, place);
+}
+
+BOOL WINAPI SetInformation(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, void* info, DWORD size) {
+    const OneCallAtATime turn;
+    return RealSetInformation(file, kind, info, size);
+}
+
+bool IsWine() {
+    return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+void MakeCallsInOneStep() {
+    OneCallAtATime::Turn = ::CreateMutexW(nullptr, FALSE, L"VeskSettingsTorture");
+    if (OneCallAtATime::Turn == nullptr) {
+        throw std::runtime_error("a mutex could not be made");
+    }
+    static test::ImportPatch patch(::GetModuleHandleW(nullptr));
+    patch.Replace("ReadFile", &Read);
+    patch.Replace("WriteFile", &Write);
+    patch.Replace("SetFileInformationByHandle", &SetInformation);
+}
+
+} // namespace
 
 std::u16string Prepare(const std::filesystem::path& directory) {
+    if (IsWine()) {
+        MakeCallsInOneStep();
+    }
     return FileOnDisk(directory).u16string();
 }
 
