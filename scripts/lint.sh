@@ -83,7 +83,7 @@ headers=$(x86_64-w64-mingw32-g++-win32 -print-file-name=include)/c++
 tidy_for_windows() {
     cmake --preset "$1" >"build/$1.log" 2>&1 || { cat "build/$1.log" >&2; exit 1; }
     sources_in "$1" "$2" |
-        tidy "$1" --extra-arg=--target=x86_64-w64-mingw32 \
+        tidy "$1" --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-Wno-unknown-warning-option \
             "--extra-arg=-isystem$headers" "--extra-arg=-isystem$headers/x86_64-w64-mingw32"
 }
 tidy_for_windows windows src/platform/windows/
