@@ -24,9 +24,16 @@ public:
     static inline HANDLE Turn = nullptr;
 };
 
-const auto RealReadFile = &::ReadFile;
-const auto RealWriteFile = &::WriteFile;
-const auto RealSetInformation = &::SetFileInformationByHandle;
+// The address of an imported function can be that of a jump through the import table, which is replaced.
+template <class Function>
+Function* RealFunction(Function*, const char* name) {
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"kernel32.dll"), name)));
+}
+
+const auto RealReadFile = RealFunction(&::ReadFile, "ReadFile");
+const auto RealWriteFile = RealFunction(&::WriteFile, "WriteFile");
+const auto RealSetInformation = RealFunction(&::SetFileInformationByHandle, "SetFileInformationByHandle");
 
 BOOL WINAPI Read(HANDLE file, void* buffer, DWORD size, DWORD* read, OVERLAPPED* place) {
     const OneCallAtATime turn;
