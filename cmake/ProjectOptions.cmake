@@ -53,14 +53,17 @@ if(WIN32)
   add_compile_definitions(_WIN32_WINNT=0x0601 WINVER=0x0601 UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
 endif()
 
-# Line numbers for a debugger and a profiler. Full debug information takes a quarter of the compile time; the preset asan
-# has it.
-if(CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo" AND NOT MSVC)
-  string(REGEX REPLACE "-g( |$)" "-g1\\1" CMAKE_C_FLAGS_RELWITHDEBINFO "${CMAKE_C_FLAGS_RELWITHDEBINFO}")
-  string(REGEX REPLACE "-g( |$)" "-g1\\1" CMAKE_CXX_FLAGS_RELWITHDEBINFO "${CMAKE_CXX_FLAGS_RELWITHDEBINFO}")
+option(VESK_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+# Line numbers for a debugger, a profiler and the sanitizers' reports. Full debug information takes a quarter of the
+# compile time; -D CMAKE_BUILD_TYPE=Debug alone has it.
+if(NOT MSVC AND (CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo" OR VESK_SANITIZE))
+  string(TOUPPER "${CMAKE_BUILD_TYPE}" kind)
+  foreach(flags IN ITEMS CMAKE_C_FLAGS_${kind} CMAKE_CXX_FLAGS_${kind})
+    string(REGEX REPLACE "-g( |$)" "-g1\\1" ${flags} "${${flags}}")
+  endforeach()
 endif()
 
-option(VESK_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(VESK_SANITIZE)
   # Optimised a little: the fault sweep makes tens of thousands of calls.
   add_compile_options(-O1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -86,5 +86,5 @@ tidy_for_windows() {
         tidy "$1" --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-Wno-unknown-warning-option \
             "--extra-arg=-isystem$headers" "--extra-arg=-isystem$headers/x86_64-w64-mingw32"
 }
-tidy_for_windows windows src/platform/windows/
+tidy_for_windows tidy-windows '(build/tidy-windows/src/platform/windows/CMakeFiles/(platform_windows|VeskSondrel64Observed)\.dir/Unity/|src/platform/windows/)'
 tidy_for_windows windows-vc src/platform/windows/exports/

@@ -10,7 +10,7 @@ namespace machine {
 namespace {
 
 /// "2024-05-17T08:30:00" in seconds since 1970.
-std::optional<std::int64_t> DateOf(const std::string& text) {
+std::optional<std::int64_t> TimeOf(const std::string& text) {
     constexpr std::string_view Form = "0000-00-00T00:00:00";
     bool whole = text.size() == Form.size();
     for (std::size_t place = 0; whole && place < Form.size(); ++place) {
@@ -65,9 +65,9 @@ void ReadSystem(ProfileReader& reader, SystemProfile& system) {
     }
     if (reader.String("date", date, Presence::Optional,
                       {"a date and time in UTC like \"2024-05-17T08:30:00\"", [](const std::string& text) {
-                           return DateOf(text).has_value();
+                           return TimeOf(text).has_value();
                        }})) {
-        system.startTime = *DateOf(date);
+        system.startTime = *TimeOf(date);
     }
     reader.Real("utc_offset_minutes", offset, -Day, Day);
     system.utcOffsetMinutes = static_cast<std::int32_t>(offset);
