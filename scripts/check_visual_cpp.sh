@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-recorded=75
+recorded=76
 
 cxx=x86_64-w64-mingw32-g++-win32
 library=$($cxx -print-file-name=include)/c++

@@ -1,6 +1,8 @@
 #include <windows.h>
 
 #ifdef __GNUC__
+#include "platform/windows/support/thread_variables.h"
+
 namespace __gnu_cxx { // libstdc++ declares it in no header
 void __freeres();
 } // namespace __gnu_cxx
@@ -9,7 +11,8 @@ namespace {
 
 /// libstdc++ allocates memory when it is loaded, for exceptions that are thrown when there is none, and leaves it to the
 /// end of the process.
-void FreeExceptionPool() {
+void FreeExceptionMemory() {
+    FreeThreadVariables();
     __gnu_cxx::__freeres();
 }
 
@@ -17,7 +20,7 @@ void FreeExceptionPool() {
 #else
 namespace {
 
-void FreeExceptionPool() {}
+void FreeExceptionMemory() {}
 
 } // namespace
 #endif
@@ -27,7 +30,7 @@ void FreeExceptionPool() {}
 // were, in the heap perhaps.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
     if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
-        FreeExceptionPool();
+        FreeExceptionMemory();
     }
     return TRUE;
 }
