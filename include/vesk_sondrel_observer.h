@@ -93,6 +93,22 @@ typedef struct VeskObserver_Costs {
 /** Result: 1; 0 for null or a size that is too small. */
 int32_t VeskObserver_GetCosts(VeskObserver_Costs* costs);
 
+/** The library's own use of the heap: what it allocates in export calls, outside boundary calls. */
+typedef struct VeskObserver_Heap {
+    size_t size;          /**< Of this structure, in bytes: set by the caller. */
+    uint64_t allocations; /**< Since the last `VeskObserver_FailAllocation`. */
+    uint64_t failed;      /**< Those that failed because it was asked for. */
+} VeskObserver_Heap;
+
+/**
+ * Makes the n-th of these allocations fail, from 1, and all later ones too where `andLater` is 1. 0: none. Restarts the
+ * counts. Of the observed DLL only: the simulated machine's library has neither this nor `VeskObserver_GetHeap`.
+ */
+void VeskObserver_FailAllocation(uint64_t nth, int32_t andLater);
+
+/** Of the observed DLL only. Result: 1; 0 for null or a size that is too small. */
+int32_t VeskObserver_GetHeap(VeskObserver_Heap* heap);
+
 /** Receives the description of one open thing, "key SOFTWARE\Vesk" or "IWbemServices" for instance. */
 typedef void (*VeskObserver_OpenSink)(void* context, const char* description);
 

@@ -133,6 +133,10 @@ bool IsBelowBoundary() noexcept {
     return Below != 0;
 }
 
+bool IsInCore() noexcept {
+    return Export != nullptr && Below == 0;
+}
+
 ExportCall::ExportCall(std::size_t place, const char* name,
                        std::span<const ExportArgument> arguments) noexcept
     : m_place(place), m_name(name), m_arguments(arguments), m_number(++ExportCalls), m_outer(Export) {

@@ -63,4 +63,7 @@ void ForgetOpenThings();
 /// core's.
 bool IsBelowBoundary() noexcept;
 
+/// Whether the calling thread is in an export and not below the boundary: what it allocates there is the core's.
+bool IsInCore() noexcept;
+
 } // namespace observer
