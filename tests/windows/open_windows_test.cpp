@@ -19,8 +19,13 @@ void WINAPI CountWait(DWORD milliseconds) {
     Waits.push_back(milliseconds);
 }
 
+/// What the DLL asks of other processes.
+std::vector<DWORD> Rights;
+
 // This Windows reads a process's path out of its memory, which takes a right that the real one does not ask for.
 HANDLE WINAPI OpenWithMemory(DWORD access, BOOL inherit, DWORD process) {
+    Rights.push_back(access);
+    EXPECT_FALSE(inherit);
     return ::OpenProcess(access == PROCESS_QUERY_INFORMATION ? access | PROCESS_VM_READ : access, inherit,
                          process);
 }
@@ -59,6 +64,7 @@ class OpenWindowsTest : public ::testing::Test {
 protected:
     OpenWindowsTest() {
         Waits.clear();
+        Rights.clear();
         m_patch.Replace("Sleep", &CountWait);
         m_patch.Replace("OpenProcess", &OpenWithMemory);
     }
@@ -93,6 +99,13 @@ TEST_F(OpenWindowsTest, ListsAWindowWithTheFiguresOfItsProcess) {
     const std::size_t memory = all.find(LR"("mem_usage":")") + 13;
     EXPECT_GT(std::stol(all.substr(memory)), 1000);
     EXPECT_THAT(Waits, ElementsAre(1000u));
+}
+
+TEST_F(OpenWindowsTest, AsksForTheRightsThatTheContractFixes) {
+    const RealWindow window(L"VeskTest", L"A title");
+    Answer();
+    // The path; then the memory and the times, for which more than their documents require is asked.
+    EXPECT_THAT(Rights, ElementsAre(PROCESS_QUERY_INFORMATION, PROCESS_ALL_ACCESS, PROCESS_ALL_ACCESS));
 }
 
 TEST_F(OpenWindowsTest, SkipsWhatIsNoApplicationsWindow) {

@@ -1,6 +1,7 @@
 // The WLAN library's answers at their edges: blocks of memory that are not what they say, null lists, routines that
 // are not there. What good ones give is compared with the native library's.
 #include "import_patch.h"
+#include "library.h"
 
 #include "platform/wlan.h"
 
@@ -165,6 +166,51 @@ TEST_F(WlanTest, AListOfAccessPointsIsReadWithinItsBounds) {
     EXPECT_EQ(read(1, Whole, 0xFFFFFFFF, 3), 10u) << "elements that wrap around";
     EXPECT_EQ(read(1, Whole, After, 4), 10u) << "one byte too many";
     EXPECT_EQ(read(1, Whole, After, 0xFFFFFFFF), 10u);
+}
+
+DWORD WINAPI OpenService(DWORD, PVOID, PDWORD negotiated, PHANDLE client) {
+    *negotiated = 2;
+    *client = reinterpret_cast<HANDLE>(1);
+    return ERROR_SUCCESS;
+}
+
+DWORD WINAPI CloseService(HANDLE, PVOID) {
+    return ERROR_SUCCESS;
+}
+
+DWORD WINAPI WithoutConsent(HANDLE, const GUID*, WLAN_INTF_OPCODE, PVOID, PDWORD, PVOID*,
+                            PWLAN_OPCODE_VALUE_TYPE) {
+    return ERROR_ACCESS_DENIED;
+}
+
+TEST(WlanConsentTest, WithoutConsentToItsLocationEveryReadingIsTheFailedOne) {
+    Status = ERROR_SUCCESS;
+    Block.clear();
+    BlocksOut = 0;
+    Append(std::array<DWORD, 2>{1, 0});
+    Append(
+        WLAN_INTERFACE_INFO{.strInterfaceDescription = L"A card", .isState = wlan_interface_state_connected});
+    const test::Library library;
+    test::ImportPatch patch(library.Module());
+    patch.PretendLibrary(L"wlanapi.dll");
+    patch.ReplaceRoutine("WlanOpenHandle", &OpenService);
+    patch.ReplaceRoutine("WlanCloseHandle", &CloseService);
+    patch.ReplaceRoutine("WlanEnumInterfaces", &EnumInterfaces);
+    patch.ReplaceRoutine("WlanFreeMemory", &FreeMemory);
+    patch.ReplaceRoutine("WlanQueryInterface", &WithoutConsent);
+    constexpr std::int32_t Failed = 0x7FFFFFFF;
+    EXPECT_EQ(VESK_CALL(library, RF_WiFiIsConnected)(), Failed);
+    EXPECT_EQ(VESK_CALL(library, RF_WiFiRssi)(), Failed);
+    EXPECT_EQ(VESK_CALL(library, RF_WiFiChannel)(), Failed);
+    EXPECT_EQ(VESK_CALL(library, RF_WiFiMaxRate)(), Failed);
+    EXPECT_EQ(VESK_CALL(library, RF_PhyMode)(), "error_string");
+    std::array<char, 64> point{};
+    VESK_CALL(library, RF_AP_MAC)(point.data());
+    EXPECT_STREQ(point.data(), "error_string");
+    std::array<VeskChar16, 512> card{};
+    VESK_CALL(library, RF_WiFiCardName)(card.data());
+    EXPECT_EQ(std::wstring(card.begin(), std::ranges::find(card, VeskChar16{})), L"error_string");
+    EXPECT_EQ(BlocksOut, 0);
 }
 
 } // namespace

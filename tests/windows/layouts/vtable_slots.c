@@ -13,6 +13,7 @@
 #define SLOT(interface, method, slot)                                                                        \
     _Static_assert(offsetof(interface##Vtbl, method) == 8 * (slot), #interface "::" #method)
 
+SLOT(IUnknown, Release, 2);
 SLOT(IWbemLocator, ConnectServer, 3);
 SLOT(IWbemServices, GetObject, 6);
 SLOT(IWbemServices, ExecQuery, 20);
@@ -26,4 +27,9 @@ SLOT(IMMDeviceEnumerator, GetDefaultAudioEndpoint, 4);
 SLOT(IMMDevice, Activate, 3);
 SLOT(IAudioEndpointVolume, GetMasterVolumeLevelScalar, 9);
 SLOT(IAudioEndpointVolume, GetMute, 15);
+SLOT(IXMLDOMDocument, get_xml, 34);
 SLOT(IXMLDOMDocument, load, 58);
+SLOT(IXMLDOMDocument, put_async, 63);
+SLOT(IXMLDOMDocument, put_validateOnParse, 68);
+SLOT(IXMLDOMDocument, put_resolveExternals, 70);
+SLOT(IXMLDOMDocument, put_preserveWhiteSpace, 72);
