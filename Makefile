@@ -5,12 +5,13 @@ MACHINE ?= default
 ARGS ?=
 SECONDS ?= 30
 
-.PHONY: help run run-windows test test-native test-asan test-windows fuzz bench kit dist docs format lint clean bootstrap
+.PHONY: help run run-windows test test-native test-asan test-windows sweep-windows fuzz bench kit dist docs format lint clean bootstrap
 
 help:
 	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
 	@echo "make run-windows   the same report by the real DLL under Wine (MACHINE=...)"
 	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
+	@echo "make sweep-windows each boundary call and allocation of the real DLLs fails once, under Wine (minutes)"
 	@echo "make fuzz          every fuzz target, SECONDS=30 each"
 	@echo "make bench         benchmarks"
 	@echo "make kit           the development kits for Windows (two compilers) and Linux, packed"
@@ -57,6 +58,11 @@ test-windows:
 	@scripts/build.sh windows-vc
 	@tests/windows/run_under_wine.sh build/windows ctest --preset windows
 	@tests/windows/run_under_wine.sh build/windows ctest --preset windows-vc
+
+sweep-windows:
+	@scripts/bootstrap.sh windows
+	@scripts/build.sh windows windows_fault_sweep
+	@tests/windows/run_under_wine.sh build/windows wine build/windows/bin/windows_fault_sweep.exe $(ARGS)
 
 fuzz:
 	@scripts/bootstrap.sh fuzz

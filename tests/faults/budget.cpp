@@ -1,7 +1,7 @@
 #include "budget.h"
 
+#include "machine_stage.h"
 #include "rules.h"
-#include "stage.h"
 
 #include <fstream>
 #include <functional>
@@ -16,7 +16,7 @@ namespace {
 /// Each export on the machine "default": in an open session, with the EC identified, an app path set and a trace
 /// consumer attached.
 void ForEachRun(const std::function<void(std::string_view name, const Run& run)>& look) {
-    Stage stage({.used = true});
+    MachineStage stage({.used = true});
     for (const exports::Export& row : exports::AllExports()) {
         stage.Restart();
         look(row.name, stage.Play(CallOf(row, stage.Where().initCom, BufferSizeOf(row))));

@@ -4,8 +4,6 @@
 #include "heap.h"
 #include "unicode/utf.h"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -140,7 +138,8 @@ HostAnswer CallSetWideText(const HostSide& side) {
 
 HostAnswer CallStringObject(const HostSide& side) {
     const std::string object = Invoke<std::string()>(side.address);
-    return {std::string(object.data(), object.size()), ""}; // a copy on the test's heap
+    const bool isWithin = object.capacity() == std::string().capacity(); // without a block
+    return {std::string(object.data(), object.size()), "", isWithin ? 0 : 1};
 }
 
 HostAnswer CallNarrowText(const HostSide& side) {
@@ -218,13 +217,16 @@ HostAnswer CallWide(const std::function<void(char16_t*)>& read, std::size_t size
 }
 
 HostCall CallOf(const exports::Export& row, std::uint8_t initCom, std::size_t size) {
-    void* const address = ::dlsym(RTLD_DEFAULT, std::string(row.name).c_str());
     const auto* const caller = std::ranges::find(Callers, row.signature, &Caller::signature);
-    if (address == nullptr || caller == std::end(Callers)) {
-        throw std::runtime_error(std::string(row.name) + " is not linked, or has an unknown signature");
+    if (caller == std::end(Callers)) {
+        throw std::runtime_error(std::string(row.name) + " has an unknown signature");
     }
-    return [side = HostSide{address, row, initCom, size}, call = caller->call] {
-        return call(side);
+    return [&row, initCom, size, name = std::string(row.name), call = caller->call] {
+        void* const address = AddressOf(name);
+        if (address == nullptr) {
+            throw std::runtime_error(name + " is not there");
+        }
+        return call({address, row, initCom, size});
     };
 }
 

@@ -1,7 +1,7 @@
 // The fault sweep: whatever fails, no export crashes, leaks, writes beyond its buffer or takes a failure for an
 // answer, and the next call is right again.
 #include "budget.h"
-#include "planted.h"
+#include "machine_stage.h"
 #include "sweep.h"
 
 #include "machine/models/trace_sink.h"
@@ -81,7 +81,7 @@ void ShowProgress(const Situation& where, std::string_view name) {
 }
 
 void Play(const Scene& scene, Tally& tally) {
-    Stage stage(scene.situation);
+    MachineStage stage(scene.situation);
     for (const exports::Export& row : exports::AllExports()) {
         const bool belongs = scene.groups.empty() || std::ranges::count(scene.groups, row.group) != 0;
         if (belongs && InterruptCame == 0) {
@@ -123,23 +123,8 @@ int SweepAll() {
 }
 
 int SweepPlanted() {
-    Stage stage({});
-    bool caught = true;
-    for (const Planted& planted : PlantedReadings()) {
-        Tally tally;
-        const auto call = [&planted] {
-            return CallWide(planted.read, 512);
-        };
-        SweepReading(stage, {exports::FindExport("GetInfVersion"), call}, tally);
-        const auto said = std::ranges::count_if(tally.complaints, [&](const std::string& complaint) {
-            return complaint.find(planted.complaint) != std::string::npos;
-        });
-        const bool right = planted.complaint.empty() ? tally.complaints.empty() : said != 0;
-        std::cout << (right ? "right: " : "WRONG: ") << planted.fault << ": " << tally.complaints.size()
-                  << " complaints\n";
-        caught = caught && right;
-    }
-    return caught ? 0 : 1;
+    MachineStage stage({});
+    return FindsPlanted(stage, true, std::cout) ? 0 : 1;
 }
 
 int Obey(std::span<const std::string_view> arguments) {

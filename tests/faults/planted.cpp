@@ -1,6 +1,7 @@
 #include "planted.h"
 
 #include "frame/host_buffer.h"
+#include "observer/export_call.h"
 #include "platform/registry.h"
 
 #include <array>
@@ -11,12 +12,10 @@
 namespace sweep {
 namespace {
 
-enum class Flaw { None, LeftOpen, MemoryLost, OneTooMany, Swallowed, Raised };
+enum class Flaw { None, LeftOpen, LeftOpenWithoutMemory, MemoryLost, OneTooMany, Swallowed, Raised };
 
 constexpr const char16_t* DriverKey =
     u"SYSTEM\\ControlSet001\\Control\\Class\\{4d36e97d-e325-11ce-bfc1-08002be10318}\\0042";
-
-std::array<char16_t, 256> LastVersion; // what the swallowing one returns in place of a failure
 
 template <Flaw Planted>
 std::u16string Version() {
@@ -26,27 +25,36 @@ std::u16string Version() {
         return {};
     }
     std::optional<platform::OwnedKey> owner;
-    if (Planted != Flaw::LeftOpen) {
+    if (Planted == Flaw::LeftOpenWithoutMemory) {
+        const std::u16string name(100, u'n'); // raises past the key, which has no owner
+        owner.emplace(key);
+    } else if (Planted != Flaw::LeftOpen) {
         owner.emplace(key);
     }
     std::array<char16_t, 256> text{};
     std::uint32_t type = 0;
     std::uint32_t size = sizeof text - sizeof(char16_t);
-    const auto status = platform::RegQueryValueExW(key, u"DriverVersion", type,
-                                                   reinterpret_cast<std::byte*>(text.data()), size);
+    const auto query = [&] {
+        return platform::RegQueryValueExW(key, u"DriverVersion", type,
+                                          reinterpret_cast<std::byte*>(text.data()), size);
+    };
+    auto status = query();
+    if (Planted == Flaw::Swallowed && status != platform::error::Success) {
+        status = query();
+    }
     if (Planted == Flaw::LeftOpen && status == platform::error::Success) {
         owner.emplace(key); // forgotten on the other way out
     }
     if (status != platform::error::Success) {
-        return Planted == Flaw::Swallowed ? LastVersion.data() : u"";
+        return {};
     }
-    LastVersion = text;
     const std::u16string made = std::u16string(u"version ") + text.data(); // too long to do without the heap
     return made.substr(8);
 }
 
 template <Flaw Planted>
 void Read(char16_t* out) {
+    const observer::ExportCall here(0, "planted");
     if constexpr (Planted == Flaw::MemoryLost) {
         const auto* const lost = new (std::nothrow) std::u16string(u"never released");
         static_cast<void>(lost);
@@ -63,10 +71,11 @@ void Read(char16_t* out) {
 
 constexpr Planted Readings[] = {
     {"nothing", "", Read<Flaw::None>},
-    {"a key left open after a failed query", "left open", Read<Flaw::LeftOpen>},
+    {"a key left open after a failed query", "left open", Read<Flaw::LeftOpen>, true},
+    {"a key left open for want of memory", "left open", Read<Flaw::LeftOpenWithoutMemory>},
     {"memory that is never released", "memory was not released", Read<Flaw::MemoryLost>},
     {"one character after the terminator", "outside the text", Read<Flaw::OneTooMany>},
-    {"an old answer in place of a failure", "swallowed", Read<Flaw::Swallowed>},
+    {"a failure that is tried again", "swallowed", Read<Flaw::Swallowed>, true},
     {"running out of memory raised to the host", "raised", Read<Flaw::Raised>},
 };
 

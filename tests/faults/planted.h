@@ -11,6 +11,8 @@ struct Planted {
     /// What the sweep says of it; empty for the sound one.
     std::string_view complaint;
     void (*read)(char16_t* out);
+    /// Nothing is wrong until a boundary call fails.
+    bool needsFailedCall = false;
 };
 
 /// Copies of GetInfVersion for the default machine. The first one is sound.

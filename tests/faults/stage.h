@@ -4,8 +4,6 @@
 #include "host_call.h"
 
 #include "heap.h"
-#include "machine/machine.h"
-#include "machine/profile/profile.h"
 #include "observer/observer.h"
 
 #include <cstdint>
@@ -40,43 +38,36 @@ struct Run {
     std::string fault;
 };
 
-class Stage : private observer::Sink {
+class Stage {
 public:
-    explicit Stage(Situation situation);
-    ~Stage() override;
+    explicit Stage(Situation situation) : m_situation(std::move(situation)) {}
+
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+    virtual ~Stage() = default;
 
     /// Sets everything up again.
-    void Restart();
+    virtual void Restart() = 0;
 
     /// The same for the library; the machine is started again only if the last runs may have changed it, or if
     /// it was found changed.
-    void Renew();
+    virtual void Renew() = 0;
 
-    void FoundChanged() { m_changed = true; }
+    virtual void FoundChanged() = 0;
 
     /// One run from where the last one left off.
-    Run Play(const HostCall& call, observer::FaultPlan fault = {}, heap::Plan heapFault = {});
+    virtual Run Play(const HostCall& call, observer::FaultPlan fault = {}, heap::Plan heapFault = {}) = 0;
 
     /// Blocks that the library has not released since the restart, its records aside, which this forgets.
-    std::int64_t LeakedBlocks();
+    virtual std::int64_t LeakedBlocks() = 0;
+
+    /// The machine's profile.
+    [[nodiscard]] virtual std::string_view MachineText() const = 0;
 
     [[nodiscard]] const Situation& Where() const { return m_situation; }
 
-    /// The machine's profile.
-    [[nodiscard]] std::string_view MachineText() const { return m_text; }
-
 private:
-    void SetUp();
-    void Ended(const observer::Record& record) override;
-    /// What is wrong with the state that a run has left.
-    [[nodiscard]] std::string StateFault() const;
-
     Situation m_situation;
-    bool m_changed = true;
-    std::string m_text;
-    machine::Profile m_profile;
-    std::int64_t m_blocks = 0;
-    std::vector<observer::Operation> m_calls;
 };
 
 } // namespace sweep

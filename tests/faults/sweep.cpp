@@ -1,5 +1,8 @@
 #include "sweep.h"
 
+#include <algorithm>
+#include <ostream>
+
 namespace sweep {
 namespace {
 
@@ -37,7 +40,7 @@ public:
             Reached(operation) += ways == 0 ? 1 : 0;
             for (const Kind& kind : Kinds) {
                 for (const bool andLater : {false, true}) {
-                    if ((ways & static_cast<std::uint8_t>(kind.failure)) != 0) {
+                    if ((ways & static_cast<std::uint8_t>(kind.failure)) != 0 && IsInSample()) {
                         FailCall(place, kind.name, {operation, kind.failure, andLater});
                     }
                 }
@@ -48,6 +51,9 @@ public:
     void FailAllocations() {
         for (std::uint64_t place = 1; place <= m_good.allocations; ++place) {
             for (const bool andLater : {false, true}) {
+                if (!IsInSample()) {
+                    continue;
+                }
                 m_stage.Renew();
                 const Run run = m_stage.Play(m_subject.call, {}, {place, andLater});
                 ++m_tally.heapFaults;
@@ -58,6 +64,8 @@ public:
     }
 
 private:
+    bool IsInSample() { return m_tally.planned++ % m_tally.oneIn == 0; }
+
     std::uint64_t& Reached(Operation operation) {
         return m_tally.reached[static_cast<std::size_t>(operation)];
     }
@@ -131,6 +139,27 @@ void SweepReading(Stage& stage, const Subject& subject, Tally& tally) {
     Sweep sweep(stage, subject, tally);
     sweep.FailCalls();
     sweep.FailAllocations();
+}
+
+bool FindsPlanted(Stage& stage, bool callsFail, std::ostream& out) {
+    bool all = true;
+    for (std::size_t place = 0; place < PlantedReadings().size(); ++place) {
+        const Planted planted = PlantedReadings()[place];
+        const auto call = [place] {
+            return CallWide(PlantedReadings()[place].read, 512); // a DLL may have been loaded again
+        };
+        Tally tally;
+        SweepReading(stage, {exports::FindExport("GetInfVersion"), call}, tally);
+        const bool isFindable = !planted.complaint.empty() && (callsFail || !planted.needsFailedCall);
+        const bool found = std::ranges::any_of(tally.complaints, [&](const std::string& complaint) {
+            return complaint.find(planted.complaint) != std::string::npos;
+        });
+        const bool right = isFindable ? found : tally.complaints.empty();
+        out << (right ? "right: " : "WRONG: ") << planted.fault << ": " << tally.complaints.size()
+            << " complaints\n";
+        all = all && right;
+    }
+    return all;
 }
 
 } // namespace sweep

@@ -1,11 +1,13 @@
 // The sweep of one reading: every call and every allocation of a good run fails once, in each of its ways.
 #pragma once
 
+#include "planted.h"
 #include "rules.h"
 #include "stage.h"
 
 #include <array>
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,9 @@ struct Subject {
 
 /// What the sweep has come to so far.
 struct Tally {
+    /// Of the failures that there are, the first one of so many is made.
+    std::uint64_t oneIn = 1;
+    std::uint64_t planned = 0;
     std::uint64_t callFaults = 0;
     std::uint64_t heapFaults = 0;
     /// By operation: how often one of its failures was injected, or it was called where it has none.
@@ -27,5 +32,9 @@ struct Tally {
 };
 
 void SweepReading(Stage& stage, const Subject& subject, Tally& tally);
+
+/// Whether the sweep finds each planted fault, and none in the sound reading. `callsFail`: boundary calls fail on this
+/// stage; where only memory does, the faults that need a failed call count as sound.
+bool FindsPlanted(Stage& stage, bool callsFail, std::ostream& out);
 
 } // namespace sweep

@@ -36,4 +36,13 @@ void PutUpCom(test::ImportPatch& patch) {
     patch.Replace("CoCreateInstance", &CreateObject);
 }
 
+void PutUpAll(test::ImportPatch& patch) {
+    PutUpRadios(patch);
+    PutUpDesktop(patch);
+    PutUpPackages(patch);
+    PutUpFirmware(patch);
+    PutUpSystem(patch);
+    PutUpCom(patch);
+}
+
 } // namespace comparison

@@ -14,6 +14,8 @@
 namespace comparison {
 namespace {
 
+std::size_t Changes = 0;
+
 /// Which of the machine's devices a handle of Wine's belongs to.
 std::map<HANDLE, machine::Device*> OpenDevices;
 
@@ -56,6 +58,7 @@ WINBOOL WINAPI Close(HANDLE handle) {
 /// Wine gives every privilege; the machine may not hold this one.
 WINBOOL WINAPI Adjust(HANDLE token, WINBOOL disableAll, PTOKEN_PRIVILEGES wanted, DWORD size,
                       PTOKEN_PRIVILEGES previous, PDWORD previousSize) {
+    NoteChange();
     if (::AdjustTokenPrivileges(token, disableAll, wanted, size, previous, previousSize) == FALSE) {
         return FALSE;
     }
@@ -78,6 +81,7 @@ DWORD WINAPI ReadVariable(LPCWSTR name, LPCWSTR guid, PVOID buffer, DWORD size) 
 }
 
 WINBOOL WINAPI WriteVariable(LPCWSTR name, LPCWSTR guid, PVOID data, DWORD size) {
+    NoteChange();
     return Truth(WithLastError(platform::SetFirmwareEnvironmentVariableW(
         Plain(name), Plain(guid), std::span(static_cast<const std::byte*>(data), size))));
 }
@@ -86,6 +90,20 @@ WINBOOL WINAPI WriteVariable(LPCWSTR name, LPCWSTR guid, PVOID data, DWORD size)
 
 std::size_t DevicesOpen() {
     return OpenDevices.size();
+}
+
+std::size_t ChangesMade() {
+    return Changes;
+}
+
+void NoteChange() {
+    ++Changes;
+}
+
+void CloseDevices() {
+    while (!OpenDevices.empty()) {
+        Close(OpenDevices.begin()->first);
+    }
 }
 
 void PutUpFirmware(test::ImportPatch& patch) {

@@ -20,10 +20,18 @@ void PutUpFirmware(
     test::ImportPatch& patch);              // variables and the privilege for them, who may open the devices
 void PutUpSystem(test::ImportPatch& patch); // version, lockdown mode, nation, time, power
 void PutUpCom(test::ImportPatch& patch);    // WMI, sound
+void PutUpAll(test::ImportPatch& patch);
 
 /// What the DLL took and has not released, besides what the machine's ledger lists.
 std::size_t BlocksOut();   // of the WLAN service's memory
 std::size_t DevicesOpen(); // handles of the driver and of ACPI
+
+/// How often the DLL has called what may change the machine: a method of WMI, a write or a privilege of the firmware's.
+std::size_t ChangesMade();
+void NoteChange();
+
+/// Closes what DevicesOpen counts, before the machine is replaced.
+void CloseDevices();
 
 /// Handles of the machine's are none that Wine gives.
 inline constexpr std::uintptr_t HandleMark = 0x5EED'0000;

@@ -9,7 +9,6 @@
 #include "library.h"
 #include "machine_devices.h"
 #include "shims.h"
-#include "thread.h"
 #include "wine_state.h"
 
 #include "machine/profile/profile.h"
@@ -27,27 +26,6 @@
 #include <utility>
 
 namespace {
-
-/// A separate thread, since the devices have to answer while the DLL is in a call.
-class Devices {
-public:
-    explicit Devices(machine::Machine& machine)
-        : m_devices(machine), m_thread([this] { m_devices.ServeWhile(m_end); }) {}
-
-    Devices(const Devices&) = delete;
-    Devices& operator=(const Devices&) = delete;
-
-    ~Devices() {
-        ::SetEvent(m_end);
-        m_thread.Join();
-        ::CloseHandle(m_end);
-    }
-
-private:
-    devices::MachineDevices m_devices;
-    HANDLE m_end = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    test::Thread m_thread;
-};
 
 void ExpectNothingLeft(std::string_view what, std::size_t count) {
     if (count != 0) {
@@ -89,15 +67,10 @@ void Report(const std::string& machineName) {
     machine::Storage storage = machine::MemoryStorage(profile);
     machine::Start(std::move(profile), std::move(storage));
     const comparison::WineState state(machine::Current()->profile);
-    const Devices devices(*machine::Current());
+    const devices::ServedDevices devices(*machine::Current());
     const test::Library library;
     test::ImportPatch patch(library.Module());
-    comparison::PutUpRadios(patch);
-    comparison::PutUpDesktop(patch);
-    comparison::PutUpPackages(patch);
-    comparison::PutUpFirmware(patch);
-    comparison::PutUpSystem(patch);
-    comparison::PutUpCom(patch);
+    comparison::PutUpAll(patch);
     const tool::Host host{tool::HostOptions()};
     comparison::PrintAnswers(host);
     ExpectNoHandleLeft(host);

@@ -94,6 +94,24 @@ WineState::~WineState() {
     }
 }
 
+void WineState::Undo(const machine::Profile& profile) {
+    ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, test::ProductKey);
+    for (const machine::RegistryValue& value : profile.registry.values) {
+        if (IsBelow(std::wstring(value.key.begin(), value.key.end()),
+                    std::wstring(L"HKLM\\") + test::ProductKey)) {
+            SetValue(value);
+        }
+    }
+    for (const fs::path directory : profile.files.directories) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
+            fs::remove_all(entry.path());
+        }
+    }
+    for (const machine::FileProfile& file : profile.files.files) {
+        AddFile(file.path, file.text);
+    }
+}
+
 void WineState::AddKey(const std::u16string& path) {
     const std::wstring key(path.begin(), path.end());
     for (const std::wstring& whole : m_replacedKeys) {

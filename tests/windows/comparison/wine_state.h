@@ -21,6 +21,9 @@ public:
     WineState(const WineState&) = delete;
     WineState& operator=(const WineState&) = delete;
 
+    /// Undoes what the library has stored since: below its registry key, and in the profile's directories.
+    void Undo(const machine::Profile& profile);
+
 private:
     void AddKey(const std::u16string& path);
     void AddDirectory(const std::filesystem::path& path);

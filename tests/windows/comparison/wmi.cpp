@@ -199,6 +199,7 @@ public:
         const auto inputs =
             in == nullptr ? platform::WbemObject{} : static_cast<ObjectWrapper*>(in)->Object();
         platform::WbemObject outputs{};
+        NoteChange();
         const HRESULT status = platform::ExecMethod(Object(), comparison::Plain(path),
                                                     comparison::Plain(method), inputs, outputs);
         return WrapResult<ObjectWrapper>(status, outputs, out);

@@ -32,21 +32,31 @@ std::uint32_t StatusOf(platform::SystemError error) {
     }
 }
 
+machine::Device& DriverOf(machine::Machine& machine) {
+    return machine.driver;
+}
+
+machine::Device& AcpiOf(machine::Machine& machine) {
+    return machine.acpi;
+}
+
 } // namespace
 
 MachineDevices::MachineDevices(machine::Machine& machine) {
     if (machine.profile.driver.present) {
-        m_devices[L"VESKHWIO"] = &machine.driver;
+        m_devices[L"VESKHWIO"] = &DriverOf;
     }
     if (machine.profile.acpi.present) {
-        m_devices[L"ZRNACPI"] = &machine.acpi;
+        m_devices[L"ZRNACPI"] = &AcpiOf;
     }
     for (const auto& [name, device] : m_devices) {
         m_driver.AddDevice(name);
     }
     for (unsigned place = 0; place < machine.batteries.size(); ++place) {
         m_batteries.emplace_back(m_driver, place);
-        m_devices[FakeBattery::DeviceOf(place)] = &machine.batteries[place];
+        m_devices[FakeBattery::DeviceOf(place)] = [place](machine::Machine& current) -> machine::Device& {
+            return current.batteries[place];
+        };
     }
 }
 
@@ -60,9 +70,8 @@ void MachineDevices::ServeWhile(HANDLE process) {
 void MachineDevices::AnswerWaiting() {
     const auto machine = machine::Current();
     while (const auto request = m_driver.Take()) {
-        const machine::ControlAnswer answer =
-            m_devices.at(request->device)
-                ->Control(request->code, std::as_bytes(std::span(request->in)), request->capacity);
+        const machine::ControlAnswer answer = m_devices.at(request->device)(*machine).Control(
+            request->code, std::as_bytes(std::span(request->in)), request->capacity);
         test::Bytes output(std::min<std::size_t>(answer.bytes.size(), request->capacity));
         std::transform(answer.bytes.begin(),
                        answer.bytes.begin() + static_cast<std::ptrdiff_t>(output.size()), output.begin(),

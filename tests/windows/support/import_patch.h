@@ -41,6 +41,9 @@ public:
     /// Lets the module miss a library that this Windows has.
     void HideLibrary(const wchar_t* name);
 
+    /// Nothing is restored: the module is about to be unloaded, and calls the replacements to its end.
+    void Abandon() { m_slots.clear(); }
+
 private:
     struct Slot {
         void** place;

@@ -1,4 +1,4 @@
-#include "stage.h"
+#include "machine_stage.h"
 
 #include "acpi/acpi_device.h"
 #include "firmware/disk_temperature.h"
@@ -11,6 +11,8 @@
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"
+
+#include <dlfcn.h>
 
 #include <nlohmann/json.hpp>
 
@@ -66,26 +68,30 @@ std::string ChangedProfile(const Situation& situation) {
 
 } // namespace
 
-Stage::Stage(Situation situation)
-    : m_situation(std::move(situation)),
-      m_text(ChangedProfile(m_situation)),
-      m_profile(machine::ParseProfile(m_text, m_situation.machine)) {
+void* AddressOf(const std::string& name) {
+    return ::dlsym(RTLD_DEFAULT, name.c_str());
+}
+
+MachineStage::MachineStage(Situation situation)
+    : Stage(std::move(situation)),
+      m_text(ChangedProfile(Where())),
+      m_profile(machine::ParseProfile(m_text, Where().machine)) {
     observer::AddSink(*this);
 }
 
-Stage::~Stage() {
+MachineStage::~MachineStage() {
     observer::RemoveSink(*this);
 }
 
-void Stage::Ended(const observer::Record& record) {
+void MachineStage::Ended(const observer::Record& record) {
     m_calls.push_back(record.operation);
 }
 
-std::string Stage::StateFault() const {
+std::string MachineStage::StateFault() const {
     for (const observer::OpenThing& thing : observer::OpenThings()) {
         const std::string what = Printed(thing);
         const bool isSession = sondrel::SessionOpen != 0 && what == "file \\\\.\\VESKHWIO";
-        const bool isHosts = m_situation.initCom == 0 && thing.count == 1 && what == "apartment";
+        const bool isHosts = Where().initCom == 0 && thing.count == 1 && what == "apartment";
         if (!isSession && !isHosts) {
             return "left open: " + what;
         }
@@ -96,14 +102,14 @@ std::string Stage::StateFault() const {
     return sondrel::ZrnAcpiHandle == platform::Handle::Null ? "" : "the firmware's device counts as open";
 }
 
-void Stage::Restart() {
+void MachineStage::Restart() {
     machine::Start(m_profile, ":memory:");
     observer::ForgetOpenThings();
     machine::CurrentApartment() = {};
     m_changed = false;
     ResetLibrary();
     InitializeSondrel();
-    if (m_situation.used) {
+    if (Where().used) {
         EC_ReadEcFwRev();
         EC_ReadEcChipId();
         EC_ReadEcChipName();
@@ -113,12 +119,12 @@ void Stage::Restart() {
     }
     ShutdownSondrel();
     SetUp();
-    if (m_situation.initCom == 0) {
+    if (Where().initCom == 0) {
         platform::CoInitializeEx(platform::apartment::Multithreaded);
     }
 }
 
-void Stage::Renew() {
+void MachineStage::Renew() {
     if (m_changed) {
         Restart();
     } else {
@@ -126,18 +132,18 @@ void Stage::Renew() {
     }
 }
 
-void Stage::SetUp() {
+void MachineStage::SetUp() {
     if (sondrel::SessionOpen != 0) {
         platform::CloseHandle(sondrel::DriverHandle);
     }
     ResetLibrary();
-    if (m_situation.session) {
+    if (Where().session) {
         InitializeSondrel();
     }
     m_blocks = heap::Live();
 }
 
-Run Stage::Play(const HostCall& call, observer::FaultPlan fault, heap::Plan heapFault) {
+Run MachineStage::Play(const HostCall& call, observer::FaultPlan fault, heap::Plan heapFault) {
     Run run;
     m_calls.clear();
     observer::Restart(fault);
@@ -160,7 +166,7 @@ Run Stage::Play(const HostCall& call, observer::FaultPlan fault, heap::Plan heap
     return run;
 }
 
-std::int64_t Stage::LeakedBlocks() {
+std::int64_t MachineStage::LeakedBlocks() {
     ForgetRecords();
     return heap::Live() - m_blocks;
 }
