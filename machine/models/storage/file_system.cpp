@@ -196,7 +196,9 @@ int FileSystem::RootDescriptor() {
 
 void FileSystem::CreateFiles(bool onlyMissing) {
     for (const std::u16string& directory : m_profile.directories) {
-        CreateDirectories(NamesBelowRoot(directory));
+        if (!OpenBelowRoot(NamesBelowRoot(directory), true).IsOpen()) {
+            ThrowProblem(unicode::Utf8FromWide(directory));
+        }
     }
     for (const FileProfile& file : m_profile.files) {
         CreateFile(file, onlyMissing);
@@ -205,11 +207,12 @@ void FileSystem::CreateFiles(bool onlyMissing) {
 
 void FileSystem::CreateFile(const FileProfile& file, bool onlyMissing) {
     const Names names = NamesBelowRoot(file.path);
-    const Descriptor directory = CreateDirectories(std::span(names).first(names.size() - 1));
-    const int at = names.size() == 1 ? RootDescriptor() : directory.Get();
-    const int mode = onlyMissing ? O_EXCL : 0;
-    const Descriptor created(
-        ::openat(at, names.back().c_str(), OpenFileOnly | O_WRONLY | O_CREAT | mode, 0644));
+    const Descriptor directory = OpenBelowRoot(std::span(names).first(names.size() - 1), true);
+    if (!directory.IsOpen()) {
+        ThrowProblem(unicode::Utf8FromWide(file.path));
+    }
+    const int flags = OpenFileOnly | O_WRONLY | O_CREAT | (onlyMissing ? O_EXCL : 0);
+    const Descriptor created(::openat(directory.Get(), names.back().c_str(), flags, 0644));
     if (!created.IsOpen() && onlyMissing && errno == EEXIST) {
         return;
     }
@@ -220,17 +223,16 @@ void FileSystem::CreateFile(const FileProfile& file, bool onlyMissing) {
     }
 }
 
-/// Opens a directory below the root and creates what is missing on the way.
-Descriptor FileSystem::CreateDirectories(std::span<const std::string> names) {
-    Descriptor directory;
+/// Opens a directory below the root, name by name and without following links. Not open, with errno set, on failure.
+Descriptor FileSystem::OpenBelowRoot(std::span<const std::string> names, bool createMissing) {
+    Descriptor directory(::openat(RootDescriptor(), ".", OpenDirectory));
     for (const std::string& name : names) {
-        const int at = directory.IsOpen() ? directory.Get() : RootDescriptor();
-        if (::mkdirat(at, name.c_str(), 0777) != 0 && errno != EEXIST) {
-            ThrowProblem(name);
+        if (createMissing && ::mkdirat(directory.Get(), name.c_str(), 0777) != 0 && errno != EEXIST) {
+            return Descriptor();
         }
-        directory = Descriptor(::openat(at, name.c_str(), OpenDirectory));
+        directory = Descriptor(::openat(directory.Get(), name.c_str(), OpenDirectory));
         if (!directory.IsOpen()) {
-            ThrowProblem(name);
+            break;
         }
     }
     return directory;
@@ -281,10 +283,7 @@ std::optional<FileSystem::Place> FileSystem::Find(std::u16string_view path, Syst
     }
     const Names names = NamesBelowRoot(path);
     place.name = names.back();
-    place.directory = Descriptor(::openat(RootDescriptor(), ".", OpenDirectory));
-    for (std::size_t index = 0; place.directory.IsOpen() && index + 1 < names.size(); ++index) {
-        place.directory = Descriptor(::openat(place.At(), names[index].c_str(), OpenDirectory));
-    }
+    place.directory = OpenBelowRoot(std::span(names).first(names.size() - 1), false);
     if (!place.directory.IsOpen()) {
         problem = FromErrno(errno);
         return std::nullopt;

@@ -119,7 +119,7 @@ private:
     int RootDescriptor();
     void CreateFiles(bool onlyMissing);
     void CreateFile(const FileProfile& file, bool onlyMissing);
-    Descriptor CreateDirectories(std::span<const std::string> names);
+    Descriptor OpenBelowRoot(std::span<const std::string> names, bool createMissing);
     [[nodiscard]] bool SharesWith(const std::filesystem::path& path, const Opening& opening) const;
     [[nodiscard]] int DescriptorOf(std::uintptr_t number) const;
 
