@@ -7,19 +7,9 @@
 #include "observer/observer.h"
 #include "unicode/utf.h"
 
-#include <algorithm>
-#include <cstring>
+#include <cstdio>
 
 namespace {
-
-void CopyProblem(const std::string& problem, char* out, std::size_t size) {
-    if (out == nullptr || size == 0) {
-        return;
-    }
-    const std::size_t length = std::min(problem.size(), size - 1);
-    std::memcpy(out, problem.data(), length);
-    out[length] = '\0';
-}
 
 /// The listener outlives a machine that is replaced: each new machine is given it.
 struct Listening {
@@ -61,7 +51,9 @@ int VeskMachine_Start(const char* machineName, const char* store, char* problem,
         }
         return 1;
     } catch (const std::exception& failure) {
-        CopyProblem(failure.what(), problem, size);
+        if (problem != nullptr) {
+            std::snprintf(problem, size, "%s", failure.what());
+        }
         return 0;
     }
 }

@@ -1,7 +1,5 @@
 #include "machine/models/acpi_firmware.h"
 
-#include "machine/models/device_words.h"
-
 #include <string_view>
 
 namespace machine {

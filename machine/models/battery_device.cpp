@@ -1,7 +1,5 @@
 #include "machine/models/battery_device.h"
 
-#include "machine/models/device_words.h"
-
 namespace machine {
 namespace {
 

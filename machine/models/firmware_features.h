@@ -21,8 +21,6 @@ public:
     /// A feature's persistent setting.
     std::uint32_t SettingOf(const FeatureProfile& feature);
 
-    [[nodiscard]] const FirmwareFeaturesProfile& Profile() const { return m_profile; }
-
 private:
     [[nodiscard]] const FeatureProfile* Find(const WmiRow& in) const;
     std::uint32_t Status(const WmiRow& in);

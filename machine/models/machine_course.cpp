@@ -20,6 +20,17 @@ double StepShare(double seconds) {
     return 1 - std::exp(-StepSeconds / seconds);
 }
 
+/// The stretch at a moment, and in `seconds` what has passed of it. After the last stretch the first one follows.
+template <class Stretch>
+auto StretchAt(const std::vector<Stretch>& stretches, double period, double& seconds) {
+    seconds = std::fmod(seconds, period);
+    return std::ranges::find_if(stretches, [&](const Stretch& stretch) {
+        const bool isPast = seconds >= stretch.seconds;
+        seconds -= isPast ? stretch.seconds : 0;
+        return !isPast;
+    });
+}
+
 double RpmAt(const std::vector<FanPoint>& curve, double degrees) {
     if (curve.empty()) {
         return 0;
@@ -63,16 +74,9 @@ double LoadCourse::At(double seconds) const {
     if (m_stretches.empty()) {
         return m_constant;
     }
-    double left = std::fmod(seconds, m_period);
-    double from = m_stretches.back().to;
-    for (const LoadStretch& stretch : m_stretches) {
-        if (left < stretch.seconds) {
-            return std::lerp(from, stretch.to, left / stretch.seconds);
-        }
-        left -= stretch.seconds;
-        from = stretch.to;
-    }
-    return from;
+    const auto stretch = StretchAt(m_stretches, m_period, seconds);
+    const double from = stretch == m_stretches.begin() ? m_stretches.back().to : std::prev(stretch)->to;
+    return stretch == m_stretches.end() ? from : std::lerp(from, stretch->to, seconds / stretch->seconds);
 }
 
 double LoadCourse::BusySeconds(double seconds) const {
@@ -230,14 +234,9 @@ std::uint8_t MachineCourse::AcLine(std::chrono::microseconds now) const {
     for (const SupplyStretch& stretch : m_course.supply) {
         period += stretch.seconds;
     }
-    double left = period > 0 ? std::fmod(SecondsOf(now), period) : 0;
-    for (const SupplyStretch& stretch : m_course.supply) {
-        if (left < stretch.seconds) {
-            return stretch.onAc ? 1 : 0;
-        }
-        left -= stretch.seconds;
-    }
-    return m_acLine;
+    double seconds = SecondsOf(now);
+    const auto stretch = StretchAt(m_course.supply, period, seconds);
+    return stretch == m_course.supply.end() ? m_acLine : std::uint8_t{stretch->onAc};
 }
 
 } // namespace machine

@@ -5,17 +5,17 @@ namespace machine {
 SystemTimesSample ProcessorTimes::Now(const Clock& clock, const MachineCourse* course) {
     constexpr double UnitsPerMicrosecond = 10;
     constexpr double UnitsPerSecond = 10'000'000;
-    if (!m_profile.samples.empty()) {
-        const SystemTimesSample sample = m_profile.samples[m_nextSample];
-        m_nextSample += m_nextSample + 1 < m_profile.samples.size() ? 1 : 0;
+    if (!profile.samples.empty()) {
+        const SystemTimesSample sample = profile.samples[nextSample];
+        nextSample += nextSample + 1 < profile.samples.size() ? 1 : 0;
         return sample;
     }
-    const double time = static_cast<double>(clock.Now().count()) * UnitsPerMicrosecond * m_profile.processors;
+    const double time = static_cast<double>(clock.Now().count()) * UnitsPerMicrosecond * profile.processors;
     const double busy = course != nullptr
                             ? course->Load().BusySeconds(std::chrono::duration<double>(clock.Now()).count()) *
-                                  UnitsPerSecond * m_profile.processors
-                            : time * m_profile.load;
-    const double busyInKernel = busy * m_profile.kernelShare;
+                                  UnitsPerSecond * profile.processors
+                            : time * profile.load;
+    const double busyInKernel = busy * profile.kernelShare;
     SystemTimesSample sample;
     sample.idle = static_cast<std::uint64_t>(time - busy);
     sample.kernel = sample.idle + static_cast<std::uint64_t>(busyInKernel);

@@ -6,19 +6,14 @@
 #include "machine/profile/sections/power_profile.h"
 
 #include <cstddef>
-#include <utility>
 
 namespace machine {
 
-class ProcessorTimes {
-public:
-    explicit ProcessorTimes(SystemPowerProfile profile) : m_profile(std::move(profile)) {}
-
+struct ProcessorTimes {
     SystemTimesSample Now(const Clock& clock, const MachineCourse* course);
 
-private:
-    SystemPowerProfile m_profile;
-    std::size_t m_nextSample = 0;
+    const SystemPowerProfile profile;
+    std::size_t nextSample = 0;
 };
 
 } // namespace machine

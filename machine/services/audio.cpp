@@ -9,17 +9,12 @@ namespace {
 
 constexpr HResult NoSuchElement = static_cast<HResult>(0x80070490); // ERROR_NOT_FOUND
 
-template <class Object, class Pointer>
-bool Is(machine::Machine& machine, Pointer pointer) {
-    return machine.handles.Find<Object>(pointer) != nullptr;
-}
-
 } // namespace
 
 HResult GetDefaultAudioEndpoint(DeviceEnumerator devices, std::int32_t dataFlow, std::int32_t role,
                                 AudioDevice& device) {
     const auto machine = machine::Current();
-    if (!Is<machine::DeviceEnumeratorObject>(*machine, devices)) {
+    if (machine->handles.Find<machine::DeviceEnumeratorObject>(devices) == nullptr) {
         return hresult::Pointer;
     }
     if (dataFlow != audio::FlowRender || role != audio::RoleConsole || !machine->profile.audio.present) {
@@ -31,7 +26,7 @@ HResult GetDefaultAudioEndpoint(DeviceEnumerator devices, std::int32_t dataFlow,
 
 HResult Activate(AudioDevice device, const Guid& interfaceId, std::uint32_t, EndpointVolume& volume) {
     const auto machine = machine::Current();
-    if (!Is<machine::AudioDeviceObject>(*machine, device)) {
+    if (machine->handles.Find<machine::AudioDeviceObject>(device) == nullptr) {
         return hresult::Pointer;
     }
     if (interfaceId != IidEndpointVolume) {
@@ -43,7 +38,7 @@ HResult Activate(AudioDevice device, const Guid& interfaceId, std::uint32_t, End
 
 HResult GetMasterVolumeLevelScalar(EndpointVolume volume, float& level) {
     const auto machine = machine::Current();
-    if (!Is<machine::EndpointVolumeObject>(*machine, volume)) {
+    if (machine->handles.Find<machine::EndpointVolumeObject>(volume) == nullptr) {
         return hresult::Pointer;
     }
     level = machine->profile.audio.volume;
@@ -52,7 +47,7 @@ HResult GetMasterVolumeLevelScalar(EndpointVolume volume, float& level) {
 
 HResult GetMute(EndpointVolume volume, bool& muted) {
     const auto machine = machine::Current();
-    if (!Is<machine::EndpointVolumeObject>(*machine, volume)) {
+    if (machine->handles.Find<machine::EndpointVolumeObject>(volume) == nullptr) {
         return hresult::Pointer;
     }
     muted = machine->profile.audio.muted;

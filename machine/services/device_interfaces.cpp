@@ -20,10 +20,6 @@ struct OpenDeviceInfoSet {
     std::size_t interfaces;
 };
 
-const OpenDeviceInfoSet* Find(machine::Machine& machine, DeviceInfoSet set) {
-    return machine.handles.Find<OpenDeviceInfoSet>(set);
-}
-
 } // namespace
 
 DeviceInfoSet SetupDiGetClassDevsW(const Guid& interfaceClass, std::uint32_t flags) {
@@ -39,7 +35,7 @@ DeviceInfoSet SetupDiGetClassDevsW(const Guid& interfaceClass, std::uint32_t fla
 bool SetupDiEnumDeviceInterfaces(DeviceInfoSet set, const Guid& interfaceClass, std::uint32_t index,
                                  DeviceInterfaceData& data) {
     const auto machine = machine::Current();
-    const OpenDeviceInfoSet* const open = Find(*machine, set);
+    const OpenDeviceInfoSet* const open = machine->handles.Find<OpenDeviceInfoSet>(set);
     if (open == nullptr) {
         return machine::Succeed(error::InvalidHandle);
     }
@@ -56,7 +52,7 @@ bool SetupDiGetDeviceInterfaceDetailW(DeviceInfoSet set, const DeviceInterfaceDa
     constexpr std::size_t PathAt = 4;
     constexpr SystemError BadBuffer = 1784; // ERROR_INVALID_USER_BUFFER
     const auto machine = machine::Current();
-    if (Find(*machine, set) == nullptr) {
+    if (machine->handles.Find<OpenDeviceInfoSet>(set) == nullptr) {
         return machine::Succeed(error::InvalidHandle);
     }
     const std::u16string path = BatteryDevice::PathOf(data.reserved);

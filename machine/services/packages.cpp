@@ -36,7 +36,7 @@ SystemError GetPackagesByPackageFamily(const char16_t* familyName, std::uint32_t
                                        const char16_t** fullNames, std::uint32_t& bufferLength,
                                        char16_t* buffer) {
     const auto machine = machine::Current();
-    if (!machine->packages.Supported()) {
+    if (!machine->profile.packages.supported) {
         count = 0;
         bufferLength = 0;
         return error::ProcedureNotFound;
@@ -62,7 +62,7 @@ SystemError GetPackagesByPackageFamily(const char16_t* familyName, std::uint32_t
 
 SystemError GetPackagePathByFullName(const char16_t* fullName, std::uint32_t& pathLength, char16_t* path) {
     const auto machine = machine::Current();
-    if (!machine->packages.Supported()) {
+    if (!machine->profile.packages.supported) {
         pathLength = 0;
         return error::ProcedureNotFound;
     }

@@ -3,6 +3,8 @@
 #include "machine/models/ec/ec_generation.h"
 #include "machine/models/ec/ec_units.h"
 
+#include <algorithm>
+
 namespace machine {
 namespace {
 
@@ -14,21 +16,11 @@ constexpr std::uint16_t NoAcknowledge = 0xFFFF;
 } // namespace
 
 EcBatteryBus::EcBatteryBus(const EcProfile& profile) : m_battery(profile.battery) {
-    switch (GenerationOf(profile)) {
-    case Generation::Legacy:
-    case Generation::Windowed:
-        m_engine = Engine::First;
-        break;
-    case Generation::Relocated:
-        m_engine = Engine::Second;
-        break;
-    case Generation::Banked:
-        // The chip decides. Later chips have neither engine.
-        m_engine = profile.chipId == 0 ? Engine::First : profile.chipId == 1 ? Engine::Second : Engine::None;
-        break;
-    case Generation::None:
-        break;
-    }
+    // Of the banked firmware the chip decides. Later chips have neither engine.
+    constexpr Engine OfChips[] = {Engine::First, Engine::Second, Engine::None};
+    const Engine ofChip = OfChips[std::min<std::size_t>(profile.chipId, 2)];
+    const Engine engines[] = {Engine::None, Engine::First, ofChip, Engine::First, Engine::Second};
+    m_engine = engines[static_cast<std::size_t>(GenerationOf(profile))];
 }
 
 void EcBatteryBus::Latch(std::uint8_t batteryRegister) {
@@ -38,7 +30,7 @@ void EcBatteryBus::Latch(std::uint8_t batteryRegister) {
     if (batteryRegister == ManufactureDate) {
         m_word = PackedDate(m_battery.manufactured);
     } else if (batteryRegister >= LastCell && batteryRegister <= FirstCell) {
-        m_word = Millivolts(m_battery.cellVolts[FirstCell - batteryRegister]);
+        m_word = Thousandths(m_battery.cellVolts[FirstCell - batteryRegister]);
     } else {
         m_word = NoAcknowledge;
     }

@@ -7,7 +7,7 @@
 
 namespace machine {
 
-/// The firmware generations; the table of registers has a column for each, in this order. A chip without one answers for
+/// The firmware generations, in the order in which the tables have them. A chip without one answers for
 /// its identity and tablet mode only.
 enum class Generation : std::uint8_t { None, Legacy, Banked, Windowed, Relocated };
 

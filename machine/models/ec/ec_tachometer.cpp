@@ -15,22 +15,13 @@ struct FanLine {
 
 constexpr FanLine FanLines[] = {{0x20, 0x80}, {0x10, 0x40}, {0x04, 0x08}};
 
-std::size_t TachometerFans(Generation generation) {
-    switch (generation) {
-    case Generation::Windowed:
-        return 3;
-    case Generation::Legacy:
-    case Generation::Relocated:
-        return 2;
-    default:
-        return 0;
-    }
-}
+// By generation: none, legacy, banked, windowed, relocated.
+constexpr std::size_t TachometerFans[] = {0, 2, 0, 3, 2};
 
 } // namespace
 
 EcTachometer::EcTachometer(const EcProfile& profile) : m_fans(profile.fans) {
-    m_fans.resize(TachometerFans(GenerationOf(profile)));
+    m_fans.resize(TachometerFans[static_cast<std::size_t>(GenerationOf(profile))]);
 }
 
 void EcTachometer::Measure(const EcProfile& profile) {

@@ -53,12 +53,8 @@ std::uint16_t TachometerCount(std::uint32_t rpm) {
     return static_cast<std::uint16_t>(std::min(ticks, Slowest));
 }
 
-std::uint16_t Millivolts(double volts) {
-    return Rounded(volts * 1000);
-}
-
-std::uint16_t Milliamperes(double amperes) {
-    return Rounded(amperes * 1000);
+std::uint16_t Thousandths(double number) {
+    return Rounded(number * 1000);
 }
 
 std::uint16_t Decikelvin(double degrees) {

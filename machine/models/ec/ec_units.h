@@ -17,9 +17,8 @@ std::uint8_t ThermistorCount(Thermistor part, std::uint8_t degrees);
 /// slow to be counted.
 std::uint16_t TachometerCount(std::uint32_t rpm);
 
-std::uint16_t Millivolts(double volts);
-/// Two's complement.
-std::uint16_t Milliamperes(double amperes);
+/// Millivolts; milliamperes in two's complement.
+std::uint16_t Thousandths(double number);
 /// Tenths of a kelvin, as smart batteries report temperatures.
 std::uint16_t Decikelvin(double degrees);
 

@@ -51,23 +51,13 @@ EcAnswer EmbeddedController::CarryOut(std::uint8_t command, std::span<const std:
     if (const EcFault* const fault = FaultOf(command); fault != nullptr) {
         return {fault->status, fault->byte};
     }
-    switch (command) {
-    case CommandIdentityRead:
-        if (data.size() != 1) {
-            return {ec_status::BadData};
-        }
-        return {0, IdentityRegister(data[0])};
-    case CommandModeQuery:
-        if (data.size() != 2 || data[0] != ModeTablet || data[1] != 0) {
-            return {ec_status::BadData};
-        }
-        return {0, m_profile.tabletMode};
-    default:
-        return CarryOutOfGeneration(command, data);
+    if (command == CommandIdentityRead) {
+        return data.size() == 1 ? EcAnswer{0, IdentityRegister(data[0])} : EcAnswer{ec_status::BadData};
     }
-}
-
-EcAnswer EmbeddedController::CarryOutOfGeneration(std::uint8_t command, std::span<const std::uint8_t> data) {
+    if (command == CommandModeQuery) {
+        const bool asksForTablet = data.size() == 2 && data[0] == ModeTablet && data[1] == 0;
+        return asksForTablet ? EcAnswer{0, m_profile.tabletMode} : EcAnswer{ec_status::BadData};
+    }
     if (const auto answer = m_tachometer.CarryOut(command, data)) {
         return *answer;
     }

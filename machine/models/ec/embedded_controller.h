@@ -25,7 +25,6 @@ public:
     EcAnswer CarryOut(std::uint8_t command, std::span<const std::uint8_t> data);
 
 private:
-    EcAnswer CarryOutOfGeneration(std::uint8_t command, std::span<const std::uint8_t> data);
     [[nodiscard]] std::uint8_t IdentityRegister(std::uint8_t number) const;
     const EcFault* FaultOf(std::uint8_t command);
 

@@ -1,7 +1,5 @@
 #include "machine/models/ec/io_driver.h"
 
-#include "machine/models/device_words.h"
-
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -25,10 +23,6 @@ constexpr std::uint32_t RequestPackagePower = DriverRequest(0x7C);
 constexpr std::size_t StatusAt = 12; // of an EC request
 
 constexpr std::uint32_t OpenedAlready = 32;
-
-constexpr ControlAnswer Refusal(platform::SystemError error) {
-    return {error, {}};
-}
 
 /// The vendor string in CPUID leaf 0: EBX, EDX, ECX.
 CpuIdLeaf VendorLeaf(const std::string& vendor) {
@@ -83,13 +77,13 @@ ControlAnswer IoDriver::Control(std::uint32_t code, std::span<const std::byte> i
     case RequestPackagePower:
         return Words({m_processor.packagePower, 0});
     default:
-        return Refusal(1); // ERROR_INVALID_FUNCTION
+        return {1}; // ERROR_INVALID_FUNCTION
     }
 }
 
 ControlAnswer IoDriver::CpuId(std::span<const std::byte> in) const {
     if (in.size() != 21 || in[20] != std::byte{0x15}) {
-        return Refusal(platform::error::InvalidParameter);
+        return {platform::error::InvalidParameter};
     }
     const auto found = m_processor.leaves.find(WordAt(in, 0));
     const CpuIdLeaf leaf = found == m_processor.leaves.end() ? CpuIdLeaf{} : found->second;
@@ -98,7 +92,7 @@ ControlAnswer IoDriver::CpuId(std::span<const std::byte> in) const {
 
 ControlAnswer IoDriver::PowerLimits(std::span<const std::byte> in) const {
     if (in.size() != 12) {
-        return Refusal(platform::error::InvalidParameter);
+        return {platform::error::InvalidParameter};
     }
     return Words({WordAt(in, 0), m_processor.powerLimit1, m_processor.powerLimit2});
 }
@@ -109,11 +103,11 @@ ControlAnswer IoDriver::EcExchange(std::span<const std::byte> in) {
     constexpr std::size_t ReadFlagAt = 10;
     constexpr std::size_t ResultAt = 11;
     if (in.size() != 16) {
-        return Refusal(platform::error::InvalidParameter);
+        return {platform::error::InvalidParameter};
     }
     const auto count = std::to_integer<std::size_t>(in[CountAt]);
     if (count > ReadFlagAt - DataAt) {
-        return Refusal(platform::error::InvalidParameter);
+        return {platform::error::InvalidParameter};
     }
     std::array<std::uint8_t, ReadFlagAt - DataAt> data{};
     std::memcpy(data.data(), in.data() + DataAt, count);

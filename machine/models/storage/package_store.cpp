@@ -22,7 +22,7 @@ const Value& Found(const std::map<std::u16string, Value>& map, const std::u16str
 
 } // namespace
 
-PackageStore::PackageStore(const PackagesProfile& profile) : m_supported(profile.supported) {
+PackageStore::PackageStore(const PackagesProfile& profile) {
     for (const PackageProfile& package : profile.all) {
         if (!package.installed) {
             continue;

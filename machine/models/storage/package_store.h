@@ -13,8 +13,6 @@ class PackageStore {
 public:
     explicit PackageStore(const PackagesProfile& profile);
 
-    [[nodiscard]] bool Supported() const { return m_supported; }
-
     /// In the order in which they were installed.
     [[nodiscard]] const std::vector<const PackageProfile*>& Family(const std::u16string& name) const;
 
@@ -25,7 +23,6 @@ public:
     [[nodiscard]] const PackageProfile* ManifestAt(const std::u16string& path) const;
 
 private:
-    bool m_supported;
     std::map<std::u16string, std::vector<const PackageProfile*>> m_families; // by folded name
     std::map<std::u16string, const PackageProfile*> m_packages;              // by folded full name
     std::map<std::u16string, const PackageProfile*> m_manifests;             // by folded path

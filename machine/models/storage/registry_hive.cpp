@@ -52,12 +52,9 @@ RegistryHive::RegistryHive(const Store& store, const RegistryProfile& profile)
     for (const std::u16string& path : profile.readOnly) {
         m_readOnly.push_back(Folded(path));
     }
-    if (store.IsNew()) {
-        Seed(profile);
+    if (!store.IsNew()) {
+        return;
     }
-}
-
-void RegistryHive::Seed(const RegistryProfile& profile) {
     for (const std::u16string& key : profile.keys) {
         KeyAt(key);
     }
@@ -100,13 +97,10 @@ std::int64_t RegistryHive::Create(std::int64_t root, std::u16string_view path) {
 
 bool RegistryHive::IsReadOnly(std::u16string_view path) const {
     const std::u16string folded = Folded(path);
-    for (const std::u16string& closed : m_readOnly) {
-        if (folded.starts_with(closed) &&
-            (folded.size() == closed.size() || folded[closed.size()] == u'\\')) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(m_readOnly, [&](const std::u16string& closed) {
+        return folded.starts_with(closed) &&
+               (folded.size() == closed.size() || folded[closed.size()] == u'\\');
+    });
 }
 
 std::u16string RegistryHive::PathOf(std::int64_t key) {
@@ -157,26 +151,18 @@ void RegistryHive::Remove(std::int64_t key) {
     whole.Commit();
 }
 
-std::vector<std::u16string> RegistryHive::SubkeyNames(std::int64_t key) {
-    std::vector<std::u16string> names;
+void RegistryHive::Refresh(std::int64_t key, Listing& listing) {
+    const auto foreign = m_foreignChanges.First([](const Statement& row) { return row.Number(0); });
+    const std::uint64_t state = static_cast<std::uint64_t>(*foreign) << 32 | (m_changes & 0xFFFFFFFF);
+    if (listing.state == state) {
+        return;
+    }
+    listing.names.clear();
     m_children.With(key);
     while (m_children.Step()) {
-        names.push_back(m_children.Text(0));
+        listing.names.push_back(m_children.Text(0));
     }
-    return names;
-}
-
-std::uint64_t RegistryHive::KeyState() {
-    const auto foreign = m_foreignChanges.First([](const Statement& row) { return row.Number(0); });
-    return static_cast<std::uint64_t>(*foreign) << 32 | (m_changes & 0xFFFFFFFF);
-}
-
-void RegistryHive::Refresh(std::int64_t key, Listing& listing) {
-    const std::uint64_t state = KeyState();
-    if (listing.state != state) {
-        listing.names = SubkeyNames(key);
-        listing.state = state;
-    }
+    listing.state = state;
 }
 
 } // namespace machine

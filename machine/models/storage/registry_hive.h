@@ -46,13 +46,11 @@ public:
     /// Removes a key with everything below it.
     void Remove(std::int64_t key);
 
-    std::vector<std::u16string> SubkeyNames(std::int64_t key);
-
     /// A key's subkeys at one moment. An enumeration by index caches one, so that its cost is proportional to the
     /// number of subkeys.
     struct Listing {
         std::vector<std::u16string> names;
-        std::optional<std::uint64_t> state; // none: never read
+        std::optional<std::uint64_t> state; // differs whenever the keys may differ; none: never read
     };
 
     /// Reads the listing again if this process or another has changed keys since: an enumeration by index sees what
@@ -60,14 +58,10 @@ public:
     void Refresh(std::int64_t key, Listing& listing);
 
 private:
-    void Seed(const RegistryProfile& profile);
     std::optional<std::int64_t> Child(std::int64_t parent, std::u16string_view name);
     std::int64_t KeyAt(std::u16string_view pathWithHive);
     void Write(std::int64_t key, std::u16string_view name, std::uint32_t type,
                std::span<const std::byte> data);
-
-    /// A number that differs whenever the keys may differ.
-    std::uint64_t KeyState();
 
     const Store& m_store;
     std::uint64_t m_changes = 0;

@@ -33,8 +33,7 @@ protected:
     }
 
     static std::uint32_t HealthOfFirmware() {
-        return TheMachine()->firmwareFeatures.SettingOf(
-            TheMachine()->firmwareFeatures.Profile().batteryHealth);
+        return TheMachine()->firmwareFeatures.SettingOf(TheMachine()->profile.firmwareFeatures.batteryHealth);
     }
 
     /// How many files are in the settings files' directory.

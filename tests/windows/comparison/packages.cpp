@@ -3,7 +3,6 @@
 #include "shims.h"
 
 #include "machine/machine.h"
-#include "machine/models/storage/package_store.h"
 #include "platform/device_nodes.h"
 
 namespace comparison {
@@ -57,7 +56,7 @@ DWORD WINAPI Property(DWORD node, ULONG property, PULONG type, PVOID value, PULO
 } // namespace
 
 void PutUpPackages(test::ImportPatch& patch) {
-    const bool supported = machine::Current()->packages.Supported();
+    const bool supported = machine::Current()->profile.packages.supported;
     patch.ReplaceRoutine("GetPackagesByPackageFamily", supported ? &PackagesByFamily : nullptr);
     patch.ReplaceRoutine("GetPackagePathByFullName", supported ? &PathByFullName : nullptr);
     patch.Replace("SHLoadIndirectString", &LoadIndirectString);
