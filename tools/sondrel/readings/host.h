@@ -14,7 +14,9 @@ namespace tool {
 struct HostOptions {
     /// The library's file; empty for the one of this kit or build.
     std::string library;
-    /// Simulated machine: a built-in one or a profile, and the file that stores its state.
+    /// Where the library has two forms, the observed one.
+    Library::Form form = Library::Form::Usual;
+    /// Simulated machine: a built-in one or a profile, and the file that stores its state. Or a recording.
     std::optional<std::string> machine;
     std::optional<std::string> store;
     /// Simulated machine: debug and event lines on standard error.

@@ -1,0 +1,29 @@
+// The command lines of record and replay.
+#include "commands/commands.h"
+#include "commands/options.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tool {
+
+void AddRecordingCommands(CLI::App& app, Options& options) {
+    CLI::App* const record =
+        app.add_subcommand("record", "Write what the library asks of this machine, and gets");
+    record->add_option("NAME", options.names, "The exports (every reading)");
+    record->add_option("--output,-o", options.output, "The new recording (sondrel.rec); it must not exist")
+        ->type_name("FILE");
+    record->callback([&options] { options.run = Record; });
+
+    CLI::App* const replay =
+        app.add_subcommand("replay", "Call what was recorded again, and list what differs");
+    replay->add_option("FILE", options.files, "The recording")->required()->expected(1)->type_name("");
+    replay->add_flag("--check", options.steady, "List all differences, which is what it does");
+    replay->add_option("--part", options.part, "Only this process of the recording, from 1")->type_name("N");
+    replay->callback([&options] { options.run = ReplayRecording; });
+
+    for (CLI::App* const command : {record, replay}) {
+        command->fallthrough();
+    }
+}
+
+} // namespace tool
