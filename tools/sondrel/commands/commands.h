@@ -14,6 +14,7 @@ int PrintMetrics(const Options& options);
 int Watch(const Options& options);
 int TraceExport(const Options& options);
 int Record(const Options& options);
+int RedactRecording(const Options& options);
 int ReplayRecording(const Options& options);
 
 } // namespace tool

@@ -43,13 +43,17 @@ struct Options {
     std::string output;
     /// `replay`: only this process of the recording, from 1; 0 for each in a process of its own.
     std::size_t part = 0;
+    /// `replay`: what exports return does not count.
+    bool callsOnly = false;
+    /// `record`: with everything in it.
+    bool raw = false;
     /// `machine new`: the machine to start from, if not a family's.
     std::string from;
 };
 
 /// `snapshot`, `diff` and `metrics`.
 void AddComparingCommands(CLI::App& app, Options& options);
-/// `record` and `replay`.
+/// `record`, `redact` and `replay`.
 void AddRecordingCommands(CLI::App& app, Options& options);
 /// `machine`.
 void AddMachineCommands(CLI::App& app, Options& options);

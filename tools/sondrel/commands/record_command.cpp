@@ -1,10 +1,12 @@
-// sondrel record [NAME...]
+// sondrel record [NAME...], sondrel redact RAW
 #include "base/child.h"
 #include "base/error.h"
 #include "base/input_file.h"
 #include "base/text.h"
 #include "commands/commands.h"
+#include "recordings/redaction.h"
 #include "recordings/replay.h"
+#include "recordings/temporary_file.h"
 #include "terminal/interrupt.h"
 #include "terminal/progress.h"
 
@@ -13,8 +15,6 @@
 
 namespace tool {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// A reading that takes longer is given up, and is in the recording as far as it came.
 constexpr std::chrono::seconds LongestReading{120};
@@ -56,45 +56,10 @@ std::vector<std::string> CallOf(const Export& row, const Library& library, const
     return line;
 }
 
-/// A file that is removed at the end.
-class PartFile {
-public:
-    explicit PartFile(fs::path file) : m_file(std::move(file)) { Remove(); }
-
-    PartFile(const PartFile&) = delete;
-    PartFile& operator=(const PartFile&) = delete;
-
-    ~PartFile() { Remove(); }
-
-    [[nodiscard]] std::string Name() const { return Utf8Of(m_file); }
-
-    /// What is complete of it; the file is removed.
-    std::string Take() {
-        std::error_code problem;
-        std::string text = fs::exists(m_file, problem) ? ReadFile(Name()) : std::string();
-        text.resize(text.rfind('\n') + 1);
-        Remove();
-        return text;
-    }
-
-private:
-    void Remove() const {
-        std::error_code ignored;
-        fs::remove(m_file, ignored);
-    }
-
-    const fs::path m_file;
-};
-
-} // namespace
-
-int Record(const Options& options) {
-    const std::vector<const Export*> rows = RowsOf(options.names);
-    const Library library(options.host.library, Library::Form::Observed);
-    RequireObserved(library);
-    const std::string file = options.output.empty() ? "sondrel.rec" : options.output;
+void RecordAll(const std::vector<const Export*>& rows, const std::string& file, const Library& library,
+               const Options& options) {
     NewRecordingFile recording(file);
-    PartFile part(fs::absolute(PathOf(file + ".part")));
+    TemporaryFile part(file + ".part");
     Progress progress;
     for (const Export* const row : rows) {
         interrupt::Check();
@@ -103,7 +68,7 @@ int Record(const Options& options) {
             host_system::RunOneself(CallOf(*row, library, options), {{"VESK_RECORD", part.Name()}},
                                     host_system::ChildOutput::Dropped, LongestReading);
         progress.Clear();
-        const std::string text = part.Take();
+        const std::string text = part.TakeLines();
         if (!status) {
             std::cerr << "sondrel: " << row->name
                       << " crashed or did not end; the recording shows how far it came\n";
@@ -113,8 +78,72 @@ int Record(const Options& options) {
         }
         recording.Append(text);
     }
-    std::cerr << "sondrel: " << OnOneLine(file)
-              << " holds serial numbers, addresses and names of this machine\n";
+}
+
+/// Replays the redacted calls to compute the results anew. That they replay proves that the library still reads them.
+void Redact(const std::string& raw, const std::string& file, const Library& library) {
+    const auto recording = LoadRecording(raw);
+    const std::string redacted = RedactedCalls(ReadFile(raw));
+    const TemporaryFile draft(file + ".draft");
+    NewRecordingFile(draft.Name()).Append(redacted);
+    TemporaryFile part(file + ".part");
+    std::string replayed;
+    Progress progress;
+    for (std::size_t number = 1; number <= recording->Parts(); ++number) {
+        interrupt::Check();
+        progress.Begin("replaying part " + std::to_string(number));
+        const std::optional<int> status = host_system::RunOneself(
+            {"replay", "--calls", "--part", std::to_string(number), "--library", Utf8Of(library.File()), "--",
+             draft.Name()},
+            {{"VESK_RECORD", part.Name()}}, host_system::ChildOutput::Shared, LongestReading);
+        progress.Clear();
+        if (status != ExitOk) {
+            throw Error(OnOneLine(raw) + " cannot be redacted: without what was removed it does not replay");
+        }
+        replayed += part.TakeLines();
+    }
+    NewRecordingFile(file).Append(WithResultsOf(redacted, replayed));
+}
+
+/// Before the work that would be lost.
+void RequireNew(const std::string& file) {
+    std::error_code problem;
+    if (std::filesystem::exists(PathOf(file), problem)) {
+        throw Error(OnOneLine(file) + " exists");
+    }
+}
+
+} // namespace
+
+int Record(const Options& options) {
+    const std::vector<const Export*> rows = RowsOf(options.names);
+    const Library library(options.host.library, Library::Form::Observed);
+    RequireObserved(library);
+    const std::string file = options.output.empty() ? "sondrel.rec" : options.output;
+    RequireNew(file);
+    const std::string raw = options.raw ? file : file + ".raw";
+    RecordAll(rows, raw, library, options);
+    if (options.raw) {
+        std::cerr << "sondrel: " << OnOneLine(file)
+                  << " holds serial numbers, addresses and names of this machine\n";
+        return ExitOk;
+    }
+    try {
+        Redact(raw, file, library);
+    } catch (const Error& problem) {
+        throw Error(std::string(problem.what()) + "; the recording with everything in it is " +
+                    OnOneLine(raw));
+    }
+    std::error_code ignored;
+    std::filesystem::remove(PathOf(raw), ignored);
+    return ExitOk;
+}
+
+int RedactRecording(const Options& options) {
+    const Library library(options.host.library, Library::Form::Observed);
+    RequireObserved(library);
+    RequireNew(options.output);
+    Redact(options.files.front(), options.output, library);
     return ExitOk;
 }
 

@@ -1,4 +1,4 @@
-// The command lines of record and replay.
+// The command lines of record, replay and redact.
 #include "commands/commands.h"
 #include "commands/options.h"
 
@@ -12,6 +12,7 @@ void AddRecordingCommands(CLI::App& app, Options& options) {
     record->add_option("NAME", options.names, "The exports (every reading)");
     record->add_option("--output,-o", options.output, "The new recording (sondrel.rec); it must not exist")
         ->type_name("FILE");
+    record->add_flag("--no-redact", options.raw, "With serial numbers, addresses and names in it");
     record->callback([&options] { options.run = Record; });
 
     CLI::App* const replay =
@@ -21,7 +22,17 @@ void AddRecordingCommands(CLI::App& app, Options& options) {
     replay->add_option("--part", options.part, "Only this process of the recording, from 1")->type_name("N");
     replay->callback([&options] { options.run = ReplayRecording; });
 
-    for (CLI::App* const command : {record, replay}) {
+    replay->add_flag("--calls", options.callsOnly, "Leave out what exports return");
+
+    CLI::App* const redact =
+        app.add_subcommand("redact", "Replace in a recording what a machine or a person is known by");
+    redact->add_option("RAW", options.files, "The recording")->required()->expected(1)->type_name("");
+    redact->add_option("--output,-o", options.output, "The new recording; it must not exist")
+        ->required()
+        ->type_name("FILE");
+    redact->callback([&options] { options.run = RedactRecording; });
+
+    for (CLI::App* const command : {record, replay, redact}) {
         command->fallthrough();
     }
 }

@@ -44,6 +44,7 @@ Host::Host(const HostOptions& options)
             throw Error("--store is for the simulated machine; a recording stores nothing");
         }
         machineName = *options.machine;
+        recorded = true;
         StartReplay(library, machineName, 0, PrintDifference, nullptr);
         return;
     }

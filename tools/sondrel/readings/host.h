@@ -31,6 +31,12 @@ struct Host {
     /// Nothing if the library reads the real machine.
     std::optional<SimulatedMachine> machine;
     std::string machineName;
+    bool recorded = false;
+
+    /// To follow the machine's name; empty for the real one.
+    [[nodiscard]] const char* MachineKind() const {
+        return recorded ? " (recorded)" : machine ? " (simulated)" : "";
+    }
 };
 
 /// Throws Error with the nearest name for one that the library does not have.
