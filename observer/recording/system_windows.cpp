@@ -22,12 +22,49 @@ std::string Narrow(std::wstring_view text) {
     return unicode::Utf8FromWide(std::u16string(text.begin(), text.end()));
 }
 
-/// The owner alone, whatever the folder would allow.
+/// Of the account that this process works as.
+struct Account {
+    TOKEN_USER user;
+    BYTE identifier[SECURITY_MAX_SID_SIZE];
+};
+
+bool ReadAccount(HANDLE token, Account& account) {
+    DWORD size = 0;
+    return ::GetTokenInformation(token, TokenUser, &account, sizeof account, &size) != 0;
+}
+
+class ProcessToken {
+public:
+    ProcessToken() { ::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &m_token); }
+
+    ProcessToken(const ProcessToken&) = delete;
+    ProcessToken& operator=(const ProcessToken&) = delete;
+
+    ~ProcessToken() {
+        if (m_token != nullptr) {
+            ::CloseHandle(m_token);
+        }
+    }
+
+    [[nodiscard]] HANDLE Get() const { return m_token; }
+
+private:
+    HANDLE m_token = nullptr;
+};
+
+/// This account alone, whatever the folder would allow.
 class PrivateSecurity {
 public:
     PrivateSecurity() {
-        ::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;OW)", SDDL_REVISION_1,
-                                                               &m_attributes.lpSecurityDescriptor, nullptr);
+        Account account{};
+        wchar_t* identifier = nullptr;
+        if (ReadAccount(ProcessToken().Get(), account) &&
+            ::ConvertSidToStringSidW(account.user.User.Sid, &identifier) != 0) {
+            const std::wstring list = L"D:P(A;;FA;;;" + std::wstring(identifier) + L")";
+            ::LocalFree(identifier);
+            ::ConvertStringSecurityDescriptorToSecurityDescriptorW(
+                list.c_str(), SDDL_REVISION_1, &m_attributes.lpSecurityDescriptor, nullptr);
+        }
     }
 
     PrivateSecurity(const PrivateSecurity&) = delete;
@@ -47,21 +84,16 @@ HANDLE FileOf(std::intptr_t file) {
     return reinterpret_cast<HANDLE>(file);
 }
 
-/// What kind of account a token is of.
 std::string KindOfUser(HANDLE token, bool elevated) {
-    struct {
-        TOKEN_USER user;
-        BYTE identifier[SECURITY_MAX_SID_SIZE];
-    } owner;
-    DWORD size = 0;
-    if (::GetTokenInformation(token, TokenUser, &owner, sizeof owner, &size) == 0) {
+    Account account{};
+    if (!ReadAccount(token, account)) {
         return "user";
     }
-    if (::IsWellKnownSid(owner.user.User.Sid, WinLocalSystemSid) != 0) {
+    if (::IsWellKnownSid(account.user.User.Sid, WinLocalSystemSid) != 0) {
         return "system";
     }
-    const bool service = ::IsWellKnownSid(owner.user.User.Sid, WinLocalServiceSid) != 0 ||
-                         ::IsWellKnownSid(owner.user.User.Sid, WinNetworkServiceSid) != 0;
+    const bool service = ::IsWellKnownSid(account.user.User.Sid, WinLocalServiceSid) != 0 ||
+                         ::IsWellKnownSid(account.user.User.Sid, WinNetworkServiceSid) != 0;
     return service ? "service" : elevated ? "administrator" : "user";
 }
 
@@ -133,17 +165,13 @@ Host CurrentHost() {
     DWORD session = 0;
     ::ProcessIdToSessionId(::GetCurrentProcessId(), &session);
     host.session = session;
-    HANDLE token = nullptr;
-    if (::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &token) == 0) {
-        host.user = "user";
-        return host;
-    }
+    const ProcessToken token;
     TOKEN_ELEVATION elevation{};
     DWORD size = 0;
-    host.elevated = ::GetTokenInformation(token, TokenElevation, &elevation, sizeof elevation, &size) != 0 &&
-                    elevation.TokenIsElevated != 0;
-    host.user = KindOfUser(token, host.elevated);
-    ::CloseHandle(token);
+    host.elevated =
+        ::GetTokenInformation(token.Get(), TokenElevation, &elevation, sizeof elevation, &size) != 0 &&
+        elevation.TokenIsElevated != 0;
+    host.user = KindOfUser(token.Get(), host.elevated);
     return host;
 }
 

@@ -15,7 +15,7 @@ time=0
 while [ "$time" -lt "$times" ]; do
     time=$((time + 1))
     rec=$work/$time.rec
-    VESK_RECORD=$rec "$bin/twin" default >/dev/null 2>&1 &
+    VESK_RECORD=$rec "$bin/library_answers" default >/dev/null 2>&1 &
     host=$!
     # Later each time, so that it dies in all of its work.
     sleep "0.$(printf %03d $((time % 100 + 5)))"

@@ -20,9 +20,9 @@ for profile in "$root"/machines/*.json "$root"/tests/comparison/machines/*.json;
     name=${profile##*/}
     name=${name%.json}
     rec=$work/$name.rec
-    VESK_RECORD=$rec "$bin/twin" "$profile" >"$work/recorded.json" 2>"$work/said"
+    VESK_RECORD=$rec "$bin/library_answers" "$profile" >"$work/recorded.json" 2>"$work/said"
     # Another machine is named: what it would answer must not be seen.
-    VESK_MACHINE=$rec "$bin/twin" "$profile" >"$work/replayed.json" 2>"$work/differences"
+    VESK_MACHINE=$rec "$bin/library_answers" "$profile" >"$work/replayed.json" 2>"$work/differences"
     cmp "$work/recorded.json" "$work/replayed.json" || fail "$name: the replay answers otherwise"
     cmp "$work/said" "$work/differences" || fail "$name: $(cat "$work/differences")"
     "$bin/sondrel" replay --check "$rec" || fail "$name: its replay differs"
