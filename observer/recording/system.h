@@ -13,10 +13,15 @@ namespace observer::system {
 std::string Environment(const char* name);
 
 /// A new file, readable by its owner only, for this process alone to write. Every write reaches the operating system
-/// before it returns, so that nothing is lost with the process. It stays open until the process ends.
+/// before it returns, so that nothing is lost with the process.
 class NewFile {
 public:
-    /// False where it cannot be made, and where a file of this name exists; the reason is in `Problem`.
+    NewFile() = default;
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile();
+
+    /// False where it cannot be made, and where a file of this name exists; `LastProblem` says why.
     bool Create(const std::string& path);
 
     /// False after a failure.

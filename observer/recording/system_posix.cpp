@@ -17,6 +17,12 @@ std::string Environment(const char* name) {
     return value == nullptr ? "" : value;
 }
 
+NewFile::~NewFile() {
+    if (m_file >= 0) {
+        close(static_cast<int>(m_file));
+    }
+}
+
 bool NewFile::Create(const std::string& path) {
     m_file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
     return m_file >= 0;

@@ -106,6 +106,12 @@ std::string Environment(const char* name) {
     return Narrow(value);
 }
 
+NewFile::~NewFile() {
+    if (FileOf(m_file) != INVALID_HANDLE_VALUE) {
+        ::CloseHandle(FileOf(m_file));
+    }
+}
+
 bool NewFile::Create(const std::string& path) {
     PrivateSecurity security;
     if (!security.IsValid()) {

@@ -33,6 +33,14 @@ for profile in "$root"/machines/*.json "$root"/tests/comparison/machines/*.json;
 done
 [ "$count" -ge 20 ] || fail "only $count machines were recorded"
 
+# What was recorded of the real DLL is still what this library asks, and reads in the same way.
+kept=0
+for rec in "$root"/recordings/*.rec; do
+    "$bin/sondrel" replay --check "$rec" || fail "$rec: the library asks or answers otherwise"
+    kept=$((kept + 1))
+done
+[ "$kept" -ge 5 ] || fail "only $kept recordings of $root/recordings were replayed"
+
 # The answers come from the file, not from the machine that the host names.
 for name in ar gl; do
     "$bin/sondrel" --machine "$name" --store :memory: call EC_ReadEcFwRev >"$work/$name"

@@ -134,8 +134,10 @@ int Record(const Options& options) {
         throw Error(std::string(problem.what()) + "; the recording with everything in it is " +
                     OnOneLine(raw));
     }
-    std::error_code ignored;
-    std::filesystem::remove(PathOf(raw), ignored);
+    std::error_code problem;
+    if (!std::filesystem::remove(PathOf(raw), problem)) {
+        throw Error(OnOneLine(raw) + " cannot be removed, and has everything in it");
+    }
     return ExitOk;
 }
 
