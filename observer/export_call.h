@@ -134,7 +134,7 @@ private:
     std::uint64_t m_number;
     std::uint32_t m_handles = 0;
     ExportCall* m_outer;
-    std::unique_ptr<ExportNotes> m_notes; // null where nobody wants any
+    std::unique_ptr<ExportNotes> m_notes; // null where none are wanted
 };
 
 } // namespace observer

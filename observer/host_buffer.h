@@ -34,7 +34,7 @@ private:
     bool m_written = true;
 };
 
-/// ASCII as a string; anything else as bytes, since its encoding is the machine's affair.
+/// ASCII as a string; anything else as bytes, since the machine decides its encoding.
 Value NarrowValue(std::string_view text);
 
 } // namespace observer

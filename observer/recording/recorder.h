@@ -8,8 +8,8 @@
 
 namespace observer {
 
-/// One line for the beginning of each call, before the operating system is asked, and one for its end. A line is handed
-/// to the operating system at once. What cannot be noted for lack of memory is missing; the next line that can be
+/// One line for the beginning of each call, before the operating system is asked, and one for its end. A line is passed
+/// to the operating system immediately. What cannot be noted for lack of memory is missing; the next line that can be
 /// written is marked as incomplete, and so are records that lack a part.
 class Recorder final : public Sink {
 public:

@@ -68,12 +68,13 @@ const RecordedExport* Replay::Next(const char* exportName, const Structure& argu
             return recorded;
         }
     }
-    Tell({Difference::Kind::Call, exportName, 0,
-          "the recording has no call of it" + std::string(arguments.empty() ? "" : " with these arguments")});
+    PassOn(
+        {Difference::Kind::Call, exportName, 0,
+         "the recording has no call of it" + std::string(arguments.empty() ? "" : " with these arguments")});
     return nullptr;
 }
 
-void Replay::Tell(const Difference& difference) {
+void Replay::PassOn(const Difference& difference) {
     const std::lock_guard lock(m_lock);
     if (m_report) {
         m_report(difference);
@@ -167,8 +168,8 @@ void ReplayedExport::Returned(const ExportRecord& record) {
     }
     if (m_next < m_recorded->calls.size()) {
         const RecordedCall& next = m_recorded->calls[m_next];
-        m_replay->Tell({Difference::Kind::NotAsked, m_exportName, next.line,
-                        "not asked: " + PrintedInputs(next.operation, next.inputs)});
+        m_replay->PassOn({Difference::Kind::NotAsked, m_exportName, next.line,
+                          "not asked: " + PrintedInputs(next.operation, next.inputs)});
     }
     std::vector<Answer> answers{{"result", &m_recorded->result, &record.result}};
     for (const Field& buffer : record.buffers) {
@@ -176,16 +177,16 @@ void ReplayedExport::Returned(const ExportRecord& record) {
     }
     for (const auto& [name, recorded, now] : answers) {
         if (recorded == nullptr || !(*recorded == *now)) {
-            m_replay->Tell({Difference::Kind::Answer, m_exportName, m_recorded->returnLine,
-                            std::string(name) + " is " + Printed(*now) + "; recorded is " +
-                                (recorded == nullptr ? "nothing" : Printed(*recorded))});
+            m_replay->PassOn({Difference::Kind::Answer, m_exportName, m_recorded->returnLine,
+                              std::string(name) + " is " + Printed(*now) + "; recorded is " +
+                                  (recorded == nullptr ? "nothing" : Printed(*recorded))});
         }
     }
 }
 
 void ReplayedExport::Refuse(std::size_t line, std::string problem) {
     m_refused = true;
-    m_replay->Tell({Difference::Kind::Call, m_exportName, line, std::move(problem)});
+    m_replay->PassOn({Difference::Kind::Call, m_exportName, line, std::move(problem)});
 }
 
 std::string ReplayedExport::Asked(const Record& asked) const {

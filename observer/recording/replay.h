@@ -47,7 +47,7 @@ public:
     const RecordedExport* Next(const char* exportName, const Structure& arguments);
 
     /// One at a time.
-    void Tell(const Difference& difference);
+    void PassOn(const Difference& difference);
 
     /// The latest export call before this one, in its process, that made this boundary call; null where there is none.
     [[nodiscard]] const RecordedExport* EarlierWith(const RecordedExport& recorded,

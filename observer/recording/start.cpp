@@ -50,7 +50,7 @@ bool StartRecording(const std::string& path, std::string& problem) {
         problem = file + ": " + problem;
         return false;
     }
-    AddSink(*recorder.release()); // until the process ends: nobody knows which call is its last
+    AddSink(*recorder.release()); // until the process ends: no call is known to be its last
     return true;
 }
 

@@ -50,7 +50,7 @@ Host CurrentHost();
 /// "linux, gcc 12.2.0": the system and the compiler that this library was built for.
 std::string Build();
 
-/// One line for whoever looks after this host.
+/// One line for the administrator of this host.
 void Complain(const std::string& line) noexcept;
 
 } // namespace observer::system

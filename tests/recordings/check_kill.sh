@@ -24,9 +24,9 @@ while [ "$time" -lt "$times" ]; do
     [ -f "$rec" ] || continue
     begun=$((begun + 1))
     status=0
-    "$bin/sondrel" diff "$rec" "$rec" >"$work/told" 2>&1 || status=$?
+    "$bin/sondrel" diff "$rec" "$rec" >"$work/output" 2>&1 || status=$?
     [ "$status" -eq 0 ] || {
-        echo "killed for the ${time}th time, it cannot be read: $(cat "$work/told")" >&2
+        echo "killed for the ${time}th time, it cannot be read: $(cat "$work/output")" >&2
         exit 1
     }
     lines=$(wc -l <"$rec")

@@ -1,6 +1,6 @@
 #!/bin/sh
-# What a host records is what it gets again: every machine of machines/, and the comparison's own, told by one program to
-# the library and by its recording.
+# What a host records is what it gets again: every machine of machines/, and the comparison's own, read by one program from
+# the library and from its recording.
 #
 #   check_recordings.sh ROOT BUILD_DIRECTORY
 set -eu
@@ -34,12 +34,12 @@ done
 [ "$count" -ge 20 ] || fail "only $count machines were recorded"
 
 # What was recorded of the real DLL is still what this library asks, and reads in the same way.
-kept=0
+replayed=0
 for rec in "$root"/recordings/*.rec; do
     "$bin/sondrel" replay --check "$rec" || fail "$rec: the library asks or answers otherwise"
-    kept=$((kept + 1))
+    replayed=$((replayed + 1))
 done
-[ "$kept" -ge 5 ] || fail "only $kept recordings of $root/recordings were replayed"
+[ "$replayed" -ge 5 ] || fail "only $replayed recordings of $root/recordings were replayed"
 
 # The answers come from the file, not from the machine that the host names.
 for name in ar gl; do

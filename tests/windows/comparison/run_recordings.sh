@@ -1,6 +1,6 @@
 #!/bin/sh
 # What the real DLL was asked under Wine, replayed by the native library: each machine is recorded by the observed DLL
-# and told again from the recording. Runs within run_under_wine.sh.
+# and read again from the recording. Runs within run_under_wine.sh.
 #
 #   run_recordings.sh WINDOWS_BUILD_DIRECTORY NATIVE_BUILD_DIRECTORY [PROFILE...]
 set -eu

@@ -41,7 +41,7 @@ struct Options {
     bool steady = false;
     /// Where the output goes; empty for standard output.
     std::string output;
-    /// `replay`: only this process of the recording, from 1; 0 for each in a process of its own.
+    /// `replay`: only this process of the recording, from 1; 0 for each in a separate process.
     std::size_t part = 0;
     /// `replay`: what exports return does not count.
     bool callsOnly = false;

@@ -80,7 +80,7 @@ void RecordAll(const std::vector<const Export*>& rows, const std::string& file, 
     }
 }
 
-/// Replays the redacted calls to compute the results anew. That they replay proves that the library still reads them.
+/// Replays the redacted calls to compute the results again. That they replay proves that the library still reads them.
 void Redact(const std::string& raw, const std::string& file, const Library& library) {
     const auto recording = LoadRecording(raw);
     const std::string redacted = RedactedCalls(ReadFile(raw));

@@ -28,7 +28,7 @@ Library::Form FormFor(const HostOptions& options) {
     return IsReplay(options) ? Library::Form::Observed : options.form;
 }
 
-/// What the library asks for beyond the recording is seen at once; the answers may be cached ones.
+/// What the library asks for beyond the recording is seen immediately; the answers may be cached ones.
 void PrintDifference(void*, const VeskObserver_Difference* difference) {
     if (difference->kind == VESK_OBSERVER_CALL_DIFFERS) {
         std::cerr << "sondrel: " << TextOf(*difference) << '\n';

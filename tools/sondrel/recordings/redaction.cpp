@@ -25,7 +25,7 @@ using observer::Operation;
 using observer::Structure;
 using observer::Value;
 
-/// How a value that identifies somebody is taken, and what is done with it.
+/// How an identifying value is taken, and what is done with it.
 enum class Take : std::uint8_t {
     Text,      // the string is replaced wherever it appears
     Account,   // "Domain\user", each of the two
@@ -43,7 +43,7 @@ struct Source {
     Take take;
 };
 
-/// Where each kind is. What has a form of its own (addresses, SIDs, paths below a profile) is found everywhere, and what
+/// Where each kind is. What is known by its form (addresses, SIDs, paths below a profile) is found everywhere, and what
 /// is found here is replaced everywhere, also in what the EC returns byte by byte.
 constexpr Source Sources[] = {
     {Operation::Get, true, "value", u"SerialNumber", Secret::Serial, Take::Text},
@@ -120,7 +120,7 @@ struct EcByte {
     std::byte value;
 };
 
-/// A pass over the lines: the first one collects, the last one writes.
+/// All lines are read several times: the first one collects, the last one writes.
 class Pass {
 public:
     enum class Purpose : std::uint8_t { Collect, ReadEc, Write };

@@ -6,7 +6,7 @@
 namespace tool {
 
 /// The whole text of a recording with everything of that kind replaced in its headers, inputs and outputs, and marked as
-/// redacted. Results and buffers of exports are left as they are: they have to be computed anew. Throws
+/// redacted. Results and buffers of exports are left as they are: they have to be computed again. Throws
 /// observer::RecordingError.
 std::string RedactedCalls(const std::string& text);
 

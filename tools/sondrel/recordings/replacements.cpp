@@ -17,7 +17,7 @@ constexpr std::size_t LongEnough = 6;
 constexpr std::u16string_view Fillers = u"SAHNUCDPTO";
 static_assert(Fillers.size() == static_cast<std::size_t>(Secret::Count));
 
-/// What makers write where there is nothing: it identifies nobody, and is part of too much else.
+/// What makers write where there is nothing: it identifies no machine, and is part of too much else.
 constexpr std::u16string_view Placeholders[] = {u"none",
                                                 u"unknown",
                                                 u"default string",

@@ -1,4 +1,4 @@
-// What stands in a redacted recording for what a person or a machine could be recognised by.
+// What a redacted recording has in place of what a person or a machine could be recognised by.
 #pragma once
 
 #include "observer/value.h"
@@ -25,7 +25,7 @@ enum class Secret : std::uint8_t {
     Count
 };
 
-/// Replaces what it has been told, and what it recognises by its form: MAC and IP addresses, SIDs, paths below a user's
+/// Replaces what it was given, and what it recognises by its form: MAC and IP addresses, SIDs, paths below a user's
 /// profile. A replacement has the length and the alphabet of what it replaces and is numbered within its kind by first
 /// appearance, so that nothing can be computed back and two recordings of one machine compare.
 class Replacements {
