@@ -11,7 +11,7 @@ namespace observer {
 namespace {
 
 [[noreturn]] void Fail(std::size_t line, const std::string& problem) {
-    throw RecordingError("line " + std::to_string(line) + ": " + problem);
+    throw RecordingError(std::string("line ").append(std::to_string(line)).append(": ").append(problem));
 }
 
 /// Adds line by line to the export calls.
@@ -39,7 +39,8 @@ public:
         } else if (kind == line_kind::End) {
             AddEnd(fields, number);
         } else {
-            Fail(line, "there are no lines of the kind \"" + std::string(kind.substr(0, 40)) + '"');
+            Fail(line,
+                 std::string("there are no lines of the kind \"").append(kind.substr(0, 40)).append("\""));
         }
     }
 
@@ -57,7 +58,7 @@ private:
                 return std::move(*held);
             }
         }
-        Fail(m_line, "\"" + std::string(name.substr(0, 40)) + "\" is missing or of another type");
+        Fail(m_line, std::string("\"").append(name.substr(0, 40)).append("\" is missing or of another type"));
     }
 
     std::int64_t NumberIn(Structure& fields, std::string_view name) const {
@@ -114,7 +115,7 @@ private:
         const auto* const row =
             std::ranges::find(OperationTable, std::string_view(name), &OperationRow::name);
         if (row == std::end(OperationTable)) {
-            Fail(m_line, "there is no operation \"" + name.substr(0, 40) + '"');
+            Fail(m_line, std::string("there is no operation \"").append(name, 0, 40).append("\""));
         }
         const std::int64_t exportNumber = NumberIn(fields, "of");
         if (row->reports || exportNumber == 0) {
@@ -230,7 +231,7 @@ void Recording::Read(std::size_t onlyPart) {
         Fail(1, "this is no recording: it does not begin with a header");
     }
     if (onlyPart > m_parts) {
-        throw RecordingError("there is no part " + std::to_string(onlyPart));
+        throw RecordingError(std::string("there is no part ").append(std::to_string(onlyPart)));
     }
 }
 
