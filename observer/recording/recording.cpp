@@ -215,8 +215,8 @@ void Recording::Read(std::size_t onlyPart) {
             }
             const auto* const version = std::get_if<Number>(&fields->front().value.held);
             if (version == nullptr || version->value != RecordingVersion) {
-                Fail(number,
-                     "the recording has another format than version " + std::to_string(RecordingVersion));
+                Fail(number, std::string("the recording has another format than version ")
+                                 .append(std::to_string(RecordingVersion)));
             }
             assembly.BeginPart(m_parts);
             if (m_header.empty() || onlyPart == m_parts) {

@@ -32,7 +32,7 @@ std::uintptr_t Predefined(std::string_view name) {
 }
 
 std::string Line(std::size_t line) {
-    return "line " + std::to_string(line);
+    return std::string("line ").append(std::to_string(line));
 }
 
 /// What a call returned in one export call.
