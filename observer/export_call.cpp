@@ -1,7 +1,7 @@
 #include "observer/export_call.h"
 
+#include "observer/buffers/host_buffer.h"
 #include "observer/delivery.h"
-#include "observer/host_buffer.h"
 #include "observer/recording/replay.h"
 #include "observer/recording/start.h"
 

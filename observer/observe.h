@@ -3,7 +3,7 @@
 
 #include "observer/arguments.h"
 #include "observer/back_end.h"
-#include "observer/buffers.h"
+#include "observer/buffers/out_buffers.h"
 #include "observer/recording/recording.h"
 
 #include <array>

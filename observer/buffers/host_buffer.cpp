@@ -1,4 +1,4 @@
-#include "observer/host_buffer.h"
+#include "observer/buffers/host_buffer.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "observer/buffers.h"
+#include "observer/buffers/out_buffers.h"
 
 #include <algorithm>
 
