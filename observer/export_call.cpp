@@ -57,6 +57,7 @@ Value InputValue(const ExportArgument& argument) {
 ExportCall::ExportCall(std::size_t place, const char* name,
                        std::span<const ExportArgument> arguments) noexcept
     : m_place(place), m_name(name), m_arguments(arguments), m_number(++ExportCalls), m_outer(CurrentCall) {
+    const BelowBoundary here;
     StartAsTheEnvironmentAsks();
     CurrentCall = this;
     if (HasSinks() || IsReplaying()) {
@@ -98,6 +99,7 @@ void ExportCall::Note() {
 }
 
 ExportCall::~ExportCall() {
+    const BelowBoundary here;
     if (m_notes != nullptr) {
         for (HostBuffer& buffer : m_notes->buffers) {
             buffer.Restore();
@@ -144,6 +146,7 @@ void ExportCall::NoteResult(double result) noexcept {
 }
 
 void ExportCall::NoteResult(const std::string& result) noexcept {
+    const BelowBoundary here;
     try {
         m_notes->record.result = NarrowValue(result);
     } catch (...) {

@@ -2,6 +2,7 @@
 
 #include "observer/back_end.h"
 #include "observer/call.h"
+#include "observer/delivery.h"
 #include "observer/export_call.h"
 #include "observer/lock.h"
 #include "observer/recording/replay.h"
@@ -285,6 +286,14 @@ platform::SystemError LastErrorOfThread() noexcept {
 
 void SetLastErrorOfThread(platform::SystemError error) noexcept {
     ThreadsLastError = error;
+}
+
+BelowBoundary::BelowBoundary() noexcept {
+    ++Below;
+}
+
+BelowBoundary::~BelowBoundary() {
+    --Below;
 }
 
 AboveBoundary::AboveBoundary() noexcept : m_below(Below) {
