@@ -21,6 +21,8 @@ namespace observer {
 
 template <class Owner, class T>
 struct Member {
+    constexpr Member(std::string_view itsName, T Owner::*itsPlace) : name(itsName), at(itsPlace) {}
+
     std::string_view name;
     T Owner::*at;
 };
