@@ -4,10 +4,12 @@
 #include "observer/recording/json.h"
 #include "observer/recording/recording.h"
 #include "observer/recording/replay.h"
+#include "platform/product_key.h"
 #include "unicode/utf.h"
 
 #include <chrono>
 #include <cstdio>
+#include <optional>
 
 namespace observer {
 namespace {
@@ -36,11 +38,20 @@ std::string Now() {
     return text;
 }
 
-/// The system that the library reads: natively the simulated one, in a replay the recorded one.
+/// What the header of the recording that is replayed has; nothing where none is.
+std::optional<Value> Replayed(std::string_view name) {
+    const auto replay = CurrentReplay();
+    if (replay == nullptr) {
+        return std::nullopt;
+    }
+    const Value* const recorded = Find(replay->TheRecording().Header(), name);
+    return recorded == nullptr ? Value{} : *recorded;
+}
+
+/// The system that the library reads: natively the simulated one.
 Value ReadSystem() {
-    if (const auto replay = CurrentReplay(); replay != nullptr) {
-        const Value* const recorded = Find(replay->TheRecording().Header(), "windows");
-        return recorded == nullptr ? Value{} : *recorded;
+    if (std::optional<Value> replayed = Replayed("windows")) {
+        return *std::move(replayed);
     }
     platform::OsVersion version{.infoSize = platform::OsVersionInfoExSize};
     if (!platform::back_end::RtlGetVersion(version)) {
@@ -50,12 +61,32 @@ Value ReadSystem() {
                 std::to_string(version.build));
 }
 
+/// Where the library finds the EC's identity, as the core looks for it.
+Value ReadIdentity() {
+    namespace system = platform::back_end;
+    if (std::optional<Value> replayed = Replayed("identity")) {
+        return *std::move(replayed);
+    }
+    platform::Key key = platform::Key::None;
+    if (system::RegOpenKeyExW(platform::Key::LocalMachine, platform::ProductKey, platform::access::KeyRead,
+                              key) != platform::error::Success) {
+        return Text("ec");
+    }
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    const bool cached = system::RegQueryValueExW(key, platform::EcRevisionValue, type, nullptr, size) ==
+                        platform::error::Success;
+    system::RegCloseKey(key);
+    return Text(cached ? "registry" : "ec");
+}
+
 Value Header() {
     const system::Host host = system::CurrentHost();
     return {Structure{{line_kind::Header, Whole(RecordingVersion)},
                       {"library", Text(VESK_VERSION)},
                       {"build", Text(system::Build())},
                       {"windows", ReadSystem()},
+                      {"identity", ReadIdentity()},
                       {"user", Text(host.user)},
                       {"elevated", {host.elevated}},
                       {"session", Whole(host.session)},
