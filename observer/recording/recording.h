@@ -17,6 +17,9 @@ namespace observer {
 /// Of the file's form: a reader of another one would misunderstand it.
 inline constexpr std::int64_t RecordingVersion = 1;
 
+/// In bytes. A larger file is not read.
+inline constexpr std::size_t LargestRecording = 256 << 20;
+
 /// The names of a line's first field say what the line is.
 namespace line_kind {
 inline constexpr std::string_view Header = "vesk_recording";

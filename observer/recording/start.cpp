@@ -7,8 +7,6 @@
 namespace observer {
 namespace {
 
-constexpr std::size_t LargestRecording = 256 << 20;
-
 constexpr const char* EmptyRecording = "{\"vesk_recording\":1}\n";
 
 std::string WithProcess(std::string path) {
@@ -59,6 +57,10 @@ void StartReplay(const std::string& path, std::size_t onlyPart, Replay::Report r
     std::optional<std::string> text = system::Content(path, LargestRecording, problem);
     if (!text) {
         throw RecordingError(path + ": " + problem);
+    }
+    if (text->starts_with("\x1F\x8B")) {
+        throw RecordingError(path +
+                             ": it is compressed, and this library reads lines: sondrel expand makes them");
     }
     try {
         SetReplay(std::make_shared<Replay>(std::move(*text), onlyPart, std::move(report)));

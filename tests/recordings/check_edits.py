@@ -2,8 +2,9 @@
 """What a replay says of a recording that was changed: check_edits.py SONDREL RECORDING
 
 One call removed, or swapped with the next one that differs: a difference at that line. One answer changed: exactly the
-readings that depend on it. Cut at any byte, or one byte changed: an exit status, never a crash.
+readings that depend on it. Cut at any byte, or one byte changed: an exit status, never a crash. The same of a compressed one.
 """
+import gzip
 import json
 import pathlib
 import random
@@ -98,6 +99,16 @@ class Case:
             self.faults.append(f"changed answers for the fans change {changed}")
         return text
 
+    def compress(self, text):
+        """Damaged in any place, cut, or too large: one error line."""
+        good = gzip.compress(text)
+        if self.replay(good).returncode != 0:
+            self.faults.append("a compressed recording is not replayed")
+        bomb = gzip.compress(text + b" " * (257 << 20))
+        for bad in (good[:-1], good[: len(good) // 2], good[:3], good + b"x", good[:-6] + b"123456", bomb):
+            if self.replay(bad).returncode != 2:
+                self.faults.append(f"{len(bad)} bytes that are no compressed recording are accepted")
+
     def cut_and_spoil(self, text):
         chance = random.Random(15)
         for _ in range(60):
@@ -124,6 +135,7 @@ def main():
         case = Case(sys.argv[1], sys.argv[2], folder)
         text = case.change_an_answer()
         case.remove_and_swap("Thermal_Read_Fan")
+        case.compress(b"".join(case.lines))
         case.cut_and_spoil(text)
     print("\n".join(case.faults), file=sys.stderr)
     return 1 if case.faults else 0

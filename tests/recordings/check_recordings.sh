@@ -50,4 +50,14 @@ rm -f "$work/gl.rec"
 "$bin/sondrel" --machine gl --store :memory: record -o "$work/gl.rec" EC_ReadEcFwRev WMIGetSN
 VESK_MACHINE=$work/gl.rec "$bin/sondrel" --machine ar --store :memory: call EC_ReadEcFwRev | cmp - "$work/gl"
 "$bin/sondrel" --machine "$work/gl.rec" call EC_ReadEcFwRev | cmp - "$work/gl"
+
+# Smaller, and still a machine.
+"$bin/sondrel" compress "$work/gl.rec"
+[ "$(wc -c <"$work/gl.rec.gz")" -lt "$(($(wc -c <"$work/gl.rec") / 2))" ] || fail "it is not compressed"
+"$bin/sondrel" --machine "$work/gl.rec.gz" call EC_ReadEcFwRev | cmp - "$work/gl"
+"$bin/sondrel" diff "$work/gl.rec" "$work/gl.rec.gz"
+"$bin/sondrel" expand "$work/gl.rec.gz" -o "$work/again.rec"
+cmp "$work/gl.rec" "$work/again.rec"
+VESK_MACHINE=$work/gl.rec.gz "$bin/sondrel" call EC_ReadEcFwRev 2>&1 | grep -q "sondrel expand" || fail "no way is named"
+grep -q '"identity":"ec"' "$work/gl.rec" || fail "where the EC's identity came from is not in the header"
 echo "$count machines recorded and replayed"

@@ -15,6 +15,8 @@ int Watch(const Options& options);
 int TraceExport(const Options& options);
 int Record(const Options& options);
 int RedactRecording(const Options& options);
+int CompressRecording(const Options& options);
+int ExpandRecording(const Options& options);
 int ReplayRecording(const Options& options);
 
 } // namespace tool

@@ -53,7 +53,7 @@ struct Options {
 
 /// `snapshot`, `diff` and `metrics`.
 void AddComparingCommands(CLI::App& app, Options& options);
-/// `record`, `redact` and `replay`.
+/// `record`, `redact`, `replay`, `compress` and `expand`.
 void AddRecordingCommands(CLI::App& app, Options& options);
 /// `machine`.
 void AddMachineCommands(CLI::App& app, Options& options);

@@ -1,9 +1,9 @@
-// sondrel record [NAME...], sondrel redact RAW
+// sondrel record [NAME...], sondrel redact RAW, sondrel compress FILE, sondrel expand FILE
 #include "base/child.h"
 #include "base/error.h"
-#include "base/input_file.h"
 #include "base/text.h"
 #include "commands/commands.h"
+#include "recordings/compression.h"
 #include "recordings/redaction.h"
 #include "recordings/replay.h"
 #include "recordings/temporary_file.h"
@@ -83,7 +83,7 @@ void RecordAll(const std::vector<const Export*>& rows, const std::string& file, 
 /// Replays the redacted calls to compute the results again. That they replay proves that the library still reads them.
 void Redact(const std::string& raw, const std::string& file, const Library& library) {
     const auto recording = LoadRecording(raw);
-    const std::string redacted = RedactedCalls(ReadFile(raw));
+    const std::string redacted = RedactedCalls(ReadRecording(raw));
     const TemporaryFile draft(file + ".draft");
     NewRecordingFile(draft.Name()).Append(redacted);
     TemporaryFile part(file + ".part");
@@ -107,6 +107,9 @@ void Redact(const std::string& raw, const std::string& file, const Library& libr
 
 /// Before the work that would be lost.
 void RequireNew(const std::string& file) {
+    if (file.ends_with(".gz")) {
+        throw Error(OnOneLine(file) + ": sondrel compress makes these of finished recordings");
+    }
     std::error_code problem;
     if (std::filesystem::exists(PathOf(file), problem)) {
         throw Error(OnOneLine(file) + " exists");
@@ -138,6 +141,25 @@ int Record(const Options& options) {
     if (!std::filesystem::remove(PathOf(raw), problem)) {
         throw Error(OnOneLine(raw) + " cannot be removed, and has everything in it");
     }
+    return ExitOk;
+}
+
+int CompressRecording(const Options& options) {
+    const std::string& file = options.files.front();
+    const std::string text = ReadRecording(file);
+    static_cast<void>(LoadRecording(file)); // what is none is not made to look like one
+    NewRecordingFile(options.output.empty() ? file + ".gz" : options.output).Append(Compressed(text));
+    return ExitOk;
+}
+
+int ExpandRecording(const Options& options) {
+    const std::string& file = options.files.front();
+    if (options.output.empty() && !file.ends_with(".gz")) {
+        throw Error(OnOneLine(file) + " has no .gz to be left out: name the new file (-o FILE)");
+    }
+    const std::string text = ReadRecording(file);
+    static_cast<void>(LoadRecording(file));
+    NewRecordingFile(options.output.empty() ? file.substr(0, file.size() - 3) : options.output).Append(text);
     return ExitOk;
 }
 

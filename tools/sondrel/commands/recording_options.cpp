@@ -1,4 +1,4 @@
-// The command lines of record, replay and redact.
+// The command lines of record, replay, redact, compress and expand.
 #include "commands/commands.h"
 #include "commands/options.h"
 
@@ -32,7 +32,23 @@ void AddRecordingCommands(CLI::App& app, Options& options) {
         ->type_name("FILE");
     redact->callback([&options] { options.run = RedactRecording; });
 
-    for (CLI::App* const command : {record, replay, redact}) {
+    CLI::App* const compress = app.add_subcommand("compress", "Make a finished recording smaller");
+    compress->add_option("FILE", options.files, "The recording")->required()->expected(1)->type_name("");
+    compress->add_option("--output,-o", options.output, "The new file (FILE.gz); it must not exist")
+        ->type_name("FILE");
+    compress->callback([&options] { options.run = CompressRecording; });
+
+    CLI::App* const expand =
+        app.add_subcommand("expand", "Undo that, for hosts that replay it (VESK_MACHINE)");
+    expand->add_option("FILE", options.files, "The compressed recording")
+        ->required()
+        ->expected(1)
+        ->type_name("");
+    expand->add_option("--output,-o", options.output, "The new file (FILE without .gz); it must not exist")
+        ->type_name("FILE");
+    expand->callback([&options] { options.run = ExpandRecording; });
+
+    for (CLI::App* const command : {record, replay, redact, compress, expand}) {
         command->fallthrough();
     }
 }

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "base/input_file.h"
 #include "base/text.h"
+#include "recordings/compression.h"
 #include "unicode/utf.h"
 
 #include <utility>
@@ -34,12 +35,21 @@ struct ArgumentText {
 } // namespace
 
 bool IsRecordingName(std::string_view name) {
-    return name.ends_with(".rec");
+    return name.ends_with(".rec") || name.ends_with(".rec.gz");
+}
+
+std::string ReadRecording(const std::string& file) {
+    std::string content = ReadFile(file);
+    try {
+        return IsCompressed(content) ? Expanded(content, observer::LargestRecording) : std::move(content);
+    } catch (const Error& problem) {
+        throw Error(OnOneLine(file) + ": " + problem.what());
+    }
 }
 
 std::unique_ptr<observer::Recording> LoadRecording(const std::string& file, std::size_t onlyPart) {
     try {
-        return std::make_unique<observer::Recording>(ReadFile(file), onlyPart);
+        return std::make_unique<observer::Recording>(ReadRecording(file), onlyPart);
     } catch (const observer::RecordingError& problem) {
         throw Error(OnOneLine(file) + ": " + OnOneLine(problem.what()));
     }

@@ -12,8 +12,11 @@
 
 namespace tool {
 
-/// Whether --machine names a recording: "NAME.rec".
+/// Whether --machine names a recording: "NAME.rec" or "NAME.rec.gz".
 bool IsRecordingName(std::string_view name);
+
+/// The lines of a recording that may be compressed. Throws Error with the file's name.
+std::string ReadRecording(const std::string& file);
 
 /// Throws Error with the file's name and the line.
 std::unique_ptr<observer::Recording> LoadRecording(const std::string& file, std::size_t onlyPart = 0);
