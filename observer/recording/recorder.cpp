@@ -4,7 +4,7 @@
 #include "observer/recording/json.h"
 #include "observer/recording/recording.h"
 #include "observer/recording/replay.h"
-#include "platform/product_key.h"
+#include "platform/support/product_key.h"
 #include "unicode/utf.h"
 
 #include <chrono>

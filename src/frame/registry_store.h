@@ -1,8 +1,8 @@
 // Four registry operations with one failure convention.
 #pragma once
 
-#include "platform/product_key.h"
 #include "platform/registry.h"
+#include "platform/support/product_key.h"
 
 #include <cstdint>
 #include <string>

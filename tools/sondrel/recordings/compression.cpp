@@ -24,7 +24,7 @@ struct Stream : z_stream {
 
     ~Stream() { end(this); }
 
-    /// Makes room for the next block.
+    /// Begins the next block.
     void Empty() {
         next_out = reinterpret_cast<Bytef*>(block);
         avail_out = sizeof block;

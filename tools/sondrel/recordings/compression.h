@@ -13,7 +13,7 @@ bool IsCompressed(std::string_view content);
 std::string Compressed(std::string_view text);
 
 /// Throws Error, without a file's name, for what is damaged, cut or followed by anything, and for what would be larger
-/// than `largest`: no more than that is ever allocated.
+/// than `largest`, which limits the memory too.
 std::string Expanded(std::string_view compressed, std::size_t largest);
 
 } // namespace tool
