@@ -23,7 +23,9 @@ struct Difference {
             1, // the library asks for something else than was recorded; its export is refused everything further
         Answer = 2,   // the export's result or one of its buffers
         NotAsked = 3, // the library asked for less than was recorded
-    } kind{};
+    };
+
+    Kind kind{};
     const char* exportName = nullptr;
     std::size_t line = 0; // of the recording; 0: none
     std::string text;     // one line, without the former

@@ -33,7 +33,7 @@ struct Stream : z_stream {
     [[nodiscard]] std::string_view Made() const { return {block, sizeof block - avail_out}; }
 
     int (*end)(z_stream*);
-    char block[1 << 16];
+    char block[1 << 16]{};
 };
 
 } // namespace
