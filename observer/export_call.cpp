@@ -52,6 +52,16 @@ Value InputValue(const ExportArgument& argument) {
     }
 }
 
+template <class Make>
+void NoteIn(ExportRecord& record, const Make& make) noexcept {
+    const BelowBoundary here;
+    try {
+        record.result = make();
+    } catch (...) {
+        record.incomplete = true;
+    }
+}
+
 } // namespace
 
 ExportCall::ExportCall(std::size_t place, const char* name,
@@ -134,24 +144,19 @@ ReplayedExport* ExportCall::Replayed() const noexcept {
 }
 
 void ExportCall::NoteResult(std::int64_t result) noexcept {
-    m_notes->record.result.held = observer::Number{result};
+    NoteIn(m_notes->record, [&] { return Value{observer::Number{result}}; });
 }
 
 void ExportCall::NoteResult(float result) noexcept {
-    m_notes->record.result.held = result;
+    NoteIn(m_notes->record, [&] { return Value{result}; });
 }
 
 void ExportCall::NoteResult(double result) noexcept {
-    m_notes->record.result.held = result;
+    NoteIn(m_notes->record, [&] { return Value{result}; });
 }
 
 void ExportCall::NoteResult(const std::string& result) noexcept {
-    const BelowBoundary here;
-    try {
-        m_notes->record.result = NarrowValue(result);
-    } catch (...) {
-        m_notes->record.incomplete = true;
-    }
+    NoteIn(m_notes->record, [&] { return NarrowValue(result); });
 }
 
 } // namespace observer
