@@ -73,6 +73,7 @@ bench:
 	@scripts/bootstrap.sh native
 	@scripts/build.sh native
 	@build/native/bin/sondrel_bench $(ARGS)
+	@build/native/bin/sondrel_recording_bench
 
 kit:
 	@scripts/bootstrap.sh native windows windows-vc bindings

@@ -48,7 +48,7 @@ if(WIN32)
   set(kit_platform ${CPACK_SYSTEM_NAME})
 else()
   set(kit_platform linux-${CMAKE_SYSTEM_PROCESSOR})
-  list(APPEND kit_components system:sqlite3 system:libstdc++)
+  list(APPEND kit_components system:sqlite3 system:zlib system:libstdc++)
 endif()
 set(bill ${package_directory}/sbom.spdx.json)
 add_custom_command(OUTPUT ${bill}

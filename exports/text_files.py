@@ -7,7 +7,7 @@ from description import Description
 NOTICE = "Generated from exports/exports.json by exports/generate.py"
 
 # Commands of the tool that take the name of an export.
-COMMANDS_WITH_EXPORT = ("call", "list", "trace", "watch")
+COMMANDS_WITH_EXPORT = ("call", "list", "record", "trace", "watch")
 
 
 def definition(description: Description) -> str:

@@ -118,6 +118,37 @@ typedef void (*VeskObserver_OpenSink)(void* context, const char* description);
  */
 size_t VeskObserver_ListOpen(VeskObserver_OpenSink sink, void* context);
 
+#define VESK_OBSERVER_CALL_DIFFERS 1u   /**< The library asked for something else than was recorded. */
+#define VESK_OBSERVER_ANSWER_DIFFERS 2u /**< An export returned something else. */
+#define VESK_OBSERVER_NOT_ASKED 3u      /**< The library asked for less than was recorded. */
+
+/** Where an export call in a replay differs from the recorded one. Everything that it points to is gone when the sink
+ *  returns. */
+typedef struct VeskObserver_Difference {
+    size_t size;            /**< Of this structure, in bytes. */
+    uint32_t kind;          /**< One of the kinds above. */
+    const char* exportName; /**< The export that the host called. */
+    uint64_t line;          /**< Of the recording, from 1; 0 where there is none. */
+    const char* text;       /**< What was asked or returned, and what was recorded: one line. */
+} VeskObserver_Difference;
+
+/** Receives each difference when it is found, one at a time, on the thread that called the export. It must not call
+ *  exports. */
+typedef void (*VeskObserver_DifferenceSink)(void* context, const VeskObserver_Difference* difference);
+
+/**
+ * Answers from a recording from now on, in place of the operating system or the simulated machine; nothing of what is
+ * open must be older. An export call is found by its name and arguments, the k-th one by the k-th; the last one repeats.
+ * Within it each boundary call has to match the next recorded one; where one does not, it and all later ones of that
+ * export call are refused. Environment variable VESK_MACHINE does the same from the first export call on, and prints
+ * differences to standard error.
+ *
+ * `part` limits it to one process of the recording, from 1; 0 is all of them. A null `file` ends the replay. Result: 1; 0
+ * where the file is no recording, with the reason in `problem`, cut at `size` bytes. Blocks while the file is read.
+ */
+int32_t VeskObserver_Replay(const char* file, size_t part, VeskObserver_DifferenceSink sink, void* context,
+                            char* problem, size_t size);
+
 /**
  * The operations that are observed: the name of number `index`, from 0, or null beyond the last one. `kinds`, unless
  * null, receives the kinds of failure that the operation has, added together.

@@ -3,6 +3,7 @@
 #include "machine/models/storage/storage.h"
 #include "machine/models/storage/store.h"
 #include "machine/profile/built_in_machines.h"
+#include "observer/recording/replay.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -17,10 +18,16 @@ void Start(Profile profile, const std::string& storePath) {
     Start(std::move(profile), std::move(storage));
 }
 
+/// In a replay only what is traced and logged reaches the machine, and there is nothing for it to save.
+///
 /// If its state has no place, the machine forgets it at the end; if its state cannot be read, whatever is stored fails
 /// instead of being absent. Either is reported once.
 void StartDefault() {
     Profile profile = LoadProfile(std::string(BuiltInMachineTexts().front().name));
+    if (observer::IsReplaying()) {
+        Start(std::move(profile), ":memory:");
+        return;
+    }
     try {
         const std::string path = DefaultStorePath(profile);
         Start(profile, path);

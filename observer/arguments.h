@@ -1,14 +1,13 @@
 // The arguments of a boundary function as its decorator names them: one for each, in their order.
 //
 // Each is passed on to the back end by `Argument`, and noted: an input before the call, since input and output may be
-// the same bytes, an output after it. An output knows the caller's buffer, which limits whatever is written to it.
+// the same bytes, an output after it. In a replay an output is written from the recording instead. The caller's buffers
+// are in buffers.h.
 #pragma once
 
 #include "observer/values.h"
 
-#include <algorithm>
-#include <memory>
-#include <new>
+#include <type_traits>
 
 namespace observer {
 
@@ -29,6 +28,15 @@ public:
 
     bool SayFailed() { return false; } // the answer's own status
 
+    /// Writes what was recorded, if anything was. False where that is no value of this argument, or too large.
+    bool Replay(Call&, const Structure&) { return true; }
+
+    /// Whether a count that the replayed call returned can be that of this buffer.
+    [[nodiscard]] bool Holds(std::int64_t) const { return true; }
+
+    /// The same for a count that is another argument, when all have been replayed.
+    [[nodiscard]] bool IsConsistent() const { return true; }
+
 protected:
     explicit PlainArgument(std::string_view name) : m_name(name) {}
 
@@ -36,6 +44,15 @@ protected:
     void NoteOutput(Call& call, Value value) const;
 
     [[nodiscard]] static bool IsNoted(Call& call) { return call.TheRecord() != nullptr; }
+
+    /// Null where it was not written.
+    [[nodiscard]] const Value* Recorded(const Structure& outputs) const { return Find(outputs, m_name); }
+
+    template <class T>
+    bool Assigned(Call& call, const Structure& outputs, T& value) {
+        const Value* const recorded = Recorded(outputs);
+        return recorded == nullptr || Assign(call, *recorded, value);
+    }
 
 private:
     std::string_view m_name;
@@ -56,18 +73,6 @@ public:
 
 private:
     const T& m_value;
-};
-
-/// Not noted: what it leads to is noted with another argument.
-template <class T>
-class PassedOn : public PlainArgument {
-public:
-    explicit PassedOn(T value) : PlainArgument({}), m_value(value) {}
-
-    [[nodiscard]] T Argument() const { return m_value; }
-
-private:
-    T m_value;
 };
 
 /// A mask or a code.
@@ -141,6 +146,8 @@ public:
 
     void Empty() { m_value = T{}; }
 
+    bool Replay(Call& call, const Structure& outputs) { return this->Assigned(call, outputs, m_value); }
+
 protected:
     T& m_value;
 };
@@ -154,6 +161,38 @@ public:
     void After(Call& call, bool) { Out<T>::After(call, true); }
 
     void Refuse() { this->m_value = T{}; }
+};
+
+/// Nothing that is counted in a recording is larger. What is there said to be larger is refused, before the core
+/// allocates so much or asks so often.
+inline constexpr std::int64_t LargestReplayedCount = 1 << 20;
+
+/// How many there are of something that is asked for next.
+class OutSize : public Out<std::uint32_t> {
+public:
+    using Out::Out;
+
+    bool Replay(Call& call, const Structure& outputs) {
+        return Out::Replay(call, outputs) && m_value <= LargestReplayedCount;
+    }
+};
+
+/// The value of a WMI property, and the type that its VARIANT had.
+class OutWmiValue : public OutAlways<platform::WmiValue> {
+public:
+    using OutAlways::OutAlways;
+
+    void After(Call& call, bool succeeded) {
+        OutAlways::After(call, succeeded);
+        m_type.After(call, succeeded);
+    }
+
+    bool Replay(Call& call, const Structure& outputs) {
+        return OutAlways::Replay(call, outputs) && m_type.Replay(call, outputs);
+    }
+
+private:
+    Out<std::uint16_t> m_type{"vartype", m_value.variantType};
 };
 
 /// How many bytes were written; halved with them.
@@ -190,125 +229,19 @@ public:
 
     void Empty() { m_value = T{}; }
 
-private:
-    T& m_value;
-};
-
-/// A caller's buffer for a string that ends with a zero. Its size is noted where no other argument has it.
-class OutText : public PlainArgument {
-public:
-    OutText(std::string_view name, char16_t* text, std::size_t size)
-        : PlainArgument(name), m_text(text), m_size(text == nullptr ? 0 : size) {}
-
-    [[nodiscard]] char16_t* Argument() const { return m_text; }
-
-    void After(Call& call, bool succeeded) {
-        if (succeeded && m_text != nullptr && IsNoted(call)) {
-            const std::u16string_view text(m_text, m_size);
-            NoteOutput(call, ValueOf(call, text.substr(0, text.find(u'\0'))));
+    bool Replay(Call& call, const Structure& outputs) {
+        const T before = m_value;
+        if (!this->Assigned(call, outputs, m_value)) {
+            return false;
         }
-    }
-
-    void Empty() {
-        if (m_size != 0) {
-            *m_text = u'\0';
+        if constexpr (std::is_integral_v<T>) { // a failed call may leave the caller's
+            return m_value == before || m_value <= LargestReplayedCount;
         }
-    }
-
-protected:
-    char16_t* m_text;
-    std::size_t m_size;
-};
-
-class OutTextSpan : public OutText {
-public:
-    OutTextSpan(std::string_view name, std::span<char16_t> text)
-        : OutText(name, text.data(), text.size()), m_span(text) {}
-
-    [[nodiscard]] std::span<char16_t> Argument() const { return m_span; }
-
-    void Before(Call& call) {
-        if (IsNoted(call)) {
-            NoteInput(call, ValueOf(call, m_span.size()));
-        }
+        return true;
     }
 
 private:
-    std::span<char16_t> m_span;
-};
-
-/// A caller's buffer for strings one after the other. `size` is that of the buffer before the call, and of what was
-/// written after it.
-class OutTexts : public PlainArgument {
-public:
-    OutTexts(std::string_view name, char16_t* texts, const std::uint32_t& size)
-        : PlainArgument(name), m_texts(texts), m_capacity(texts == nullptr ? 0 : size), m_size(size) {}
-
-    [[nodiscard]] char16_t* Argument() const { return m_texts; }
-
-    void After(Call& call, bool succeeded);
-
-private:
-    char16_t* m_texts;
-    std::uint32_t m_capacity;
-    const std::uint32_t& m_size;
-};
-
-/// A caller's buffer for bytes, and the count of those that were written. Where the back end has to be shortened or
-/// its answer's status changed, this is done here.
-class OutBytes : public PlainArgument {
-public:
-    OutBytes(std::string_view name, std::span<std::byte> buffer, const std::uint32_t& written)
-        : PlainArgument(name), m_buffer(buffer), m_passed(buffer), m_written(written) {}
-
-    /// The answer of a control request, which may contain a status.
-    OutBytes(std::string_view name, std::span<std::byte> buffer, const std::uint32_t& written,
-             std::uint32_t controlCode);
-
-    [[nodiscard]] std::span<std::byte> Argument() const { return m_passed; }
-
-    void Before(Call& call) {
-        if (IsNoted(call)) {
-            NoteInput(call, ValueOf(call, m_buffer.size()));
-        }
-    }
-
-    void After(Call& call, bool succeeded) {
-        if (succeeded && IsNoted(call)) {
-            NoteOutput(call, ValueOf(call, std::span<const std::byte>(Written(m_buffer))));
-        }
-    }
-
-    void Shorten(Shortening how);
-    void Halve(Shortening how);
-    bool SayFailed();
-
-private:
-    [[nodiscard]] std::span<std::byte> Written(std::span<std::byte> bytes) const {
-        return bytes.first(std::min<std::size_t>(m_written, bytes.size()));
-    }
-
-    std::span<std::byte> m_buffer; // the caller's
-    std::span<std::byte> m_passed; // to the back end
-    const std::uint32_t& m_written;
-    std::optional<std::size_t> m_status;
-    std::unique_ptr<std::byte[]> m_aside; // in place of the caller's buffer, of which not all may be written
-};
-
-/// The same for a buffer by its address, whose size goes in with the count. Null where only the size is asked for.
-class OutBytesAt : public OutBytes {
-public:
-    OutBytesAt(std::string_view name, std::byte* buffer, const std::uint32_t& size)
-        : OutBytes(name, {buffer, buffer == nullptr ? 0 : size}, size), m_address(buffer) {}
-
-    [[nodiscard]] std::byte* Argument() const { return m_address; }
-
-    void Before(Call&) {} // the size is noted with its own argument
-
-    void After(Call& call, bool succeeded) { OutBytes::After(call, succeeded && m_address != nullptr); }
-
-private:
-    std::byte* m_address;
+    T& m_value;
 };
 
 /// A handle that is written on success, and what it was opened on.
@@ -334,6 +267,8 @@ public:
     }
 
     void Empty() { m_handle = T{}; }
+
+    bool Replay(Call& call, const Structure& outputs) { return this->Assigned(call, outputs, m_handle); }
 
 private:
     T& m_handle;

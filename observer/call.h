@@ -12,6 +12,8 @@
 
 namespace observer {
 
+struct RecordedCall;
+
 /// Counts the call, decides whether it fails, and makes its record where a sink wants one. What it notes needs memory
 /// and may be missing for lack of it; the call itself is made in any case.
 class Call {
@@ -29,6 +31,21 @@ public:
 
     /// The injected failure does not exist for this answer.
     void Withdraw() noexcept;
+
+    /// In a replay the back end is not called, except by what only reports.
+    [[nodiscard]] bool IsReplayed() const { return m_replayed; }
+
+    /// What was recorded for this call; null where it is refused.
+    const RecordedCall* Recorded();
+
+    /// What was recorded is no answer.
+    void CannotAnswer(const RecordedCall& recorded);
+
+    /// A number for a handle of the recording.
+    std::uintptr_t ReplayedHandle(const HandleName& name);
+
+    /// The inputs have been noted.
+    void Began() noexcept;
 
     /// Null where none is wanted.
     [[nodiscard]] Record* TheRecord() { return m_record ? &*m_record : nullptr; }
@@ -59,6 +76,7 @@ private:
     void Lost() noexcept;
 
     bool m_nested;
+    bool m_replayed = false;
     Failure m_injected = Failure::None;
     std::chrono::steady_clock::time_point m_entered;
     bool m_answered = false;

@@ -3,6 +3,7 @@
 
 #include "observer/lock.h"
 #include "observer/observer.h"
+#include "observer/recording/start.h"
 
 #include <algorithm>
 #include <new>
@@ -15,6 +16,9 @@ using namespace observer;
 static_assert(VESK_OBSERVER_REFUSED == Bit(Failure::Refused) &&
               VESK_OBSERVER_SHORT == Bit(Failure::ShortAnswer) &&
               VESK_OBSERVER_EMPTY == Bit(Failure::Nothing) && VESK_OBSERVER_STATUS == Bit(Failure::Status));
+static_assert(VESK_OBSERVER_CALL_DIFFERS == static_cast<unsigned>(Difference::Kind::Call) &&
+              VESK_OBSERVER_ANSWER_DIFFERS == static_cast<unsigned>(Difference::Kind::Answer) &&
+              VESK_OBSERVER_NOT_ASKED == static_cast<unsigned>(Difference::Kind::NotAsked));
 
 /// The one sink that a program sets through this interface.
 class ProgramsSink final : public Sink {
@@ -128,6 +132,32 @@ size_t VeskObserver_ListOpen(VeskObserver_OpenSink sink, void* context) {
         }
         return things.size();
     } catch (const std::bad_alloc&) {
+        return 0;
+    }
+}
+
+int32_t VeskObserver_Replay(const char* file, size_t part, VeskObserver_DifferenceSink sink, void* context,
+                            char* problem, size_t size) {
+    if (file == nullptr) {
+        SetReplay(nullptr);
+        return 1;
+    }
+    const auto pass = [sink, context](const Difference& difference) {
+        const VeskObserver_Difference passed{.size = sizeof passed,
+                                             .kind = static_cast<uint32_t>(difference.kind),
+                                             .exportName = difference.exportName,
+                                             .line = difference.line,
+                                             .text = difference.text.c_str()};
+        sink(context, &passed);
+    };
+    try {
+        StartReplay(file, part, sink == nullptr ? Replay::Report() : pass);
+        return 1;
+    } catch (const std::exception& failure) {
+        if (problem != nullptr && size != 0) {
+            const std::string_view reason(failure.what());
+            *std::ranges::copy(reason.substr(0, size - 1), problem).out = '\0';
+        }
         return 0;
     }
 }

@@ -3,9 +3,12 @@
 
 #include "vesk_sondrel.h"
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
+#include <string>
 
 namespace observer {
 
@@ -77,6 +80,9 @@ private:
     std::size_t m_size = 0;
 };
 
+class ReplayedExport;
+struct ExportNotes;
+
 /// Delimits an export call on its thread. The boundary calls between belong to it, and handles are numbered within it.
 class ExportCall {
 public:
@@ -89,8 +95,17 @@ public:
     /// Passes the result on.
     template <class Result>
     Result Returns(Result result) {
+        if (m_notes != nullptr) {
+            NoteResult(result);
+        }
         return result;
     }
+
+    /// The one that the calling thread is in; null outside.
+    static ExportCall* Current() noexcept;
+
+    /// Null where it is not replayed.
+    [[nodiscard]] ReplayedExport* Replayed() const noexcept;
 
     [[nodiscard]] std::size_t Place() const { return m_place; }
 
@@ -98,18 +113,28 @@ public:
 
     [[nodiscard]] std::span<const ExportArgument> Arguments() const { return m_arguments; }
 
-    /// From 1, in the order in which the exports of a process are called.
+    /// From 1, in the order in which the exports of a process are called; 0 where there was no memory to note one that is
+    /// recorded.
     [[nodiscard]] std::uint64_t Number() const { return m_number; }
 
     [[nodiscard]] std::uint32_t& HandlesNumbered() { return m_handles; }
 
 private:
+    void Note();
+    void NoteResult(std::int64_t result) noexcept;
+    void NoteResult(float result) noexcept;
+    void NoteResult(double result) noexcept;
+    void NoteResult(const std::string& result) noexcept;
+
+    void NoteResult(std::integral auto result) noexcept { NoteResult(static_cast<std::int64_t>(result)); }
+
     std::size_t m_place;
     const char* m_name;
     std::span<const ExportArgument> m_arguments;
     std::uint64_t m_number;
     std::uint32_t m_handles = 0;
     ExportCall* m_outer;
+    std::unique_ptr<ExportNotes> m_notes; // null where none are wanted
 };
 
 } // namespace observer

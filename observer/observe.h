@@ -3,6 +3,8 @@
 
 #include "observer/arguments.h"
 #include "observer/back_end.h"
+#include "observer/buffers/out_buffers.h"
+#include "observer/recording/recording.h"
 
 #include <array>
 #include <type_traits>
@@ -103,19 +105,66 @@ private:
     std::size_t m_first = 10;
 };
 
+/// Makes the call fail without the back end.
+template <class Result, class... Arguments>
+Result Refused(const OperationRow& row, Arguments&... arguments) {
+    (arguments.Refuse(), ...);
+    if (row.lastError != LastError::NotSet) {
+        SetLastErrorOfThread(row.refusal);
+    }
+    return Refusal<Result>(row);
+}
+
+/// Whether the recorded answer was written to the arguments and the result. It is limited by the caller's buffers.
+template <class Result, class... Arguments>
+bool Answered(Call& call, const OperationRow& row, const RecordedCall& recorded, Result& result,
+              Arguments&... arguments) {
+    if (!Assign(call, recorded.result, result) || !(arguments.Replay(call, recorded.outputs) && ...)) {
+        return false;
+    }
+    if constexpr (std::is_integral_v<Result> && !std::is_same_v<Result, bool>) {
+        const auto count = static_cast<std::int64_t>(result);
+        if ((row.returns == Returns::Count && !(arguments.Holds(count) && ...)) ||
+            (row.returnsSize && count > LargestReplayedCount)) {
+            return false;
+        }
+    }
+    return !Succeeded(row, result) || (arguments.IsConsistent() && ...);
+}
+
+/// Answers from the recording.
+template <class Result, class... Arguments>
+Result Replayed(Call& call, const OperationRow& row, Arguments&... arguments) {
+    const RecordedCall* const recorded = call.Recorded();
+    if (recorded == nullptr) {
+        return Refused<Result>(row, arguments...);
+    }
+    if (recorded->outOfMemory) {
+        throw std::bad_alloc();
+    }
+    Result result{};
+    if (!Answered(call, row, *recorded, result, arguments...)) {
+        call.CannotAnswer(*recorded);
+        return Refused<Result>(row, arguments...);
+    }
+    if (recorded->lastError) {
+        SetLastErrorOfThread(*recorded->lastError);
+    }
+    return result;
+}
+
 /// Calls the back end with the arguments, or makes the call fail as it has been asked for.
 template <class Result, class BackEnd, class... Arguments>
 Result Answer(Call& call, const OperationRow& row, const BackEnd& backEnd, Arguments&... arguments) {
     if (call.Injected() == Failure::Refused) {
-        (arguments.Refuse(), ...);
-        if (row.lastError != LastError::NotSet) {
-            SetLastErrorOfThread(row.refusal);
-        }
-        return Refusal<Result>(row);
+        return Refused<Result>(row, arguments...);
     }
     if (call.Injected() == Failure::Nothing) {
         (arguments.Empty(), ...);
         return EmptyResult<Result>(row);
+    }
+    if (call.IsReplayed()) {
+        return Replayed<Result>(call, row, arguments...);
     }
     const bool isShort = call.Injected() == Failure::ShortAnswer;
     if (isShort) {
@@ -148,14 +197,19 @@ auto ObserveOpening(const Opening& opening, const BackEnd& backEnd, Arguments...
         return backEnd(arguments.Argument()...);
     }
     call.Note([&] { (arguments.Before(call), ...); });
+    call.Began();
     if constexpr (std::is_void_v<Result>) {
         static_assert(Row.returns == Returns::Nothing && Row.failures == 0);
         if constexpr (std::is_invocable_v<Opening, Call&>) {
             opening(call);
         }
-        call.Entered();
-        backEnd(arguments.Argument()...);
-        call.Left();
+        if (call.IsReplayed()) {
+            call.Recorded();
+        } else {
+            call.Entered();
+            backEnd(arguments.Argument()...);
+            call.Left();
+        }
         call.Answered(true, false);
     } else {
         static_assert(Row.returns != Returns::Nothing);
@@ -203,10 +257,12 @@ using observer::OutBytes;
 using observer::OutBytesAt;
 using observer::OutCount;
 using observer::OutHandle;
+using observer::OutPlaces;
+using observer::OutSize;
 using observer::OutText;
 using observer::OutTexts;
 using observer::OutTextSpan;
-using observer::PassedOn;
+using observer::OutWmiValue;
 
 } // namespace decorators
 } // namespace observer

@@ -2,8 +2,10 @@
 
 #include "observer/back_end.h"
 #include "observer/call.h"
+#include "observer/delivery.h"
 #include "observer/export_call.h"
 #include "observer/lock.h"
+#include "observer/recording/replay.h"
 
 #include <algorithm>
 #include <atomic>
@@ -22,8 +24,9 @@ struct State {
     std::uint32_t handlesOutside = 0; // numbered outside any export call
 };
 
+/// Never destroyed, as all that calls of the process's end may need.
 State& Shared() {
-    static State Shared;
+    static State& Shared = *new State;
     return Shared;
 }
 
@@ -34,32 +37,25 @@ struct Sinks {
 };
 
 Sinks& TheSinks() {
-    static Sinks Sinks;
+    static Sinks& Sinks = *new struct Sinks;
     return Sinks;
 }
 
-std::atomic<std::uint64_t> ExportCalls = 0;
+std::atomic<std::uint64_t> Calls = 0; // ever
 std::atomic<std::uint32_t> Threads = 0;
 
 thread_local unsigned Below = 0; // boundary calls of this thread that are under way
 thread_local platform::SystemError ThreadsLastError = platform::error::Success;
-thread_local ExportCall* Export = nullptr;
-
-std::uint32_t NumberOfThread() {
-    thread_local const std::uint32_t Number = ++Threads;
-    return Number;
-}
 
 std::uint64_t NumberOfExportCall() {
-    return Export == nullptr ? 0 : Export->Number();
+    const ExportCall* const exportCall = ExportCall::Current();
+    return exportCall == nullptr ? 0 : exportCall->Number();
 }
 
 /// How many handles are numbered so far. With the state's lock held.
 std::uint32_t& HandlesNumbered(State& state) {
-    if (Export != nullptr) {
-        return Export->HandlesNumbered();
-    }
-    return state.handlesOutside;
+    ExportCall* const exportCall = ExportCall::Current();
+    return exportCall == nullptr ? state.handlesOutside : exportCall->HandlesNumbered();
 }
 
 /// With the state's lock held.
@@ -77,12 +73,13 @@ Failure Decide(State& state, const OperationRow& row) {
     return plan.kind;
 }
 
-void Deliver(const Record& record) {
+template <class Event>
+void Deliver(void (Sink::*take)(const Event&), const Event& event) {
     Sinks& sinks = TheSinks();
     const std::lock_guard lock(sinks.lock);
     std::size_t place = 0;
     while (place < sinks.all.size()) { // a sink may remove itself
-        sinks.all[place++]->Ended(record);
+        (sinks.all[place++]->*take)(event);
     }
 }
 
@@ -134,17 +131,24 @@ bool IsBelowBoundary() noexcept {
 }
 
 bool IsInCore() noexcept {
-    return Export != nullptr && Below == 0;
+    return ExportCall::Current() != nullptr && Below == 0;
 }
 
-ExportCall::ExportCall(std::size_t place, const char* name,
-                       std::span<const ExportArgument> arguments) noexcept
-    : m_place(place), m_name(name), m_arguments(arguments), m_number(++ExportCalls), m_outer(Export) {
-    Export = this;
+std::uint32_t NumberOfThread() noexcept {
+    thread_local const std::uint32_t Number = ++Threads;
+    return Number;
 }
 
-ExportCall::~ExportCall() {
-    Export = m_outer;
+bool HasSinks() noexcept {
+    return TheSinks().any;
+}
+
+void DeliverBegan(const ExportRecord& record) {
+    Deliver(&Sink::ExportBegan, record);
+}
+
+void DeliverEnded(const ExportRecord& record) {
+    Deliver(&Sink::ExportEnded, record);
 }
 
 Call::Call(Operation operation) noexcept : m_nested(Below++ != 0) {
@@ -158,13 +162,16 @@ Call::Call(Operation operation) noexcept : m_nested(Below++ != 0) {
         number = ++state.costs.calls;
         m_injected = Decide(state, RowOf(operation));
     }
-    if (TheSinks().any) {
+    const ExportCall* const exportCall = ExportCall::Current();
+    m_replayed = IsReplaying() && !RowOf(operation).reports;
+    if (TheSinks().any || m_replayed) {
         Note([&] {
             m_record.emplace();
             m_record->operation = operation;
-            m_record->exportName = Export == nullptr ? nullptr : Export->Name();
+            m_record->exportName = exportCall == nullptr ? nullptr : exportCall->Name();
             m_record->exportCall = NumberOfExportCall();
             m_record->number = number;
+            m_record->identity = ++Calls;
             m_record->thread = NumberOfThread();
             m_record->start = Clock::now().time_since_epoch();
             m_record->injected = m_injected;
@@ -175,10 +182,34 @@ Call::Call(Operation operation) noexcept : m_nested(Below++ != 0) {
 Call::~Call() {
     if (m_record) {
         m_record->outOfMemory = !m_answered;
-        Note([&] { Deliver(*m_record); });
+        Note([&] { Deliver(&Sink::Ended, *m_record); });
         m_record.reset();
     }
     --Below;
+}
+
+void Call::Began() noexcept {
+    if (m_record) {
+        Note([&] { Deliver(&Sink::Began, *m_record); });
+    }
+}
+
+const RecordedCall* Call::Recorded() {
+    ReplayedExport* const replayed =
+        ExportCall::Current() == nullptr ? nullptr : ExportCall::Current()->Replayed();
+    const RecordedCall* recorded = nullptr;
+    if (replayed != nullptr && m_record && !m_record->incomplete) {
+        Note([&] { recorded = replayed->Match(*m_record); });
+    }
+    return recorded;
+}
+
+void Call::CannotAnswer(const RecordedCall& recorded) {
+    Note([&] { ExportCall::Current()->Replayed()->CannotAnswer(*m_record, recorded); });
+}
+
+std::uintptr_t Call::ReplayedHandle(const HandleName& name) {
+    return ExportCall::Current()->Replayed()->NumberOf(name);
 }
 
 void Call::Withdraw() noexcept {
@@ -195,7 +226,7 @@ void Call::Opened(HandleKind kind, std::uintptr_t handle, std::u16string_view op
     State& state = Shared();
     const std::lock_guard lock(state.lock);
     std::uint32_t& numbered = HandlesNumbered(state);
-    if (state.ledger.Open(kind, handle, openedOn, NumberOfExportCall(), numbered + 1)) {
+    if (state.ledger.Open(kind, handle, openedOn, NumberOfExportCall(), numbered + 1) && !IsReporting(kind)) {
         ++numbered;
     }
 }
@@ -207,8 +238,7 @@ void Call::Closed(HandleKind kind, std::uintptr_t handle) noexcept {
 }
 
 HandleName Call::NameOf(HandleKind kind, std::uintptr_t handle) {
-    if (kind == HandleKind::TraceProvider) {
-        // Unnumbered: whether anything is traced must not change the names of everything else.
+    if (IsReporting(kind)) {
         return {.kind = kind, .platforms = handle};
     }
     State& state = Shared();
@@ -246,6 +276,9 @@ void Call::Answered(bool succeeded, bool setsLastError) noexcept {
 }
 
 void Call::Lost() noexcept {
+    if (m_record) {
+        m_record->incomplete = true;
+    }
     State& state = Shared();
     const std::lock_guard lock(state.lock);
     ++state.costs.recordsLost;
@@ -257,6 +290,14 @@ platform::SystemError LastErrorOfThread() noexcept {
 
 void SetLastErrorOfThread(platform::SystemError error) noexcept {
     ThreadsLastError = error;
+}
+
+BelowBoundary::BelowBoundary() noexcept {
+    ++Below;
+}
+
+BelowBoundary::~BelowBoundary() {
+    --Below;
 }
 
 AboveBoundary::AboveBoundary() noexcept : m_below(Below) {

@@ -4,6 +4,7 @@
 // `platform::back_end`. vesk_sondrel_observer.h is the same for programs that find it in the library's file.
 #pragma once
 
+#include "observer/export_record.h"
 #include "observer/ledger.h"
 #include "observer/record.h"
 
@@ -23,6 +24,15 @@ public:
 
     /// A boundary call has ended. The record is gone when this returns.
     virtual void Ended(const Record& record) = 0;
+
+    /// It begins: there is nothing but inputs yet.
+    virtual void Began(const Record&) {}
+
+    /// The host has called an export: there are only arguments yet.
+    virtual void ExportBegan(const ExportRecord&) {}
+
+    /// It returns.
+    virtual void ExportEnded(const ExportRecord&) {}
 };
 
 /// A sink receives the calls that begin after this. Records are made only while there is a sink.

@@ -52,6 +52,8 @@ struct OperationRow {
     std::uint8_t failures = 0; // which kinds exist, as bits
     Shortening shortening = Shortening::None;
     std::int32_t emptyResult = 0; // of a call that succeeds with nothing
+    bool reports = false;         // it reports what the library does; a replay passes it on
+    bool returnsSize = false;     // the result is the size of what is asked for next
 
     [[nodiscard]] constexpr bool CanFail(Failure failure) const { return (failures & Bit(failure)) != 0; }
 
@@ -72,6 +74,18 @@ struct OperationRow {
     [[nodiscard]] constexpr OperationRow WithStatus() const {
         OperationRow row = *this;
         row.failures |= Bit(Failure::Status);
+        return row;
+    }
+
+    [[nodiscard]] constexpr OperationRow Reporting() const {
+        OperationRow row = *this;
+        row.reports = true;
+        return row;
+    }
+
+    [[nodiscard]] constexpr OperationRow ReturningSize() const {
+        OperationRow row = *this;
+        row.returnsSize = true;
         return row;
     }
 

@@ -1,6 +1,6 @@
 // Every operation of the boundary, once: what it returns, how it can fail, and the code it really fails with.
 //
-// The transcript, the faults and the fault sweep read this table. An operation that cannot fail in any way that its
+// The transcript, the faults, the replay and the fault sweep read this table. An operation that cannot fail in any way that its
 // callers could see has no kind of failure.
 #pragma once
 
@@ -26,12 +26,12 @@
     X(RegQueryInfoKeyW, row::Error(5))                                                                       \
     X(RegCloseKey, row::Void)                                                                                \
     /* diagnostics */                                                                                        \
-    X(EventRegister, row::Error(8))                                                                          \
-    X(EventSetInformation, row::Error(8))                                                                    \
-    X(EventWriteTransfer, row::Error(8))                                                                     \
-    X(RegisterEventSourceW, row::Handle(5))                                                                  \
-    X(ReportEventW, row::Flag(5))                                                                            \
-    X(DeregisterEventSource, row::Void)                                                                      \
+    X(EventRegister, row::Error(8).Reporting())                                                              \
+    X(EventSetInformation, row::Error(8).Reporting())                                                        \
+    X(EventWriteTransfer, row::Error(8).Reporting())                                                         \
+    X(RegisterEventSourceW, row::Handle(5).Reporting())                                                      \
+    X(ReportEventW, row::Flag(5).Reporting())                                                                \
+    X(DeregisterEventSource, row::Void.Reporting())                                                          \
     /* battery device */                                                                                     \
     X(SetupDiGetClassDevsW, row::Handle(8, -1))                                                              \
     X(SetupDiEnumDeviceInterfaces, row::Flag(259))                                                           \
@@ -119,7 +119,7 @@
     X(CM_Get_DevNode_Registry_PropertyW, row::Error(37))                                                     \
     /* windows and processes */                                                                              \
     X(EnumWindows, row::Count(5, 0, LastError::NotSet))                                                      \
-    X(GetWindowTextLengthW, row::Count(1400, 0, LastError::NotSet))                                          \
+    X(GetWindowTextLengthW, row::Count(1400, 0, LastError::NotSet).ReturningSize())                          \
     X(IsWindowEnabled, row::Flag(1400, LastError::NotSet))                                                   \
     X(IsWindow, row::Flag(1400, LastError::NotSet))                                                          \
     X(IsWindowVisible, row::Flag(1400, LastError::NotSet))                                                   \

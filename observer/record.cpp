@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <concepts>
 #include <cstdio>
 #include <span>
 
@@ -40,11 +41,6 @@ constexpr HandleKindRow HandleKinds[] = {
 constexpr std::size_t LongestText = 200;
 constexpr std::size_t MostBytes = 64;
 constexpr std::size_t MostItems = 8;
-
-const Value* Find(const Structure& fields, std::string_view name) {
-    const auto found = std::ranges::find(fields, name, &Field::name);
-    return found == fields.end() ? nullptr : &found->value;
-}
 
 /// Number of digits at least `width`.
 void AppendHex(std::string& line, std::uint64_t number, std::size_t width) {
@@ -125,7 +121,7 @@ struct Printer {
         AppendHex(line, static_cast<std::uint64_t>(number.value), 1);
     }
 
-    void operator()(float number) const {
+    void operator()(std::floating_point auto number) const {
         char text[32]; // the shortest that reads as the same number
         line.append(text, std::to_chars(text, std::end(text), number).ptr);
     }
@@ -195,6 +191,11 @@ const HandleKindRow& RowOf(HandleKind kind) {
     return HandleKinds[static_cast<std::size_t>(kind)];
 }
 
+const Value* Find(const Structure& fields, std::string_view name) {
+    const auto found = std::ranges::find(fields, name, &Field::name);
+    return found == fields.end() ? nullptr : &found->value;
+}
+
 const Value* Record::Input(std::string_view name) const {
     return Find(inputs, name);
 }
@@ -209,11 +210,16 @@ std::string Printed(const Value& value) {
     return text;
 }
 
+std::string PrintedInputs(Operation operation, const Structure& inputs) {
+    std::string line(RowOf(operation).name);
+    Printer{line}.AppendFields(inputs, true);
+    return line;
+}
+
 std::string Printed(const Record& record) {
     const OperationRow& row = RowOf(record.operation);
-    std::string line(row.name);
+    std::string line = PrintedInputs(record.operation, record.inputs);
     const Printer printer{line};
-    printer.AppendFields(record.inputs, true);
     if (record.outOfMemory) {
         return line + " -> out of memory";
     }

@@ -18,6 +18,7 @@ struct Record {
     const char* exportName = nullptr;
     std::uint64_t exportCall = 0; // numbered from 1; 0 outside
     std::uint64_t number = 0;     // of this call, from 1 since the last restart of the counts
+    std::uint64_t identity = 0;   // of this call in its process
     std::uint32_t thread = 0;     // numbered in the order in which threads call
     std::chrono::nanoseconds start{0};
     std::chrono::nanoseconds duration{0}; // of the back end alone
@@ -25,6 +26,7 @@ struct Record {
     Structure outputs;
     Value result; // nothing where the operation returns none
     bool succeeded = true;
+    bool incomplete = false;                // there was no memory to note all of it
     bool outOfMemory = false;               // the back end raised it; there is no result then
     std::optional<std::uint32_t> lastError; // where the operation sets it
     Failure injected = Failure::None;
@@ -36,6 +38,9 @@ struct Record {
 
 /// "RegOpenKeyExW root=HKLM path="SOFTWARE\Vesk" access=0x20019 -> 0 key=key#1": one line, without times.
 std::string Printed(const Record& record);
+
+/// The same without what it returned.
+std::string PrintedInputs(Operation operation, const Structure& inputs);
 
 /// Long strings, byte blocks and lists are cut, and their length is given.
 std::string Printed(const Value& value);

@@ -69,6 +69,12 @@ constexpr bool IsOnlyMet(HandleKind kind) {
     return kind >= HandleKind::Window;
 }
 
+/// Handles of what only reports what the library does. They are not numbered: whether anything is traced or logged
+/// must not change the names of everything else.
+constexpr bool IsReporting(HandleKind kind) {
+    return kind == HandleKind::TraceProvider || kind == HandleKind::EventSource;
+}
+
 /// A handle as a transcript shows it: numbered within the export call that opened it, or by what it was opened on
 /// where it is older than the export call that uses it. Its number in the operating system is never part of it.
 struct HandleName {
@@ -76,7 +82,7 @@ struct HandleName {
     std::uint32_t number = 0;     // from 1; 0: opened by an earlier export call, or unknown
     std::u16string openedOn;      // where `number` is 0
     std::string_view predefined;  // "null", "invalid", "HKLM", "HKCU"; empty otherwise
-    std::uintptr_t platforms = 0; // the operating system's number, for a replay; not printed, not compared
+    std::uintptr_t platforms = 0; // the operating system's number; not printed, not compared
 
     friend bool operator==(const HandleName& left, const HandleName& right) {
         return left.kind == right.kind && left.number == right.number && left.openedOn == right.openedOn &&
@@ -100,15 +106,15 @@ using List = std::vector<Value>;
 using Structure = std::vector<Field>;
 
 struct Value {
-    std::variant<std::monostate, bool, Number, float, std::u16string, Bytes, platform::Guid, HandleName, List,
-                 Structure>
+    std::variant<std::monostate, bool, Number, float, double, std::u16string, Bytes, platform::Guid,
+                 HandleName, List, Structure>
         held;
 
     friend bool operator==(const Value&, const Value&);
 };
 
 struct Field {
-    std::string_view name; // a literal
+    std::string_view name; // a literal, or part of a recording
     Value value;
 
     friend bool operator==(const Field&, const Field&) = default;
@@ -117,5 +123,8 @@ struct Field {
 inline bool operator==(const Value& left, const Value& right) {
     return left.held == right.held;
 }
+
+/// The field of this name; null where there is none.
+const Value* Find(const Structure& fields, std::string_view name);
 
 } // namespace observer

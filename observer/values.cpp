@@ -7,21 +7,6 @@
 namespace observer {
 namespace {
 
-template <class... Values>
-Value Fields(Call& call, std::pair<std::string_view, const Values&>... fields) {
-    return {Structure{Field{fields.first, ValueOf(call, fields.second)}...}};
-}
-
-/// A member of a structure, under its name.
-template <class T>
-std::pair<std::string_view, const T&> At(std::string_view name, const T& value) {
-    return {name, value};
-}
-
-Value Hexadecimal(std::uint32_t number) {
-    return {Number{number, true}};
-}
-
 constexpr std::uintptr_t Invalid = ~std::uintptr_t{0};
 
 std::string_view Predefined(HandleKind kind, std::uintptr_t handle) {
@@ -68,82 +53,12 @@ Value ValueOf(Call&, std::span<const std::byte> bytes) {
     return {Bytes(bytes.begin(), bytes.end())};
 }
 
-Value ValueOf(Call& call, const platform::DeviceInterfaceData& data) {
-    return Fields(call, At("class", data.interfaceClass), At("flags", data.flags));
-}
-
-Value ValueOf(Call& call, const platform::BluetoothDeviceSearch& parameters) {
-    return Fields(call, At("radio", parameters.radio), At("authenticated", parameters.returnAuthenticated),
-                  At("remembered", parameters.returnRemembered), At("unknown", parameters.returnUnknown),
-                  At("connected", parameters.returnConnected), At("inquiry", parameters.issueInquiry),
-                  At("timeout", parameters.timeoutMultiplier));
+Value ValueOf(Call& call, const std::vector<std::byte>& bytes) {
+    return ValueOf(call, std::span(bytes));
 }
 
 Value ValueOf(Call&, const platform::BluetoothDevice& device) {
-    return Hexadecimal(device.classOfDevice);
-}
-
-Value ValueOf(Call& call, const platform::NetworkAdapter& adapter) {
-    return Fields(call, At("index", adapter.index), At("type", adapter.type));
-}
-
-Value ValueOf(Call& call, const platform::Luid& luid) {
-    return Fields(call, At("low", luid.lowPart), At("high", luid.highPart));
-}
-
-Value ValueOf(Call& call, const platform::OsVersion& version) {
-    return Fields(call, At("size", version.infoSize), At("major", version.major), At("minor", version.minor),
-                  At("build", version.build));
-}
-
-Value ValueOf(Call& call, const platform::CalendarTime& time) {
-    return Fields(call, At("year", time.year), At("month", time.month), At("day", time.day),
-                  At("hour", time.hour), At("minute", time.minute), At("second", time.second));
-}
-
-Value ValueOf(Call& call, const platform::SystemTimes& times) {
-    return Fields(call, At("idle", times.idle), At("kernel", times.kernel), At("user", times.user));
-}
-
-Value ValueOf(Call& call, const platform::SystemPowerStatus& status) {
-    return Fields(call, At("line", status.acLineStatus), At("flag", status.batteryFlag),
-                  At("percent", status.batteryLifePercent), At("time", status.batteryLifeTime),
-                  At("full_time", status.batteryFullLifeTime));
-}
-
-Value ValueOf(Call& call, const platform::ProcessTimes& times) {
-    return Fields(call, At("creation", times.creation), At("exit", times.exit), At("kernel", times.kernel),
-                  At("user", times.user));
-}
-
-Value ValueOf(Call& call, const platform::ProcessMemoryCounters& counters) {
-    return Fields(
-        call, At("size", counters.size), At("page_faults", counters.pageFaultCount),
-        At("peak_working_set", counters.peakWorkingSetSize), At("working_set", counters.workingSetSize),
-        At("peak_paged", counters.quotaPeakPagedPoolUsage), At("paged", counters.quotaPagedPoolUsage),
-        At("peak_nonpaged", counters.quotaPeakNonPagedPoolUsage),
-        At("nonpaged", counters.quotaNonPagedPoolUsage), At("pagefile", counters.pagefileUsage),
-        At("peak_pagefile", counters.peakPagefileUsage));
-}
-
-Value ValueOf(Call& call, const platform::TitleBarInfo& info) {
-    List states;
-    for (const std::uint32_t state : info.states) {
-        states.push_back(Hexadecimal(state));
-    }
-    List place;
-    for (const std::int32_t side : info.rectangle) {
-        place.push_back(ValueOf(call, side));
-    }
-    return {Structure{
-        {"size", ValueOf(call, info.size)}, {"place", {std::move(place)}}, {"states", {std::move(states)}}}};
-}
-
-Value ValueOf(Call& call, const platform::EventDescriptor& descriptor) {
-    return Fields(call, At("id", descriptor.id), At("version", descriptor.version),
-                  At("channel", descriptor.channel), At("level", descriptor.level),
-                  At("opcode", descriptor.opcode), At("task", descriptor.task),
-                  At("keyword", descriptor.keyword));
+    return {Number{device.classOfDevice, true}};
 }
 
 /// The line that the event carries: its other data describe it and never change.
@@ -164,22 +79,12 @@ Value ValueOf(Call& call, const std::array<const char16_t*, 2>& strings) {
     return {List{ValueOf(call, strings[0]), ValueOf(call, strings[1])}};
 }
 
-Value ValueOf(Call& call, const platform::FileAttributeTag& info) {
-    return Fields(call, At("attributes", info.attributes), At("tag", info.reparseTag));
-}
-
-Value ValueOf(Call& call, const platform::ProxyBlanket& blanket) {
-    return Fields(call, At("authentication", blanket.authenticationService),
-                  At("authorization", blanket.authorizationService), At("level", blanket.authenticationLevel),
-                  At("impersonation", blanket.impersonationLevel), At("capabilities", blanket.capabilities));
-}
-
 Value ValueOf(Call& call, const platform::WmiBytes& value) {
     if (value.lowerBound == 0) {
-        return {value.bytes};
+        return ValueOf(call, value.bytes);
     }
-    return Fields(call, At("lower_bound", value.lowerBound),
-                  At("bytes", std::span<const std::byte>(value.bytes)));
+    return {
+        Structure{{"lower_bound", ValueOf(call, value.lowerBound)}, {"bytes", ValueOf(call, value.bytes)}}};
 }
 
 Value ValueOf(Call& call, const platform::VariantWord& word) {
@@ -189,8 +94,7 @@ Value ValueOf(Call& call, const platform::VariantWord& word) {
 Value ValueOf(Call& call, const platform::WmiValue& value) {
     return std::visit(
         [&call](const auto& held) -> Value {
-            using Held = std::remove_cvref_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::monostate>) {
+            if constexpr (std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate>) {
                 return {};
             } else {
                 return ValueOf(call, held);
@@ -199,28 +103,124 @@ Value ValueOf(Call& call, const platform::WmiValue& value) {
         value);
 }
 
+/// A length that no SSID has is noted with all bytes.
 Value ValueOf(Call& call, const platform::WlanSsid& ssid) {
-    const std::size_t length = std::min<std::size_t>(ssid.length, ssid.bytes.size());
-    return ValueOf(call, std::as_bytes(std::span(ssid.bytes).first(length)));
+    const auto bytes = std::as_bytes(std::span(ssid.bytes));
+    if (ssid.length <= bytes.size()) {
+        return ValueOf(call, bytes.first(ssid.length));
+    }
+    return {Structure{{"length", ValueOf(call, ssid.length)}, {"bytes", ValueOf(call, bytes)}}};
 }
 
 Value ValueOf(Call& call, const platform::MacAddress& address) {
     return ValueOf(call, std::as_bytes(std::span(address)));
 }
 
-Value ValueOf(Call& call, const platform::WlanInterface& interface) {
-    return Fields(call, At("guid", interface.guid), At("description", interface.description),
-                  At("state", interface.state));
+namespace {
+
+template <class Held, class T>
+bool AssignHeld(const Value& value, T& result) {
+    const auto* const held = std::get_if<Held>(&value.held);
+    if (held != nullptr) {
+        result = *held;
+    }
+    return held != nullptr;
 }
 
-Value ValueOf(Call& call, const platform::WlanConnection& connection) {
-    return Fields(call, At("ssid", connection.ssid), At("bssid", connection.bssid),
-                  At("phy", connection.phyType));
+/// As many bytes as are there; the rest is zero.
+template <class Array>
+bool AssignBytes(const Value& value, Array& array) {
+    const auto* const bytes = std::get_if<Bytes>(&value.held);
+    if (bytes == nullptr || bytes->size() > array.size()) {
+        return false;
+    }
+    array = {};
+    std::memcpy(array.data(), bytes->data(), bytes->size());
+    return true;
 }
 
-Value ValueOf(Call& call, const platform::WlanBssEntry& entry) {
-    return Fields(call, At("ssid", entry.ssid), At("bssid", entry.bssid), At("rssi", entry.rssi),
-                  At("elements", std::span<const std::byte>(entry.informationElements)));
+} // namespace
+
+bool Assign(Call&, const Value& value, bool& flag) {
+    return AssignHeld<bool>(value, flag);
+}
+
+bool Assign(Call&, const Value& value, float& number) {
+    return AssignHeld<float>(value, number);
+}
+
+bool Assign(Call&, const Value& value, platform::Guid& guid) {
+    return AssignHeld<platform::Guid>(value, guid);
+}
+
+bool Assign(Call&, const Value& value, std::u16string& text) {
+    return AssignHeld<std::u16string>(value, text);
+}
+
+bool Assign(Call&, const Value& value, std::vector<std::byte>& bytes) {
+    return AssignHeld<Bytes>(value, bytes);
+}
+
+bool Assign(Call& call, const Value& value, platform::BluetoothDevice& device) {
+    return Assign(call, value, device.classOfDevice);
+}
+
+bool Assign(Call& call, const Value& value, platform::WmiBytes& bytes) {
+    const auto* const fields = std::get_if<Structure>(&value.held);
+    if (fields == nullptr) {
+        bytes.lowerBound = 0;
+        return Assign(call, value, bytes.bytes);
+    }
+    const Value* const lowerBound = Find(*fields, "lower_bound");
+    const Value* const content = Find(*fields, "bytes");
+    return lowerBound != nullptr && content != nullptr && Assign(call, *lowerBound, bytes.lowerBound) &&
+           Assign(call, *content, bytes.bytes);
+}
+
+/// An empty list has the type of one of numbers: no reader distinguishes the two.
+bool Assign(Call& call, const Value& value, platform::WmiValue& wmi) {
+    if (const auto* const list = std::get_if<List>(&value.held); list != nullptr) {
+        const bool numbers = list->empty() || std::holds_alternative<Number>(list->front().held);
+        return numbers ? Assign(call, value, wmi.emplace<std::vector<std::int32_t>>())
+                       : Assign(call, value, wmi.emplace<std::vector<std::u16string>>());
+    }
+    if (std::holds_alternative<Number>(value.held)) {
+        return Assign(call, value, wmi.emplace<std::int32_t>());
+    }
+    if (std::holds_alternative<std::u16string>(value.held)) {
+        return Assign(call, value, wmi.emplace<std::u16string>());
+    }
+    if (std::holds_alternative<std::monostate>(value.held)) {
+        wmi.emplace<std::monostate>();
+        return true;
+    }
+    return Assign(call, value, wmi.emplace<platform::WmiBytes>());
+}
+
+bool Assign(Call& call, const Value& value, platform::VariantWord& word) {
+    return Assign(call, value, word.bits);
+}
+
+bool Assign(Call& call, const Value& value, platform::WlanSsid& ssid) {
+    if (const auto* const fields = std::get_if<Structure>(&value.held); fields != nullptr) {
+        const Value* const length = Find(*fields, "length");
+        const Value* const bytes = Find(*fields, "bytes");
+        return length != nullptr && bytes != nullptr && Assign(call, *length, ssid.length) &&
+               AssignBytes(*bytes, ssid.bytes);
+    }
+    const auto* const bytes = std::get_if<Bytes>(&value.held);
+    ssid.length = bytes == nullptr ? 0 : static_cast<std::uint32_t>(bytes->size());
+    return AssignBytes(value, ssid.bytes);
+}
+
+bool Assign(Call&, const Value& value, platform::MacAddress& address) {
+    return AssignBytes(value, address) && std::get<Bytes>(value.held).size() == address.size();
+}
+
+bool Assign(Call&, const Value& value, std::string_view& lineEnd) {
+    const auto* const text = std::get_if<std::u16string>(&value.held);
+    lineEnd = text == nullptr ? "" : *text == u"\n" ? "\n" : *text == u"\r\n" ? "\r\n" : "";
+    return !lineEnd.empty();
 }
 
 } // namespace observer

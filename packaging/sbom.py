@@ -67,6 +67,12 @@ def sqlite_version(compiler: str, include: str) -> str:
     return macros(compiler, include, "sqlite3.h", "c")["SQLITE_VERSION"].strip('"')
 
 
+def zlib_version(compiler: str, include: str) -> str:
+    # A kit that has the tool of another compiler's build has no such header.
+    found = macros(compiler, include, "zlib.h", "c").get("ZLIB_VERSION", "").strip('"')
+    return found or debian_version("libz-mingw-w64-dev")
+
+
 # Name, licence, how its version is found.
 COMPONENTS = {
     "nlohmann_json": ("JSON for Modern C++", "MIT", nlohmann_version),
@@ -74,6 +80,8 @@ COMPONENTS = {
     "valijson": ("valijson", "BSD-2-Clause", lambda *_: debian_version("libvalijson-dev")),
     "gcc-runtime": ("GCC runtime libraries", "GPL-3.0-or-later WITH GCC-exception-3.1", compiler_version),
     "mingw-w64": ("mingw-w64 runtime", "LicenseRef-mingw-w64", mingw_version),
+    "zlib": ("zlib", "Zlib", zlib_version),
+    "system:zlib": ("zlib", "Zlib", zlib_version),
     "system:sqlite3": ("SQLite", "blessing", sqlite_version),
     "system:libstdc++": ("GCC runtime libraries", "GPL-3.0-or-later WITH GCC-exception-3.1", lambda *_: ""),
 }

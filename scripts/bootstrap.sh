@@ -10,7 +10,8 @@ set -eu
 packages_of() {
     case $1 in
     report) # library, simulated machine and tool
-        echo "g++ make cmake ninja-build libsqlite3-dev libexpat1-dev nlohmann-json3-dev libcli11-dev"
+        echo "g++ make cmake ninja-build libsqlite3-dev libexpat1-dev zlib1g-dev nlohmann-json3-dev" \
+            "libcli11-dev"
         ;;
     native) # with tests and benchmarks
         packages_of report
@@ -19,7 +20,7 @@ packages_of() {
         ;;
     windows)
         echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
-            "g++-mingw-w64-x86-64-win32 googletest wine wine64 pkgconf"
+            "g++-mingw-w64-x86-64-win32 libz-mingw-w64-dev googletest wine wine64 pkgconf"
         ;;
     windows-vc)
         echo "clang lld llvm"

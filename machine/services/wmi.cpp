@@ -28,6 +28,9 @@ std::int32_t In32Bits(std::int64_t number) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(number));
 }
 
+/// The VARENUM of each kind of value, in the order of WmiDatum.
+constexpr std::uint16_t VariantTypes[] = {1, 11, 3, 8, 0x2003, 0x2008, 0x2011};
+
 /// A property's value as it crosses the boundary.
 struct ToWmiValue {
     std::int32_t lowerBound;
@@ -127,6 +130,7 @@ HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
     const WmiDatum* datum = nullptr;
     const HResult status = Find(*machine, object, name, datum);
     value = datum == nullptr ? WmiValue() : std::visit(ToWmiValue{datum->lowerBound}, datum->value);
+    value.variantType = datum == nullptr ? std::uint16_t{0} : VariantTypes[datum->value.index()];
     return status;
 }
 

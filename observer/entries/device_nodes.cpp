@@ -8,7 +8,7 @@ using namespace observer::decorators;
 
 ConfigReturn CM_Get_Device_ID_List_SizeW(std::uint32_t& length, std::uint32_t flags) {
     return Observe<Operation::CM_Get_Device_ID_List_SizeW>(back_end::CM_Get_Device_ID_List_SizeW,
-                                                           Out("length", length), Hex("flags", flags));
+                                                           OutSize("length", length), Hex("flags", flags));
 }
 
 ConfigReturn CM_Get_Device_ID_ListW(char16_t* list, std::uint32_t length, std::uint32_t flags) {

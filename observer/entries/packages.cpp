@@ -11,7 +11,8 @@ SystemError GetPackagesByPackageFamily(const char16_t* familyName, std::uint32_t
                                        char16_t* buffer) {
     return Observe<Operation::GetPackagesByPackageFamily>(
         back_end::GetPackagesByPackageFamily, In("family", familyName), InOut("count", count),
-        PassedOn(fullNames), InOut("length", bufferLength), OutTexts("names", buffer, bufferLength));
+        OutPlaces("places", fullNames, count, buffer, bufferLength), InOut("length", bufferLength),
+        OutTexts("names", buffer, bufferLength));
 }
 
 SystemError GetPackagePathByFullName(const char16_t* fullName, std::uint32_t& pathLength, char16_t* path) {

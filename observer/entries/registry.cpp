@@ -38,7 +38,7 @@ SystemError RegEnumKeyExW(Key key, std::uint32_t index, char16_t* name, std::uin
 
 SystemError RegQueryInfoKeyW(Key key, std::uint32_t& subKeys) {
     return Observe<Operation::RegQueryInfoKeyW>(back_end::RegQueryInfoKeyW, In("key", key),
-                                                Out("subkeys", subKeys));
+                                                OutSize("subkeys", subKeys));
 }
 
 void RegCloseKey(Key key) {

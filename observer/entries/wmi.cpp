@@ -40,7 +40,7 @@ HResult Next(WbemEnumerator rows, std::uint32_t timeout, WbemObject& row, std::u
 
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
     return Observe<Operation::Get>(Property, In("object", object), In("name", name),
-                                   OutAlways("value", value));
+                                   OutWmiValue("value", value));
 }
 
 HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {

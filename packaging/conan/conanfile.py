@@ -27,6 +27,7 @@ class VeskSondrelConan(ConanFile):
         self.requires("nlohmann_json/[>=3.11]", visible=False)
         self.requires("cli11/[>=2.1]", visible=False)
         self.requires("valijson/[>=1.0]", visible=False)
+        self.requires("zlib/[>=1.2.11 <2]", visible=False)
         if self.settings.os == "Linux":
             self.requires("sqlite3/[>=3.40]")
 

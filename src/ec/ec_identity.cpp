@@ -21,7 +21,7 @@ struct Identity {
     std::uint8_t registers[4];
 };
 
-constexpr Identity FirmwareRevision{u"EcFwRev", 2, {0x03, 0x04}};
+constexpr Identity FirmwareRevision{platform::EcRevisionValue, 2, {0x03, 0x04}};
 constexpr Identity ChipId{u"EcChipId", 1, {0x10}};
 constexpr Identity ChipName{u"EcChipName", 4, {0x12, 0x13, 0x14, 0x15}};
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/registry.h"
+#include "platform/support/product_key.h"
 
 #include <cstdint>
 #include <string>
@@ -12,8 +13,7 @@ namespace sondrel {
 /// Returned by both readers for every failure. Callers compare without regard to case.
 inline constexpr std::u16string_view RegistrySentinel = u"ERROR_READREG";
 
-/// The key under HKEY_LOCAL_MACHINE that holds the EC identity and the app paths.
-inline constexpr const char16_t* ProductKey = u"SOFTWARE\\Vesk\\Vesk Kelvane\\VeskTessaly";
+using platform::ProductKey;
 
 /// Whether a reader's result means a failed read.
 bool IsRegistrySentinel(std::u16string_view text);

@@ -44,8 +44,14 @@ struct WmiBytes {
 /// - bytes: an array of VT_UI1
 ///
 /// Arrays are read from their lower bound, which may be any number. An array of more than one dimension is no value.
-using WmiValue = std::variant<std::monostate, std::int32_t, std::u16string, std::vector<std::int32_t>,
-                              std::vector<std::u16string>, WmiBytes>;
+/// Values are equal whatever their type was.
+struct WmiValue : std::variant<std::monostate, std::int32_t, std::u16string, std::vector<std::int32_t>,
+                               std::vector<std::u16string>, WmiBytes> {
+    using variant::variant;
+
+    /// The VARIANT's own type, VARENUM: two machines may report one property in different types.
+    std::uint16_t variantType = 0;
+};
 
 /// The first 32 bits of a VARIANT's value, whatever its type: of a string it is a part of its address, of no value 0.
 struct VariantWord {

@@ -96,7 +96,7 @@ class Ports(unittest.TestCase):
         manifest = json.loads((ROOT / "packaging/vcpkg/vesk-sondrel/vcpkg.json").read_text(encoding="utf-8"))
         self.assertRegex(manifest["name"], "^[a-z0-9]+(-[a-z0-9]+)*$")
         dependencies = {each if isinstance(each, str) else each["name"] for each in manifest["dependencies"]}
-        self.assertLessEqual({"nlohmann-json", "cli11", "valijson", "sqlite3"}, dependencies)
+        self.assertLessEqual({"nlohmann-json", "cli11", "valijson", "sqlite3", "zlib"}, dependencies)
         with tempfile.TemporaryDirectory() as directory:
             script = Path(directory) / "run.cmake"
             port = ROOT / "packaging/vcpkg/vesk-sondrel/portfile.cmake"
@@ -115,7 +115,7 @@ class Ports(unittest.TestCase):
         recipe = (ROOT / "packaging/conan/conanfile.py").read_text(encoding="utf-8")
         compile(recipe, "conanfile.py", "exec")
         required = set(re.findall(r'self\.requires\("([^/"]+)', recipe))
-        self.assertEqual(required, {"nlohmann_json", "cli11", "valijson", "sqlite3"})
+        self.assertEqual(required, {"nlohmann_json", "cli11", "valijson", "sqlite3", "zlib"})
 
 
 if __name__ == "__main__":

@@ -27,4 +27,5 @@ expect "$(completed sondrel --machine ab watch RF_WiFi)" \
     "RF_WiFiIsConnected RF_WiFiCardName RF_WiFiRssi RF_WiFiChannel RF_WiFiMaxRate"
 expect "$(completed sondrel list | wc -w)" 0
 expect "$(completed sondrel list '' | wc -w)" "$(grep -c '^EXPORT(' "$(dirname "$0")/../../exports/generated/export_names.inc")"
+expect "$(completed sondrel record GetIoDll)" GetIoDllVersion
 expect "$(completed sondrel report RF_)" ""

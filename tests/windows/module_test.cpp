@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -99,6 +101,24 @@ TEST_F(ModuleTest, ImportsTheListedFunctionsAndNothingElse) {
         }
     }
     EXPECT_THAT(imported, UnorderedElementsAreArray(Lines(IMPORT_LIST_FILE, '#')));
+}
+
+/// In UTF-8 and in UTF-16.
+bool Names(const wchar_t* file, std::string_view variable) {
+    std::ifstream stream(std::filesystem::path(test::ProgramDirectory() + file), std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(stream), {});
+    std::string wide;
+    for (const char c : variable) {
+        wide.append(1, c).append(1, '\0');
+    }
+    return bytes.find(variable) != std::string::npos || bytes.find(wide) != std::string::npos;
+}
+
+TEST_F(ModuleTest, KnowsNoVariableOfTheEnvironment) {
+    for (const std::string_view variable : {"VESK_RECORD", "VESK_MACHINE"}) {
+        EXPECT_FALSE(Names(L"VeskSondrel64.dll", variable)) << variable;
+        EXPECT_TRUE(Names(L"observed\\VeskSondrel64.dll", variable)) << variable;
+    }
 }
 
 TEST_F(ModuleTest, IsLinkedForRandomAddressesWithoutExecutableDataOrTimeStamps) {

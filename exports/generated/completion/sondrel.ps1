@@ -118,7 +118,7 @@ Register-ArgumentCompleter -Native -CommandName sondrel, sondrel.exe -ScriptBloc
         'AppList_MemUsage'
         'AppList_HardwareConfig'
     )
-    if ($line.ToString() -match '\s(call|list|trace|watch)\s') {
+    if ($line.ToString() -match '\s(call|list|record|trace|watch)\s') {
         $names | Where-Object { $_ -like "$word*" } | ForEach-Object {
             [System.Management.Automation.CompletionResult]::new($_, $_, 'ParameterValue', $_)
         }

@@ -71,6 +71,7 @@ HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
     OwnedVariant variant;
     const HRESULT status = Native(object)->Get(Wide(name), 0, &variant.Raw(), nullptr, nullptr);
     value = SUCCEEDED(status) ? ValueOf(variant.Raw()) : WmiValue{};
+    value.variantType = variant.Raw().vt;
     return status;
 }
 

@@ -43,7 +43,7 @@ TEST_F(FirmwareMethodTest, WalksThirteenStepsAndGivesEverythingBackInOrder) {
             "SpawnInstance definition=IWbemClassObject#7 -> 0 instance=IWbemClassObject#8",
             "Put object=IWbemClassObject#8 name=\"Control_status\" text=\"80\" type=19 -> 0",
             "Put object=IWbemClassObject#8 name=\"Device_ID\" text=\"1179735\" type=19 -> 0",
-            "Get object=IWbemClassObject#5 name=\"__PATH\" -> 0 value=\"" + path + "\"",
+            "Get object=IWbemClassObject#5 name=\"__PATH\" -> 0 value=\"" + path + "\" vartype=8",
             "ExecMethod services=IWbemServices#3 path=\"" + path +
                 "\" method=\"DEVS\" parameters=IWbemClassObject#8 -> 0 out=IWbemClassObject#9",
             "Get object=IWbemClassObject#9 name=\"result\" -> 0 value=1",

@@ -176,7 +176,7 @@ TEST_F(WmiSequenceTest, TheStepsCarryTheirArguments) {
             "win32_processor\" flags=48 -> 0 rows=IEnumWbemClassObject#4",
             "Next rows=IEnumWbemClassObject#4 timeout=0xffffffff -> 0 row=IWbemClassObject#5 "
             "returned=1",
-            "Get object=IWbemClassObject#5 name=\"LoadPercentage\" -> 0 value=14",
+            "Get object=IWbemClassObject#5 name=\"LoadPercentage\" -> 0 value=14 vartype=3",
             "Release object=IWbemClassObject#5",
             "Next rows=IEnumWbemClassObject#4 timeout=0xffffffff -> 1 returned=0",
             "Release object=IWbemServices#3", "Release object=IWbemLocator#2",

@@ -13,5 +13,10 @@ int CompareSnapshots(const Options& options);
 int PrintMetrics(const Options& options);
 int Watch(const Options& options);
 int TraceExport(const Options& options);
+int Record(const Options& options);
+int RedactRecording(const Options& options);
+int CompressRecording(const Options& options);
+int ExpandRecording(const Options& options);
+int ReplayRecording(const Options& options);
 
 } // namespace tool

@@ -14,8 +14,8 @@ void AddComparingCommands(CLI::App& app, Options& options) {
         ->type_name("");
     snapshot->callback([&options] { options.run = TakeSnapshot; });
 
-    CLI::App* const diff = app.add_subcommand("diff", "Compare two snapshots");
-    diff->add_option("FILES", options.files, "Two snapshots, the older one first")
+    CLI::App* const diff = app.add_subcommand("diff", "Compare two snapshots or two recordings");
+    diff->add_option("FILES", options.files, "Two of a kind, the older one first")
         ->required()
         ->expected(2)
         ->type_name("");

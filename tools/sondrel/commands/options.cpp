@@ -34,13 +34,15 @@ constexpr const char* Examples = R"(Examples:
   sondrel snapshot before.json                     every answer, for a later comparison
   sondrel diff before.json after.json              what changed
   sondrel metrics --output sondrel.prom            numbers for Prometheus
+  sondrel record -o notebook.rec                   what the library asks of this machine, and gets
+  sondrel --machine notebook.rec report            the same machine again, anywhere
   sondrel machine check my-notebook.json           the errors of a simulated machine's profile
 
 A call prints the result: numbers in decimal, strings in UTF-8, raw bytes in hexadecimal, CPUID as four
 hexadecimal words. The meaning of a failure value is printed on standard error.
 
-Exit status: 0 done; 1 the library wrote outside its buffer, the snapshots differ or the profile has
-errors; 2 a wrong name, argument or option, or a library, machine or file that cannot be used; 130
+Exit status: 0 done; 1 the library wrote outside its buffer, the snapshots or recordings differ or the
+profile has errors; 2 a wrong name, argument or option, or a library, machine or file that cannot be used; 130
 interrupted.)";
 
 std::uint8_t InitComOf(const std::string& text) {
@@ -101,7 +103,7 @@ void AddSharedOptions(CLI::App& app, Options& options) {
     app.add_option("--library", options.host.library, "The library (the one of this kit or build)")
         ->type_name("FILE");
     app.add_option("--machine", options.host.machine,
-                   "Simulated machine: a built-in one or a profile (default)")
+                   "Simulated machine: a built-in one or a profile (default); or a recording, NAME.rec")
         ->type_name("NAME|FILE");
     app.add_option("--store", options.host.store,
                    "Simulated machine: the file that stores its state; \":memory:\" for none")
@@ -154,6 +156,7 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
         command->fallthrough();
     }
     AddComparingCommands(app, options);
+    AddRecordingCommands(app, options);
     AddMachineCommands(app, options);
     app.require_subcommand(0, 1);
 

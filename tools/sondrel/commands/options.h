@@ -41,12 +41,20 @@ struct Options {
     bool steady = false;
     /// Where the output goes; empty for standard output.
     std::string output;
+    /// `replay`: only this process of the recording, from 1; 0 for each in a separate process.
+    std::size_t part = 0;
+    /// `replay`: what exports return does not count.
+    bool callsOnly = false;
+    /// `record`: with everything in it.
+    bool raw = false;
     /// `machine new`: the machine to start from, if not a family's.
     std::string from;
 };
 
 /// `snapshot`, `diff` and `metrics`.
 void AddComparingCommands(CLI::App& app, Options& options);
+/// `record`, `redact`, `replay`, `compress` and `expand`.
+void AddRecordingCommands(CLI::App& app, Options& options);
 /// `machine`.
 void AddMachineCommands(CLI::App& app, Options& options);
 

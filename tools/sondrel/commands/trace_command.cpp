@@ -187,7 +187,9 @@ void PrintResult(const Export& row, const Answer& answer, const Paint& paint) {
 
 int TraceExport(const Options& options) {
     // Opening the session is not part of the trace.
-    const SingleCall call(options.host, options.reading, options.name, options.arguments);
+    HostOptions host = options.host;
+    host.form = Library::Form::Observed;
+    const SingleCall call(host, options.reading, options.name, options.arguments);
     Answer answer;
     if (const Address setSink = call.Find("VeskObserver_SetSink"); setSink != nullptr) {
         const Observed observed{reinterpret_cast<decltype(VeskObserver_SetSink)*>(setSink), call.Machine()};

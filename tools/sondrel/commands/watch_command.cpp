@@ -34,8 +34,7 @@ std::string TitleFor(const Host& host, const Sampling& sampling) {
     const auto seconds = std::chrono::duration<double>(sampling.interval).count();
     char every[32];
     std::snprintf(every, sizeof every, "%g", seconds);
-    return "sondrel watch  " + OnOneLine(host.machineName) + (host.machine ? " (simulated)" : "") +
-           "  every " + every + " s";
+    return "sondrel watch  " + OnOneLine(host.machineName) + host.MachineKind() + "  every " + every + " s";
 }
 
 /// Shows the newest sample: on a full screen of the terminal, or as lines elsewhere.

@@ -21,9 +21,13 @@ fs::path OwnLibrary() {
     return !fs::exists(sameDirectory, problem) && fs::exists(installed, problem) ? installed : sameDirectory;
 }
 
-fs::path FullPathOf(std::string_view file) {
+fs::path FullPathOf(std::string_view file, Library::Form form) {
     fs::path path = file.empty() ? OwnLibrary() : fs::absolute(PathOf(file));
     std::error_code problem;
+    const fs::path observed = path.parent_path() / "observed" / path.filename();
+    if (file.empty() && form == Library::Form::Observed && fs::exists(observed, problem)) {
+        path = observed;
+    }
     if (!fs::exists(path, problem)) {
         throw Error("there is no library " + Utf8Of(path) +
                     (file.empty() ? "; --library FILE names another" : ""));
@@ -33,7 +37,7 @@ fs::path FullPathOf(std::string_view file) {
 
 } // namespace
 
-Library::Library(std::string_view file) : m_file(FullPathOf(file)), m_library(m_file) {}
+Library::Library(std::string_view file, Form form) : m_file(FullPathOf(file, form)), m_library(m_file) {}
 
 Address Library::Find(std::string_view exportName) const {
     return m_library.Find(std::string(exportName).c_str());

@@ -3,6 +3,7 @@
 
 #include "base/system.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 
@@ -10,8 +11,11 @@ namespace tool {
 
 class Library {
 public:
-    /// An empty name means the library of this program's kit or build.
-    explicit Library(std::string_view file);
+    /// On Windows the observed library is another file, in the folder "observed".
+    enum class Form : std::uint8_t { Usual, Observed };
+
+    /// An empty name means the library of this program's kit or build, in that form if there are two.
+    explicit Library(std::string_view file, Form form = Form::Usual);
 
     [[nodiscard]] const std::filesystem::path& File() const { return m_file; }
 

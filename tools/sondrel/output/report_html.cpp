@@ -319,9 +319,9 @@ std::string HeaderOf(const Host& host, const Tables& tables) {
            "<link rel=\"icon\" href=\"data:,\"><title>" +
            Escaped(title) + " - sondrel report</title><style>" + std::string(PageStyle) +
            "</style></head>\n<body><header><h1>" + Escaped(title) + "</h1><p>" + Escaped(facts) +
-           "</p><p class=\"quiet\">Machine " + Escaped(host.machineName) +
-           (host.machine ? " (simulated)" : "") + ", read at " + IsoTime(std::chrono::system_clock::now()) +
-           " through <code>" + Escaped(Utf8Of(host.library.File())) + "</code></p>" + tables.Failures() +
+           "</p><p class=\"quiet\">Machine " + Escaped(host.machineName) + host.MachineKind() + ", read at " +
+           IsoTime(std::chrono::system_clock::now()) + " through <code>" +
+           Escaped(Utf8Of(host.library.File())) + "</code></p>" + tables.Failures() +
            "<nav><a href=\"#telemetry\">Telemetry</a>" + tables.Links() + "</nav></header>\n";
 }
 

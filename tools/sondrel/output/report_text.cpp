@@ -50,7 +50,7 @@ public:
 
     void Begin(const Host& host) const {
         Print("Library  " + OnOneLine(Utf8Of(host.library.File())));
-        Print("Machine  " + OnOneLine(host.machineName) + (host.machine ? " (simulated)" : ""));
+        Print("Machine  " + OnOneLine(host.machineName) + host.MachineKind());
     }
 
     void Add(const Reading& reading) {

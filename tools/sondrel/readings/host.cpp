@@ -2,7 +2,9 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "recordings/replay.h"
 
+#include <iostream>
 #include <vector>
 
 namespace tool {
@@ -18,10 +20,34 @@ void RefuseMachineOptions(const HostOptions& options) {
     }
 }
 
+bool IsReplay(const HostOptions& options) {
+    return options.machine && IsRecordingName(*options.machine);
+}
+
+Library::Form FormFor(const HostOptions& options) {
+    return IsReplay(options) ? Library::Form::Observed : options.form;
+}
+
+/// What the library asks for beyond the recording is seen immediately; the answers may be cached ones.
+void PrintDifference(void*, const VeskObserver_Difference* difference) {
+    if (difference->kind == VESK_OBSERVER_CALL_DIFFERS) {
+        std::cerr << "sondrel: " << TextOf(*difference) << '\n';
+    }
+}
+
 } // namespace
 
 Host::Host(const HostOptions& options)
-    : library(options.library), machine(SimulatedMachine::NextTo(library.File())) {
+    : library(options.library, FormFor(options)), machine(SimulatedMachine::NextTo(library.File())) {
+    if (IsReplay(options)) {
+        if (options.store) {
+            throw Error("--store is for the simulated machine; a recording stores nothing");
+        }
+        machineName = *options.machine;
+        recorded = true;
+        StartReplay(library, machineName, 0, PrintDifference, nullptr);
+        return;
+    }
     if (!machine) {
         RefuseMachineOptions(options);
         machineName = "this computer";

@@ -14,7 +14,9 @@ namespace tool {
 struct HostOptions {
     /// The library's file; empty for the one of this kit or build.
     std::string library;
-    /// Simulated machine: a built-in one or a profile, and the file that stores its state.
+    /// Where the library has two forms, the observed one.
+    Library::Form form = Library::Form::Usual;
+    /// Simulated machine: a built-in one or a profile, and the file that stores its state. Or a recording.
     std::optional<std::string> machine;
     std::optional<std::string> store;
     /// Simulated machine: debug and event lines on standard error.
@@ -29,6 +31,12 @@ struct Host {
     /// Nothing if the library reads the real machine.
     std::optional<SimulatedMachine> machine;
     std::string machineName;
+    bool recorded = false;
+
+    /// To follow the machine's name; empty for the real one.
+    [[nodiscard]] const char* MachineKind() const {
+        return recorded ? " (recorded)" : machine ? " (simulated)" : "";
+    }
 };
 
 /// Throws Error with the nearest name for one that the library does not have.

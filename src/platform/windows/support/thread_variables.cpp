@@ -32,7 +32,7 @@ struct alignas(16) Cell {
 
 /// The variables of one thread, by their numbers: more than the DLL has.
 struct Block {
-    Cell cells[9];
+    Cell cells[17];
 };
 
 /// For threads that need theirs when there is no memory.

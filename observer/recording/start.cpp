@@ -1,0 +1,84 @@
+#include "observer/recording/start.h"
+
+#include "observer/recording/recorder.h"
+
+#include <utility>
+
+namespace observer {
+namespace {
+
+constexpr const char* EmptyRecording = "{\"vesk_recording\":1}\n";
+
+std::string WithProcess(std::string path) {
+    const std::string process = std::to_string(system::CurrentHost().process);
+    for (std::size_t place = 0; (place = path.find("%p", place)) != std::string::npos;
+         place += process.size()) {
+        path.replace(place, 2, process);
+    }
+    return path;
+}
+
+void Start() {
+    if (const std::string file = system::Environment("VESK_MACHINE"); !file.empty()) {
+        const auto complain = [](const Difference& difference) {
+            if (difference.kind == Difference::Kind::Call) {
+                system::Complain("VESK_MACHINE: " + Printed(difference));
+            }
+        };
+        try {
+            StartReplay(file, 0, complain);
+        } catch (const RecordingError& problem) {
+            system::Complain("VESK_MACHINE: " + std::string(problem.what()) + "; every call is refused");
+            SetReplay(std::make_shared<Replay>(EmptyRecording, 0, nullptr));
+        }
+    }
+    if (const std::string file = system::Environment("VESK_RECORD"); !file.empty()) {
+        if (std::string problem; !StartRecording(file, problem)) {
+            system::Complain("VESK_RECORD: nothing is recorded: " + problem);
+        }
+    }
+}
+
+} // namespace
+
+bool StartRecording(const std::string& path, std::string& problem) {
+    const std::string file = WithProcess(path);
+    auto recorder = std::make_unique<Recorder>();
+    if (!recorder->Create(file, problem)) {
+        problem = file + ": " + problem;
+        return false;
+    }
+    AddSink(*recorder.release()); // until the process ends: no call is known to be its last
+    return true;
+}
+
+void StartReplay(const std::string& path, std::size_t onlyPart, Replay::Report report) {
+    std::string problem;
+    std::optional<std::string> text = system::Content(path, LargestRecording, problem);
+    if (!text) {
+        throw RecordingError(path + ": " + problem);
+    }
+    if (text->starts_with("\x1F\x8B")) {
+        throw RecordingError(path +
+                             ": it is compressed, and this library reads lines: sondrel expand makes them");
+    }
+    try {
+        SetReplay(std::make_shared<Replay>(std::move(*text), onlyPart, std::move(report)));
+    } catch (const RecordingError& error) {
+        throw RecordingError(path + ": " + error.what());
+    }
+}
+
+void StartAsTheEnvironmentAsks() noexcept {
+    static const bool Done = [] {
+        try {
+            Start();
+        } catch (...) {
+            system::Complain("VESK_RECORD, VESK_MACHINE: there is not enough memory");
+        }
+        return true;
+    }();
+    static_cast<void>(Done);
+}
+
+} // namespace observer
