@@ -6,6 +6,7 @@
 #include "observer/export_call.h"
 #include "observer/lock.h"
 #include "observer/recording/replay.h"
+#include "observer/undestroyed.h"
 
 #include <algorithm>
 #include <atomic>
@@ -24,10 +25,8 @@ struct State {
     std::uint32_t handlesOutside = 0; // numbered outside any export call
 };
 
-/// Never destroyed, as all that calls of the process's end may need.
 State& Shared() {
-    static State& Shared = *new State;
-    return Shared;
+    return Undestroyed<State>();
 }
 
 struct Sinks {
@@ -37,8 +36,7 @@ struct Sinks {
 };
 
 Sinks& TheSinks() {
-    static Sinks& Sinks = *new struct Sinks;
-    return Sinks;
+    return Undestroyed<Sinks>();
 }
 
 std::atomic<std::uint64_t> Calls = 0; // ever
@@ -54,8 +52,10 @@ std::uint64_t NumberOfExportCall() {
 
 /// How many handles are numbered so far. With the state's lock held.
 std::uint32_t& HandlesNumbered(State& state) {
-    ExportCall* const exportCall = ExportCall::Current();
-    return exportCall == nullptr ? state.handlesOutside : exportCall->HandlesNumbered();
+    if (ExportCall* const exportCall = ExportCall::Current()) {
+        return exportCall->HandlesNumbered();
+    }
+    return state.handlesOutside;
 }
 
 /// With the state's lock held.

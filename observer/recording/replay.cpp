@@ -1,5 +1,6 @@
 #include "observer/recording/replay.h"
 
+#include "observer/undestroyed.h"
 #include "platform/registry.h"
 
 #include <atomic>
@@ -15,10 +16,8 @@ struct Current {
     std::atomic<bool> any = false;
 };
 
-/// Never destroyed: the library may work until the process ends.
 Current& TheCurrent() {
-    static Current& Current = *new struct Current;
-    return Current;
+    return Undestroyed<Current>();
 }
 
 /// Large, so that it is no handle of the process should one get out.

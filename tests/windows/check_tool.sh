@@ -57,7 +57,7 @@ REPORT
 run 0 sondrel.exe trace --library "$bin/observed/VeskSondrel64.dll" System_Read_LocalTime
 says out "  call   Time64 -> "
 says out "2 boundary calls, 0 EC commands"
-run 0 sondrel.exe trace System_Read_LocalTime
+run 0 sondrel.exe trace --library "$bin/VeskSondrel64.dll" System_Read_LocalTime
 says err "this library is not observed"
 
 # The machine is the real one.

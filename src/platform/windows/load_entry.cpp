@@ -25,11 +25,20 @@ void FreeExceptionMemory() {}
 } // namespace
 #endif
 
+#ifdef VESK_OBSERVED_DLL
+namespace observer {
+void ForgetOpenThings();
+} // namespace observer
+#endif
+
 // Load and unload do nothing but that: no hardware, no registry, no session. If a process ends with an open session, the
 // operating system closes the handle. At the end of a process nothing is freed: its other threads were stopped where they
 // were, in the heap perhaps.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
     if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
+#ifdef VESK_OBSERVED_DLL
+        observer::ForgetOpenThings(); // the list of them is in the heap
+#endif
         FreeExceptionMemory();
     }
     return TRUE;
