@@ -35,7 +35,7 @@ std::string Line(std::size_t line) {
 }
 
 /// What a call returned in one export call.
-struct Answer {
+struct AnswerPair {
     std::string_view name;
     const Value* recorded;
     const Value* now;
@@ -170,7 +170,7 @@ void ReplayedExport::Returned(const ExportRecord& record) {
         m_replay->PassOn({Difference::Kind::NotAsked, m_exportName, next.line,
                           "not asked: " + PrintedInputs(next.operation, next.inputs)});
     }
-    std::vector<Answer> answers{{"result", &m_recorded->result, &record.result}};
+    std::vector<AnswerPair> answers{{"result", &m_recorded->result, &record.result}};
     for (const Field& buffer : record.buffers) {
         answers.push_back({buffer.name, Find(m_recorded->buffers, buffer.name), &buffer.value});
     }

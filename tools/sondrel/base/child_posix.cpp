@@ -16,6 +16,7 @@ using Clock = std::chrono::steady_clock;
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         pointers.push_back(text.data());
     }
@@ -48,8 +49,9 @@ std::optional<int> RunOneself(const std::vector<std::string>& arguments,
     std::vector<std::string> line{program};
     line.insert(line.end(), arguments.begin(), arguments.end());
     std::vector<std::string> environment;
+    environment.reserve(variables.size());
     for (const auto& [name, value] : variables) {
-        environment.push_back(name + '=' + value);
+        environment.emplace_back(name).append("=").append(value);
     }
     for (char** own = environ; *own != nullptr; ++own) {
         const std::string text(*own);

@@ -44,7 +44,7 @@ std::string TextOfFile(const std::string& file) {
     }
 }
 
-std::string TextOf(const std::string& nameOrFile) {
+std::string TextOfMachine(const std::string& nameOrFile) {
     const machine::BuiltInMachine* const builtIn = FindBuiltIn(nameOrFile);
     if (builtIn != nullptr) {
         return std::string(builtIn->text);
@@ -88,7 +88,7 @@ std::string FamilyMachine(const std::string& family) {
 }
 
 std::string CheckedTextOf(const std::string& nameOrFile) {
-    return Checked(nameOrFile, TextOf(nameOrFile));
+    return Checked(nameOrFile, TextOfMachine(nameOrFile));
 }
 
 /// The name of the new machine: that of its file.
