@@ -7,8 +7,8 @@
 
 namespace observer {
 
-/// The one object of this type. It is made with its first use and never destroyed, in storage that is no heap's: a library
-/// that is unloaded leaves nothing behind.
+/// The one object of this type. It is made with its first use and never destroyed, in storage outside the heap: a library
+/// that is unloaded leaves no memory allocated.
 template <class Type>
 Type& Undestroyed() {
     alignas(Type) static std::array<std::byte, sizeof(Type)> Storage;
