@@ -230,9 +230,8 @@ TEST_F(RecordingTest, WhatTheRecordingReturnsIsLimitedByTheCallersBuffers) {
 /// A buffer is the host's: what was not written is as before, and is recorded as nothing.
 TEST_F(RecordingTest, AnUnwrittenBufferIsRecordedAsNothing) {
     std::array<std::uint32_t, 4> registers{1, 2, 3, 4};
-    auto& [eax, ebx, ecx, edx] = registers;
     const std::string recording = RecordingOf([&] {
-        CPU_ReadCpuId(0, &eax, &ebx, &ecx, &edx); // without a session
+        CPU_ReadCpuId(0, &registers[0], &registers[1], &registers[2], &registers[3]); // without a session
     });
     EXPECT_THAT(recording, HasSubstr(R"("buffers":{"eax":null,"ebx":null,"ecx":null,"edx":null})"));
     EXPECT_THAT(registers, ElementsAre(1, 2, 3, 4));
