@@ -177,22 +177,23 @@ public:
     }
 };
 
-/// The value of a WMI property, and the type that its VARIANT had.
-class OutWmiValue : public OutAlways<platform::WmiValue> {
+/// The value of a WMI property, in either form, and the type that its VARIANT had.
+template <class T>
+class OutVariant : public OutAlways<T> {
 public:
-    using OutAlways::OutAlways;
+    OutVariant(std::string_view name, T& value) : OutAlways<T>(name, value) {}
 
     void After(Call& call, bool succeeded) {
-        OutAlways::After(call, succeeded);
+        OutAlways<T>::After(call, succeeded);
         m_type.After(call, succeeded);
     }
 
     bool Replay(Call& call, const Structure& outputs) {
-        return OutAlways::Replay(call, outputs) && m_type.Replay(call, outputs);
+        return OutAlways<T>::Replay(call, outputs) && m_type.Replay(call, outputs);
     }
 
 private:
-    Out<std::uint16_t> m_type{"vartype", m_value.variantType};
+    Out<std::uint16_t> m_type{"vartype", this->m_value.variantType};
 };
 
 /// How many bytes were written; halved with them.

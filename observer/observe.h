@@ -262,7 +262,7 @@ using observer::OutSize;
 using observer::OutText;
 using observer::OutTexts;
 using observer::OutTextSpan;
-using observer::OutWmiValue;
+using observer::OutVariant;
 
 } // namespace decorators
 } // namespace observer

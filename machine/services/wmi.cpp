@@ -139,6 +139,7 @@ HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {
     const WmiDatum* datum = nullptr;
     const HResult status = Find(*machine, object, name, datum);
     word.bits = datum == nullptr ? 0 : std::visit(ToVariantWord{}, datum->value);
+    word.variantType = datum == nullptr ? std::uint16_t{0} : VariantTypes[datum->value.index()];
     return status;
 }
 

@@ -40,12 +40,12 @@ HResult Next(WbemEnumerator rows, std::uint32_t timeout, WbemObject& row, std::u
 
 HResult Get(WbemObject object, const char16_t* name, WmiValue& value) {
     return Observe<Operation::Get>(Property, In("object", object), In("name", name),
-                                   OutWmiValue("value", value));
+                                   OutVariant("value", value));
 }
 
 HResult Get(WbemObject object, const char16_t* name, VariantWord& word) {
     return Observe<Operation::Get>(Property, In("object", object), In("name", name),
-                                   OutAlways("value", word));
+                                   OutVariant("value", word));
 }
 
 HResult GetObject(WbemServices services, const char16_t* objectPath, WbemObject& definition) {

@@ -56,6 +56,7 @@ struct WmiValue : std::variant<std::monostate, std::int32_t, std::u16string, std
 /// The first 32 bits of a VARIANT's value, whatever its type: of a string it is a part of its address, of no value 0.
 struct VariantWord {
     std::int32_t bits = 0;
+    std::uint16_t variantType = 0; // VARENUM
 };
 
 inline constexpr Guid ClsidWbemLocator{

@@ -81,6 +81,7 @@ TEST(VariantValueTest, AWordIsWhateverIsInTheFirst32Bits) {
     EXPECT_EQ(platform::WordOf(Number(VT_I8, 0x100000002, 8)).bits, 2);
     EXPECT_EQ(platform::WordOf(Number(VT_R8, 0x1234567890, 8)).bits, 0x34567890);
     EXPECT_EQ(platform::WordOf(Number(VT_NULL, 9, 4)).bits, 9);
+    EXPECT_EQ(platform::WordOf(Number(VT_UI1, 7, 1)).variantType, VT_UI1);
     VARIANT text{};
     text.vt = VT_BSTR;
     text.bstrVal = reinterpret_cast<BSTR>(0x1122334455667788);

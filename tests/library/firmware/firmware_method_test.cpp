@@ -46,7 +46,7 @@ TEST_F(FirmwareMethodTest, WalksThirteenStepsAndGivesEverythingBackInOrder) {
             "Get object=IWbemClassObject#5 name=\"__PATH\" -> 0 value=\"" + path + "\" vartype=8",
             "ExecMethod services=IWbemServices#3 path=\"" + path +
                 "\" method=\"DEVS\" parameters=IWbemClassObject#8 -> 0 out=IWbemClassObject#9",
-            "Get object=IWbemClassObject#9 name=\"result\" -> 0 value=1",
+            "Get object=IWbemClassObject#9 name=\"result\" -> 0 value=1 vartype=3",
             StartsWith("Release object=IWbemClassObject"), StartsWith("Release object=IWbemClassObject"),
             StartsWith("Release object=IWbemClassObject"), StartsWith("Release object=IWbemClassObject"),
             StartsWith("Release object=IWbemClassObject"), "Release object=IEnumWbemClassObject#4",

@@ -122,7 +122,7 @@ WmiValue Number(std::integral auto number) {
 } // namespace
 
 VariantWord WordOf(const VARIANT& variant) {
-    return {variant.lVal};
+    return {variant.lVal, variant.vt};
 }
 
 WmiValue ValueOf(const VARIANT& variant) {
