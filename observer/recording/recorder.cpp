@@ -4,6 +4,7 @@
 #include "observer/recording/json.h"
 #include "observer/recording/recording.h"
 #include "observer/recording/replay.h"
+#include "observer/recording/variables.h"
 #include "platform/support/product_key.h"
 #include "unicode/utf.h"
 
@@ -141,14 +142,15 @@ bool Recorder::Create(const std::string& path, std::string& problem) {
     return true;
 }
 
-template <class Compose>
-void Recorder::Write(const Compose& compose) noexcept {
+template <class AnyRecord, class Compose>
+void Recorder::Write(const AnyRecord& record, const Compose& compose) noexcept {
     if (m_failed) {
         return;
     }
     try {
         m_line = '{';
         compose();
+        m_lost = m_lost || record.incomplete;
         m_line += m_lost ? ",\"incomplete\":true}\n" : "}\n";
         m_lost = false;
     } catch (...) {
@@ -157,42 +159,34 @@ void Recorder::Write(const Compose& compose) noexcept {
     }
     if (!m_file.Append(m_line)) {
         m_failed = true; // the last line may have no end; nothing must be written after it
-        system::Complain("VESK_RECORD: the recording ends here: " + system::LastProblem());
+        system::Complain(std::string(variable::Record) +
+                         ": the recording ends here: " + system::LastProblem());
     }
 }
 
 void Recorder::ExportBegan(const ExportRecord& record) {
-    Write([&] {
+    Write(record, [&] {
         AppendNumber(m_line, line_kind::Export, static_cast<std::int64_t>(record.number));
         AppendString(m_line, "name", record.name);
         AppendFields(m_line, "arguments", record.arguments);
-        AppendNumber(m_line, "thread", record.thread);
-        AppendNumber(m_line, "at", (record.start - m_origin).count());
-        m_lost = m_lost || record.incomplete;
+        AppendStart(record);
     });
 }
 
 void Recorder::Began(const Record& record) {
-    Write([&] {
+    Write(record, [&] {
         AppendNumber(m_line, line_kind::Call, static_cast<std::int64_t>(record.identity));
         AppendNumber(m_line, "of", static_cast<std::int64_t>(record.exportCall));
         AppendString(m_line, "operation", RowOf(record.operation).name);
         AppendFields(m_line, "in", record.inputs);
-        AppendNumber(m_line, "thread", record.thread);
-        AppendNumber(m_line, "at", (record.start - m_origin).count());
-        m_lost = m_lost || record.incomplete;
+        AppendStart(record);
     });
 }
 
 void Recorder::Ended(const Record& record) {
-    Write([&] {
+    Write(record, [&] {
         AppendNumber(m_line, line_kind::End, static_cast<std::int64_t>(record.identity));
-        if (!IsNothing(record.result)) {
-            AppendField(m_line, "result", record.result);
-        }
-        if (!record.outputs.empty()) {
-            AppendFields(m_line, "out", record.outputs);
-        }
+        AppendAnswer(record.result, "out", record.outputs);
         if (record.lastError) {
             AppendNumber(m_line, "error", *record.lastError);
         }
@@ -203,22 +197,30 @@ void Recorder::Ended(const Record& record) {
             m_line += ",\"out_of_memory\":true";
         }
         AppendNumber(m_line, "took", record.duration.count());
-        m_lost = m_lost || record.incomplete;
     });
 }
 
 void Recorder::ExportEnded(const ExportRecord& record) {
-    Write([&] {
+    Write(record, [&] {
         AppendNumber(m_line, line_kind::Return, static_cast<std::int64_t>(record.number));
-        if (!IsNothing(record.result)) {
-            AppendField(m_line, "result", record.result);
-        }
-        if (!record.buffers.empty()) {
-            AppendFields(m_line, "buffers", record.buffers);
-        }
+        AppendAnswer(record.result, "buffers", record.buffers);
         AppendNumber(m_line, "took", record.duration.count());
-        m_lost = m_lost || record.incomplete;
     });
+}
+
+template <class AnyRecord>
+void Recorder::AppendStart(const AnyRecord& record) {
+    AppendNumber(m_line, "thread", record.thread);
+    AppendNumber(m_line, "at", (record.start - m_origin).count());
+}
+
+void Recorder::AppendAnswer(const Value& result, std::string_view name, const Structure& outputs) {
+    if (!IsNothing(result)) {
+        AppendField(m_line, "result", result);
+    }
+    if (!outputs.empty()) {
+        AppendFields(m_line, name, outputs);
+    }
 }
 
 } // namespace observer

@@ -22,8 +22,12 @@ public:
     void ExportEnded(const ExportRecord& record) override;
 
 private:
-    template <class Compose>
-    void Write(const Compose& compose) noexcept;
+    template <class AnyRecord, class Compose>
+    void Write(const AnyRecord& record, const Compose& compose) noexcept;
+
+    template <class AnyRecord>
+    void AppendStart(const AnyRecord& record);
+    void AppendAnswer(const Value& result, std::string_view name, const Structure& outputs);
 
     system::NewFile m_file;
     std::chrono::nanoseconds m_origin{0}; // of all times

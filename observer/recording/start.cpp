@@ -1,6 +1,7 @@
 #include "observer/recording/start.h"
 
 #include "observer/recording/recorder.h"
+#include "observer/recording/variables.h"
 
 #include <utility>
 
@@ -18,23 +19,27 @@ std::string WithProcess(std::string path) {
     return path;
 }
 
+void Complain(const char* name, const std::string& problem) {
+    system::Complain(std::string(name) + ": " + problem);
+}
+
 void Start() {
-    if (const std::string file = system::Environment("VESK_MACHINE"); !file.empty()) {
+    if (const std::string file = system::Environment(variable::Machine); !file.empty()) {
         const auto complain = [](const Difference& difference) {
             if (difference.kind == Difference::Kind::Call) {
-                system::Complain("VESK_MACHINE: " + Printed(difference));
+                Complain(variable::Machine, Printed(difference));
             }
         };
         try {
             StartReplay(file, 0, complain);
         } catch (const RecordingError& problem) {
-            system::Complain("VESK_MACHINE: " + std::string(problem.what()) + "; every call is refused");
+            Complain(variable::Machine, std::string(problem.what()) + "; every call is refused");
             SetReplay(std::make_shared<Replay>(EmptyRecording, 0, nullptr));
         }
     }
-    if (const std::string file = system::Environment("VESK_RECORD"); !file.empty()) {
+    if (const std::string file = system::Environment(variable::Record); !file.empty()) {
         if (std::string problem; !StartRecording(file, problem)) {
-            system::Complain("VESK_RECORD: nothing is recorded: " + problem);
+            Complain(variable::Record, "nothing is recorded: " + problem);
         }
     }
 }
@@ -74,7 +79,7 @@ void StartAsTheEnvironmentAsks() noexcept {
         try {
             Start();
         } catch (...) {
-            system::Complain("VESK_RECORD, VESK_MACHINE: there is not enough memory");
+            system::Complain("there is not enough memory for what the environment asks");
         }
         return true;
     }();

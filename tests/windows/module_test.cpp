@@ -1,6 +1,8 @@
 // The DLL as a file: what it exports and imports, and how it was linked.
 #include "library.h"
 
+#include "observer/recording/variables.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -115,8 +117,9 @@ bool Names(const wchar_t* file, std::string_view variable) {
 }
 
 TEST_F(ModuleTest, KnowsNoVariableOfTheEnvironment) {
-    for (const std::string_view variable : {"VESK_RECORD", "VESK_MACHINE"}) {
-        EXPECT_FALSE(Names(L"VeskSondrel64.dll", variable)) << variable;
+    EXPECT_FALSE(Names(L"VeskSondrel64.dll", observer::variable::Prefix));
+    for (const std::string_view variable : observer::variable::All) {
+        EXPECT_TRUE(variable.starts_with(observer::variable::Prefix)) << variable;
         EXPECT_TRUE(Names(L"observed\\VeskSondrel64.dll", variable)) << variable;
     }
 }

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "commands/commands.h"
+#include "observer/recording/variables.h"
 #include "recordings/compression.h"
 #include "recordings/redaction.h"
 #include "recordings/replay.h"
@@ -64,9 +65,9 @@ void RecordAll(const std::vector<const Export*>& rows, const std::string& file, 
     for (const Export* const row : rows) {
         interrupt::Check();
         progress.Begin("recording " + std::string(row->name));
-        const std::optional<int> status =
-            host_system::RunOneself(CallOf(*row, library, options), {{"VESK_RECORD", part.Name()}},
-                                    host_system::ChildOutput::Dropped, LongestReading);
+        const std::optional<int> status = host_system::RunOneself(
+            CallOf(*row, library, options), {{observer::variable::Record, part.Name()}},
+            host_system::ChildOutput::Dropped, LongestReading);
         progress.Clear();
         const std::string text = part.TakeLines();
         if (!status) {
@@ -95,7 +96,7 @@ void Redact(const std::string& raw, const std::string& file, const Library& libr
         const std::optional<int> status = host_system::RunOneself(
             {"replay", "--calls", "--part", std::to_string(number), "--library", Utf8Of(library.File()), "--",
              draft.Name()},
-            {{"VESK_RECORD", part.Name()}}, host_system::ChildOutput::Shared, LongestReading);
+            {{observer::variable::Record, part.Name()}}, host_system::ChildOutput::Shared, LongestReading);
         progress.Clear();
         if (status != ExitOk) {
             throw Error(OnOneLine(raw) + " cannot be redacted: without what was removed it does not replay");
