@@ -182,6 +182,7 @@ bool IsHeader(std::string_view line) {
 
 Recording::Recording(std::string text, std::size_t onlyPart) : m_text(std::move(text)) {
     Read(onlyPart);
+    m_firstPart = std::max<std::size_t>(onlyPart, 1);
 }
 
 void Recording::Read(std::size_t onlyPart) {
@@ -196,11 +197,12 @@ void Recording::Read(std::size_t onlyPart) {
         const std::string_view line = rest.substr(0, end);
         rest.remove_prefix(end + 1);
         const bool begins = IsHeader(line);
-        m_parts += begins ? 1 : 0;
-        if (m_parts == 0) {
+        if (begins) {
+            m_headers.emplace_back();
+        } else if (m_headers.empty()) {
             Fail(number, "this is no recording: it does not begin with a header");
         }
-        if (!begins && onlyPart != 0 && onlyPart != m_parts) {
+        if (!begins && onlyPart != 0 && onlyPart != Parts()) {
             continue;
         }
         try {
@@ -218,19 +220,17 @@ void Recording::Read(std::size_t onlyPart) {
                 Fail(number, std::string("the recording has another format than version ")
                                  .append(std::to_string(RecordingVersion)));
             }
-            assembly.BeginPart(m_parts);
-            if (m_header.empty() || onlyPart == m_parts) {
-                m_header = std::move(*fields);
-            }
+            assembly.BeginPart(Parts());
+            m_headers.back() = std::move(*fields);
         } catch (const JsonError& problem) {
             Fail(number,
                  std::string(problem.what()) + ", at character " + std::to_string(problem.Place() + 1));
         }
     }
-    if (m_parts == 0) {
+    if (m_headers.empty()) {
         Fail(1, "this is no recording: it does not begin with a header");
     }
-    if (onlyPart > m_parts) {
+    if (onlyPart > Parts()) {
         throw RecordingError(std::string("there is no part ").append(std::to_string(onlyPart)));
     }
 }

@@ -72,10 +72,13 @@ public:
     [[nodiscard]] const std::vector<RecordedExport>& Exports() const { return m_exports; }
 
     /// Of the first part that was read.
-    [[nodiscard]] const Structure& Header() const { return m_header; }
+    [[nodiscard]] const Structure& Header() const { return m_headers[m_firstPart - 1]; }
+
+    /// Of each part, counted from 1, whether it was read or not.
+    [[nodiscard]] const Structure& Header(std::size_t part) const { return m_headers[part - 1]; }
 
     /// How many parts there are in the file.
-    [[nodiscard]] std::size_t Parts() const { return m_parts; }
+    [[nodiscard]] std::size_t Parts() const { return m_headers.size(); }
 
     /// The number of the line that has no end; 0 where the file is complete.
     [[nodiscard]] std::size_t CutLine() const { return m_cutLine; }
@@ -84,9 +87,9 @@ private:
     void Read(std::size_t onlyPart);
 
     const std::string m_text;
-    Structure m_header;
+    std::vector<Structure> m_headers;
+    std::size_t m_firstPart = 1;
     std::vector<RecordedExport> m_exports;
-    std::size_t m_parts = 0;
     std::size_t m_cutLine = 0;
 };
 

@@ -59,5 +59,13 @@ VESK_MACHINE=$work/gl.rec "$bin/sondrel" --machine ar --store :memory: call EC_R
 "$bin/sondrel" expand "$work/gl.rec.gz" -o "$work/again.rec"
 cmp "$work/gl.rec" "$work/again.rec"
 VESK_MACHINE=$work/gl.rec.gz "$bin/sondrel" call EC_ReadEcFwRev 2>&1 | grep -q "sondrel expand" || fail "no way is named"
+# The second reading finds the EC's identity in the registry, where the first one cached it.
+for rec in ec registry; do
+    VESK_RECORD=$work/$rec.rec "$bin/sondrel" --machine gl --store "$work/state" call EC_ReadEcFwRev >"$work/$rec"
+done
+status=0
+"$bin/sondrel" diff "$work/ec.rec" "$work/registry.rec" >"$work/differences" || status=$?
+[ "$status" = 1 ] && grep -q "identity came from the EC -> from the registry" "$work/differences" ||
+    fail "the cached identity explains nothing: $(cat "$work/differences")"
 grep -q '"identity":"ec"' "$work/gl.rec" || fail "where the EC's identity came from is not in the header"
 echo "$count machines recorded and replayed"

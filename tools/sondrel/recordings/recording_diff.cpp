@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "observer/record.h"
+#include "platform/support/product_key.h"
 #include "recordings/recording_file.h"
 
 #include <algorithm>
@@ -14,10 +15,11 @@ namespace {
 
 using observer::RecordedCall;
 using observer::RecordedExport;
+using observer::Recording;
 
 using Calls = std::map<std::string, std::vector<const RecordedExport*>>;
 
-Calls CallsOf(const observer::Recording& recording) {
+Calls CallsOf(const Recording& recording) {
     Calls calls;
     for (const RecordedExport& each : recording.Exports()) {
         calls[KeyOf(each.name, each.arguments)].push_back(&each);
@@ -47,20 +49,41 @@ std::string CallAt(const RecordedExport& recorded, std::size_t place) {
                : "no further call";
 }
 
-/// Whether the call reads the EC's identity from the registry, where the library caches it.
-bool ReadsCachedIdentity(const RecordedExport& recorded, std::size_t place) {
-    constexpr std::array<std::u16string_view, 3> Names{u"EcFwRev", u"EcChipId", u"EcChipName"};
-    if (place >= recorded.calls.size() ||
-        recorded.calls[place].operation != observer::Operation::RegQueryValueExW) {
+/// Whether the call looks for the EC's identity in the registry, where the library caches it.
+bool LooksForCachedIdentity(const RecordedExport& recorded, std::size_t place) {
+    constexpr std::array<std::u16string_view, 4> Names{u"EcFwRev", u"EcChipId", u"EcChipName",
+                                                       platform::ProductKey};
+    if (place >= recorded.calls.size()) {
         return false;
     }
-    const observer::Value* const name = Find(recorded.calls[place].inputs, "name");
+    const RecordedCall& call = recorded.calls[place];
+    const observer::Value* const name =
+        Find(call.inputs, call.operation == observer::Operation::RegQueryValueExW ? "name" : "path");
     const auto* const text = name == nullptr ? nullptr : std::get_if<std::u16string>(&name->held);
     return text != nullptr && std::ranges::find(Names, *text) != Names.end();
 }
 
+/// "from the registry" or "from the EC", as the header of the call's part says.
+std::string_view IdentityOf(const Recording& recording, const RecordedExport& recorded) {
+    const observer::Value* const identity = Find(recording.Header(recorded.part), "identity");
+    const auto* const source = identity == nullptr ? nullptr : std::get_if<std::u16string>(&identity->held);
+    if (source == nullptr) {
+        return "from an unknown place";
+    }
+    return *source == u"registry" ? "from the registry" : "from the EC";
+}
+
+/// Why two export calls begin to differ at this call.
+std::string ReasonOf(std::string_view before, std::string_view after, bool identityCalls) {
+    if (before == after || !identityCalls) {
+        return "calls differ from ";
+    }
+    return std::string("the EC's identity came ").append(before).append(" -> ").append(after) + ", at ";
+}
+
 /// Empty where the two are the same.
-std::string DifferenceOf(const RecordedExport& before, const RecordedExport& after) {
+std::string DifferenceOf(const RecordedExport& before, std::string_view identityBefore,
+                         const RecordedExport& after, std::string_view identityAfter) {
     std::string text;
     if (before.result != after.result) {
         text = "result " + Printed(before.result) + " -> " + Printed(after.result);
@@ -76,9 +99,8 @@ std::string DifferenceOf(const RecordedExport& before, const RecordedExport& aft
     const auto place = static_cast<std::size_t>(left - before.calls.begin());
     if (left != before.calls.end() || right != after.calls.end()) {
         text.append(text.empty() ? "" : "; ");
-        text += ReadsCachedIdentity(before, place) && ReadsCachedIdentity(after, place)
-                    ? "the EC's identity was in the registry for one and read from the EC for the other, at "
-                    : "calls differ from ";
+        text += ReasonOf(identityBefore, identityAfter,
+                         LooksForCachedIdentity(before, place) || LooksForCachedIdentity(after, place));
         text.append(CallAt(before, place)).append(" -> ").append(CallAt(after, place));
     }
     return text;
@@ -101,7 +123,9 @@ std::string RecordingDifferences(const std::string& beforeFile, const std::strin
     for (const auto& [key, calls] : left) {
         const std::vector<const RecordedExport*>& others = right[key];
         for (std::size_t k = 0; k < std::min(calls.size(), others.size()); ++k) {
-            if (const std::string text = DifferenceOf(*calls[k], *others[k]); !text.empty()) {
+            const std::string text = DifferenceOf(*calls[k], IdentityOf(*before, *calls[k]), *others[k],
+                                                  IdentityOf(*after, *others[k]));
+            if (!text.empty()) {
                 AddLine(lines, key, text);
             }
         }
