@@ -8,6 +8,7 @@
 #include <bluetoothapis.h>
 #include <wlanapi.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <optional>
 
