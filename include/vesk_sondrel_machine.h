@@ -16,10 +16,13 @@ extern "C" {
 #endif
 
 /**
- * Starts a machine in place of the present one. `machine` is the name of a built-in machine or a profile's
- * file. `store` is the SQLite file that keeps its registry and firmware variables; null means the machine's
- * own file below the user's state directory, ":memory:" keeps nothing. Result: 1 started; 0 not, with one
+ * Starts a machine in place of the present one. `machine` is the name of a built-in machine, a profile's file or a
+ * recording (NAME.rec). `store` is the SQLite file of its registry, files and firmware variables; null means the
+ * machine's own file below the user's state directory, ":memory:" stores nothing. Result: 1 started; 0 not, with one
  * line in `problem` (cut to `size` bytes, always terminated).
+ *
+ * A host that does not call this gets the machine that VESK_MACHINE and VESK_STORE in its environment name, or "default".
+ * Where that machine cannot be started, the reason is printed to standard error and every call of the library fails.
  */
 int VeskMachine_Start(const char* machine, const char* store, char* problem, size_t size);
 

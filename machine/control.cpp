@@ -5,6 +5,7 @@
 #include "machine/models/trace_sink.h"
 #include "machine/profile/built_in_machines.h"
 #include "observer/observer.h"
+#include "observer/recording/start.h"
 #include "unicode/utf.h"
 
 #include <cstdio>
@@ -42,9 +43,8 @@ Listening TheListening;
 
 int VeskMachine_Start(const char* machineName, const char* store, char* problem, size_t size) {
     try {
-        machine::Profile profile = machine::LoadProfile(machineName);
-        const std::string path = store != nullptr ? store : machine::DefaultStorePath(profile);
-        machine::Start(std::move(profile), path);
+        machine::StartNamed(machineName, store);
+        observer::MachineIsChosen();
         observer::ForgetOpenThings();
         if (TheListening.listener != nullptr) {
             TheListening.Apply(*machine::Current());

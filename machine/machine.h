@@ -96,6 +96,10 @@ void Start(Profile profile, const std::string& storePath);
 /// Throws StoreError when there is no such directory.
 std::string DefaultStorePath(const Profile& profile);
 
+/// A built-in machine, a profile's file or a recording, in place of the present one. The store's default is the machine's
+/// own file. Throws with what is wrong.
+void StartNamed(const std::string& name, const char* store);
+
 /// What a host gets that never says which machine it wants.
 void StartDefault();
 

@@ -1,9 +1,12 @@
 // A machine whose storage is a file, and the default one.
 #include "machine/machine.h"
+
 #include "machine/models/storage/storage.h"
 #include "machine/models/storage/store.h"
 #include "machine/profile/built_in_machines.h"
 #include "observer/recording/replay.h"
+#include "observer/recording/start.h"
+#include "observer/recording/system.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +19,20 @@ namespace machine {
 void Start(Profile profile, const std::string& storePath) {
     Storage storage = OpenStorage(profile, storePath);
     Start(std::move(profile), std::move(storage));
+}
+
+void StartNamed(const std::string& name, const char* store) {
+    if (observer::IsRecordingName(name)) {
+        if (store != nullptr && std::string_view(store) != ":memory:") {
+            throw StoreError(name + ": a recording has no store");
+        }
+        observer::StartPrintingReplay(name, "simulated machine");
+        return;
+    }
+    Profile profile = LoadProfile(name);
+    const std::string path = store != nullptr ? store : DefaultStorePath(profile);
+    Start(std::move(profile), path);
+    observer::SetReplay(nullptr);
 }
 
 /// In a replay only what is traced and logged reaches the machine, and there is nothing for it to save.
@@ -65,3 +82,8 @@ std::string DefaultStorePath(const Profile& profile) {
 }
 
 } // namespace machine
+
+void observer::system::StartMachine(const std::string& name, const std::string& store) {
+    machine::StartNamed(name.empty() ? std::string(machine::BuiltInMachineTexts().front().name) : name,
+                        store.empty() ? nullptr : store.c_str());
+}

@@ -138,6 +138,7 @@ size_t VeskObserver_ListOpen(VeskObserver_OpenSink sink, void* context) {
 
 int32_t VeskObserver_Replay(const char* file, size_t part, VeskObserver_DifferenceSink sink, void* context,
                             char* problem, size_t size) {
+    MachineIsChosen();
     if (file == nullptr) {
         SetReplay(nullptr);
         return 1;

@@ -20,6 +20,11 @@ inline constexpr std::int64_t RecordingVersion = 1;
 /// In bytes. A larger file is not read.
 inline constexpr std::size_t LargestRecording = 256 << 20;
 
+/// Where a machine is named: another name is a simulated machine's.
+inline bool IsRecordingName(std::string_view name) {
+    return name.ends_with(".rec") || name.ends_with(".rec.gz");
+}
+
 /// The names of a line's first field say what the line is.
 namespace line_kind {
 inline constexpr std::string_view Header = "vesk_recording";

@@ -3,6 +3,8 @@
 #include "observer/recording/recorder.h"
 #include "observer/recording/variables.h"
 
+#include <atomic>
+#include <new>
 #include <utility>
 
 namespace observer {
@@ -23,19 +25,29 @@ void Complain(const char* name, const std::string& problem) {
     system::Complain(std::string(name) + ": " + problem);
 }
 
-void Start() {
-    if (const std::string file = system::Environment(variable::Machine); !file.empty()) {
-        const auto complain = [](const Difference& difference) {
-            if (difference.kind == Difference::Kind::Call) {
-                Complain(variable::Machine, Printed(difference));
-            }
-        };
-        try {
-            StartReplay(file, 0, complain);
-        } catch (const RecordingError& problem) {
-            Complain(variable::Machine, std::string(problem.what()) + "; every call is refused");
-            SetReplay(std::make_shared<Replay>(EmptyRecording, 0, nullptr));
+std::atomic<bool> Chosen = false;
+
+void ChooseMachine() {
+    const std::string machine = system::Environment(variable::Machine);
+    const std::string store = system::Environment(variable::Store);
+    const char* const name = machine.empty() ? variable::Store : variable::Machine;
+    try {
+        if (IsRecordingName(machine)) {
+            StartPrintingReplay(machine, name);
+        } else if (!machine.empty() || !store.empty()) {
+            system::StartMachine(machine, store);
         }
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& problem) {
+        Complain(name, std::string(problem.what()) + "; every call is refused");
+        SetReplay(std::make_shared<Replay>(EmptyRecording, 0, nullptr));
+    }
+}
+
+void Start() {
+    if (!Chosen) {
+        ChooseMachine();
     }
     if (const std::string file = system::Environment(variable::Record); !file.empty()) {
         if (std::string problem; !StartRecording(file, problem)) {
@@ -72,6 +84,18 @@ void StartReplay(const std::string& path, std::size_t onlyPart, Replay::Report r
     } catch (const RecordingError& error) {
         throw RecordingError(path + ": " + error.what());
     }
+}
+
+void StartPrintingReplay(const std::string& path, const char* name) {
+    StartReplay(path, 0, [name](const Difference& difference) {
+        if (difference.kind == Difference::Kind::Call) {
+            Complain(name, Printed(difference));
+        }
+    });
+}
+
+void MachineIsChosen() noexcept {
+    Chosen = true;
 }
 
 void StartAsTheEnvironmentAsks() noexcept {

@@ -1,4 +1,4 @@
-// What the environment of a host asks for: VESK_RECORD and VESK_MACHINE.
+// Recordings that begin or answer because a host asks for it, itself or by the variables of its environment.
 #pragma once
 
 #include "observer/recording/replay.h"
@@ -16,8 +16,14 @@ bool StartRecording(const std::string& path, std::string& problem);
 /// Answers from a recording from now on, of one part or of all: 0. Throws RecordingError with the file's name.
 void StartReplay(const std::string& path, std::size_t onlyPart, Replay::Report report);
 
-/// Does once what the environment asks for. A recording that cannot be read refuses everything: an answer of the real
-/// machine would be taken for one of the recorded machine.
+/// The same from now on; what the library asks for beyond the recording is printed to standard error after `name`.
+void StartPrintingReplay(const std::string& path, const char* name);
+
+/// The host has chosen its machine: the environment does not choose one any more.
+void MachineIsChosen() noexcept;
+
+/// Does once what the environment asks for. A machine that cannot be started refuses everything: an answer of another
+/// machine would be taken for one of its own.
 void StartAsTheEnvironmentAsks() noexcept;
 
 } // namespace observer

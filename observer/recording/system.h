@@ -50,6 +50,10 @@ Host CurrentHost();
 /// "linux, gcc 12.2.0": the system and the compiler that this library was built for.
 std::string Build();
 
+/// A machine that is no recording; an empty name is the default one, an empty store its usual one. Natively the simulated
+/// machine defines it; elsewhere there is none. Throws with the reason.
+void StartMachine(const std::string& name, const std::string& store);
+
 /// One line for the administrator of this host.
 void Complain(const std::string& line) noexcept;
 

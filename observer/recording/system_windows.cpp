@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cwchar>
+#include <stdexcept>
 
 namespace observer::system {
 namespace {
@@ -187,6 +188,10 @@ std::string Build() {
 #else
     return "windows, compiler " __VERSION__;
 #endif
+}
+
+void StartMachine(const std::string& name, const std::string&) {
+    throw std::runtime_error("\"" + name + "\" is no recording (its name would end in .rec)");
 }
 
 void Complain(const std::string& line) noexcept {

@@ -48,7 +48,11 @@ done
 cmp -s "$work/ar" "$work/gl" && fail "ar and gl are the same machine"
 rm -f "$work/gl.rec"
 "$bin/sondrel" --machine gl --store :memory: record -o "$work/gl.rec" EC_ReadEcFwRev WMIGetSN
-VESK_MACHINE=$work/gl.rec "$bin/sondrel" --machine ar --store :memory: call EC_ReadEcFwRev | cmp - "$work/gl"
+VESK_MACHINE=$work/gl.rec "$bin/sondrel" call EC_ReadEcFwRev | cmp - "$work/gl"
+VESK_MACHINE=gl VESK_STORE=:memory: "$bin/sondrel" call EC_ReadEcFwRev | cmp - "$work/gl"
+for machine in gl gl.rec; do # the option wins
+    VESK_MACHINE=$work/$machine "$bin/sondrel" --machine ar --store :memory: call EC_ReadEcFwRev | cmp - "$work/ar"
+done
 "$bin/sondrel" --machine "$work/gl.rec" call EC_ReadEcFwRev | cmp - "$work/gl"
 
 # Smaller, and still a machine.
@@ -58,7 +62,7 @@ VESK_MACHINE=$work/gl.rec "$bin/sondrel" --machine ar --store :memory: call EC_R
 "$bin/sondrel" diff "$work/gl.rec" "$work/gl.rec.gz"
 "$bin/sondrel" expand "$work/gl.rec.gz" -o "$work/again.rec"
 cmp "$work/gl.rec" "$work/again.rec"
-VESK_MACHINE=$work/gl.rec.gz "$bin/sondrel" call EC_ReadEcFwRev 2>&1 | grep -q "sondrel expand" || fail "no way is named"
+VESK_MACHINE=$work/gl.rec.gz "$bin/example_host_c" 2>&1 | grep -q "sondrel expand" || fail "no way is named"
 # The second reading finds the EC's identity in the registry, where the first one cached it.
 for rec in ec registry; do
     VESK_RECORD=$work/$rec.rec "$bin/sondrel" --machine gl --store "$work/state" call EC_ReadEcFwRev >"$work/$rec"

@@ -43,8 +43,8 @@ namespace VeskSondrel.Testing
         }
 
         /// <summary>Starts a machine in place of the process's present one.</summary>
-        /// <param name="machine">The name of a built-in machine, or the file of a profile or whatever else the library can
-        /// start.</param>
+        /// <param name="machine">The name of a built-in machine, or the file of a profile or of a recording
+        /// (NAME.rec).</param>
         /// <param name="store">The SQLite file of its registry and firmware variables; by default nothing is stored.</param>
         /// <exception cref="InvalidOperationException">It cannot be started: the message says what is wrong.</exception>
         public static void Start(string machine, string store = ":memory:")

@@ -7,12 +7,14 @@ import os
 import subprocess
 import sys
 from pathlib import Path
+from typing import Dict
 
 import pytest
 
 from vesk_sondrel import Machine, MachineError, Session, State, ThermalReadings
 
 EXAMPLES = Path(__file__).resolve().parents[3] / "examples" / "python"
+RECORDING = EXAMPLES.parents[1] / "recordings" / "ab.rec"
 AWKWARD = Path(__file__).resolve().parents[2] / "kit" / "awkward_host.json"
 
 
@@ -52,6 +54,45 @@ def test_awkward_answers_are_distinguished(simulated: str) -> None:
         assert result.value == [3510, None, 0, 0]
         assert result.elements[1].state is State.FAILED
         assert session.inventory.serial_number == ["Ä中😀"]
+
+
+def test_a_recording_is_a_machine_until_the_block_ends(simulated: str) -> None:
+    with Machine(RECORDING, library=simulated), Session(simulated) as session:
+        assert session.identity.firmware_revision == "AB"
+        assert session.or_none.thermal.cpu_temperature is None  # not recorded
+    with Session(simulated) as session:
+        assert session.identity.firmware_revision == "KL"
+
+
+@pytest.mark.parametrize(
+    "variables, answer, words",
+    [
+        ({"VESK_MACHINE": "gl", "VESK_STORE": ":memory:"}, "GL", ""),
+        ({"VESK_MACHINE": str(RECORDING)}, "AB", ""),
+        ({"VESK_MACHINE": "nowhere"}, "no session", "VESK_MACHINE: nowhere"),
+        ({"VESK_STORE": "/nowhere/store"}, "no session", "VESK_STORE: /nowhere/store"),
+    ],
+)
+def test_the_environment_chooses_a_machine(
+    simulated: str, variables: Dict[str, str], answer: str, words: str
+) -> None:
+    host = """
+import sys, vesk_sondrel
+try:
+    with vesk_sondrel.Session(sys.argv[1]) as session:
+        print(session.identity.firmware_revision)
+except vesk_sondrel.ReadFailed:
+    print("no session")
+"""
+    done = subprocess.run(
+        [sys.executable, "-c", host, simulated],
+        env={**os.environ, **variables},
+        capture_output=True,
+        encoding="utf-8",
+        timeout=60,
+    )
+    assert (done.returncode, done.stdout.strip()) == (0, answer), done.stderr
+    assert done.stderr.startswith(words) and bool(words) == bool(done.stderr), done.stderr
 
 
 def test_a_machine_that_does_not_exist_says_so(simulated: str) -> None:

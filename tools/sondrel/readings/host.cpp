@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "observer/recording/system.h"
 #include "recordings/replay.h"
 
 #include <iostream>
@@ -36,6 +37,11 @@ void PrintDifference(void*, const VeskObserver_Difference* difference) {
 }
 
 } // namespace
+
+std::optional<std::string> FromEnvironment(const char* variable) {
+    std::string value = observer::system::Environment(variable);
+    return value.empty() ? std::nullopt : std::optional(std::move(value));
+}
 
 Host::Host(const HostOptions& options)
     : library(options.library, FormFor(options)), machine(SimulatedMachine::NextTo(library.File())) {

@@ -4,6 +4,7 @@
 #include "exports/answer.h"
 #include "exports/library.h"
 #include "machines/simulated_machine.h"
+#include "observer/recording/variables.h"
 
 #include <optional>
 #include <string>
@@ -11,14 +12,18 @@
 
 namespace tool {
 
+/// Nothing for a variable that is not set or is empty.
+std::optional<std::string> FromEnvironment(const char* variable);
+
+/// What no option says, the environment may.
 struct HostOptions {
     /// The library's file; empty for the one of this kit or build.
-    std::string library;
+    std::string library = FromEnvironment("VESK_LIBRARY").value_or("");
     /// Where the library has two forms, the observed one.
     Library::Form form = Library::Form::Usual;
     /// Simulated machine: a built-in one or a profile, and the file that stores its state. Or a recording.
-    std::optional<std::string> machine;
-    std::optional<std::string> store;
+    std::optional<std::string> machine = FromEnvironment(observer::variable::Machine);
+    std::optional<std::string> store = FromEnvironment(observer::variable::Store);
     /// Simulated machine: debug and event lines on standard error.
     bool trace = false;
 };

@@ -34,10 +34,6 @@ struct ArgumentText {
 
 } // namespace
 
-bool IsRecordingName(std::string_view name) {
-    return name.ends_with(".rec") || name.ends_with(".rec.gz");
-}
-
 std::string ReadRecording(const std::string& file) {
     std::string content = ReadFile(file);
     try {

@@ -12,8 +12,7 @@
 
 namespace tool {
 
-/// Whether --machine names a recording: "NAME.rec" or "NAME.rec.gz".
-bool IsRecordingName(std::string_view name);
+using observer::IsRecordingName;
 
 /// The lines of a recording that may be compressed. Throws Error with the file's name.
 std::string ReadRecording(const std::string& file);

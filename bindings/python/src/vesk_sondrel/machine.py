@@ -35,7 +35,7 @@ class MachineError(SondrelError):
 class Machine:
     """Starts a machine in place of the process's present one.
 
-    machine   the name of a built-in machine, or the file of a profile or whatever else the library can start
+    machine   the name of a built-in machine, or the file of a profile or of a recording (NAME.rec)
     store     the SQLite file of its registry and firmware variables; by default nothing is stored
     library   the library that it is for, if that is not found by its name
 
