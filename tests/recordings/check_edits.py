@@ -19,11 +19,15 @@ class Case:
         self.tool = tool
         self.lines = pathlib.Path(recording).read_bytes().splitlines(keepends=True)
         self.file = pathlib.Path(folder) / "edited.rec"
+        self.parts = sum(line.startswith(b'{"vesk_recording"') for line in self.lines)
         self.faults = []
 
     def replay(self, data, *options):
+        return self.run(data, "replay", *options)
+
+    def run(self, data, *command):
         self.file.write_bytes(data)
-        done = subprocess.run([self.tool, "replay", *options, "--", self.file], capture_output=True, text=True,
+        done = subprocess.run([self.tool, *command, "--", self.file], capture_output=True, text=True,
                               encoding="utf-8", timeout=120)
         if done.returncode not in (0, 1, 2):
             self.faults.append(f"the exit status is {done.returncode}: {done.stderr[-300:]}")
@@ -115,11 +119,13 @@ class Case:
             self.replay(text[: chance.randrange(len(text))], "--part", "1")
             place = chance.randrange(len(text))
             self.replay(text[:place] + bytes([chance.randrange(256)]) + text[place + 1:], "--part",
-                        str(chance.randrange(1, 6)))
+                        str(chance.randrange(1, self.parts + 1)))
             # A number that is out of all bounds.
             numbers = [match.span() for match in re.finditer(rb"(?<=[:,])\d+", text)]
             start, end = chance.choice(numbers)
-            self.replay(text[:start] + b"4294967295" + text[end:], "--part", str(chance.randrange(1, 6)))
+            edited = text[:start] + b"4294967295" + text[end:]
+            self.replay(edited, "--part", str(chance.randrange(1, self.parts + 1)))
+            self.run(edited, "machine", "from")
         if self.replay(text[:-5]).returncode != 1:
             self.faults.append("a recording without its last bytes is no finding")
         other = text.replace(b'{"vesk_recording":1', b'{"vesk_recording":2', 1)

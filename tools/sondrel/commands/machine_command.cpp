@@ -10,6 +10,8 @@
 #include "machines/machine_words.h"
 #include "machines/profile_check.h"
 #include "output/output_file.h"
+#include "profiles/profile_from_recording.h"
+#include "recordings/recording_file.h"
 
 #include <nlohmann/json.hpp>
 
@@ -92,10 +94,21 @@ std::string CheckedTextOf(const std::string& nameOrFile) {
 }
 
 /// The name of the new machine: that of its file.
-std::string QuotedName(const Options& options) {
+std::string NewName(const Options& options) {
     const bool named = !options.output.empty() && options.output != "-";
-    const std::string name = named ? Utf8Of(PathOf(options.output).stem()) : "my-machine";
+    return named ? Utf8Of(PathOf(options.output).stem()) : "my-machine";
+}
+
+std::string Quoted(const std::string& name) {
     return nlohmann::json(name).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+void WriteNew(const Options& options, const std::string& text) {
+    std::error_code problem;
+    if (options.output != "-" && std::filesystem::is_regular_file(PathOf(options.output), problem)) {
+        throw Error(OnOneLine(options.output) + ": exists already and is not replaced");
+    }
+    WriteOutput(options.output, text);
 }
 
 } // namespace
@@ -106,13 +119,18 @@ int NewMachine(const Options& options) {
     }
     std::string text = CheckedTextOf(options.from.empty() ? FamilyMachine(options.name) : options.from);
     const ByteRange name = JsonPlaces(text).ValueOf("/name");
-    text.replace(name.begin, name.end - name.begin, QuotedName(options));
+    text.replace(name.begin, name.end - name.begin, Quoted(NewName(options)));
     text = Checked(options.output.empty() ? "-" : options.output, text);
-    std::error_code problem;
-    if (options.output != "-" && std::filesystem::is_regular_file(PathOf(options.output), problem)) {
-        throw Error(OnOneLine(options.output) + ": exists already and is not replaced");
+    WriteNew(options, text);
+    return ExitOk;
+}
+
+int MachineFromRecording(const Options& options) {
+    const MadeProfile made = ProfileFrom(*LoadRecording(options.name), NewName(options));
+    WriteNew(options, made.text);
+    for (const std::string& line : made.leftOut) {
+        std::cerr << "left out: " << line << '\n';
     }
-    WriteOutput(options.output, text);
     return ExitOk;
 }
 

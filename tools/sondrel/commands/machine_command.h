@@ -6,6 +6,7 @@
 namespace tool {
 
 int NewMachine(const Options& options);
+int MachineFromRecording(const Options& options);
 int CheckMachines(const Options& options);
 int ShowMachine(const Options& options);
 int ListMachines(const Options& options);

@@ -18,6 +18,12 @@ void AddMachineCommands(CLI::App& app, Options& options) {
         ->type_name("FILE");
     fresh->callback([&options] { options.run = NewMachine; });
 
+    CLI::App* const from = machine->add_subcommand("from", "Make a profile of what a recording shows");
+    from->add_option("RECORDING", options.name, "A recording, NAME.rec")->required()->type_name("");
+    from->add_option("--output,-o", options.output, "The new profile; a file that exists is not replaced")
+        ->type_name("FILE");
+    from->callback([&options] { options.run = MachineFromRecording; });
+
     CLI::App* const check = machine->add_subcommand("check", "List all errors with their lines");
     check->add_option("FILE", options.files, "Profiles")->required()->type_name("");
     check->callback([&options] { options.run = CheckMachines; });
@@ -29,7 +35,7 @@ void AddMachineCommands(CLI::App& app, Options& options) {
     CLI::App* const list = machine->add_subcommand("list", "The built-in machines");
     list->callback([&options] { options.run = ListMachines; });
 
-    for (CLI::App* const command : {machine, fresh, check, show, list}) {
+    for (CLI::App* const command : {machine, fresh, from, check, show, list}) {
         command->fallthrough();
     }
 }
