@@ -199,6 +199,14 @@ std::string_view Nearest(std::string_view name, std::span<const std::string_view
     return best;
 }
 
+std::u16string Lower(std::u16string_view text) {
+    std::u16string lower(text);
+    for (char16_t& each : lower) {
+        each = each >= u'A' && each <= u'Z' ? static_cast<char16_t>(each - u'A' + u'a') : each;
+    }
+    return lower;
+}
+
 std::filesystem::path PathOf(std::string_view utf8) {
     return {std::u8string(utf8.begin(), utf8.end())};
 }

@@ -39,6 +39,9 @@ std::vector<std::string_view> Split(std::string_view text, char separator);
 /// The candidate that a mistyped name most probably meant, or the empty string.
 std::string_view Nearest(std::string_view name, std::span<const std::string_view> candidates);
 
+/// The ASCII letters in lower case.
+std::u16string Lower(std::u16string_view text);
+
 std::filesystem::path PathOf(std::string_view utf8);
 std::string Utf8Of(const std::filesystem::path& path);
 

@@ -34,7 +34,7 @@ std::uint32_t CodeOf(const RecordedCall& call) {
 }
 
 /// The value that the first call showed; another one later is left out.
-void Set(Json& object, const char* member, const Json& value, const RecordedExport& recorded,
+void Set(ProfileJson& object, const char* member, const ProfileJson& value, const RecordedExport& recorded,
          LeftOut& leftOut) {
     if (!object.contains(member)) {
         object[member] = value;
@@ -59,7 +59,7 @@ bool IsRefused(const RecordedExports& exports, std::u16string_view path, std::ui
     return tried;
 }
 
-void AddDriverCall(const RecordedExport& recorded, const RecordedCall& call, Json& profile,
+void AddDriverCall(const RecordedExport& recorded, const RecordedCall& call, ProfileJson& profile,
                    LeftOut& leftOut) {
     const Bytes in = BytesIn(call.inputs, "in");
     const Bytes out = BytesIn(call.outputs, "out");
@@ -78,13 +78,14 @@ void AddDriverCall(const RecordedExport& recorded, const RecordedCall& call, Jso
         Set(profile["processor"], "power_limit_2", WordAt(out, 8), recorded, leftOut);
         break;
     case request::ReadCpuId: {
-        const Json leaf{{"leaf", WordAt(in, 0)},
-                        {"eax", WordAt(out, 0)},
-                        {"ebx", WordAt(out, 4)},
-                        {"ecx", WordAt(out, 8)},
-                        {"edx", WordAt(out, 12)}};
-        Json& leaves = profile["processor"]["cpuid"];
-        if (std::ranges::none_of(leaves, [&](const Json& known) { return known["leaf"] == leaf["leaf"]; })) {
+        const ProfileJson leaf{{"leaf", WordAt(in, 0)},
+                               {"eax", WordAt(out, 0)},
+                               {"ebx", WordAt(out, 4)},
+                               {"ecx", WordAt(out, 8)},
+                               {"edx", WordAt(out, 12)}};
+        ProfileJson& leaves = profile["processor"]["cpuid"];
+        if (std::ranges::none_of(leaves,
+                                 [&](const ProfileJson& known) { return known["leaf"] == leaf["leaf"]; })) {
             leaves.push_back(leaf);
         }
         break;
@@ -95,10 +96,10 @@ void AddDriverCall(const RecordedExport& recorded, const RecordedCall& call, Jso
 }
 
 /// The devices of one reading; readings that come further show more of them.
-Json BatteriesOf(const RecordedExport& recorded) {
+ProfileJson BatteriesOf(const RecordedExport& recorded) {
     constexpr std::uint32_t IsSystemBattery = 0x80000000;
     std::map<std::uint32_t, std::size_t> places; // by the open device
-    Json batteries = Json::array();
+    ProfileJson batteries = ProfileJson::array();
     for (const RecordedCall& call : recorded.calls) {
         const std::uint32_t device = HandleIn(call.inputs, "device");
         const Bytes out = BytesIn(call.outputs, "out");
@@ -107,7 +108,7 @@ Json BatteriesOf(const RecordedExport& recorded) {
             places.emplace(HandleOf(call.result), batteries.size());
             batteries.push_back({{"tag", 0}});
         } else if (call.operation == Operation::DeviceIoControl && places.contains(device)) {
-            Json& battery = batteries[places[device]];
+            ProfileJson& battery = batteries[places[device]];
             switch (CodeOf(call)) {
             case request::BatteryTag:
                 battery["tag"] = WordAt(out, 0);
@@ -166,8 +167,8 @@ public:
     }
 
     /// "acpi"; nothing was asked: null.
-    [[nodiscard]] Json Section() const {
-        Json section = m_acpi;
+    [[nodiscard]] ProfileJson Section() const {
+        ProfileJson section = m_acpi;
         if (m_hasLog && !m_ended) {
             section["log_end"] = "never ends";
         }
@@ -186,7 +187,7 @@ private:
     }
 
     /// Requests are counted from the machine's start: the first one may be that of any reading.
-    void AddFault(Json fault) {
+    void AddFault(ProfileJson fault) {
         if (m_use == 1) {
             m_leftOut.Add(m_recorded->name, "the event store refused its first request");
         } else if (std::ranges::find(m_acpi["faults"], fault) == m_acpi["faults"].end()) {
@@ -194,7 +195,7 @@ private:
         }
     }
 
-    Json m_acpi;
+    ProfileJson m_acpi;
     LeftOut& m_leftOut;
     const RecordedExport* m_recorded = nullptr;
     std::uint32_t m_use = 0; // of the reading
@@ -204,8 +205,8 @@ private:
 
 } // namespace
 
-void AddDevices(const RecordedExports& exports, Json& profile, LeftOut& leftOut) {
-    Json batteries = Json::array();
+void AddDevices(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut) {
+    ProfileJson batteries = ProfileJson::array();
     EventStore store(leftOut);
     for (const RecordedExport& recorded : exports) {
         std::uint32_t acpi = 0; // the open device
@@ -228,7 +229,7 @@ void AddDevices(const RecordedExports& exports, Json& profile, LeftOut& leftOut)
                             "a device refused a request with error " + std::to_string(FailureOf(call)));
             }
         }
-        if (Json found = BatteriesOf(recorded); found.size() > batteries.size()) {
+        if (ProfileJson found = BatteriesOf(recorded); found.size() > batteries.size()) {
             batteries = std::move(found);
         }
     }

@@ -84,7 +84,7 @@ bool IsPrintable(std::string_view text) {
 
 /// The characters of an identity, the first one in the highest byte of the reading.
 void AddCharacters(const RecordedExports& exports, std::string_view name, std::size_t count,
-                   const char* member, Json& ec, LeftOut& leftOut) {
+                   const char* member, ProfileJson& ec, LeftOut& leftOut) {
     std::string text(count, '?');
     if (const std::optional<std::int64_t> number = NumberFrom(exports, name)) {
         for (std::size_t place = 0; place < count; ++place) {
@@ -125,7 +125,7 @@ std::int64_t SpeedMeasuredAs(std::int64_t rpm) {
     return rpm;
 }
 
-void AddFans(const RecordedExports& exports, Json& ec) {
+void AddFans(const RecordedExports& exports, ProfileJson& ec) {
     const RecordedExport* const recorded = Find(exports, "Thermal_Read_Fan");
     if (recorded == nullptr) {
         return;
@@ -137,7 +137,7 @@ void AddFans(const RecordedExports& exports, Json& ec) {
     }
 }
 
-void AddPack(const RecordedExports& exports, Json& battery) {
+void AddPack(const RecordedExports& exports, ProfileJson& battery) {
     if (const std::optional<std::int64_t> decikelvins = NumberFrom(exports, "Battery_Read_Temperature")) {
         const double degrees = static_cast<double>(*decikelvins) / 10 - 273.15;
         battery["temperature"] = std::round(degrees * 100) / 100;
@@ -165,7 +165,7 @@ struct CommandUse {
     std::set<std::string> exports; // in which it failed
 };
 
-void AddFaults(const RecordedExports& exports, Json& ec, LeftOut& leftOut) {
+void AddFaults(const RecordedExports& exports, ProfileJson& ec, LeftOut& leftOut) {
     constexpr std::uint32_t EcCommand = 0x80102070;
     constexpr std::size_t AnswerSize = 16;
     std::map<std::uint32_t, CommandUse> commands;
@@ -187,7 +187,7 @@ void AddFaults(const RecordedExports& exports, Json& ec, LeftOut& leftOut) {
     }
     for (const auto& [command, use] : commands) {
         if (use.failures.size() == 1 && use.failures.begin()->second == use.uses) {
-            Json fault{{"command", command}, {"status", use.failures.begin()->first}};
+            ProfileJson fault{{"command", command}, {"status", use.failures.begin()->first}};
             if (use.byte != 0) {
                 fault["byte"] = use.byte;
             }
@@ -202,20 +202,21 @@ void AddFaults(const RecordedExports& exports, Json& ec, LeftOut& leftOut) {
 
 } // namespace
 
-void AddEc(const RecordedExports& exports, Json& profile, LeftOut& leftOut) {
-    Json& ec = profile["ec"];
+void AddEc(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut) {
+    ProfileJson& ec = profile["ec"];
     AddCharacters(exports, "EC_ReadEcFwRev", 2, "revision", ec, leftOut);
     AddCharacters(exports, "EC_ReadEcChipName", 4, "chip_name", ec, leftOut);
     for (const auto& [name, pointer, units] : Measurements) {
         const std::optional<std::int64_t> number = NumberFrom(exports, name);
-        Json& value = ec[Json::json_pointer(pointer)];
+        ProfileJson& value = ec[ProfileJson::json_pointer(pointer)];
         if (number && units == 1) {
             value = *number;
         } else if (number) {
             value = static_cast<double>(*number) / units;
         } else {
             value = 0;
-            if (Json& parent = ec[Json::json_pointer(pointer).parent_pointer()]; parent.contains("degrees")) {
+            if (ProfileJson& parent = ec[ProfileJson::json_pointer(pointer).parent_pointer()];
+                parent.contains("degrees")) {
                 parent = {{"valid", false}};
             }
         }

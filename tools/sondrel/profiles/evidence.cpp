@@ -86,13 +86,6 @@ std::optional<std::string> Utf8Of(const std::u16string& text) {
     return unicode::WideFromUtf8(narrow) == text ? std::optional(std::move(narrow)) : std::nullopt;
 }
 
-std::u16string Lower(std::u16string text) {
-    std::ranges::transform(text, text.begin(), [](char16_t unit) {
-        return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
-    });
-    return text;
-}
-
 bool HasFailed(const RecordedCall& call) {
     const observer::OperationRow& row = RowOf(call.operation);
     switch (row.returns) {

@@ -14,7 +14,7 @@
 
 namespace tool {
 
-using Json = nlohmann::ordered_json;
+using ProfileJson = nlohmann::ordered_json;
 
 /// What a profile has no place for, by the export that needs it; of several reasons the first.
 class LeftOut {
@@ -56,9 +56,6 @@ bool IsUtf8(const std::string& text);
 
 /// Nothing for a string that UTF-8 cannot express.
 std::optional<std::string> Utf8Of(const std::u16string& text);
-
-/// The ASCII letters in lower case: names of keys, classes and properties compare in this form.
-std::u16string Lower(std::u16string text);
 
 bool HasFailed(const observer::RecordedCall& call);
 /// The code with which it has failed.

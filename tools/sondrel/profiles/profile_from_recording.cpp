@@ -91,7 +91,7 @@ void LeaveOutFailures(const RecordedExports& exports, LeftOut& leftOut) {
 MadeProfile ProfileFrom(const observer::Recording& recording, const std::string& name) {
     const RecordedExports& exports = recording.Exports();
     const std::string windows = Utf8Of(StringIn(recording.Header(), "windows")).value_or("");
-    Json profile{{"name", name}, {"description", "Made from a recording of Windows " + windows}};
+    ProfileJson profile{{"name", name}, {"description", "Made from a recording of Windows " + windows}};
     LeftOut leftOut;
     AddEc(exports, profile, leftOut);
     AddDevices(exports, profile, leftOut);
@@ -101,13 +101,14 @@ MadeProfile ProfileFrom(const observer::Recording& recording, const std::string&
     AddWmi(exports, profile, leftOut);
     AddSystem(exports, profile, leftOut);
     LeaveOutFailures(exports, leftOut);
-    Json shown;
+    ProfileJson shown;
     for (const auto& [section, content] : profile.items()) {
         if (!content.is_null()) {
             shown[section] = content;
         }
     }
-    MadeProfile made{shown.dump(2, ' ', false, Json::error_handler_t::replace) + '\n', leftOut.Lines()};
+    MadeProfile made{shown.dump(2, ' ', false, ProfileJson::error_handler_t::replace) + '\n',
+                     leftOut.Lines()};
     if (const std::vector<ProfileFinding> findings = FindingsIn(made.text); !findings.empty()) {
         throw Error("what was recorded makes no profile: " + findings.front().text);
     }

@@ -39,14 +39,14 @@ std::optional<std::string> SsidIn(const Structure& fields) {
     return IsUtf8(name) ? std::optional(std::move(name)) : std::nullopt;
 }
 
-void AddAdapters(const RecordedExport& recorded, Json& profile, LeftOut& leftOut) {
+void AddAdapters(const RecordedExport& recorded, ProfileJson& profile, LeftOut& leftOut) {
     constexpr std::pair<std::int64_t, const char*> Types[] = {
         {6, "ethernet"}, {23, "ppp"}, {24, "loopback"}, {71, "wireless"}, {131, "tunnel"}, {243, "mobile"}};
     for (const RecordedCall& call : recorded.calls) {
         if (call.operation != Operation::GetAdaptersInfo || HasFailed(call)) {
             continue;
         }
-        Json adapters = Json::array();
+        ProfileJson adapters = ProfileJson::array();
         for (const observer::Value& adapter : ListIn(call.outputs, "adapters")) {
             const auto* const fields = std::get_if<Structure>(&adapter.held);
             const auto* const type = fields == nullptr
@@ -59,7 +59,7 @@ void AddAdapters(const RecordedExport& recorded, Json& profile, LeftOut& leftOut
                 adapters.push_back({{"index", NumberIn(*fields, "index")}, {"type", type->second}});
             }
         }
-        Json& known = profile["network"]["adapters"];
+        ProfileJson& known = profile["network"]["adapters"];
         if (known.is_null()) {
             known = std::move(adapters);
         } else if (known != adapters) {
@@ -78,7 +78,7 @@ public:
         }
     }
 
-    [[nodiscard]] const Json& Section() const { return m_section; }
+    [[nodiscard]] const ProfileJson& Section() const { return m_section; }
 
 private:
     void AddCall(const RecordedCall& call) {
@@ -99,7 +99,7 @@ private:
             return;
         }
         const auto* const guid = Held<platform::Guid>(call.inputs, "interface");
-        Json* const interface = guid == nullptr ? nullptr : InterfaceOf(GuidText(*guid));
+        ProfileJson* const interface = guid == nullptr ? nullptr : InterfaceOf(GuidText(*guid));
         if (interface == nullptr) {
             return;
         }
@@ -135,7 +135,7 @@ private:
              {"state", States[state]}});
     }
 
-    void AddAccessPoint(const observer::Value& entry, Json& interface) {
+    void AddAccessPoint(const observer::Value& entry, ProfileJson& interface) {
         const auto* const fields = std::get_if<Structure>(&entry.held);
         const std::optional<std::string> ssid = fields == nullptr ? std::nullopt : Ssid(*fields);
         if (ssid) {
@@ -154,8 +154,8 @@ private:
         return ssid;
     }
 
-    Json* InterfaceOf(const std::string& guid) {
-        for (Json& each : m_section["interfaces"]) {
+    ProfileJson* InterfaceOf(const std::string& guid) {
+        for (ProfileJson& each : m_section["interfaces"]) {
             if (each["guid"] == guid) {
                 return &each;
             }
@@ -165,20 +165,20 @@ private:
 
     const RecordedExport& m_recorded;
     LeftOut& m_leftOut;
-    Json m_section{{"service", "running"}, {"interfaces", Json::array()}};
+    ProfileJson m_section{{"service", "running"}, {"interfaces", ProfileJson::array()}};
 };
 
 /// Nothing for a reading that does not look for radios.
-std::optional<Json> BluetoothOf(const RecordedExport& recorded) {
+std::optional<ProfileJson> BluetoothOf(const RecordedExport& recorded) {
     constexpr std::uint32_t NoLibrary = 126;
-    Json section;
-    Json radios = Json::array();
+    ProfileJson section;
+    ProfileJson radios = ProfileJson::array();
     std::map<std::uint32_t, std::size_t> places;
     std::map<std::uint32_t, std::size_t> searches; // the radio of each
     for (const RecordedCall& call : recorded.calls) {
         const bool failed = HasFailed(call);
         if (call.operation == Operation::BluetoothFindFirstRadio) {
-            section = Json::object();
+            section = ProfileJson::object();
             if (failed && FailureOf(call) == NoLibrary) {
                 section["supported"] = false;
             }
@@ -191,7 +191,7 @@ std::optional<Json> BluetoothOf(const RecordedExport& recorded) {
         case Operation::BluetoothFindNextRadio:
             places[HandleIn(call.outputs, "radio")] = radios.size();
             radios.push_back(
-                {{"name", "Radio " + std::to_string(radios.size() + 1)}, {"devices", Json::array()}});
+                {{"name", "Radio " + std::to_string(radios.size() + 1)}, {"devices", ProfileJson::array()}});
             break;
         case Operation::BluetoothFindFirstDevice:
         case Operation::BluetoothFindNextDevice: {
@@ -223,7 +223,8 @@ bool AsksFor(const RecordedExport& recorded, Operation operation) {
 }
 
 /// Every reading of radios takes them all: the first one counts.
-void SetSection(Json& section, const Json& shown, const RecordedExport& recorded, LeftOut& leftOut) {
+void SetSection(ProfileJson& section, const ProfileJson& shown, const RecordedExport& recorded,
+                LeftOut& leftOut) {
     if (section.is_null()) {
         section = shown;
     } else if (section != shown) {
@@ -233,13 +234,13 @@ void SetSection(Json& section, const Json& shown, const RecordedExport& recorded
 
 } // namespace
 
-void AddRadios(const RecordedExports& exports, Json& profile, LeftOut& leftOut) {
+void AddRadios(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut) {
     for (const RecordedExport& recorded : exports) {
         AddAdapters(recorded, profile, leftOut);
         if (AsksFor(recorded, Operation::WlanOpenHandle)) {
             SetSection(profile["wifi"], WirelessInterfaces(recorded, leftOut).Section(), recorded, leftOut);
         }
-        if (const std::optional<Json> bluetooth = BluetoothOf(recorded)) {
+        if (const std::optional<ProfileJson> bluetooth = BluetoothOf(recorded)) {
             SetSection(profile["bluetooth"], *bluetooth, recorded, leftOut);
         }
     }

@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "profiles/sections.h"
 
 #include <algorithm>
@@ -146,12 +147,12 @@ private:
 };
 
 /// Nothing for a key that holds more than an application's usual values.
-std::optional<Json> ApplicationOf(const RegistryKey& key, std::size_t prefix) {
+std::optional<ProfileJson> ApplicationOf(const RegistryKey& key, std::size_t prefix) {
     const std::optional<std::string> own = Utf8Of(key.path.substr(prefix));
     if (!own || own->find('\\') != std::string::npos) {
         return std::nullopt;
     }
-    Json application{{"key", *own}};
+    ProfileJson application{{"key", *own}};
     for (const auto& [name, value] : key.values) {
         const std::optional<std::string> text = PlainString(value);
         if (name == u"displayname" && value.type == StringType && text) {
@@ -168,7 +169,7 @@ std::optional<Json> ApplicationOf(const RegistryKey& key, std::size_t prefix) {
 }
 
 /// Nothing for a type or a name that a profile has not.
-std::optional<Json> ValueOf(const RegistryKey& key, const RegistryValue& value) {
+std::optional<ProfileJson> ValueOf(const RegistryKey& key, const RegistryValue& value) {
     constexpr std::pair<std::uint32_t, const char*> Types[] = {{StringType, "REG_SZ"},
                                                                {ExpandStringType, "REG_EXPAND_SZ"},
                                                                {BinaryType, "REG_BINARY"},
@@ -181,7 +182,7 @@ std::optional<Json> ValueOf(const RegistryKey& key, const RegistryValue& value) 
     if (type == std::end(Types) || !path || !name) {
         return std::nullopt;
     }
-    Json made{{"key", *path}, {"name", *name}, {"type", type->second}};
+    ProfileJson made{{"key", *path}, {"name", *name}, {"type", type->second}};
     const std::optional<std::string> text =
         value.type == StringType || value.type == ExpandStringType ? PlainString(value) : std::nullopt;
     if (text) {
@@ -197,20 +198,20 @@ std::optional<Json> ValueOf(const RegistryKey& key, const RegistryValue& value) 
 /// The list of applications that the key belongs to, or null.
 const UninstallList* ListOf(const RegistryKey& key) {
     const auto* const list = std::ranges::find_if(UninstallLists, [&](const UninstallList& each) {
-        return Lower(key.path).starts_with(Lower(std::u16string(each.key)));
+        return Lower(key.path).starts_with(Lower(each.key));
     });
     return list == std::end(UninstallLists) ? nullptr : list;
 }
 
-void AddKey(const RegistryKey& key, Json& profile, LeftOut& leftOut) {
+void AddKey(const RegistryKey& key, ProfileJson& profile, LeftOut& leftOut) {
     if (const UninstallList* const list = ListOf(key); list != nullptr) {
-        if (std::optional<Json> application = ApplicationOf(key, list->key.size())) {
+        if (std::optional<ProfileJson> application = ApplicationOf(key, list->key.size())) {
             profile["applications"][list->name].push_back(*std::move(application));
             return;
         }
     }
     for (const auto& [name, value] : key.values) {
-        if (std::optional<Json> made = ValueOf(key, value)) {
+        if (std::optional<ProfileJson> made = ValueOf(key, value)) {
             profile["registry"]["values"].push_back(*std::move(made));
         } else {
             leftOut.Add("registry", "values of types or with names that a profile has not");
@@ -223,14 +224,15 @@ void AddKey(const RegistryKey& key, Json& profile, LeftOut& leftOut) {
 
 } // namespace
 
-std::vector<std::u16string> AddRegistry(const RecordedExports& exports, Json& profile, LeftOut& leftOut) {
+std::vector<std::u16string> AddRegistry(const RecordedExports& exports, ProfileJson& profile,
+                                        LeftOut& leftOut) {
     Hives hives;
     for (const RecordedExport& recorded : exports) {
         hives.Add(recorded, leftOut);
     }
     std::vector<std::u16string> packages;
     for (const auto& [place, key] : hives.Keys()) {
-        if (place.starts_with(Lower(std::u16string(PackageStore))) && key.values.empty()) {
+        if (place.starts_with(Lower(PackageStore)) && key.values.empty()) {
             packages.push_back(key.path.substr(PackageStore.size()));
         } else {
             AddKey(key, profile, leftOut);

@@ -11,25 +11,26 @@ namespace tool {
 using RecordedExports = std::vector<observer::RecordedExport>;
 
 /// "ec": the identity and the measurements, from the answers of the exports; commands that the EC refuses.
-void AddEc(const RecordedExports& exports, Json& profile, LeftOut& leftOut);
+void AddEc(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut);
 
 /// "driver", "processor", "batteries", "acpi".
-void AddDevices(const RecordedExports& exports, Json& profile, LeftOut& leftOut);
+void AddDevices(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut);
 
 /// The subkeys of the list of packages are returned: they belong to the packages.
-std::vector<std::u16string> AddRegistry(const RecordedExports& exports, Json& profile, LeftOut& leftOut);
+std::vector<std::u16string> AddRegistry(const RecordedExports& exports, ProfileJson& profile,
+                                        LeftOut& leftOut);
 
 /// "packages", "pnp_devices".
-void AddSoftware(const RecordedExports& exports, const std::vector<std::u16string>& stored, Json& profile,
-                 LeftOut& leftOut);
+void AddSoftware(const RecordedExports& exports, const std::vector<std::u16string>& stored,
+                 ProfileJson& profile, LeftOut& leftOut);
 
 /// "network", "wifi", "bluetooth".
-void AddRadios(const RecordedExports& exports, Json& profile, LeftOut& leftOut);
+void AddRadios(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut);
 
 /// "wmi", "firmware_features".
-void AddWmi(const RecordedExports& exports, Json& profile, LeftOut& leftOut);
+void AddWmi(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut);
 
 /// "system", "audio", "system_power", "firmware_variables", "files".
-void AddSystem(const RecordedExports& exports, Json& profile, LeftOut& leftOut);
+void AddSystem(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut);
 
 } // namespace tool

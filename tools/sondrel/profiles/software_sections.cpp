@@ -36,8 +36,8 @@ public:
         }
     }
 
-    void WriteTo(Json& profile, LeftOut& leftOut) const {
-        Json& section = profile["packages"];
+    void WriteTo(ProfileJson& profile, LeftOut& leftOut) const {
+        ProfileJson& section = profile["packages"];
         if (m_missing) {
             section["supported"] = false;
         }
@@ -48,7 +48,7 @@ public:
                 leftOut.Add("packages", "a name that is no Unicode");
                 continue;
             }
-            Json made{{"full_name", *fullName}};
+            ProfileJson made{{"full_name", *fullName}};
             if (!package.stored) {
                 made["in_store"] = false;
             }
@@ -144,13 +144,14 @@ std::optional<std::string> PropertyString(const observer::Bytes& bytes) {
     return Utf8Of(text.substr(0, text.find(u'\0')));
 }
 
-void AddDeviceNodes(const RecordedExport& recorded, Json& profile) {
+void AddDeviceNodes(const RecordedExport& recorded, ProfileJson& profile) {
     constexpr std::int64_t Description = 1;
     constexpr std::int64_t DriverKey = 10;
-    Json devices = Json::array();
+    ProfileJson devices = ProfileJson::array();
     std::map<std::uint32_t, std::size_t> places;
     const auto placeOf = [&](const std::string& id) {
-        const auto found = std::ranges::find_if(devices, [&](const Json& each) { return each["id"] == id; });
+        const auto found =
+            std::ranges::find_if(devices, [&](const ProfileJson& each) { return each["id"] == id; });
         return static_cast<std::size_t>(found - devices.begin());
     };
     for (const RecordedCall& call : recorded.calls) {
@@ -182,8 +183,8 @@ void AddDeviceNodes(const RecordedExport& recorded, Json& profile) {
 
 } // namespace
 
-void AddSoftware(const RecordedExports& exports, const std::vector<std::u16string>& stored, Json& profile,
-                 LeftOut& leftOut) {
+void AddSoftware(const RecordedExports& exports, const std::vector<std::u16string>& stored,
+                 ProfileJson& profile, LeftOut& leftOut) {
     Packages packages(stored);
     for (const RecordedExport& recorded : exports) {
         packages.Add(recorded);

@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "profiles/sections.h"
 
 #include <algorithm>
@@ -57,7 +58,7 @@ double Shortest(float number) {
     return shown;
 }
 
-void AddSystemCall(const RecordedCall& call, Json& system) {
+void AddSystemCall(const RecordedCall& call, ProfileJson& system) {
     constexpr std::int64_t TwoLetters = 4;
     constexpr std::int64_t Year10000 = 253402300800;
     const bool failed = HasFailed(call);
@@ -101,10 +102,11 @@ void AddSystemCall(const RecordedCall& call, Json& system) {
     }
 }
 
-void AddAudioCall(const RecordedExport& recorded, const RecordedCall& call, Json& profile, LeftOut& leftOut) {
+void AddAudioCall(const RecordedExport& recorded, const RecordedCall& call, ProfileJson& profile,
+                  LeftOut& leftOut) {
     if (const auto* const level = Held<float>(call.outputs, "level"); level != nullptr) {
         const double volume = Shortest(*level);
-        Json& known = profile["audio"]["volume"];
+        ProfileJson& known = profile["audio"]["volume"];
         if (known.is_null() && volume >= 0 && volume <= 1) {
             known = volume;
         } else if (known != volume) {
@@ -116,7 +118,7 @@ void AddAudioCall(const RecordedExport& recorded, const RecordedCall& call, Json
     }
 }
 
-void AddPowerCall(const RecordedExport& recorded, const RecordedCall& call, Json& power) {
+void AddPowerCall(const RecordedExport& recorded, const RecordedCall& call, ProfileJson& power) {
     if (call.operation == Operation::GetSystemPowerStatus && !HasFailed(call)) {
         const std::int64_t line = NumberIn(StructureIn(call.outputs, "status"), "line");
         power["running_on"] = line == 0 ? "battery" : line == 1 ? "ac" : "unknown";
@@ -130,7 +132,7 @@ void AddPowerCall(const RecordedExport& recorded, const RecordedCall& call, Json
     }
 }
 
-void AddVariableCall(const RecordedCall& call, Json& section) {
+void AddVariableCall(const RecordedCall& call, ProfileJson& section) {
     constexpr std::uint32_t NotAllAssigned = 1300;
     if (call.operation == Operation::AdjustTokenPrivileges && call.lastError == NotAllAssigned) {
         section["privilege_held"] = false;
@@ -140,19 +142,19 @@ void AddVariableCall(const RecordedCall& call, Json& section) {
         data->empty()) {
         return;
     }
-    const Json variable{{"name", Utf8Of(StringIn(call.inputs, "name")).value_or("")},
-                        {"guid", Utf8Of(Lower(StringIn(call.inputs, "guid"))).value_or("")},
-                        {"size", data->size()},
-                        {"fields", Json::array({{{"at", 0}, {"bytes", HexOf(*data)}}})}};
-    Json& variables = section["variables"];
+    const ProfileJson variable{{"name", Utf8Of(StringIn(call.inputs, "name")).value_or("")},
+                               {"guid", Utf8Of(Lower(StringIn(call.inputs, "guid"))).value_or("")},
+                               {"size", data->size()},
+                               {"fields", ProfileJson::array({{{"at", 0}, {"bytes", HexOf(*data)}}})}};
+    ProfileJson& variables = section["variables"];
     if (std::ranges::none_of(variables,
-                             [&](const Json& known) { return known["name"] == variable["name"]; })) {
+                             [&](const ProfileJson& known) { return known["name"] == variable["name"]; })) {
         variables.push_back(variable);
     }
 }
 
 /// Files and directories as they were before the library wrote to them.
-void AddFiles(const RecordedExport& recorded, Json& profile, LeftOut& leftOut) {
+void AddFiles(const RecordedExport& recorded, ProfileJson& profile, LeftOut& leftOut) {
     constexpr std::int64_t Directory = 0x10;
     std::map<std::uint32_t, std::string> open;
     std::map<std::string, std::string> read;
@@ -179,11 +181,11 @@ void AddFiles(const RecordedExport& recorded, Json& profile, LeftOut& leftOut) {
     if (read.empty()) {
         return;
     }
-    Json& files = profile["files"]["files"];
-    files = files.is_null() ? Json::array() : files;
+    ProfileJson& files = profile["files"]["files"];
+    files = files.is_null() ? ProfileJson::array() : files;
     for (const auto& each : read) {
-        const auto same =
-            std::ranges::find_if(files, [&](const Json& known) { return known["path"] == each.first; });
+        const auto same = std::ranges::find_if(
+            files, [&](const ProfileJson& known) { return known["path"] == each.first; });
         if (!IsUtf8(each.second)) {
             leftOut.Add(recorded.name, "the content of a file is not UTF-8");
         } else if (same == files.end()) {
@@ -196,7 +198,7 @@ void AddFiles(const RecordedExport& recorded, Json& profile, LeftOut& leftOut) {
 
 } // namespace
 
-void AddSystem(const RecordedExports& exports, Json& profile, LeftOut& leftOut) {
+void AddSystem(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut) {
     for (const RecordedExport& recorded : exports) {
         for (const RecordedCall& call : recorded.calls) {
             AddSystemCall(call, profile["system"]);

@@ -20,17 +20,17 @@ std::size_t PlaceOf(std::string_view text, std::string_view word) {
     return lower.find(word);
 }
 
-std::optional<Json> ValueOf(std::string_view text) {
+std::optional<ProfileJson> ValueOf(std::string_view text) {
     if (text.size() >= 2 && text.front() == '\'' && text.back() == '\'') {
         const std::string_view inner = text.substr(1, text.size() - 2);
         if (inner == "true" || inner == "false") {
-            return Json(inner == "true");
+            return ProfileJson(inner == "true");
         }
-        return Json(std::string(inner));
+        return ProfileJson(std::string(inner));
     }
     std::int64_t number = 0;
     const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return problem == std::errc() && end == text.data() + text.size() ? std::optional(Json(number))
+    return problem == std::errc() && end == text.data() + text.size() ? std::optional(ProfileJson(number))
                                                                       : std::nullopt;
 }
 
@@ -40,7 +40,7 @@ std::optional<WmiCondition> ConditionOf(std::string_view text) {
         return std::nullopt;
     }
     const bool equal = text[sign - 1] != '!';
-    std::optional<Json> value = ValueOf(Trimmed(text.substr(sign + 1)));
+    std::optional<ProfileJson> value = ValueOf(Trimmed(text.substr(sign + 1)));
     const std::string_view property = Trimmed(text.substr(0, equal ? sign : sign - 1));
     return value ? std::optional(WmiCondition{std::string(property), equal, *std::move(value)})
                  : std::nullopt;

@@ -9,7 +9,7 @@ namespace tool {
 struct WmiCondition {
     std::string property;
     bool equal = true;
-    Json value;
+    ProfileJson value;
 };
 
 /// "select * from CLASS where CONDITION and CONDITION"

@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "profiles/sections.h"
 #include "profiles/wmi_query.h"
 #include "unicode/utf.h"
@@ -18,7 +19,7 @@ std::string Folded(std::string_view name) {
 }
 
 /// The property's value in a row; null where the row does not have it.
-Json* Find(Json& row, std::string_view property) {
+ProfileJson* Find(ProfileJson& row, std::string_view property) {
     for (auto& [name, value] : row.items()) {
         if (Folded(name) == Folded(property)) {
             return &value;
@@ -32,31 +33,31 @@ struct QueryResult {
     const RecordedExport* recorded;
     std::string space;
     WmiQuery query;
-    std::vector<Json> rows;
+    std::vector<ProfileJson> rows;
     bool hasClass = true;
 };
 
 /// A value as a profile has it, or nothing.
-std::optional<Json> DatumOf(const Value& value, std::int64_t variantType) {
+std::optional<ProfileJson> DatumOf(const Value& value, std::int64_t variantType) {
     constexpr std::int64_t Boolean = 11;
     if (const auto* const number = std::get_if<observer::Number>(&value.held); number != nullptr) {
-        return variantType == Boolean ? Json(number->value != 0) : Json(number->value);
+        return variantType == Boolean ? ProfileJson(number->value != 0) : ProfileJson(number->value);
     }
     if (const auto* const text = std::get_if<std::u16string>(&value.held); text != nullptr) {
         const std::optional<std::string> narrow = Utf8Of(*text);
-        return narrow ? std::optional(Json(*narrow)) : std::nullopt;
+        return narrow ? std::optional(ProfileJson(*narrow)) : std::nullopt;
     }
     if (const auto* const bytes = std::get_if<observer::Bytes>(&value.held); bytes != nullptr) {
-        return Json{{"bytes", HexOf(*bytes)}};
+        return ProfileJson{{"bytes", HexOf(*bytes)}};
     }
     if (const auto* const fields = std::get_if<observer::Structure>(&value.held); fields != nullptr) {
-        return Json{{"bytes", HexOf(BytesIn(*fields, "bytes"))},
-                    {"lower_bound", NumberIn(*fields, "lower_bound")}};
+        return ProfileJson{{"bytes", HexOf(BytesIn(*fields, "bytes"))},
+                           {"lower_bound", NumberIn(*fields, "lower_bound")}};
     }
     if (const auto* const list = std::get_if<observer::List>(&value.held); list != nullptr) {
-        Json elements = Json::array();
+        ProfileJson elements = ProfileJson::array();
         for (const Value& each : *list) {
-            std::optional<Json> element = DatumOf(each, 0);
+            std::optional<ProfileJson> element = DatumOf(each, 0);
             if (!element) {
                 return std::nullopt;
             }
@@ -64,11 +65,11 @@ std::optional<Json> DatumOf(const Value& value, std::int64_t variantType) {
         }
         return elements;
     }
-    return Json();
+    return ProfileJson();
 }
 
 /// Adds the keys of a path: \\.\ROOT\WMI:CLASS.InstanceName="ACPI\\PNP0C14\\VESK_0"
-void AddKeys(std::string_view path, Json& row) {
+void AddKeys(std::string_view path, ProfileJson& row) {
     const std::size_t name = path.find('.', path.find(':'));
     const std::size_t sign = path.find("=\"", name);
     if (name == std::string_view::npos || sign == std::string_view::npos || !path.ends_with('"')) {
@@ -85,7 +86,7 @@ void AddKeys(std::string_view path, Json& row) {
 /// The queries of one export call, and the features of the firmware that it asked for.
 class WmiCalls {
 public:
-    WmiCalls(const RecordedExport& recorded, std::vector<QueryResult>& results, Json& features,
+    WmiCalls(const RecordedExport& recorded, std::vector<QueryResult>& results, ProfileJson& features,
              LeftOut& leftOut)
         : m_recorded(recorded), m_results(results), m_features(features), m_leftOut(leftOut) {
         for (const RecordedCall& call : recorded.calls) {
@@ -121,7 +122,7 @@ private:
                 result.hasClass = result.hasClass && succeeded;
                 if (succeeded && NumberIn(call.outputs, "returned") == 1) {
                     m_rows[HandleIn(call.outputs, "row")] = {found->second, result.rows.size()};
-                    result.rows.push_back(Json::object());
+                    result.rows.push_back(ProfileJson::object());
                 }
             }
             break;
@@ -155,10 +156,10 @@ private:
         if (place == m_rows.end() || value == nullptr) {
             return;
         }
-        Json& row = m_results[place->second.result].rows[place->second.row];
+        ProfileJson& row = m_results[place->second.result].rows[place->second.row];
         if (name == "__PATH") {
             AddKeys(Utf8Of(StringIn(call.outputs, "value")).value_or(""), row);
-        } else if (std::optional<Json> datum = DatumOf(*value, NumberIn(call.outputs, "vartype"))) {
+        } else if (std::optional<ProfileJson> datum = DatumOf(*value, NumberIn(call.outputs, "vartype"))) {
             row[name] = *std::move(datum);
         } else {
             m_leftOut.Add(m_recorded.name, name + " is no Unicode");
@@ -178,7 +179,7 @@ private:
 
     const RecordedExport& m_recorded;
     std::vector<QueryResult>& m_results;
-    Json& m_features;
+    ProfileJson& m_features;
     LeftOut& m_leftOut;
     std::map<std::uint32_t, std::string> m_spaces;     // by the services
     std::map<std::uint32_t, std::size_t> m_queries;    // by the enumerator
@@ -188,20 +189,20 @@ private:
 };
 
 /// Whether the row is known not to meet one of the conditions, or not to be the other row.
-bool Contradicts(Json& row, const WmiQuery& query, const Json& other) {
+bool Contradicts(ProfileJson& row, const WmiQuery& query, const ProfileJson& other) {
     const bool conditions = std::ranges::any_of(query.conditions, [&](const WmiCondition& condition) {
-        const Json* const known = Find(row, condition.property);
+        const ProfileJson* const known = Find(row, condition.property);
         return known != nullptr && (*known == condition.value) != condition.equal;
     });
     bool values = false;
     for (const auto& [name, value] : other.items()) {
-        const Json* const known = Find(row, name);
+        const ProfileJson* const known = Find(row, name);
         values = values || (known != nullptr && *known != value);
     }
     return conditions || values;
 }
 
-void Complete(Json& row, const QueryResult& result, const Json& found) {
+void Complete(ProfileJson& row, const QueryResult& result, const ProfileJson& found) {
     constexpr std::int64_t Other = 0xFFFFFFFF; // a number that no such condition excludes
     for (const auto& [name, value] : found.items()) {
         if (Find(row, name) == nullptr) {
@@ -210,16 +211,16 @@ void Complete(Json& row, const QueryResult& result, const Json& found) {
     }
     for (const WmiCondition& condition : result.query.conditions) {
         if (Find(row, condition.property) == nullptr) {
-            row[condition.property] = condition.equal ? condition.value : Json(Other);
+            row[condition.property] = condition.equal ? condition.value : ProfileJson(Other);
         }
     }
 }
 
 /// Adds the rows of a query to those of its class. A query with conditions returns some of them, in their order; which
 /// ones is known as far as the properties are.
-void Merge(const QueryResult& result, bool isFirst, Json& rows, LeftOut& leftOut) {
+void Merge(const QueryResult& result, bool isFirst, ProfileJson& rows, LeftOut& leftOut) {
     std::size_t place = 0;
-    for (const Json& found : result.rows) {
+    for (const ProfileJson& found : result.rows) {
         while (place < rows.size() && Contradicts(rows[place], result.query, found)) {
             if (result.query.conditions.empty()) {
                 leftOut.Add(result.recorded->name, result.query.className + " had other values before");
@@ -231,7 +232,7 @@ void Merge(const QueryResult& result, bool isFirst, Json& rows, LeftOut& leftOut
             if (!isFirst && result.query.conditions.empty()) {
                 leftOut.Add(result.recorded->name, result.query.className + " had fewer rows before");
             }
-            rows.push_back(Json::object());
+            rows.push_back(ProfileJson::object());
         }
         Complete(rows[place], result, found);
         ++place;
@@ -240,9 +241,9 @@ void Merge(const QueryResult& result, bool isFirst, Json& rows, LeftOut& leftOut
 
 } // namespace
 
-void AddWmi(const RecordedExports& exports, Json& profile, LeftOut& leftOut) {
+void AddWmi(const RecordedExports& exports, ProfileJson& profile, LeftOut& leftOut) {
     std::vector<QueryResult> results;
-    Json features;
+    ProfileJson features;
     for (const RecordedExport& recorded : exports) {
         WmiCalls(recorded, results, features, leftOut);
     }
@@ -259,8 +260,8 @@ void AddWmi(const RecordedExports& exports, Json& profile, LeftOut& leftOut) {
         std::string& className = classes[Folded(result.query.className)];
         const bool isFirst = className.empty();
         className = isFirst ? result.query.className : className;
-        Json& rows = profile["wmi"][space][className];
-        rows = rows.is_null() ? Json::array() : rows;
+        ProfileJson& rows = profile["wmi"][space][className];
+        rows = rows.is_null() ? ProfileJson::array() : rows;
         Merge(result, isFirst, rows, leftOut);
     }
 }

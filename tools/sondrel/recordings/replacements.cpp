@@ -1,5 +1,6 @@
 #include "recordings/replacements.h"
 
+#include "base/text.h"
 #include "observer/recording/json.h"
 
 #include <algorithm>
@@ -52,14 +53,6 @@ std::optional<unsigned> HexDigit(char16_t c) {
            : c >= u'a' && c <= u'f' ? std::optional(c - u'a' + 10)
            : c >= u'A' && c <= u'F' ? std::optional(c - u'A' + 10)
                                     : std::nullopt;
-}
-
-std::u16string Lower(std::u16string_view text) {
-    std::u16string lower(text);
-    for (char16_t& c : lower) {
-        c = IsUpper(c) ? static_cast<char16_t>(c + 32) : c;
-    }
-    return lower;
 }
 
 bool IsIpV4(std::u16string_view token) {
