@@ -36,7 +36,10 @@ tr -d '\r' <"$work/windows" | cmp - "$work/native"
 calls() {
     tr -d '\r' | sed -n 's/^.*  \(\(call \|EC   \)  .*\)$/\1/p' | grep -v 'Event\|GetCurrentProcessId'
 }
-for name in Thermal_Read_Fan Thermal_Read_Cpu_Temperature; do
+for name in Thermal_Read_Fan Thermal_Read_Cpu_Temperature Thermal_Read_ACFET_Temperature Thermal_Read_CpuPackagePower \
+    Thermal_Read_CpuDptf_PowerLimit1 EC_ReadEcFwRev EC_ReadEcChipName GetDriverVersion GetRefCount \
+    Battery_Read_CellVoltage Battery_Read_ManufactureName System_Read_TabletMode \
+    GetEEPROM_Data GetSENSOR_WMI_Data; do
     "$native/sondrel" --machine default --store :memory: trace "$name" | calls >"$work/native"
     wine "$windows/with_machine_devices.exe" default sondrel.exe trace "$name" \
         --library "Z:$windows/observed/VeskSondrel64.dll" </dev/null | calls >"$work/windows"
