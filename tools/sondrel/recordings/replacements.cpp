@@ -131,7 +131,7 @@ std::u16string Units(const observer::Bytes& bytes, std::size_t first) {
 }
 
 /// As it is recorded, which is as it is written without braces.
-std::u16string Written(const platform::Guid& guid) {
+std::u16string GuidString(const platform::Guid& guid) {
     std::string json;
     observer::AppendJson(json, {guid});
     const std::size_t length = std::string_view("5e1b8c0f-3d2a-4b71-9c44-7a60d1f2e385").size();
@@ -179,7 +179,7 @@ void Replacements::AddAccount(std::u16string_view account) {
 
 void Replacements::AddGuid(const platform::Guid& guid) {
     AddBytes(Secret::Uuid, RawBytes(guid));
-    m_everywhere.emplace(Lower(Written(guid)), Written(Guid(guid)));
+    m_everywhere.emplace(Lower(GuidString(guid)), GuidString(Guid(guid)));
 }
 
 observer::Bytes Replacements::Ssid(const observer::Bytes& name) {
