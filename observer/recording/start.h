@@ -23,7 +23,7 @@ void StartPrintingReplay(const std::string& path, const char* name);
 void MachineIsChosen() noexcept;
 
 /// Does once what the environment asks for. A machine that cannot be started refuses everything: an answer of another
-/// machine would be taken for one of its own.
+/// machine would be taken for an answer of it.
 void StartAsTheEnvironmentAsks() noexcept;
 
 } // namespace observer

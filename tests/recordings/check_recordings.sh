@@ -69,7 +69,8 @@ for rec in ec registry; do
 done
 status=0
 "$bin/sondrel" diff "$work/ec.rec" "$work/registry.rec" >"$work/differences" || status=$?
-[ "$status" = 1 ] && grep -q "identity came from the EC -> from the registry" "$work/differences" ||
+[ "$status" = 1 ] || fail "two recordings with another identity are the same"
+grep -q "identity came from the EC -> from the registry" "$work/differences" ||
     fail "the cached identity explains nothing: $(cat "$work/differences")"
 grep -q '"identity":"ec"' "$work/gl.rec" || fail "where the EC's identity came from is not in the header"
 echo "$count machines recorded and replayed"
