@@ -24,7 +24,7 @@ machine   7100   lines (the aim is 7000)
 tool      9200   lines
 file       400   lines in one file that is not a table
 folder      25   sources in one folder
-tests     36.6   per cent of all code (the aim is 33.3)
+tests     33.9   per cent of all code (the aim is 33.3)
 '
 # Data, one row a line: as long as what they list.
 tables='
