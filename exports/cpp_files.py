@@ -163,9 +163,9 @@ def special_value(value: dict) -> str:
         "error_code": ("ErrorCode", ""),
         "other": ("Other", ""),
     }[special]
-    fails = "true" if set(value["states"]) != {"ok"} else "false"
-    state = camel(value["states"][0])
-    return f"{{Match::{match}, {string(text)}, State::{state}, {fails}, {string(value['meaning'])}}}"
+    states = [f"State::{camel(state)}" for state in value["states"]]
+    possible = " | ".join(f"Bit({state})" for state in states)
+    return f"{{Match::{match}, {string(text)}, {states[0]}, {possible}, {string(value['meaning'])}}}"
 
 
 def row(description: Description, export: dict, value_list) -> str:

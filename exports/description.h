@@ -13,6 +13,10 @@ namespace exports {
 /// What an answer means, as far as its value shows it.
 enum class State : std::uint8_t { Ok, Failed, Absent, NotRead, NoSession, NotReady };
 
+constexpr std::uint8_t Bit(State state) {
+    return static_cast<std::uint8_t>(1u << static_cast<unsigned>(state));
+}
+
 enum class Match : std::uint8_t {
     Whole,     // the whole answer
     Element,   // an element of a list
@@ -28,9 +32,14 @@ struct SpecialValue {
     std::string_view text;
     /// What to assume where nothing else is known.
     State state;
-    /// It can also be the answer of a failed reading.
-    bool canFail;
+    /// All that it can mean, as bits.
+    std::uint8_t states;
     std::string_view meaning;
+
+    [[nodiscard]] constexpr bool CanMean(State other) const { return (states & Bit(other)) != 0; }
+
+    /// It can also be the answer of a failed reading.
+    [[nodiscard]] constexpr bool CanFail() const { return states != Bit(State::Ok); }
 };
 
 enum class Display : std::uint8_t {

@@ -10,198 +10,198 @@ namespace {
 namespace values {
 
 constexpr SpecialValue InitializeSondrel[] = {
-    {Match::Whole, "1", State::Ok, false, "the session is open"},
-    {Match::Whole, "0", State::Failed, true, "the driver's device is missing or refused to open"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "the session is open"},
+    {Match::Whole, "0", State::Failed, Bit(State::Failed), "the driver's device is missing or refused to open"},
 };
 constexpr SpecialValue GetDriverVersion[] = {
-    {Match::Whole, "0", State::Failed, true, "no session is open, or the driver refused"},
+    {Match::Whole, "0", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "no session is open, or the driver refused"},
 };
 constexpr SpecialValue EC_ReadEcFwRev[] = {
-    {Match::Whole, "2147483647", State::Failed, true, "an EC command failed, or no session is open"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "an EC command failed, or no session is open"},
 };
 constexpr SpecialValue Battery_Read_DesignedCapacity[] = {
-    {Match::Whole, "0", State::Absent, true, "no battery, or the device does not give this value"},
+    {Match::Whole, "0", State::Absent, Bit(State::Absent) | Bit(State::Failed), "no battery, or the device does not give this value"},
 };
 constexpr SpecialValue Battery_Read_CapacityPercentage[] = {
-    {Match::Whole, "0", State::Ok, true, "empty, or no battery"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Absent) | Bit(State::Failed), "empty, or no battery"},
 };
 constexpr SpecialValue Battery_Read_CycleCount[] = {
-    {Match::Whole, "2147483647", State::Failed, true, "an EC command failed, or no session is open"},
-    {Match::Whole, "0", State::Ok, true, "no cycles, or this machine does not count them"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "an EC command failed, or no session is open"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Absent) | Bit(State::Failed) | Bit(State::NoSession), "no cycles, or this machine does not count them"},
 };
 constexpr SpecialValue Battery_Get_LidStatus[] = {
-    {Match::Whole, "2147483647", State::Failed, true, "an EC command failed, or no session is open"},
-    {Match::Whole, "0", State::Ok, true, "the byte is 0, or no such reading on this machine"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "an EC command failed, or no session is open"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Absent) | Bit(State::NoSession), "the byte is 0, or no such reading on this machine"},
 };
 constexpr SpecialValue Battery_Read_ChargingVoltage[] = {
-    {Match::Whole, "2147483647", State::Failed, true, "an EC command failed, or no session is open"},
-    {Match::Whole, "0", State::Absent, true, "no such reading on this machine, or the EC cannot be identified"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "an EC command failed, or no session is open"},
+    {Match::Whole, "0", State::Absent, Bit(State::Absent) | Bit(State::NoSession) | Bit(State::Ok), "no such reading on this machine, or the EC cannot be identified"},
 };
 constexpr SpecialValue Battery_Read_Current[] = {
-    {Match::Whole, "-1", State::Failed, true, "an EC command failed, or no session is open"},
-    {Match::Whole, "0", State::Ok, true, "no current, or no such reading on this machine"},
+    {Match::Whole, "-1", State::Failed, Bit(State::Failed) | Bit(State::NoSession) | Bit(State::Ok), "an EC command failed, or no session is open"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Absent) | Bit(State::NoSession), "no current, or no such reading on this machine"},
 };
 constexpr SpecialValue Battery_Read_CellVoltage[] = {
-    {Match::Element, "2147483647", State::Failed, true, "an EC command failed, or no session is open"},
-    {Match::Element, "0", State::Absent, true, "no such cell on this machine, or the EC cannot be identified"},
+    {Match::Element, "2147483647", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "an EC command failed, or no session is open"},
+    {Match::Element, "0", State::Absent, Bit(State::Absent) | Bit(State::NoSession) | Bit(State::Ok), "no such cell on this machine, or the EC cannot be identified"},
 };
 constexpr SpecialValue Battery_Read_ManufactureDate[] = {
-    {Match::Whole, "1980-01-01", State::Absent, true, "the battery gives no date, or an EC command failed"},
+    {Match::Whole, "1980-01-01", State::Absent, Bit(State::Absent) | Bit(State::Failed) | Bit(State::NoSession), "the battery gives no date, or an EC command failed"},
 };
 constexpr SpecialValue Battery_Read_ManufactureName[] = {
-    {Match::Whole, "0x7FFFFFFF", State::Absent, true, "the battery gives no name, or an EC command failed"},
+    {Match::Whole, "0x7FFFFFFF", State::Absent, Bit(State::Absent) | Bit(State::Failed) | Bit(State::NoSession), "the battery gives no name, or an EC command failed"},
 };
 constexpr SpecialValue Thermal_Read_BatteryConnector_Temperature[] = {
-    {Match::Whole, "2147483647", State::Failed, true, "an EC command failed, or no session is open"},
-    {Match::Whole, "0", State::Absent, true, "no such reading on this machine, or the sensor is not ready"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "an EC command failed, or no session is open"},
+    {Match::Whole, "0", State::Absent, Bit(State::Absent) | Bit(State::NotReady) | Bit(State::NoSession) | Bit(State::Ok), "no such reading on this machine, or the sensor is not ready"},
 };
 constexpr SpecialValue Thermal_Read_Fan[] = {
-    {Match::Element, "2147483647", State::Failed, true, "an EC command failed, or no session is open"},
-    {Match::Element, "0", State::Ok, true, "the fan does not turn, or this machine does not have it"},
+    {Match::Element, "2147483647", State::Failed, Bit(State::Failed) | Bit(State::NoSession), "an EC command failed, or no session is open"},
+    {Match::Element, "0", State::Ok, Bit(State::Ok) | Bit(State::Absent) | Bit(State::NoSession), "the fan does not turn, or this machine does not have it"},
 };
 constexpr SpecialValue CPU_ReadCPUUsage[] = {
-    {Match::Whole, "0", State::Ok, true, "idle, or a sample failed"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Failed), "idle, or a sample failed"},
 };
 constexpr SpecialValue CPU_ReadCpuId[] = {
-    {Match::Untouched, "", State::NoSession, true, "no session is open"},
-    {Match::Whole, "00000000 00000000 00000000 00000000", State::Failed, true, "the driver refused"},
+    {Match::Untouched, "", State::NoSession, Bit(State::NoSession), "no session is open"},
+    {Match::Whole, "00000000 00000000 00000000 00000000", State::Failed, Bit(State::Failed) | Bit(State::Ok), "the driver refused"},
 };
 constexpr SpecialValue Thermal_Read_CpuPackagePower[] = {
-    {Match::Whole, "0", State::Absent, true, "no session is open, or the processor has no such value"},
+    {Match::Whole, "0", State::Absent, Bit(State::Absent) | Bit(State::Failed) | Bit(State::NoSession), "no session is open, or the processor has no such value"},
 };
 constexpr SpecialValue Power_Read_ACDCMode[] = {
-    {Match::Whole, "0", State::Ok, false, "on battery"},
-    {Match::Whole, "1", State::Ok, false, "on AC power"},
-    {Match::Whole, "255", State::Failed, true, "the system does not know"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok), "on battery"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "on AC power"},
+    {Match::Whole, "255", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the system does not know"},
 };
 constexpr SpecialValue GetEEPROM_Data[] = {
-    {Match::Whole, "{\"version\":\"\",\"register_count\":\"\",\"register\":[\"\"],\"event\":[]}", State::Failed, true, "the firmware's device does not answer"},
+    {Match::Whole, "{\"version\":\"\",\"register_count\":\"\",\"register\":[\"\"],\"event\":[]}", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the firmware's device does not answer"},
 };
 constexpr SpecialValue GetSENSOR_WMI_Data[] = {
-    {Match::Whole, "{\"p_sensor\":\"\"}", State::Failed, true, "the sensor could not be read"},
+    {Match::Whole, "{\"p_sensor\":\"\"}", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the sensor could not be read"},
 };
 constexpr SpecialValue GPNV_Get_RandomUUID[] = {
-    {Match::Untouched, "", State::Failed, true, "the firmware variable cannot be read"},
-    {Match::ErrorCode, "", State::Failed, true, "the system's error code of the failed read"},
+    {Match::Untouched, "", State::Failed, Bit(State::Failed), "the firmware variable cannot be read"},
+    {Match::ErrorCode, "", State::Failed, Bit(State::Failed), "the system's error code of the failed read"},
 };
 constexpr SpecialValue GPNV_Get_ActivatedTime[] = {
-    {Match::Untouched, "", State::Failed, true, "the firmware variable cannot be read"},
+    {Match::Untouched, "", State::Failed, Bit(State::Failed), "the firmware variable cannot be read"},
 };
 constexpr SpecialValue GPNV_Set_RandomUUID[] = {
-    {Match::Whole, "0", State::Ok, true, "written, or the variable could not be read and was left as it is"},
-    {Match::Whole, "13", State::Failed, true, "the variable ends before the field; or the system's code of the failed write"},
-    {Match::Other, "", State::Failed, true, "the system's error code of the failed write"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Failed), "written, or the variable could not be read and was left as it is"},
+    {Match::Whole, "13", State::Failed, Bit(State::Failed), "the variable ends before the field; or the system's code of the failed write"},
+    {Match::Other, "", State::Failed, Bit(State::Failed), "the system's error code of the failed write"},
 };
 constexpr SpecialValue WMICheckBatteryHealthSupport[] = {
-    {Match::Whole, "1", State::Ok, false, "supported"},
-    {Match::Whole, "0", State::Ok, true, "not supported, or the firmware did not answer"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "supported"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Failed), "not supported, or the firmware did not answer"},
 };
 constexpr SpecialValue WMICheckQuietFanSupport[] = {
-    {Match::Whole, "0", State::Ok, false, "supported, off"},
-    {Match::Whole, "1", State::Ok, false, "supported, on"},
-    {Match::Whole, "-1", State::Absent, true, "not supported, or the firmware did not answer"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok), "supported, off"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "supported, on"},
+    {Match::Whole, "-1", State::Absent, Bit(State::Absent) | Bit(State::Failed), "not supported, or the firmware did not answer"},
 };
 constexpr SpecialValue WMIGetBatteryHealth[] = {
-    {Match::Whole, "100", State::Ok, true, "also the default where nothing is stored"},
+    {Match::Whole, "100", State::Ok, Bit(State::Ok) | Bit(State::Absent) | Bit(State::Failed), "also the default where nothing is stored"},
 };
 constexpr SpecialValue WMIGetQuietFan[] = {
-    {Match::Whole, "0", State::Ok, true, "off, or nothing is stored"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Absent) | Bit(State::Failed), "off, or nothing is stored"},
 };
 constexpr SpecialValue WMISetBatteryHealth[] = {
-    {Match::Whole, "1", State::Ok, false, "the firmware accepted the value"},
-    {Match::Whole, "0", State::Failed, true, "the firmware did not accept the value, or does not have the feature"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "the firmware accepted the value"},
+    {Match::Whole, "0", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the firmware did not accept the value, or does not have the feature"},
 };
 constexpr SpecialValue WMISetAppPath[] = {
-    {Match::Whole, "1", State::Ok, false, "stored"},
-    {Match::Whole, "0", State::Failed, true, "not stored"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "stored"},
+    {Match::Whole, "0", State::Failed, Bit(State::Failed), "not stored"},
 };
 constexpr SpecialValue WMIGet90Number[] = {
-    {Match::Whole, "", State::Failed, true, "the WMI query failed or found nothing"},
+    {Match::Whole, "", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the WMI query failed or found nothing"},
 };
 constexpr SpecialValue WMIGetCPUUsg[] = {
-    {Match::Whole, "-1", State::Failed, true, "the WMI query failed or found nothing"},
+    {Match::Whole, "-1", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the WMI query failed or found nothing"},
 };
 constexpr SpecialValue WMIGetExternMonitorNum[] = {
-    {Match::Whole, "-1", State::Failed, true, "the WMI query failed"},
-    {Match::Whole, "0", State::Ok, true, "none, or WMI gave no row"},
+    {Match::Whole, "-1", State::Failed, Bit(State::Failed), "the WMI query failed"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Failed), "none, or WMI gave no row"},
 };
 constexpr SpecialValue WMIGetHDDModel[] = {
-    {Match::Whole, "", State::Absent, true, "no such disk, or the WMI query failed"},
+    {Match::Whole, "", State::Absent, Bit(State::Absent) | Bit(State::Failed), "no such disk, or the WMI query failed"},
 };
 constexpr SpecialValue WMIGetHDDTemp[] = {
-    {Match::Whole, "", State::Absent, true, "no disk reports a temperature, or the WMI query failed"},
+    {Match::Whole, "", State::Absent, Bit(State::Absent) | Bit(State::Failed), "no disk reports a temperature, or the WMI query failed"},
 };
 constexpr SpecialValue WMIGetMonitorBrightness[] = {
-    {Match::Whole, "-1", State::Failed, true, "the WMI query failed, or no display reports its brightness"},
+    {Match::Whole, "-1", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the WMI query failed, or no display reports its brightness"},
 };
 constexpr SpecialValue WMIGetSystemChassisTypes[] = {
-    {Match::Whole, "unknown", State::Failed, true, "the WMI query failed, or the kind has no name"},
+    {Match::Whole, "unknown", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the WMI query failed, or the kind has no name"},
 };
 constexpr SpecialValue WMIGetWiFiCardName[] = {
-    {Match::Whole, "", State::Absent, true, "no Wi-Fi adapter, or the WMI query failed"},
-    {Match::Untouched, "", State::Absent, true, "the system lists no network adapters"},
+    {Match::Whole, "", State::Absent, Bit(State::Absent) | Bit(State::Failed), "no Wi-Fi adapter, or the WMI query failed"},
+    {Match::Untouched, "", State::Absent, Bit(State::Absent) | Bit(State::Failed), "the system lists no network adapters"},
 };
 constexpr SpecialValue WMIGetWiFiBytesPersec[] = {
-    {Match::Whole, "", State::Failed, true, "the WMI query failed or found nothing"},
-    {Match::Whole, "0;0", State::Ok, true, "no traffic, or no counter of this adapter"},
+    {Match::Whole, "", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the WMI query failed or found nothing"},
+    {Match::Whole, "0;0", State::Ok, Bit(State::Ok) | Bit(State::Absent), "no traffic, or no counter of this adapter"},
 };
 constexpr SpecialValue RF_WiFiIsConnected[] = {
-    {Match::Whole, "0", State::Ok, false, "not connected"},
-    {Match::Whole, "1", State::Ok, false, "connected"},
-    {Match::Whole, "2147483647", State::Failed, true, "the radio could not be read"},
-    {Match::Whole, "-1000", State::NotRead, true, "no Wi-Fi adapter"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok), "not connected"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "connected"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed), "the radio could not be read"},
+    {Match::Whole, "-1000", State::NotRead, Bit(State::NotRead), "no Wi-Fi adapter"},
 };
 constexpr SpecialValue RF_WiFiCardName[] = {
-    {Match::Whole, "error_string", State::Failed, true, "the radio could not be read"},
-    {Match::Whole, "init_string", State::NotRead, true, "no adapter, or no connection"},
+    {Match::Whole, "error_string", State::Failed, Bit(State::Failed), "the radio could not be read"},
+    {Match::Whole, "init_string", State::NotRead, Bit(State::NotRead), "no adapter, or no connection"},
 };
 constexpr SpecialValue RF_WiFiRssi[] = {
-    {Match::Whole, "2147483647", State::Failed, true, "the radio could not be read"},
-    {Match::Whole, "-1000", State::NotRead, true, "no adapter, or no connection"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed), "the radio could not be read"},
+    {Match::Whole, "-1000", State::NotRead, Bit(State::NotRead), "no adapter, or no connection"},
 };
 constexpr SpecialValue RF_BTIsUsed[] = {
-    {Match::Whole, "0", State::Ok, false, "no device is connected"},
-    {Match::Whole, "1", State::Ok, false, "a device is connected"},
-    {Match::Whole, "2147483647", State::Failed, true, "the radio could not be read"},
-    {Match::Whole, "-1000", State::NotRead, true, "no Bluetooth radio"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok), "no device is connected"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "a device is connected"},
+    {Match::Whole, "2147483647", State::Failed, Bit(State::Failed), "the radio could not be read"},
+    {Match::Whole, "-1000", State::NotRead, Bit(State::NotRead), "no Bluetooth radio"},
 };
 constexpr SpecialValue System_Check_S_Mode[] = {
-    {Match::Whole, "0", State::Ok, true, "not in S mode, or the system did not answer"},
-    {Match::Whole, "1", State::Ok, false, "in S mode"},
+    {Match::Whole, "0", State::Ok, Bit(State::Ok) | Bit(State::Failed), "not in S mode, or the system did not answer"},
+    {Match::Whole, "1", State::Ok, Bit(State::Ok), "in S mode"},
 };
 constexpr SpecialValue System_GetCountryCode_ISO2[] = {
-    {Match::Whole, "", State::Failed, true, "the user has no country set"},
+    {Match::Whole, "", State::Failed, Bit(State::Failed) | Bit(State::Absent), "the user has no country set"},
 };
 constexpr SpecialValue System_Read_LocalTime[] = {
-    {Match::Whole, "", State::Failed, true, "the time cannot be converted to local time"},
+    {Match::Whole, "", State::Failed, Bit(State::Failed), "the time cannot be converted to local time"},
 };
 constexpr SpecialValue System_Read_VolumeLevel[] = {
-    {Match::Whole, "-1", State::Failed, true, "no audio device, or it does not report its volume"},
+    {Match::Whole, "-1", State::Failed, Bit(State::Failed) | Bit(State::Absent), "no audio device, or it does not report its volume"},
 };
 constexpr SpecialValue GetApplist_x64[] = {
-    {Match::Whole, "[{\"machine\":[]},{\"user\":[]}]", State::Ok, true, "no such applications, or the registry keys cannot be read"},
+    {Match::Whole, "[{\"machine\":[]},{\"user\":[]}]", State::Ok, Bit(State::Ok) | Bit(State::Failed), "no such applications, or the registry keys cannot be read"},
 };
 constexpr SpecialValue GetApplist_UWP[] = {
-    {Match::Whole, "[]", State::Ok, true, "no packages, or the package store cannot be read"},
+    {Match::Whole, "[]", State::Ok, Bit(State::Ok) | Bit(State::Failed), "no packages, or the package store cannot be read"},
 };
 constexpr SpecialValue App_Get_UWPApp[] = {
-    {Match::Whole, "", State::Absent, true, "no such applications, or the registry key cannot be read"},
+    {Match::Whole, "", State::Absent, Bit(State::Absent) | Bit(State::Failed), "no such applications, or the registry key cannot be read"},
 };
 constexpr SpecialValue GetInfVersion[] = {
-    {Match::Whole, "", State::Absent, true, "the driver package is not installed, or its version cannot be read"},
+    {Match::Whole, "", State::Absent, Bit(State::Absent) | Bit(State::Failed), "the driver package is not installed, or its version cannot be read"},
 };
 constexpr SpecialValue GetUWPVersion[] = {
-    {Match::Untouched, "", State::Absent, true, "the assistant package is not installed"},
+    {Match::Untouched, "", State::Absent, Bit(State::Absent) | Bit(State::Failed), "the assistant package is not installed"},
 };
 constexpr SpecialValue AppList_OpenWindows[] = {
-    {Match::Whole, "[]", State::Ok, true, "no window counts, or the windows cannot be listed"},
+    {Match::Whole, "[]", State::Ok, Bit(State::Ok) | Bit(State::Failed), "no window counts, or the windows cannot be listed"},
 };
 constexpr SpecialValue AppList_CpuUsage[] = {
-    {Match::Whole, "", State::Failed, true, "the WMI query failed"},
-    {Match::Whole, "[]", State::Ok, false, "no process uses any"},
+    {Match::Whole, "", State::Failed, Bit(State::Failed), "the WMI query failed"},
+    {Match::Whole, "[]", State::Ok, Bit(State::Ok), "no process uses any"},
 };
 constexpr SpecialValue AppList_HardwareConfig[] = {
-    {Match::Whole, "{\"brightness\":\"\",\"volume\":\"\"}", State::Failed, true, "neither value could be read"},
+    {Match::Whole, "{\"brightness\":\"\",\"volume\":\"\"}", State::Failed, Bit(State::Failed) | Bit(State::Absent), "neither value could be read"},
 };
 
 } // namespace values

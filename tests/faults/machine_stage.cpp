@@ -11,6 +11,7 @@
 #include "radio/bluetooth_snapshot.h"
 #include "radio/wifi_snapshot.h"
 #include "vesk_sondrel.h"
+#include "vesk_sondrel_observer.h"
 
 #include <dlfcn.h>
 
@@ -72,14 +73,21 @@ void* AddressOf(const std::string& name) {
     return ::dlsym(RTLD_DEFAULT, name.c_str());
 }
 
-MachineStage::MachineStage(Situation situation)
+MachineStage::MachineStage(Situation situation, bool logsCalls)
     : Stage(std::move(situation)),
       m_text(ChangedProfile(Where())),
       m_profile(machine::ParseProfile(m_text, Where().machine)) {
     observer::AddSink(*this);
+    if (logsCalls) {
+        const auto log = [](void* context, const VeskObserver_Call* call) {
+            static_cast<MachineStage*>(context)->m_logged.push_back(*tool::BoundaryCallOf(*call));
+        };
+        VeskObserver_SetSink(log, this);
+    }
 }
 
 MachineStage::~MachineStage() {
+    VeskObserver_SetSink(nullptr, nullptr);
     observer::RemoveSink(*this);
 }
 
@@ -146,6 +154,7 @@ void MachineStage::SetUp() {
 Run MachineStage::Play(const HostCall& call, observer::FaultPlan fault, heap::Plan heapFault) {
     Run run;
     m_calls.clear();
+    m_logged.clear();
     observer::Restart(fault);
     heap::Restart(heapFault);
     try {
@@ -154,6 +163,7 @@ Run MachineStage::Play(const HostCall& call, observer::FaultPlan fault, heap::Pl
         run.fault = std::string("raised across the boundary: ") + raised.what();
     }
     run.calls = m_calls;
+    run.logged = std::exchange(m_logged, {});
     m_changed = m_changed || std::ranges::any_of(run.calls, IsPersisted) || !run.fault.empty();
     run.allocations = heap::Count();
     run.injected = observer::CurrentCosts().injected + heap::Injected();

@@ -10,7 +10,7 @@ namespace sweep {
 
 class MachineStage final : public Stage, private observer::Sink {
 public:
-    explicit MachineStage(Situation situation);
+    explicit MachineStage(Situation situation, bool logsCalls = false);
     ~MachineStage() override;
 
     void Restart() override;
@@ -31,6 +31,7 @@ private:
     machine::Profile m_profile;
     std::int64_t m_blocks = 0;
     std::vector<observer::Operation> m_calls;
+    std::vector<tool::BoundaryCall> m_logged;
 };
 
 } // namespace sweep

@@ -1,6 +1,7 @@
 // The fault sweep: whatever fails, no export crashes, leaks, writes beyond its buffer or takes a failure for an
 // answer, and the next call is right again.
 #include "budget.h"
+#include "causes.h"
 #include "machine_stage.h"
 #include "sweep.h"
 
@@ -124,6 +125,28 @@ int SweepAll(std::uint64_t oneIn) {
     return InterruptCame != 0 ? Interrupted : tally.complaints.empty() && missing.empty() ? 0 : 1;
 }
 
+/// That the tool names the failed call, of every failure or of a sample.
+int SweepAllCauses(std::uint64_t oneIn) {
+    Tally tally{.oneIn = oneIn};
+    for (const Scene& scene : Scenes()) {
+        MachineStage stage(scene.situation, true);
+        for (const exports::Export& row : exports::AllExports()) {
+            const bool belongs = scene.groups.empty() || std::ranges::count(scene.groups, row.group) != 0;
+            if (belongs && row.report == exports::InReport::Called && InterruptCame == 0) {
+                ShowProgress(scene.situation, row.name);
+                SweepCauses(stage, {&row, CallOf(row, scene.situation.initCom, BufferSizeOf(row))}, tally);
+            }
+        }
+    }
+    ShowProgress({}, "");
+    for (const std::string& complaint : tally.complaints) {
+        std::cout << complaint << '\n';
+    }
+    std::cout << tally.callFaults << " failures that change a reading: " << tally.unseen
+              << " look like an ordinary answer, " << tally.complaints.size() << " have another cause\n";
+    return InterruptCame != 0 ? Interrupted : tally.complaints.empty() && tally.callFaults != 0 ? 0 : 1;
+}
+
 int SweepPlanted() {
     MachineStage stage({});
     return FindsPlanted(stage, true, std::cout) ? 0 : 1;
@@ -137,6 +160,10 @@ int Obey(std::span<const std::string_view> arguments) {
         const std::string count(arguments[1]);
         return SweepAll(std::max(1UL, std::strtoul(count.c_str(), nullptr, 10)));
     }
+    if (arguments.size() == 2 && arguments[0] == "--causes") {
+        const std::string count(arguments[1]);
+        return SweepAllCauses(std::max(1UL, std::strtoul(count.c_str(), nullptr, 10)));
+    }
     if (arguments.size() == 1 && arguments[0] == "--planted") {
         return SweepPlanted();
     }
@@ -147,7 +174,8 @@ int Obey(std::span<const std::string_view> arguments) {
     if (arguments.size() == 2 && arguments[0] == "--budget") {
         return CheckBudget(std::string(arguments[1]), std::cout) ? 0 : 1;
     }
-    std::cerr << "usage: fault_sweep [--one-in COUNT | --planted | --costs | --budget FILE]\n";
+    std::cerr
+        << "usage: fault_sweep [--one-in COUNT | --causes COUNT | --planted | --costs | --budget FILE]\n";
     return 2;
 }
 

@@ -222,7 +222,7 @@ const SpecialValue* SpecialAnswer(const Export& row, const std::string& answer) 
 
 bool IsFailureValue(const Export& row, const std::string& answer) {
     const SpecialValue* const special = SpecialAnswer(row, answer);
-    return special != nullptr && special->canFail;
+    return special != nullptr && special->CanFail();
 }
 
 const FaultExpectation& ExpectationOf(const Export& row) {

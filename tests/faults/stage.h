@@ -3,6 +3,7 @@
 
 #include "host_call.h"
 
+#include "causes/boundary_call.h"
 #include "heap.h"
 #include "observer/observer.h"
 
@@ -31,6 +32,8 @@ struct Run {
     HostAnswer answer;
     /// The boundary calls that were made, in their order.
     std::vector<observer::Operation> calls;
+    /// The same as the tool logs them, if the stage was asked to.
+    std::vector<tool::BoundaryCall> logged;
     std::uint64_t allocations = 0;
     /// Failures that were injected, of either kind.
     std::uint64_t injected = 0;

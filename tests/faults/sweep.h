@@ -25,6 +25,8 @@ struct Tally {
     std::uint64_t planned = 0;
     std::uint64_t callFaults = 0;
     std::uint64_t heapFaults = 0;
+    /// Of the failed calls, those that look like an ordinary answer.
+    std::uint64_t unseen = 0;
     /// By operation: how often one of its failures was injected, or it was called where it has none.
     std::array<std::uint64_t, observer::OperationCount> reached{};
     /// One line for each run that was not as it has to be.

@@ -42,7 +42,7 @@ TEST_F(ComparingTest, StoresEveryAnswerWithItsType) {
     EXPECT_EQ(readings.size(), 114u);
     const auto expect = [&](const char* name, const char* status, const json& value) {
         EXPECT_EQ(readings[name]["status"], status) << name;
-        EXPECT_EQ(readings[name]["value"], value) << name;
+        EXPECT_EQ(readings[name].value("returned", readings[name]["value"]), value) << name;
     };
     expect("Thermal_Read_Cpu_Temperature", "ok", 52);
     expect("Thermal_Read_UpCpu_Temperature", "failed", 2147483647);
@@ -182,7 +182,7 @@ TEST_F(ComparingTest, PrintsNumbersForPrometheus) {
         {"sondrel_fan_speed_rpm{fan=\"0\"}", 2913},
         {"sondrel_wifi_traffic_bytes_per_second{direction=\"sent\"}", 20480},
         {"sondrel_wifi_max_rate_bits_per_second", 867e6},
-        {"sondrel_reading_failed{export=\"Thermal_Read_Fan\"}", 0},
+        {"sondrel_reading_failed{export=\"Thermal_Read_Fan\",state=\"ok\"}", 0},
     };
     for (const auto& [name, number] : expected) {
         ASSERT_TRUE(samples.contains(name)) << name;
@@ -196,13 +196,15 @@ TEST_F(ComparingTest, PrintsNumbersForPrometheus) {
 TEST_F(ComparingTest, LeavesFailedReadingsOutOfTheMetrics) {
     const std::map<std::string, double> samples = Samples(WithDouble({"metrics"}, {"DOUBLE_RATIO=nan"}).out);
     EXPECT_FALSE(samples.contains("sondrel_temperature_celsius{sensor=\"upper_cpu\"}"));
-    EXPECT_EQ(samples.at("sondrel_reading_failed{export=\"Thermal_Read_UpCpu_Temperature\"}"), 1);
+    EXPECT_EQ(
+        samples.at("sondrel_reading_failed{export=\"Thermal_Read_UpCpu_Temperature\",state=\"failed\"}"), 1);
     EXPECT_FALSE(samples.contains("sondrel_battery_cell_volts{cell=\"1\"}"));
     EXPECT_TRUE(samples.contains("sondrel_battery_cell_volts{cell=\"0\"}"));
-    EXPECT_EQ(samples.at("sondrel_reading_failed{export=\"Battery_Read_CellVoltage\"}"), 1);
+    EXPECT_EQ(samples.at("sondrel_reading_failed{export=\"Battery_Read_CellVoltage\",state=\"failed\"}"), 1);
     EXPECT_FALSE(samples.contains("sondrel_battery_health_ratio"));
-    EXPECT_EQ(samples.at("sondrel_reading_failed{export=\"RF_WiFiMaxRate\"}"), 1);
-    EXPECT_EQ(samples.at("sondrel_reading_failed{export=\"Thermal_Read_ACFET_Temperature\"}"), 0);
+    EXPECT_EQ(samples.at("sondrel_reading_failed{export=\"RF_WiFiMaxRate\",state=\"absent\"}"), 1);
+    EXPECT_EQ(
+        samples.at("sondrel_reading_failed{export=\"Thermal_Read_ACFET_Temperature\",state=\"absent\"}"), 0);
 }
 
 TEST_F(ComparingTest, ReplacesItsFileInOneStep) {

@@ -7,8 +7,9 @@
 namespace tool {
 
 int PrintMetrics(const Options& options) {
-    const Host host(options.host);
-    WriteOutput(options.output, MetricsPage(Reader(host, options.reading), SONDREL_VERSION));
+    const Host host(WithObserver(options.host));
+    Reader reader(host, options.reading);
+    WriteOutput(options.output, MetricsPage(reader, SONDREL_VERSION));
     return ExitOk;
 }
 

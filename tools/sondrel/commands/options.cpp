@@ -70,6 +70,13 @@ CLI::Option* AddCount(CLI::App& command, Sampling& sampling, const char* name, c
         ->check(CLI::Range(std::size_t{1}, MostSamples));
 }
 
+/// For the commands that load the shipped library.
+void AddObserved(CLI::App& command, Options& options) {
+    command.add_flag_callback(
+        "--observed", [&options] { options.host.form = Library::Form::Observed; },
+        "Load the observed library: it shows the cause of a failure");
+}
+
 /// The commands that show readings over time.
 struct Drawings {
     CLI::App* watch;
@@ -89,6 +96,7 @@ Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
     AddInterval(*watch, options.watchSampling, "Seconds between two samples (2)");
     AddCount(*watch, options.watchSampling, "--count", "End after so many samples");
     watch->add_option("--csv", options.csv, "Append the samples to this file")->type_name("FILE");
+    AddObserved(*watch, options);
     watch->callback([&options] { options.run = Watch; });
 
     CLI::App* const trace = app.add_subcommand("trace", "Show what one call does, with times");
@@ -147,6 +155,7 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     CLI::App* const call = app.add_subcommand("call", "Call one export and print its result");
     call->add_option("NAME", options.name, "The export")->required();
     call->add_option("ARG", options.arguments, "Its argument; see `sondrel list NAME`");
+    AddObserved(*call, options);
     call->callback([&options] { options.run = CallExport; });
     CLI::App* const report = app.add_subcommand("report", "Call every reading and print the results");
     report->add_flag("--json", options.json, "As one JSON object");

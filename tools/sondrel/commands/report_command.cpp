@@ -5,7 +5,7 @@
 namespace tool {
 
 int Report(const Options& options) {
-    const Host host(options.host);
+    const Host host(WithObserver(options.host));
     if (!options.page.file.empty()) {
         ReportAsPage(host, options.reading, options.page);
     } else if (options.json) {

@@ -23,7 +23,7 @@ std::string Now() {
 } // namespace
 
 int TakeSnapshot(const Options& options) {
-    const Host host(options.host);
+    const Host host(WithObserver(options.host));
     OrderedJson readings = OrderedJson::object();
     Reader(host, options.reading).ReadAll([&](const Reading& reading) {
         AddMembers(reading, SnapshotValue(reading), readings[std::string(reading.row.name)]);

@@ -121,6 +121,8 @@ public:
         std::cout << Times() << "  end    " << text << '\n';
     }
 
+    std::vector<BoundaryCall> TakeCalls() { return std::move(m_calls); }
+
 private:
     static void OnLine(void* context, int kind, const char* line) {
         static_cast<Transcript*>(context)->Print(kind == VESK_MACHINE_EVENT_LINE ? Line::Event : Line::Debug,
@@ -141,6 +143,9 @@ private:
     }
 
     void PrintCall(const VeskObserver_Call& call) {
+        if (auto logged = BoundaryCallOf(call)) {
+            m_calls.push_back(*std::move(logged));
+        }
         const bool isDebugLine = std::string_view(call.operation) == "EventWriteTransfer";
         if (isDebugLine && call.succeeded != 0 && m_observed.machine != nullptr) {
             ++m_counts[static_cast<std::size_t>(Line::Call)]; // the debug line has just been printed
@@ -169,17 +174,17 @@ private:
     std::chrono::microseconds m_start;
     Clock::time_point m_begin;
     std::array<std::size_t, LineKinds.size()> m_counts{};
+    std::vector<BoundaryCall> m_calls;
 };
 
 constexpr std::string_view NotObserved = "this library is not observed: its calls and the EC's bytes are "
                                          "shown by the library in the folder \"observed\" "
                                          "(--library FILE); ";
 
-void PrintResult(const Export& row, const Answer& answer, const Paint& paint) {
+void PrintResult(const Reading& reading, const Paint& paint) {
     constexpr std::size_t Longest = 2000;
-    const Reading reading{row, answer, Classify(row, answer)};
     const std::string text =
-        row.signature == Signature::NoResult ? "(none)" : OnOneLine(ReadableOf(reading, Longest));
+        reading.row.signature == Signature::NoResult ? "(none)" : OnOneLine(ReadableOf(reading, Longest));
     std::cout << "result  " << paint(StyleOf(reading.classification.status), text) << '\n';
 }
 
@@ -187,15 +192,16 @@ void PrintResult(const Export& row, const Answer& answer, const Paint& paint) {
 
 int TraceExport(const Options& options) {
     // Opening the session is not part of the trace.
-    HostOptions host = options.host;
-    host.form = Library::Form::Observed;
-    const SingleCall call(host, options.reading, options.name, options.arguments);
+    const HostOptions host = WithObserver(options.host);
+    SingleCall call(host, options.reading, options.name, options.arguments);
     Answer answer;
+    std::optional<std::vector<BoundaryCall>> calls;
     if (const Address setSink = call.Find("VeskObserver_SetSink"); setSink != nullptr) {
         const Observed observed{reinterpret_cast<decltype(VeskObserver_SetSink)*>(setSink), call.Machine()};
         Transcript transcript(observed, options.colour);
         answer = call.Make();
         transcript.PrintEnd();
+        calls = transcript.TakeCalls();
     } else {
         const Clock::time_point begin = Clock::now();
         answer = call.Make();
@@ -204,8 +210,9 @@ int TraceExport(const Options& options) {
     }
     call.CloseSession(answer);
     interrupt::Check();
-    PrintResult(call.Row(), answer, Paint(options.colour, terminal::Stream::Out));
-    return answer.fault.empty() ? ExitOk : ExitFinding;
+    const Reading reading = call.Explained(std::move(answer), std::move(calls));
+    PrintResult(reading, Paint(options.colour, terminal::Stream::Out));
+    return reading.answer.fault.empty() ? ExitOk : ExitFinding;
 }
 
 } // namespace tool

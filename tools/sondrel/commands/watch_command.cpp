@@ -91,7 +91,7 @@ int Watch(const Options& options) {
     if (host.machine) {
         host.machine->TieToRealTime();
     }
-    const Sampler sampler(host, options.reading, ChosenNames(options, host));
+    Sampler sampler(host, options.reading, ChosenNames(options, host));
     std::optional<SampleFile> file;
     if (!options.csv.empty()) {
         file.emplace(options.csv, sampler.AllSeries());

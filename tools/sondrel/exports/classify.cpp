@@ -40,16 +40,18 @@ const SpecialValue* SpecialElement(const Export& row, std::string_view element) 
 }
 
 /// A list whose elements all mean the same means that as a whole.
-Classification ClassifyList(const Export& row, const Answer& answer) {
+const SpecialValue* SpecialList(const Export& row, const Answer& answer) {
     const std::vector<std::string_view> elements = ElementsOf(answer.text);
     const SpecialValue* const first = SpecialElement(row, elements.front());
-    if (first != nullptr && std::ranges::all_of(elements, [&](std::string_view element) {
-            return SpecialElement(row, element) == first;
-        })) {
-        return {StatusOf(first->state), std::string(first->meaning)};
-    }
-    const bool failed = std::ranges::any_of(
-        elements, [&](std::string_view element) { return StatusOfElement(row, element) == Status::Failed; });
+    const bool isAll = std::ranges::all_of(
+        elements, [&](std::string_view element) { return SpecialElement(row, element) == first; });
+    return isAll ? first : nullptr;
+}
+
+Classification ClassifyList(const Export& row, const Answer& answer) {
+    const bool failed = std::ranges::any_of(ElementsOf(answer.text), [&](std::string_view element) {
+        return StatusOfElement(row, element) == Status::Failed;
+    });
     return {failed ? Status::Partly : Status::Ok, ""};
 }
 
@@ -88,6 +90,26 @@ std::vector<std::string_view> ElementsOf(std::string_view list) {
     return elements;
 }
 
+const SpecialValue* SpecialValueOf(const Export& row, const Answer& answer) {
+    if (const SpecialValue* const special = SpecialAnswer(row, answer); special != nullptr) {
+        return special;
+    }
+    const bool isList = row.display == Display::List && !answer.untouched;
+    return isList ? SpecialList(row, answer) : nullptr;
+}
+
+bool CanLackSession(const Export& row, const Answer& answer) {
+    const auto canMean = [](const SpecialValue* special) {
+        return special != nullptr && special->CanMean(exports::State::NoSession);
+    };
+    if (!row.needsSession || row.display != Display::List || answer.untouched) {
+        return row.needsSession && canMean(SpecialAnswer(row, answer));
+    }
+    return std::ranges::all_of(ElementsOf(answer.text), [&](std::string_view element) {
+        return canMean(SpecialElement(row, element));
+    });
+}
+
 Classification Classify(const Export& row, const Answer& answer) {
     if (!answer.fault.empty()) {
         return {Status::Faulty, answer.fault};
@@ -95,7 +117,7 @@ Classification Classify(const Export& row, const Answer& answer) {
     if (answer.code != 0) {
         return {Status::Failed, "system error " + std::to_string(answer.code)};
     }
-    if (const SpecialValue* const special = SpecialAnswer(row, answer); special != nullptr) {
+    if (const SpecialValue* const special = SpecialValueOf(row, answer); special != nullptr) {
         return {StatusOf(special->state), std::string(special->meaning)};
     }
     if (answer.untouched) {

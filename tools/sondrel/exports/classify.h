@@ -30,6 +30,17 @@ struct Classification {
     std::string meaning;
 };
 
+/// Whether the reading succeeded, at least partly.
+constexpr bool HasValue(Status status) {
+    return status == Status::Ok || status == Status::Partly;
+}
+
+/// The entry that describes the answer, or all elements of the list that it is; null for an ordinary one.
+const SpecialValue* SpecialValueOf(const Export& row, const Answer& answer);
+
+/// Whether this can be the answer without a session: as a whole, or each element of a list.
+bool CanLackSession(const Export& row, const Answer& answer);
+
 Classification Classify(const Export& row, const Answer& answer);
 
 /// The elements of a list, without the empty one after a last separator.

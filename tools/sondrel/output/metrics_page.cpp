@@ -103,7 +103,7 @@ bool AddSamples(Page& page, const Metric& metric, const Reading& reading) {
 }
 
 /// The labels that identify the machine.
-std::string InfoLabels(const Reader& reader) {
+std::string InfoLabels(Reader& reader) {
     std::string labels;
     for (const Export& row : AllExports()) {
         if (row.infoLabel.empty()) {
@@ -118,7 +118,7 @@ std::string InfoLabels(const Reader& reader) {
 
 } // namespace
 
-std::string MetricsPage(const Reader& reader, std::string_view toolVersion) {
+std::string MetricsPage(Reader& reader, std::string_view toolVersion) {
     Page page;
     page.Begin("sondrel_build_info", "The tool that wrote this.");
     page.Add("sondrel_build_info", Label("version", toolVersion), 1);
@@ -134,7 +134,10 @@ std::string MetricsPage(const Reader& reader, std::string_view toolVersion) {
             current = metric.name;
         }
         const bool complete = AddSamples(page, metric, reading);
-        failures.Add("sondrel_reading_failed", Label("export", reading.row.name), complete ? 0 : 1);
+        const bool failed = !complete || IsFailure(reading.state);
+        const std::string state = Label("state", TextOf(reading.state));
+        failures.Add("sondrel_reading_failed", Label("export", reading.row.name) + "," + state,
+                     failed ? 1 : 0);
     }
     return page.Text() + failures.Text();
 }

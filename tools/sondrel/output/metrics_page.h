@@ -9,6 +9,6 @@
 namespace tool {
 
 /// Reads what has a metric or identifies the machine. `toolVersion` is a label.
-std::string MetricsPage(const Reader& reader, std::string_view toolVersion);
+std::string MetricsPage(Reader& reader, std::string_view toolVersion);
 
 } // namespace tool

@@ -77,7 +77,7 @@ std::vector<std::string> DrawnNames(const Host& host) {
 }
 
 Telemetry Measure(const Host& host, const ReadOptions& options, const Sampling& sampling) {
-    const Sampler sampler(host, options, DrawnNames(host));
+    Sampler sampler(host, options, DrawnNames(host));
     Telemetry telemetry{.series = sampler.AllSeries(), .samples = {}};
     Progress progress;
     const SampleClock clock(host);

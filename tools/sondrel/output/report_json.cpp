@@ -14,7 +14,8 @@ using OrderedJson = nlohmann::ordered_json;
 void ReportAsJson(const Host& host, const ReadOptions& options) {
     OrderedJson exports = OrderedJson::array();
     OrderedJson missing = OrderedJson::array();
-    Reader(host, options).ReadAll([&](const Reading& reading) {
+    Reader reader(host, options);
+    reader.ReadAll([&](const Reading& reading) {
         OrderedJson& object = exports.emplace_back();
         object["name"] = reading.row.name;
         AddMembers(reading, ValueOf(reading), object);
@@ -26,6 +27,7 @@ void ReportAsJson(const Host& host, const ReadOptions& options) {
     report["library"] = Utf8Of(host.library.File());
     report["machine"] = host.machineName;
     report["simulated"] = host.machine.has_value();
+    report["observed"] = reader.IsObserved();
     report["exports"] = std::move(exports);
     report["not_exported"] = std::move(missing);
     std::cout << report.dump(2, ' ', false, OrderedJson::error_handler_t::replace) << '\n';

@@ -48,8 +48,9 @@ public:
         m_layout = LayoutFor(m_nameWidth);
     }
 
-    void Begin(const Host& host) const {
-        Print("Library  " + OnOneLine(Utf8Of(host.library.File())));
+    void Begin(const Host& host, bool isObserved) const {
+        Print("Library  " + OnOneLine(Utf8Of(host.library.File())) +
+              (isObserved ? "" : " (not observed: the states are those that the values can mean)"));
         Print("Machine  " + OnOneLine(host.machineName) + host.MachineKind());
     }
 
@@ -159,8 +160,9 @@ private:
 
 void ReportAsText(const Host& host, const ReadOptions& options, ColourMode colour) {
     TextReport report(std::cout, colour);
-    report.Begin(host);
-    Reader(host, options).ReadAll([&](const Reading& reading) { report.Add(reading); });
+    Reader reader(host, options);
+    report.Begin(host, reader.IsObserved());
+    reader.ReadAll([&](const Reading& reading) { report.Add(reading); });
     report.End();
 }
 

@@ -33,7 +33,8 @@ std::string ValueText(const Series& series, const Point& point) {
     }
     const UnitStyle& style = UnitStyleOf(*series.row);
     std::string text = NumberText(style, *point.number);
-    return text.append(style.displayedUnit.empty() ? "" : " ").append(style.displayedUnit);
+    text.append(style.displayedUnit.empty() ? "" : " ").append(style.displayedUnit);
+    return point.isStale ? text.append(" (stale)") : text;
 }
 
 std::vector<double> NumbersIn(const std::deque<std::optional<double>>& history, std::size_t newest) {

@@ -59,11 +59,10 @@ Differences Compare(const Snapshot& before, const Snapshot& after, bool steady) 
                 ChangesBetween(difference.before->value, difference.after->value, ElementNameOf(row));
         }
         // The order of some lists does not matter, so their values can differ without a change.
-        const bool same =
-            difference.before != nullptr && difference.after != nullptr &&
-            difference.before->status == difference.after->status &&
-            difference.before->unit == difference.after->unit &&
-            (values ? difference.changes.empty() : difference.before->value == difference.after->value);
+        const bool same = difference.before != nullptr && difference.after != nullptr &&
+                          difference.before->status == difference.after->status &&
+                          difference.before->unit == difference.after->unit &&
+                          (!values || difference.changes.empty());
         if (!same) {
             differences.all.push_back(std::move(difference));
         }

@@ -43,6 +43,11 @@ std::optional<std::string> FromEnvironment(const char* variable) {
     return value.empty() ? std::nullopt : std::optional(std::move(value));
 }
 
+HostOptions WithObserver(HostOptions options) {
+    options.form = Library::Form::Observed;
+    return options;
+}
+
 Host::Host(const HostOptions& options)
     : library(options.library, FormFor(options)), machine(SimulatedMachine::NextTo(library.File())) {
     if (IsReplay(options)) {

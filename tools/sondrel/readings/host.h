@@ -28,6 +28,9 @@ struct HostOptions {
     bool trace = false;
 };
 
+/// With the observed library, which knows the causes of states.
+HostOptions WithObserver(HostOptions options);
+
 struct Host {
     /// Throws Error.
     explicit Host(const HostOptions& options);

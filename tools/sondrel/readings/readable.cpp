@@ -73,13 +73,17 @@ std::string TextWithoutValue(const Reading& reading) {
     const std::string shown = result.empty()             ? " (empty)"
                               : reading.answer.untouched ? ' ' + result
                                                          : InBrackets(result);
-    const std::string& meaning = reading.classification.meaning;
-    if (reading.classification.status == Status::Absent) {
-        return meaning + shown;
+    const Status status = reading.classification.status;
+    const std::string state(status == Status::Failed ? TextOf(reading.state) : TextOf(status));
+    if (reading.cause && reading.cause->call) {
+        return state + ": " + (result.empty() ? "empty" : result) + ", because " +
+               TextWithRemedy(*reading.cause);
     }
-    std::string text(TextOf(reading.classification.status));
-    text += shown;
-    return meaning.empty() ? text : text.append(": ").append(meaning);
+    const std::string rule = reading.cause ? TextWithRemedy(*reading.cause) : reading.classification.meaning;
+    if (status == Status::Absent) {
+        return rule + shown;
+    }
+    return rule.empty() ? state + shown : state + shown + ": " + rule;
 }
 
 } // namespace
@@ -126,6 +130,11 @@ Readable ReadableOf(const Reading& reading, std::size_t columns) {
     std::string remark = HintOf(row, answer);
     remark.append(remark.empty() || reading.classification.meaning.empty() ? "" : ": ");
     remark.append(reading.classification.meaning);
+    const bool isStale = reading.state == ReadingState::Stale;
+    if (reading.cause && (isStale || (reading.state != ReadingState::Ok && reading.cause->call))) {
+        remark.append(remark.empty() ? "" : "; ").append(TextOf(reading.state));
+        remark.append(": ").append(TextWithRemedy(*reading.cause));
+    }
     return {answer.text.empty() ? "(empty)" : Shortened(OnOneLine(text), columns), std::string(row.unit),
             std::move(remark)};
 }

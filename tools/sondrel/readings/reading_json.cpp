@@ -22,11 +22,36 @@ OrderedJson ValueOf(const Reading& reading) {
 void AddMembers(const Reading& reading, OrderedJson value, OrderedJson& object) {
     object["family"] = exports::TitleOf(reading.row.group);
     object["status"] = TextOf(reading.classification.status);
-    object["value"] = std::move(value);
+    if (reading.classification.status != Status::NotRun) {
+        object["state"] = TextOf(reading.state);
+    }
+    object["value"] = HasValue(reading) ? value : OrderedJson();
+    if (!HasValue(reading) && !value.is_null()) {
+        object["returned"] = std::move(value);
+    }
     object["unit"] = reading.row.unit;
     if (!reading.classification.meaning.empty()) {
         object["meaning"] = reading.classification.meaning;
     }
+    if (reading.cause) {
+        object["cause"] = JsonOf(*reading.cause);
+    }
+}
+
+OrderedJson JsonOf(const Cause& cause) {
+    OrderedJson object;
+    if (cause.call) {
+        const DecidingCall& call = *cause.call;
+        object["operation"] = call.operation;
+        object["subject"] = call.subject;
+        object["outcome"] = call.outcome;
+        object["code"] = call.code ? OrderedJson(*call.code) : OrderedJson();
+        object["words"] = call.words;
+    } else {
+        object["rule"] = cause.rule;
+    }
+    object["remedy"] = cause.remedy;
+    return object;
 }
 
 } // namespace tool

@@ -27,10 +27,18 @@ std::optional<double> NumberOf(const Answer& answer) {
     return std::nullopt;
 }
 
+/// "no session: CreateFileW ... failed with 2", or what the status is.
+std::string StateText(const Reading& reading) {
+    const Status status = reading.classification.status;
+    std::string text(status == Status::Failed ? TextOf(reading.state) : TextOf(status));
+    return reading.cause && reading.cause->call ? text.append(": ").append(TextWithRemedy(*reading.cause))
+                                                : text;
+}
+
 Point PointOf(const Reading& reading) {
     Point point{.status = reading.classification.status, .number = {}, .value = {}, .text = {}};
     if (!HasValue(reading)) {
-        point.text = TextOf(point.status);
+        point.text = StateText(reading);
         return point;
     }
     point.value = reading.answer.text;
@@ -39,6 +47,7 @@ Point PointOf(const Reading& reading) {
         point.number = NumberIn(point.value); // a list with one element
     }
     point.text = OnOneLine(ReadableOf(reading, LongestText));
+    point.isStale = reading.state == ReadingState::Stale;
     return point;
 }
 
@@ -53,7 +62,9 @@ Point ElementPoint(const Reading& reading, std::span<const std::string_view> ele
         point.value = elements[element];
         point.number = NumberIn(point.value);
     }
-    point.text = point.status == Status::Ok ? point.value : TextOf(point.status);
+    point.text = point.status == Status::Ok ? point.value
+                 : HasValue(reading)        ? TextOf(point.status)
+                                            : StateText(reading);
     return point;
 }
 
@@ -90,7 +101,8 @@ std::vector<Series> SeriesOf(std::span<const Export* const> rows) {
 Sampler::Sampler(const Host& host, const ReadOptions& options, std::span<const std::string> names)
     : m_rows(RowsOf(host, names)), m_series(SeriesOf(m_rows)), m_reader(host, options) {}
 
-Sample Sampler::Take() const {
+Sample Sampler::Take() {
+    m_reader.BeginSample();
     Sample sample{.time = std::chrono::system_clock::now(), .points = {}};
     for (const Export* const row : m_rows) {
         interrupt::Check();

@@ -34,6 +34,8 @@ struct Point {
     std::string value;
     /// In words, for display.
     std::string text;
+    /// Not read again for this sample.
+    bool isStale = false;
 };
 
 struct Sample {
@@ -49,7 +51,7 @@ public:
 
     [[nodiscard]] const std::vector<Series>& AllSeries() const { return m_series; }
 
-    [[nodiscard]] Sample Take() const;
+    [[nodiscard]] Sample Take();
 
 private:
     std::vector<const Export*> m_rows;

@@ -25,12 +25,33 @@ SingleCall::SingleCall(const HostOptions& hostOptions, const ReadOptions& readOp
       m_address(AddressOf(m_host.library, m_row)),
       m_inputs{arguments.empty() ? "" : arguments.front(), readOptions.initCom} {
     if (readOptions.session && m_row.needsSession) {
+        CallLog log(m_host.library);
         OpenSession(m_session, m_host.library);
+        m_sessionCalls = log.Take();
     }
 }
 
 Answer SingleCall::Make() const {
     return Call(m_address, m_row, m_inputs);
+}
+
+Reading SingleCall::Read() {
+    CallLog log(m_host.library);
+    Answer answer = Make();
+    return Explained(std::move(answer), log.IsObserved() ? std::optional(log.Take()) : std::nullopt);
+}
+
+Reading SingleCall::Explained(Answer answer, std::optional<std::vector<BoundaryCall>> calls) {
+    Explainer explainer(calls.has_value());
+    if (m_session) {
+        explainer.SessionOpened(m_session->IsOpen(), m_sessionCalls);
+    } else {
+        explainer.NoSessionAsked();
+    }
+    Explanation explanation =
+        explainer.Explain(m_row, answer, calls ? *std::move(calls) : std::vector<BoundaryCall>());
+    return {m_row, std::move(answer), std::move(explanation.classification), explanation.state,
+            std::move(explanation.cause)};
 }
 
 void SingleCall::CloseSession(const Answer& answer) const {

@@ -29,6 +29,12 @@ public:
     /// Throws Error if the argument does not suit the export.
     [[nodiscard]] Answer Make() const;
 
+    /// The same, with the calls that it makes if the library is observed.
+    [[nodiscard]] Reading Read();
+
+    /// What the answer means. Nothing for calls: the library is not observed.
+    [[nodiscard]] Reading Explained(Answer answer, std::optional<std::vector<BoundaryCall>> calls);
+
     /// Closes the session that a call of InitializeSondrel has opened.
     void CloseSession(const Answer& answer) const;
 
@@ -38,6 +44,7 @@ private:
     const Address m_address;
     const CallInputs m_inputs;
     std::optional<Session> m_session;
+    std::vector<BoundaryCall> m_sessionCalls;
 };
 
 } // namespace tool
