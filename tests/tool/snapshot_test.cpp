@@ -207,17 +207,4 @@ TEST_F(ComparingTest, LeavesFailedReadingsOutOfTheMetrics) {
         samples.at("sondrel_reading_failed{export=\"Thermal_Read_ACFET_Temperature\",state=\"absent\"}"), 0);
 }
 
-TEST_F(ComparingTest, ReplacesItsFileInOneStep) {
-    namespace fs = std::filesystem;
-    fs::create_directory(Path("here"));
-    const std::string file = Write("here/sondrel.prom", "old");
-    fs::create_symlink(file, Path("link.prom"));
-    EXPECT_EQ(WithDouble({"metrics", "--output", Path("link.prom")}).status, 0);
-    EXPECT_TRUE(fs::is_symlink(Path("link.prom")));
-    EXPECT_THAT(ContentOf(file), HasSubstr("sondrel_session_open 1\n"));
-    EXPECT_EQ(std::distance(fs::directory_iterator(Path("here")), {}), 1);
-    EXPECT_EQ(WithDouble({"metrics", "--output", "/dev/null"}).status, 0);
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
 } // namespace

@@ -47,8 +47,5 @@ std::vector<std::string> Arguments(int count, const char* const* arguments);
 
 unsigned long ProcessId();
 
-/// Asks the system to write the file's cached content to the disk. Failure is ignored.
-void FlushToDisk(const std::filesystem::path& file);
-
 } // namespace host_system
 } // namespace tool

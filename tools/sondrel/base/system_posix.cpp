@@ -3,7 +3,6 @@
 #include "base/system.h"
 
 #include <dlfcn.h>
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <utility>
@@ -56,14 +55,6 @@ std::vector<std::string> Arguments(int count, const char* const* arguments) {
 
 unsigned long ProcessId() {
     return static_cast<unsigned long>(getpid());
-}
-
-void FlushToDisk(const std::filesystem::path& file) {
-    const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (opened >= 0) {
-        fsync(opened);
-        close(opened);
-    }
 }
 
 } // namespace host_system

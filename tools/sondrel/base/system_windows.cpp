@@ -1,13 +1,12 @@
 // The tool on Windows.
 #include "base/error.h"
+#include "base/reason_windows.h"
 #include "base/system.h"
-#include "unicode/utf.h"
 
 #include <windows.h>
 
 #include <shellapi.h>
 
-#include <array>
 #include <memory>
 #include <utility>
 
@@ -17,23 +16,6 @@ namespace {
 struct LocalFreer {
     void operator()(void* memory) const { LocalFree(memory); }
 };
-
-std::string Utf8OfSystem(const wchar_t* text) {
-    const std::wstring_view wide(text);
-    return unicode::Utf8FromWide(std::u16string(wide.begin(), wide.end()));
-}
-
-std::string ReasonOf(DWORD code) {
-    std::array<wchar_t, 512> text{};
-    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                                        code, 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
-    std::string reason = length != 0 ? Utf8OfSystem(text.data()) : std::string();
-    while (!reason.empty() && (reason.back() == '\n' || reason.back() == '\r' || reason.back() == ' ')) {
-        reason.pop_back();
-    }
-    return (reason.empty() ? "error " : reason + " (error ") + std::to_string(code) +
-           (reason.empty() ? "" : ")");
-}
 
 } // namespace
 
@@ -91,15 +73,6 @@ std::vector<std::string> Arguments(int, const char* const*) {
 
 unsigned long ProcessId() {
     return GetCurrentProcessId();
-}
-
-void FlushToDisk(const std::filesystem::path& file) {
-    const HANDLE opened = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (opened != INVALID_HANDLE_VALUE) {
-        FlushFileBuffers(opened);
-        CloseHandle(opened);
-    }
 }
 
 } // namespace host_system

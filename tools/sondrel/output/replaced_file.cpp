@@ -1,21 +1,19 @@
 #include "output/replaced_file.h"
 
 #include "base/error.h"
-#include "base/system.h"
+#include "base/new_file.h"
 #include "base/text.h"
 #include "terminal/interrupt.h"
 
-#include <fstream>
+#include <random>
 
 namespace tool {
 namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void ThrowCannotWrite(const fs::path& file, std::string_view reason = {}) {
-    std::string text = OnOneLine(Utf8Of(file));
-    text.append(": cannot be written").append(reason.empty() ? "" : ": ").append(reason);
-    throw Error(text);
+[[noreturn]] void ThrowCannotWrite(const fs::path& file, std::string_view reason) {
+    throw Error(OnOneLine(Utf8Of(file)).append(": cannot be written: ").append(reason));
 }
 
 /// The target of a link, so that the link stays one.
@@ -25,55 +23,69 @@ fs::path TargetOf(const fs::path& file) {
     return problem ? file : target;
 }
 
+/// The new content until it is in place. Its name cannot be guessed, so nothing can be prepared at that name.
+class Draft {
+public:
+    explicit Draft(const fs::path& directory) : m_name(directory / NewName()), m_file(m_name) {}
+
+    NewFile* operator->() { return &m_file; }
+
+private:
+    /// The name is known to a forced end before the file exists and until it does not any more.
+    struct Registered {
+        explicit Registered(const fs::path& name) { interrupt::RemoveWhenForced(name); }
+
+        Registered(const Registered&) = delete;
+        Registered& operator=(const Registered&) = delete;
+
+        ~Registered() { interrupt::RemoveWhenForced({}); }
+    };
+
+    static std::string NewName() {
+        std::random_device random;
+        const std::uint32_t bits[] = {random(), random(), random(), random()};
+        return ".sondrel-" + Hex({reinterpret_cast<const std::uint8_t*>(bits), sizeof bits}) + ".new";
+    }
+
+    const fs::path m_name;
+    const Registered m_registered{m_name};
+    NewFile m_file;
+};
+
 } // namespace
 
-ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)), m_draft(m_file) {
+ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)) {
+    // Asked for the name as it was given: a system that does not let this user follow the link says so here.
     std::error_code problem;
-    const fs::file_status present = fs::status(m_file, problem);
+    const fs::file_status present = fs::status(file, problem);
+    if (problem && present.type() != fs::file_type::not_found) {
+        ThrowCannotWrite(file, problem.message());
+    }
     if (fs::is_directory(present)) {
         ThrowCannotWrite(m_file, "it is a directory");
     }
-    if (fs::exists(present)) {
-        m_permissions = present.permissions();
-    }
-    if (!fs::exists(present) || fs::is_regular_file(present)) {
-        m_draft += ".";
-        m_draft += std::to_string(host_system::ProcessId()).append(".new");
-        interrupt::RemoveWhenForced(m_draft);
-        if (!std::ofstream(m_draft, std::ios::binary)) {
-            interrupt::RemoveWhenForced({});
-            ThrowCannotWrite(m_file);
+    m_replaced = !fs::exists(present) || fs::is_regular_file(present);
+    if (m_replaced) {
+        try {
+            const Draft trial(m_file.parent_path());
+        } catch (const Error& reason) {
+            ThrowCannotWrite(m_file, reason.what());
         }
     }
 }
 
-ReplacedFile::~ReplacedFile() {
-    if (m_draft != m_file) {
-        std::error_code problem;
-        fs::remove(m_draft, problem);
-        interrupt::RemoveWhenForced({});
-    }
-}
-
-void ReplacedFile::Write(std::string_view text) {
-    std::ofstream out(m_draft, std::ios::binary);
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    out.close();
-    if (!out) {
-        ThrowCannotWrite(m_file);
-    }
-    if (m_draft == m_file) {
-        return;
-    }
-    std::error_code problem;
-    if (m_permissions != fs::perms::unknown) {
-        fs::permissions(m_draft, m_permissions, problem);
-    }
-    host_system::FlushToDisk(m_draft);
-    interrupt::Check();
-    fs::rename(m_draft, m_file, problem);
-    if (problem) {
-        ThrowCannotWrite(m_file, problem.message());
+void ReplacedFile::Write(std::string_view text) const {
+    try {
+        if (!m_replaced) {
+            WriteDirectly(m_file, text);
+            return;
+        }
+        Draft draft(m_file.parent_path());
+        draft->Write(text);
+        interrupt::Check();
+        draft->Replace(m_file);
+    } catch (const Error& reason) {
+        ThrowCannotWrite(m_file, reason.what());
     }
 }
 

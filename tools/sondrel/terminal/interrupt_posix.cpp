@@ -62,6 +62,10 @@ void OnInterrupt(int signal) {
     WakeUp();
 }
 
+void OnQuit(int signal) {
+    ForceEnd(signal);
+}
+
 void OnGracePeriodOver(int) {
     ForceEnd(TheSignal != 0 ? TheSignal : SIGALRM);
 }
@@ -106,6 +110,8 @@ void Listen() {
         Catch(SIGHUP, OnInterrupt);
     }
     Catch(SIGALRM, OnGracePeriodOver);
+    Catch(SIGQUIT, OnQuit);
+    std::signal(SIGXFSZ, SIG_IGN); // a write beyond the limit fails, and the half-written file is removed
     Catch(SIGWINCH, OnResized);
 }
 
