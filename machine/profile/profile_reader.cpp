@@ -63,6 +63,10 @@ std::optional<std::u16string> WideOf(const json& value, const StringRule& rule) 
     return text ? std::optional(unicode::WideFromUtf8(*text)) : std::nullopt;
 }
 
+bool IsPrintableAscii(char character) {
+    return character >= ' ' && character <= '~';
+}
+
 } // namespace
 
 std::string PointerPart(std::string_view name) {
@@ -95,8 +99,14 @@ std::optional<Bytes> BytesFromHex(std::string_view text) {
 StringRule PrintableAscii(std::size_t length) {
     return {"a string of " + std::to_string(length) + " printable ASCII characters",
             [length](const std::string& text) {
-                return text.size() == length &&
-                       std::ranges::all_of(text, [](char each) { return each >= ' ' && each <= '~'; });
+                return text.size() == length && std::ranges::all_of(text, IsPrintableAscii);
+            }};
+}
+
+StringRule PrintableAsciiUpTo(std::size_t length) {
+    return {"a string of at most " + std::to_string(length) + " printable ASCII characters",
+            [length](const std::string& text) {
+                return text.size() <= length && std::ranges::all_of(text, IsPrintableAscii);
             }};
 }
 

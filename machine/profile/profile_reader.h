@@ -50,6 +50,8 @@ struct StringRule {
 
 /// Exactly so many printable ASCII characters.
 StringRule PrintableAscii(std::size_t length);
+/// At most so many.
+StringRule PrintableAsciiUpTo(std::size_t length);
 
 /// One JSON object of a profile. Each function reads one member: it returns true when the member is there and
 /// right. A wrong member, and a required one that is missing, becomes an issue; the value stays the default, and

@@ -30,11 +30,30 @@ CpuIdLeaf VendorLeaf(const std::string& vendor) {
     return {0x16, WordAt(bytes, 0), WordAt(bytes, 8), WordAt(bytes, 4)};
 }
 
+/// The processor's name fills three leaves, after the one with the number of the last leaf.
+void AddNameLeaves(const std::string& name, std::map<std::uint32_t, CpuIdLeaf>& leaves) {
+    constexpr std::uint32_t LastLeaf = 0x80000000;
+    constexpr std::uint32_t NameLeaves[] = {0x80000002, 0x80000003, 0x80000004};
+    constexpr std::size_t LeafSize = 16;
+    std::string text = name;
+    text.resize(std::size(NameLeaves) * LeafSize, '\0');
+    const auto bytes = std::as_bytes(std::span(text));
+    leaves.try_emplace(LastLeaf, CpuIdLeaf{NameLeaves[2], 0, 0, 0});
+    for (std::size_t i = 0; i < std::size(NameLeaves); ++i) {
+        const auto leaf = bytes.subspan(i * LeafSize);
+        leaves.try_emplace(NameLeaves[i],
+                           CpuIdLeaf{WordAt(leaf, 0), WordAt(leaf, 4), WordAt(leaf, 8), WordAt(leaf, 12)});
+    }
+}
+
 } // namespace
 
 IoDriver::IoDriver(const DriverProfile& driver, ProcessorProfile processor, EmbeddedController& controller)
     : m_driver(driver), m_processor(std::move(processor)), m_controller(controller) {
     m_processor.leaves.try_emplace(0, VendorLeaf(m_processor.vendor));
+    if (!m_processor.name.empty()) {
+        AddNameLeaves(m_processor.name, m_processor.leaves);
+    }
 }
 
 void IoDriver::Measure(const MachineCourse& course) {

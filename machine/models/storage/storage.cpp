@@ -12,6 +12,11 @@ Storage OpenStorage(const Profile& profile, const std::string& storePath) {
     Storage storage;
     storage.store = std::make_shared<Store>(storePath);
     const Store& store = *storage.store;
+    try {
+        store.BelongTo(profile.name);
+    } catch (const StoreError& problem) {
+        throw StoreError(storePath + ": " + problem.what(), problem.IsDamage());
+    }
     storage.registry = std::make_shared<RegistryHive>(store, profile.registry);
     storage.firmwareVariables = std::make_shared<FirmwareStore>(store, profile.firmwareVariables);
     storage.files = std::make_shared<FileSystem>(storePath, store, profile.files);

@@ -1,5 +1,7 @@
 #include "machine/models/storage/store.h"
 
+#include "unicode/utf.h"
+
 namespace machine {
 namespace {
 
@@ -13,7 +15,10 @@ constexpr std::int64_t Made = 2;
 // Names are compared in their folded form; the name itself keeps its case. Keys are numbered in the order of their
 // creation, names are listed in the order of their folded form. host_path has the values in which a program on this
 // host stored a path of the host's own disk; what the profile put into the registry is not in it.
+constexpr const char* OwnerTable = "CREATE TABLE IF NOT EXISTS machine (name TEXT NOT NULL)";
+
 constexpr const char* Schema = R"(
+CREATE TABLE IF NOT EXISTS machine (name TEXT NOT NULL);
 CREATE TABLE IF NOT EXISTS registry_key (
     id INTEGER PRIMARY KEY,
     parent INTEGER NOT NULL,
@@ -124,6 +129,7 @@ Store::Store(const std::string& path) {
         ReadState();
         if (m_files == Files::Complete) {
             CheckIntegrity();
+            Execute(OwnerTable); // earlier versions did not make it
             return;
         }
         Execute("BEGIN IMMEDIATE");
@@ -153,6 +159,18 @@ void Store::CheckIntegrity() const {
         Prepare("PRAGMA integrity_check(1)").First([](const Statement& row) { return row.Text(0); });
     if (found != u"ok" || m_hasNoState) {
         throw StoreError("the store is damaged", true);
+    }
+}
+
+void Store::BelongTo(const std::string& machine) const {
+    const std::u16string name = unicode::WideFromUtf8(machine);
+    const auto owner =
+        Prepare("SELECT name FROM machine").First([](const Statement& row) { return row.Text(0); });
+    if (!owner) {
+        Prepare("INSERT INTO machine VALUES (?)").With(std::u16string_view(name)).Run();
+    } else if (*owner != name) {
+        throw StoreError("it is the store of the machine \"" + unicode::Utf8FromWide(*owner) +
+                         "\"; give each machine another one");
     }
 }
 

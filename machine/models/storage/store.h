@@ -83,6 +83,9 @@ public:
 
     [[nodiscard]] Files FilesState() const { return m_files; }
 
+    /// Refuses a store that another machine has made: two machines would change each other's state.
+    void BelongTo(const std::string& machine) const;
+
     /// Ends the first start: all of its state is there now. Does nothing on a later start.
     void CommitFirstState();
 

@@ -11,6 +11,7 @@ void ReadDriver(ProfileReader& reader, DriverProfile& driver) {
 
 void ReadProcessor(ProfileReader& reader, ProcessorProfile& processor) {
     reader.String("vendor", processor.vendor, Presence::Optional, PrintableAscii(12));
+    reader.String("name", processor.name, Presence::Optional, PrintableAsciiUpTo(47));
     reader.Objects("cpuid", [&](ProfileReader& row) {
         std::uint32_t number = 0;
         CpuIdLeaf leaf{};

@@ -25,6 +25,7 @@ struct CpuIdLeaf {
 
 struct ProcessorProfile {
     std::string vendor = std::string(12, '\0'); // twelve characters
+    std::string name;                           // of the leaves 0x80000002 to 0x80000004
     std::map<std::uint32_t, CpuIdLeaf> leaves;
     std::uint32_t packagePower = 0;
     std::uint32_t powerLimit1 = 0;
