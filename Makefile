@@ -5,7 +5,7 @@ MACHINE ?= default
 ARGS ?=
 SECONDS ?= 30
 
-.PHONY: help run run-windows test test-native test-asan test-windows sweep-windows fuzz bench kit dist docs format lint clean bootstrap
+.PHONY: help run run-windows test test-native test-asan test-windows sweep-windows fuzz fleet bench kit dist docs format lint clean bootstrap
 
 help:
 	@echo "make run           report of a simulated machine (MACHINE=name or profile, ARGS=--trace ...)"
@@ -13,6 +13,7 @@ help:
 	@echo "make test          native tests, the same under sanitizers, and the Windows tests under Wine"
 	@echo "make sweep-windows each boundary call and allocation of the real DLLs fails once, under Wine (minutes)"
 	@echo "make fuzz          every fuzz target, SECONDS=30 each"
+	@echo "make fleet         Prometheus and its node exporter with the metrics of all built-in machines"
 	@echo "make bench         benchmarks"
 	@echo "make kit           the development kits for Windows (two compilers) and Linux, packed"
 	@echo "make dist          the source archive that the ports are built from"
@@ -68,6 +69,11 @@ fuzz:
 	@scripts/bootstrap.sh fuzz
 	@scripts/build.sh fuzz
 	@scripts/fuzz.sh "$(SECONDS)"
+
+fleet:
+	@scripts/bootstrap.sh native
+	@scripts/build.sh native sondrel
+	@tests/fleet/check_fleet.py build/native/bin/sondrel
 
 bench:
 	@scripts/bootstrap.sh native

@@ -16,7 +16,7 @@ packages_of() {
     native) # with tests and benchmarks
         packages_of report
         echo "libvalijson-dev libgtest-dev libgmock-dev libbenchmark-dev pkgconf python3" \
-            "chromium-headless-shell fonts-dejavu-core"
+            "chromium-headless-shell fonts-dejavu-core prometheus prometheus-node-exporter"
         ;;
     windows)
         echo "g++ make cmake ninja-build nlohmann-json3-dev libcli11-dev" \
