@@ -10,7 +10,8 @@
 #   include/                               the header, which is the manual, and the observer's; natively also the
 #                                          simulated machine's
 #   share/vesk-sondrel/                    machine profiles and examples; on Windows PowerShell's completion
-#   share/bash-completion, share/zsh       natively, completion of the tool's export names
+#   share/bash-completion, share/zsh, share/man
+#                                          natively, completion and manual page of the tool
 #   share/doc/vesk-sondrel/                pages for engineers, licences of what is linked in
 set(kit_data share/vesk-sondrel)
 set(kit_documents share/doc/vesk-sondrel)
@@ -72,18 +73,19 @@ if(WIN32)
   endif()
   install(FILES ${VESK_EXPORTS} DESTINATION lib)
   install(PROGRAMS field/collect.cmd DESTINATION field)
-  install(FILES exports/generated/completion/sondrel.ps1 DESTINATION ${kit_data})
+  install(FILES tools/sondrel/generated/sondrel.ps1 DESTINATION ${kit_data})
 else()
   install(TARGETS VeskMachine LIBRARY DESTINATION lib)
   install(FILES include/vesk_sondrel_machine.h DESTINATION include)
-  install(FILES exports/generated/completion/sondrel DESTINATION share/bash-completion/completions)
-  install(FILES exports/generated/completion/_sondrel DESTINATION share/zsh/site-functions)
+  install(FILES tools/sondrel/generated/sondrel.bash DESTINATION share/bash-completion/completions RENAME sondrel)
+  install(FILES tools/sondrel/generated/sondrel.1 DESTINATION share/man/man1)
+  install(FILES tools/sondrel/generated/_sondrel DESTINATION share/zsh/site-functions)
 endif()
 
 install(DIRECTORY machines/ DESTINATION ${kit_data}/machines FILES_MATCHING PATTERN *.json)
-install(FILES docs/machine-profile.schema.json DESTINATION ${kit_data})
+install(FILES docs/machine-profile.schema.json packaging/prometheus/sondrel.rules.yml DESTINATION ${kit_data})
 install(DIRECTORY examples/ DESTINATION ${kit_data}/examples PATTERN CMakeLists.txt EXCLUDE)
-install(FILES docs/host-engineer.md docs/firmware-engineer.md docs/on-windows.md docs/tool.md DESTINATION ${kit_documents})
+install(FILES docs/host-engineer.md docs/firmware-engineer.md docs/on-windows.md docs/tool.md docs/fleet.md DESTINATION ${kit_documents})
 
 # What is compiled in has its licence there under the name of its target: without one there is no kit.
 get_property(kit_licences GLOBAL PROPERTY VESK_HOSTED_HEADERS)

@@ -209,8 +209,6 @@ def optional_members(description: Description, export: dict):
     telemetry = export["telemetry"]
     if telemetry:
         yield f".chart = {string(description.charts[telemetry['chart']])}"
-        if telemetry["watched"]:
-            yield ".watched = true"
     if export["info_label"]:
         yield f".infoLabel = {string(export['info_label'])}"
 

@@ -101,9 +101,8 @@ struct Export {
     /// The next reading usually differs: a temperature, a counter, the time.
     bool moves = false;
     InReport report = InReport::Called;
-    /// The drawing of a report page that it is in, or empty; and whether a watch without names shows it.
+    /// The drawing of a report page that it is in, or empty. A watch without names shows these exports too.
     std::string_view chart;
-    bool watched = false;
     /// Identifies the machine: a label of the info metric.
     std::string_view infoLabel;
     std::span<const SpecialValue> values;

@@ -45,9 +45,6 @@ def files() -> dict:
         made + "observed/VeskSondrel64.def": text_files.observed_definition(description),
         made + "observed/symbols.txt": text_files.observed_symbols(description),
         made + "observed/wrappers.cpp": CPP_NOTICE + cpp_files.observed_wrappers(description),
-        made + "completion/_sondrel": text_files.zsh_completion(description),
-        made + "completion/sondrel": text_files.bash_completion(description),
-        made + "completion/sondrel.ps1": text_files.powershell_completion(description),
         "docs/host-engineer.md": host_page(text_files.failure_table(description)),
     }
 

@@ -1,13 +1,10 @@
-"""The generated files that are no C++: linker inputs, completion scripts and the failure table of the host page."""
+"""The generated files that are no C++: linker inputs and the failure table of the host page."""
 
 from __future__ import annotations
 
 from description import Description
 
 NOTICE = "Generated from exports/exports.json by exports/generate.py"
-
-# Commands of the tool that take the name of an export.
-COMMANDS_WITH_EXPORT = ("call", "list", "record", "trace", "watch")
 
 
 def definition(description: Description) -> str:
@@ -52,66 +49,6 @@ def observed_symbols(description: Description) -> str:
         for export in description.exports
     )
     return f"# {NOTICE}.\n{rows}"
-
-
-def bash_completion(description: Description) -> str:
-    return f"""# {NOTICE}.
-# Completion of sondrel's export names for bash.
-_sondrel() {{
-    local word=${{COMP_WORDS[COMP_CWORD]}} index
-    COMPREPLY=()
-    for ((index = 1; index < COMP_CWORD; ++index)); do
-        case ${{COMP_WORDS[index]}} in
-        {'|'.join(COMMANDS_WITH_EXPORT)})
-            mapfile -t COMPREPLY < <(compgen -W '{all_names(description)}' -- "$word")
-            return
-            ;;
-        esac
-    done
-}}
-complete -o default -F _sondrel sondrel
-"""
-
-
-def zsh_completion(description: Description) -> str:
-    rows = "".join(
-        f"    '{export['name']}:{export['summary'].replace(chr(39), chr(39) + chr(92) + chr(39) * 2)}'\n"
-        for export in description.exports
-    )
-    return f"""#compdef sondrel
-# {NOTICE}.
-# Completion of sondrel's export names for zsh.
-local -a names
-names=(
-{rows})
-if (( ${{words[(I)({'|'.join(COMMANDS_WITH_EXPORT)})]}} )); then
-    _describe 'export' names
-else
-    _files
-fi
-"""
-
-
-def powershell_completion(description: Description) -> str:
-    rows = "\n".join(f"        '{export['name']}'" for export in description.exports)
-    return f"""# {NOTICE}.
-# Completion of sondrel's export names for PowerShell.
-Register-ArgumentCompleter -Native -CommandName sondrel, sondrel.exe -ScriptBlock {{
-    param($word, $line, $position)
-    $names = @(
-{rows}
-    )
-    if ($line.ToString() -match '\\s({'|'.join(COMMANDS_WITH_EXPORT)})\\s') {{
-        $names | Where-Object {{ $_ -like "$word*" }} | ForEach-Object {{
-            [System.Management.Automation.CompletionResult]::new($_, $_, 'ParameterValue', $_)
-        }}
-    }}
-}}
-"""
-
-
-def all_names(description: Description) -> str:
-    return " ".join(export["name"] for export in description.exports)
 
 
 def failure_table(description: Description) -> str:

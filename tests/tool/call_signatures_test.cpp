@@ -1,5 +1,8 @@
 // The tool's calls against the header.
 #include "exports/calls.h"
+#include "exports/document.h"
+
+#include <nlohmann/json.hpp>
 
 #include "vesk_sondrel.h"
 
@@ -9,6 +12,13 @@
 #include <utility>
 
 namespace {
+
+TEST(Documents, NestUpToSixtyFourLevels) {
+    for (const std::size_t levels : {std::size_t{1}, std::size_t{64}, std::size_t{65}, std::size_t{100000}}) {
+        const std::string text = std::string(levels, '[') + std::string(levels, ']');
+        EXPECT_EQ(tool::ParseDocument(text).has_value(), levels <= 64) << levels;
+    }
+}
 
 TEST(Calls, CallEachExportAsTheHeaderDeclaresIt) {
     const std::pair<const char*, std::type_index> declared[] = {

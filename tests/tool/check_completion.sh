@@ -1,11 +1,21 @@
 #!/bin/bash
-# The completion script for bash completes export names after the commands that take one, and nothing elsewhere.
+# The checked-in scripts and manual page are what the tool prints, and the script for bash completes commands, options and
+# export names where they belong.
 #
-#   tests/tool/check_completion.sh SCRIPT
+#   tests/tool/check_completion.sh TOOL
 set -eu
+root=$(cd "$(dirname "$0")/../.." && pwd)
+generated=$root/tools/sondrel/generated
+made=$(mktemp -d)
+trap 'rm -rf "$made"' EXIT
+"$root/scripts/generate_shell_texts.sh" "$1" "$made"
+diff -r "$generated" "$made" >&2 || {
+    echo "check_completion.sh: run scripts/generate_shell_texts.sh" >&2
+    exit 1
+}
 
 # shellcheck source=/dev/null
-. "$1"
+. "$generated/sondrel.bash"
 
 # The completions of the last word of a command line, on one line.
 completed() {
@@ -25,7 +35,10 @@ expect() {
 expect "$(completed sondrel call Thermal_Read_Cpu_)" Thermal_Read_Cpu_Temperature
 expect "$(completed sondrel --machine ab watch RF_WiFi)" \
     "RF_WiFiIsConnected RF_WiFiCardName RF_WiFiRssi RF_WiFiChannel RF_WiFiMaxRate"
-expect "$(completed sondrel list | wc -w)" 0
-expect "$(completed sondrel list '' | wc -w)" "$(grep -c '^EXPORT(' "$(dirname "$0")/../../exports/generated/export_names.inc")"
+expect "$(completed sondrel list '' | wc -w)" "$(grep -c '^EXPORT(' "$root/exports/generated/export_names.inc")"
 expect "$(completed sondrel record GetIoDll)" GetIoDllVersion
 expect "$(completed sondrel report RF_)" ""
+expect "$(completed sondrel mac)" machine
+expect "$(completed sondrel machine sh)" show
+expect "$(completed sondrel machine show RF_)" ""
+expect "$(completed sondrel watch --c)" "--count --csv --colour --color"

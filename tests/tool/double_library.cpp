@@ -101,6 +101,7 @@ WRITES_COM(WMIGetSN, initCom == 1 ? u"in COM" : u"as it is")
 WRITES_COM(WMIGetMemSize, u"8589934592;8589934592")
 WRITES_COM(WMIGetProductName,
            u"<script>console.error('ran')</script> & \"\u4E2D\u6587\"") // must be shown as text
+WRITES_COM(WMIGetComputerFamilyName, u"one\ntwo \\ \"three\"\u0007")
 WRITES_COM(WMIGetModelName, Hangs() ? u"" : u"A model")
 SETS(WMISetBatteryHealth, std::int32_t, -80)
 SETS(WMISetQuietFan, std::uint8_t, 255)
@@ -125,6 +126,9 @@ DOUBLE_API std::uint32_t wmiadd(std::uint32_t value) {
 DOUBLE_API std::uint32_t GPNV_Get_RandomUUID(std::uint8_t* out) {
     for (std::uint8_t i = 0; i < 16; ++i) {
         out[i] = static_cast<std::uint8_t>(0xF0 + i);
+    }
+    if (!Setting("DOUBLE_OVERRUNS").empty()) {
+        out[16] = 0;
     }
     return 0;
 }

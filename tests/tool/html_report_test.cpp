@@ -86,6 +86,7 @@ TEST_F(PageTest, ShowsMarkupAsTextAndMarksFailures) {
     const test::Outcome run = WithDouble({"report", "--html", file, "--samples", "2", "--interval", "0.01"});
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_THAT(run.out, IsEmpty());
+    EXPECT_THAT(ContentOf(file), HasSubstr("console.error(&#39;ran&#39;)"));
     EXPECT_THAT(Browse(file, Scheme::Light, "800,600").err, Not(HasSubstr("CONSOLE")));
     const json page = Probed(file, Scheme::Light, "800,600");
     // The browser prints its text as markup.

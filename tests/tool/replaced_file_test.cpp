@@ -45,7 +45,7 @@ TEST_F(ReplacedFileTest, KeepsLinksPermissionsAndDevices) {
 
 // The draft is private, its name differs each time, nothing that exists at that name is opened, and its content is on
 // the disk before it gets the file's name.
-TEST_F(ReplacedFileTest, NobodyCanPrepareTheDraft) {
+TEST_F(ReplacedFileTest, TheDraftCannotBePrepared) {
     ASSERT_EQ(WithLog(Path("here/a.prom")).status, 0);
     const std::string log = ContentOf(Path("log"));
     const std::string open = "open (\\S+/here/\\.sondrel-[0-9a-f]{32}\\.new) exclusively 600 0\n";

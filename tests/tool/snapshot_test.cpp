@@ -181,7 +181,7 @@ TEST_F(ComparingTest, PrintsNumbersForPrometheus) {
         {"sondrel_battery_health_ratio", 0.9},
         {"sondrel_fan_speed_rpm{fan=\"0\"}", 2913},
         {"sondrel_wifi_traffic_bytes_per_second{direction=\"sent\"}", 20480},
-        {"sondrel_wifi_max_rate_bits_per_second", 867e6},
+        {"sondrel_wifi_max_rate_bytes_per_second", 867e6 / 8},
         {"sondrel_reading_failed{export=\"Thermal_Read_Fan\",state=\"ok\"}", 0},
     };
     for (const auto& [name, number] : expected) {
@@ -195,6 +195,8 @@ TEST_F(ComparingTest, PrintsNumbersForPrometheus) {
 
 TEST_F(ComparingTest, LeavesFailedReadingsOutOfTheMetrics) {
     const std::map<std::string, double> samples = Samples(WithDouble({"metrics"}, {"DOUBLE_RATIO=nan"}).out);
+    EXPECT_THAT(samples.lower_bound("sondrel_machine_info{")->first,
+                HasSubstr(R"(family="one\ntwo \\ \"three\"\\x07")"));
     EXPECT_FALSE(samples.contains("sondrel_temperature_celsius{sensor=\"upper_cpu\"}"));
     EXPECT_EQ(
         samples.at("sondrel_reading_failed{export=\"Thermal_Read_UpCpu_Temperature\",state=\"failed\"}"), 1);

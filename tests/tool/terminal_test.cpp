@@ -112,7 +112,7 @@ TEST_F(TerminalTest, WatchDrawsWithinTheTerminalAndRestoresIt) {
     run.Type("abc" + CtrlC);
     ExpectInterrupted(run);
     EXPECT_THAT(run.Output(), EndsWith("\x1b[?7h\x1b[?25h\x1b[?1049lclose\r\n"));
-    EXPECT_THAT(ContentOf(Path("samples.csv")), EndsWith(",52,,4150,,,,0.30000000000000004\r\n"));
+    EXPECT_THAT(ContentOf(Path("samples.csv")), EndsWith(",52,,4150,,,,0.3\r\n"));
 }
 
 TEST_F(TerminalTest, AnInterruptedPageKeepsTheOldFile) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 namespace tool {
 
@@ -16,5 +17,8 @@ class Error : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
+
+/// ": " and the reason of the C library's last failure; empty if there was none.
+std::string BecauseOfErrno();
 
 } // namespace tool

@@ -3,7 +3,9 @@
 #include "base/error.h"
 #include "base/text.h"
 
+#include <cerrno>
 #include <fstream>
+#include <iostream>
 
 namespace tool {
 namespace {
@@ -14,7 +16,15 @@ constexpr std::size_t LargestFile = std::size_t{256} << 20;
 } // namespace
 
 std::string ReadFile(const std::string& file) {
-    std::ifstream in(PathOf(file), std::ios::binary);
+    std::ifstream opened;
+    if (file != "-") {
+        errno = 0;
+        opened.open(PathOf(file), std::ios::binary);
+        if (!opened) {
+            throw Error(OnOneLine(file) + ": cannot be read" + BecauseOfErrno());
+        }
+    }
+    std::istream& in = file == "-" ? std::cin : opened;
     std::string text;
     char piece[1 << 16];
     while (in.read(piece, sizeof piece), in.gcount() > 0) {
@@ -23,8 +33,8 @@ std::string ReadFile(const std::string& file) {
             throw Error(OnOneLine(file) + ": larger than any file that this tool reads");
         }
     }
-    if (!in.is_open() || in.bad()) {
-        throw Error(OnOneLine(file) + ": cannot be read");
+    if (in.bad()) {
+        throw Error(OnOneLine(file) + ": cannot be read" + BecauseOfErrno());
     }
     return text;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace tool {
@@ -31,6 +32,9 @@ private:
 #endif
     bool m_inPlace = false;
 };
+
+/// A name in no use that cannot be guessed: ".sondrel-", random digits and the ending.
+std::string UnguessableName(std::string_view ending);
 
 /// Writes to a device or a pipe. Throws Error with the system's reason.
 void WriteDirectly(const std::filesystem::path& device, std::string_view text);

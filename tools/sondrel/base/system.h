@@ -39,6 +39,9 @@ std::string_view MachineFileName();
 /// The answer to --trace where the tool cannot show debug and event lines.
 std::string_view WhereTraceLinesAre();
 
+/// The version of a file of this product; empty if it does not say.
+std::string VersionOf(const std::filesystem::path& file);
+
 /// The directory of this program.
 std::filesystem::path OwnDirectory();
 

@@ -1,5 +1,6 @@
 // The tool on systems with dlopen.
 #include "base/error.h"
+#include "base/input_file.h"
 #include "base/system.h"
 
 #include <dlfcn.h>
@@ -42,6 +43,13 @@ std::string_view MachineFileName() {
 
 std::string_view WhereTraceLinesAre() {
     return "--trace shows the lines of a simulated machine, and this library has none";
+}
+
+std::string VersionOf(const std::filesystem::path& file) {
+    constexpr std::string_view Mark = "@(#)VeskSondrel64 "; // as what(1) finds it
+    const std::string content = ReadFile(file.string());
+    const std::size_t at = content.find(Mark);
+    return at == std::string::npos ? std::string() : std::string(content.c_str() + at + Mark.size());
 }
 
 std::filesystem::path OwnDirectory() {

@@ -54,6 +54,22 @@ std::string_view WhereTraceLinesAre() {
            "{C72E452E-6078-4AC3-82F2-C0282F99A573} shows the lines";
 }
 
+std::string VersionOf(const std::filesystem::path& file) {
+    std::vector<std::byte> resource(GetFileVersionInfoSizeW(file.c_str(), nullptr));
+    void* found = nullptr;
+    UINT length = 0;
+    if (resource.empty() ||
+        !GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(resource.size()), resource.data()) ||
+        !VerQueryValueW(resource.data(), L"\\", &found, &length)) {
+        return {};
+    }
+    const auto& version = *static_cast<const VS_FIXEDFILEINFO*>(found);
+    return std::to_string(HIWORD(version.dwFileVersionMS)) + '.' +
+           std::to_string(LOWORD(version.dwFileVersionMS)) + '.' +
+           std::to_string(HIWORD(version.dwFileVersionLS)) + '.' +
+           std::to_string(LOWORD(version.dwFileVersionLS));
+}
+
 std::filesystem::path OwnDirectory() {
     std::wstring file(32768, L'\0'); // the longest possible path
     file.resize(GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size())));

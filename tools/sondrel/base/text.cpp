@@ -1,11 +1,16 @@
 #include "base/text.h"
 
+#include "base/error.h"
 #include "unicode/column_width.h"
 #include "unicode/utf.h"
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
 #include <numeric>
+#include <system_error>
 
 namespace tool {
 namespace {
@@ -167,6 +172,17 @@ std::optional<std::vector<std::uint8_t>> BytesOfHex(std::string_view text) {
     return high < 0 ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
+std::string PlainNumber(double number) {
+    constexpr double LargestWhole = 9007199254740992.0; // up to here every whole number is a double
+    constexpr int Digits = 7;
+    char text[32];
+    const bool whole = std::abs(number) < LargestWhole && number == std::trunc(number);
+    const auto [end, problem] =
+        whole ? std::to_chars(text, text + sizeof text, static_cast<std::int64_t>(number))
+              : std::to_chars(text, text + sizeof text, number, std::chars_format::general, Digits);
+    return problem == std::errc{} ? std::string(text, end) : "NaN";
+}
+
 std::vector<std::string_view> Split(std::string_view text, char separator) {
     std::vector<std::string_view> pieces;
     for (std::size_t end = text.find(separator); end != std::string_view::npos; end = text.find(separator)) {
@@ -205,6 +221,10 @@ std::u16string Lower(std::u16string_view text) {
         each = each >= u'A' && each <= u'Z' ? static_cast<char16_t>(each - u'A' + u'a') : each;
     }
     return lower;
+}
+
+std::string BecauseOfErrno() {
+    return errno == 0 ? std::string() : ": " + std::generic_category().message(errno);
 }
 
 std::filesystem::path PathOf(std::string_view utf8) {

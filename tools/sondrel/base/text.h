@@ -33,6 +33,9 @@ std::string Hex(std::span<const std::uint8_t> bytes);
 /// The bytes of a hexadecimal string; blanks, colons and hyphens between them are ignored.
 std::optional<std::vector<std::uint8_t>> BytesOfHex(std::string_view text);
 
+/// Whole numbers in full, others with seven digits, which is what single precision has.
+std::string PlainNumber(double number);
+
 /// The pieces between separators: one more than there are separators.
 std::vector<std::string_view> Split(std::string_view text, char separator);
 

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "commands/commands.h"
 #include "exports/classify.h"
+#include "terminal/terminal.h"
 
 #include <algorithm>
 #include <iostream>
@@ -68,14 +69,30 @@ void PrintInFull(const Export& row, bool exported) {
     }
 }
 
-void PrintRow(const Export& row, bool exported, std::size_t width) {
-    const std::string usage = UsageOf(row);
-    std::cout << (exported ? "  " : "- ") << usage << std::string(width - usage.size() + 2, ' ')
-              << row.summary;
+/// The names in one column and the summaries in another, or each summary below its name.
+struct Layout {
+    std::size_t names;
+    std::size_t columns = terminal::ColumnsFor(terminal::Stream::Out);
+
+    [[nodiscard]] bool IsNarrow() const { return columns < names + 34; }
+};
+
+void PrintRow(const Export& row, bool exported, const Layout& layout) {
+    std::string summary(row.summary);
     if (!row.unit.empty()) {
-        std::cout << " [" << row.unit << ']';
+        summary.append(" [").append(row.unit).append("]");
     }
-    std::cout << '\n';
+    std::string line = (exported ? "  " : "- ") + UsageOf(row);
+    const std::size_t indent = layout.IsNarrow() ? 6 : layout.names + 4;
+    if (layout.IsNarrow()) {
+        std::cout << Shortened(line, layout.columns) << '\n';
+        line.clear();
+    }
+    for (const std::string& words : Wrapped(summary, std::max(layout.columns, indent + 10) - indent)) {
+        line.resize(indent, ' ');
+        std::cout << line << words << '\n';
+        line.clear();
+    }
 }
 
 } // namespace
@@ -87,9 +104,9 @@ int ListExports(const Options& options) {
         PrintInFull(*chosen, library.Find(chosen->name) != nullptr);
         return ExitOk;
     }
-    std::size_t width = 0;
+    Layout layout{.names = 0};
     for (const Export& row : AllExports()) {
-        width = std::max(width, UsageOf(row).size());
+        layout.names = std::max(layout.names, UsageOf(row).size());
     }
     std::size_t missing = 0;
     const Export* previous = nullptr;
@@ -98,7 +115,7 @@ int ListExports(const Options& options) {
             std::cout << (previous != nullptr ? "\n" : "") << exports::TitleOf(row.group) << '\n';
         }
         const bool exported = library.Find(row.name) != nullptr;
-        PrintRow(row, exported, width);
+        PrintRow(row, exported, layout);
         missing += exported ? 0 : 1;
         previous = &row;
     }

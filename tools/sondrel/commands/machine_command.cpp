@@ -12,6 +12,7 @@
 #include "output/output_file.h"
 #include "profiles/profile_from_recording.h"
 #include "recordings/recording_file.h"
+#include "terminal/terminal.h"
 
 #include <nlohmann/json.hpp>
 
@@ -40,7 +41,7 @@ const machine::BuiltInMachine* FindBuiltIn(std::string_view name) {
 
 std::string TextOfFile(const std::string& file) {
     try {
-        return machine::ReadProfileFile(file);
+        return file == "-" ? ReadFile(file) : machine::ReadProfileFile(file);
     } catch (const std::runtime_error& problem) {
         throw Error(OnOneLine(file) + ": " + problem.what());
     }
@@ -52,8 +53,8 @@ std::string TextOfMachine(const std::string& nameOrFile) {
         return std::string(builtIn->text);
     }
     std::error_code problem;
-    if (!std::filesystem::exists(PathOf(nameOrFile), problem)) {
-        throw Error(std::string("there is no machine and no file \"").append(OnOneLine(nameOrFile)) +
+    if (nameOrFile != "-" && !std::filesystem::exists(PathOf(nameOrFile), problem)) {
+        throw Error(std::string("there is no machine and no such file \"").append(OnOneLine(nameOrFile)) +
                     "\"; sondrel machine list shows the built-in ones");
     }
     return TextOfFile(nameOrFile);
@@ -137,7 +138,7 @@ int MachineFromRecording(const Options& options) {
 int CheckMachines(const Options& options) {
     std::size_t wrong = 0;
     for (const std::string& file : options.files) {
-        const std::vector<ProfileFinding> findings = FindingsIn(TextOfFile(file));
+        const std::vector<ProfileFinding> findings = FindingsIn(TextOfMachine(file));
         for (const ProfileFinding& finding : findings) {
             std::cout << LineOf(file, finding) << '\n';
         }
@@ -151,7 +152,7 @@ int CheckMachines(const Options& options) {
 
 int ShowMachine(const Options& options) {
     const std::string text = CheckedTextOf(options.name);
-    std::cout << MachineInWords(nlohmann::json::parse(text));
+    std::cout << MachineInWords(nlohmann::json::parse(text), terminal::ColumnsFor(terminal::Stream::Out));
     return ExitOk;
 }
 

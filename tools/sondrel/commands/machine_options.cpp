@@ -25,7 +25,7 @@ void AddMachineCommands(CLI::App& app, Options& options) {
     from->callback([&options] { options.run = MachineFromRecording; });
 
     CLI::App* const check = machine->add_subcommand("check", "List all errors with their lines");
-    check->add_option("FILE", options.files, "Profiles")->required()->type_name("");
+    check->add_option("NAME", options.files, "Profiles or built-in machines")->required()->type_name("");
     check->callback([&options] { options.run = CheckMachines; });
 
     CLI::App* const show = machine->add_subcommand("show", "Describe a machine in words");

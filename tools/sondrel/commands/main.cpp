@@ -5,6 +5,7 @@
 #include "terminal/interrupt.h"
 #include "terminal/terminal.h"
 
+#include <cerrno>
 #include <exception>
 #include <iostream>
 
@@ -14,8 +15,9 @@ int Run(const std::vector<std::string>& arguments) {
     try {
         const tool::Options options = tool::ParseCommandLine(arguments);
         const int status = options.run != nullptr ? options.run(options) : tool::ExitOk;
+        errno = 0;
         if (!std::cout.flush()) {
-            throw tool::Error("the output could not be written");
+            throw tool::Error("the output could not be written" + tool::BecauseOfErrno());
         }
         tool::interrupt::Check();
         return status;

@@ -1,11 +1,16 @@
 #include "commands/options.h"
 
 #include "base/error.h"
+#include "base/system.h"
 #include "base/text.h"
 #include "commands/commands.h"
+#include "commands/help.h"
+#include "commands/shell_texts.h"
+#include "exports/library.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
 #include <map>
 
@@ -18,25 +23,7 @@ constexpr const char* About =
 The library has 114 exports: temperatures, fans, the battery, the machine's inventory, radios,
 applications, usage. This tool loads the library as a host does and calls them.)";
 
-constexpr const char* Examples = R"(Examples:
-  sondrel report                                   every reading, by group
-  sondrel report --json                            the same for programs
-  sondrel list                                     every export in one line each
-  sondrel list Thermal_Read_Fan                    one export in full, with the meaning of its values
-  sondrel call Thermal_Read_Cpu_Temperature        one reading
-  sondrel call CPU_ReadCpuId 0x80000002            one with an argument
-  sondrel call WMISetBatteryHealth 80              set something
-  sondrel call EC_ReadEcFwRev --trace              with the debug lines that it writes
-  sondrel watch                                    live telemetry, until Ctrl-C
-  sondrel watch Thermal_Read_Fan --csv fan.csv     one reading, with every sample in a file
-  sondrel report --html report.html                one page with tables and charts
-  sondrel trace -- WMIGetSN                        what a call does to the machine
-  sondrel snapshot before.json                     every answer, for a later comparison
-  sondrel diff before.json after.json              what changed
-  sondrel metrics --output sondrel.prom            numbers for Prometheus
-  sondrel record -o notebook.rec                   what the library asks of this machine, and gets
-  sondrel --machine notebook.rec report            the same machine again, anywhere
-  sondrel machine check my-notebook.json           the errors of a simulated machine's profile
+constexpr const char* Outcome = R"(`sondrel COMMAND --help` has its options and examples.
 
 A call prints the result: numbers in decimal, strings in UTF-8, raw bytes in hexadecimal, CPUID as four
 hexadecimal words. The meaning of a failure value is printed on standard error.
@@ -50,6 +37,17 @@ std::uint8_t InitComOf(const std::string& text) {
         throw CLI::ValidationError("--init-com", "takes 0 or 1, not \"" + OnOneLine(text) + "\"");
     }
     return text == "1" ? 1 : 0;
+}
+
+ColourMode ColourOf(const std::string& text) {
+    const std::map<std::string, ColourMode> modes{
+        {"auto", ColourMode::Auto}, {"always", ColourMode::Always}, {"never", ColourMode::Never}};
+    const auto found = modes.find(text);
+    if (found == modes.end()) {
+        throw CLI::ValidationError("--colour",
+                                   "takes auto, always or never, not \"" + OnOneLine(text) + "\"");
+    }
+    return found->second;
 }
 
 /// For an option that takes seconds.
@@ -92,7 +90,7 @@ Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
     AddInterval(report, options.page.sampling, "Page: seconds between two samples (1)")->needs(html);
 
     CLI::App* const watch = app.add_subcommand("watch", "Show readings live, until interrupted");
-    watch->add_option("NAME", options.names, "The exports (telemetry)");
+    watch->add_option("EXPORT", options.names, "The readings (telemetry)")->type_name("");
     AddInterval(*watch, options.watchSampling, "Seconds between two samples (2)");
     AddCount(*watch, options.watchSampling, "--count", "End after so many samples");
     watch->add_option("--csv", options.csv, "Append the samples to this file")->type_name("FILE");
@@ -100,36 +98,42 @@ Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
     watch->callback([&options] { options.run = Watch; });
 
     CLI::App* const trace = app.add_subcommand("trace", "Show what one call does, with times");
-    trace->add_option("NAME", options.name, "The export")->required();
-    trace->add_option("ARG", options.arguments, "Its argument");
+    trace->add_option("EXPORT", options.name, "What to call")->required()->type_name("");
+    trace->add_option("ARG", options.arguments, "Its argument")->type_name("");
     trace->callback([&options] { options.run = TraceExport; });
     return {watch, trace};
 }
 
 /// Options of all commands, before or after the command.
 void AddSharedOptions(CLI::App& app, Options& options) {
+    constexpr const char* Group = "Shared options";
     app.add_option("--library", options.host.library, "The library (the one of this kit or build)")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->group(Group);
     app.add_option("--machine", options.host.machine,
                    "Simulated machine: a built-in one or a profile (default); or a recording, NAME.rec")
-        ->type_name("NAME|FILE");
+        ->type_name("NAME|FILE")
+        ->group(Group);
     app.add_option("--store", options.host.store,
                    "Simulated machine: the file that stores its state; \":memory:\" for none")
-        ->type_name("FILE");
-    const std::map<std::string, ColourMode> modes{
-        {"auto", ColourMode::Auto}, {"always", ColourMode::Always}, {"never", ColourMode::Never}};
-    app.add_option("--colour,--color", options.colour, "auto: on a terminal, unless NO_COLOR is set (auto)")
+        ->type_name("FILE")
+        ->group(Group);
+    app.add_option_function<std::string>(
+           "--colour,--color", [&](const std::string& text) { options.colour = ColourOf(text); },
+           "auto: on a terminal, unless NO_COLOR is set (auto)")
         ->type_name("auto|always|never")
-        ->transform(CLI::CheckedTransformer(modes));
-    app.add_flag("--trace", options.host.trace,
-                 "Simulated machine: debug and event lines, on standard error");
+        ->group(Group);
+    app.add_flag("--trace", options.host.trace, "Simulated machine: debug and event lines, on standard error")
+        ->group(Group);
     app.add_option_function<std::string>(
            "--init-com", [&](const std::string& text) { options.reading.initCom = InitComOf(text); },
            "1: WMI readings enter COM; 0: the caller has entered it (1)")
-        ->type_name("0|1");
+        ->type_name("0|1")
+        ->group(Group);
     app.add_flag_callback(
-        "--no-session", [&] { options.reading.session = false; },
-        "Do not open the driver session before a reading");
+           "--no-session", [&] { options.reading.session = false; },
+           "Do not open the driver session before a reading")
+        ->group(Group);
 }
 
 /// The first line only: the reason without the help.
@@ -138,23 +142,80 @@ std::string ReasonOf(const CLI::ParseError& problem) {
     return text.substr(0, text.find('\n'));
 }
 
+/// Each command's help has its examples and the shared options. Profiles are made without a library.
+void CompleteHelp(CLI::App& app, Options& options, const std::string& path = {}) {
+    for (CLI::App* const command : app.get_subcommands({})) {
+        const std::string name = path + command->get_name();
+        command->footer(ExamplesOf(name));
+        if (app.get_parent() == nullptr && name != "machine" && name != "completion") {
+            AddSharedOptions(*command, options);
+        }
+        CompleteHelp(*command, options, name + ' ');
+    }
+}
+
+/// The command that the arguments have chosen, as far as they were understood.
+const CLI::App& ChosenCommand(const CLI::App& app) {
+    const std::vector<CLI::App*> chosen = app.get_subcommands();
+    return chosen.empty() ? app : ChosenCommand(*chosen.back());
+}
+
+/// "sondrel machine new"
+std::string PathOfCommand(const CLI::App& app) {
+    const CLI::App* const parent = app.get_parent();
+    return (parent == nullptr ? std::string() : PathOfCommand(*parent) + ' ') + app.get_name();
+}
+
+[[noreturn]] void ThrowWrongLine(const CLI::App& app, const CLI::ParseError& problem) {
+    const CLI::App& command = ChosenCommand(app);
+    const std::string help = " (" + PathOfCommand(command) + " --help)";
+    const std::vector<CLI::App*> below = const_cast<CLI::App&>(command).get_subcommands({});
+    const std::vector<std::string> left = app.remaining(true);
+    const auto word =
+        std::ranges::find_if(left, [](const std::string& each) { return !each.starts_with('-'); });
+    if (below.empty() || word == left.end() || !command.get_subcommands().empty()) {
+        throw Error(ReasonOf(problem) + help);
+    }
+    std::vector<std::string_view> names;
+    for (const CLI::App* const each : below) {
+        names.emplace_back(each->get_name());
+    }
+    const std::string_view nearest = Nearest(*word, names);
+    throw Error("there is no command \"" + OnOneLine(*word) + '"' +
+                (nearest.empty() ? std::string() : "; did you mean " + std::string(nearest) + '?') + help);
+}
+
+int PrintVersion(const Options& options) {
+    std::cout << "sondrel " SONDREL_VERSION "\n";
+    try {
+        const Library library(options.host.library);
+        const std::string version = host_system::VersionOf(library.File());
+        std::cout << "library " << (version.empty() ? "of an unknown version" : version) << "  "
+                  << OnOneLine(Utf8Of(library.File())) << '\n';
+    } catch (const Error& problem) {
+        std::cout << "library " << problem.what() << '\n';
+    }
+    return ExitOk;
+}
+
 } // namespace
 
 Options ParseCommandLine(const std::vector<std::string>& arguments) {
     Options options;
     CLI::App app(About, "sondrel");
-    app.footer(Examples);
-    app.set_version_flag("--version", "sondrel " SONDREL_VERSION, "Print the version");
+    app.footer(Outcome);
+    app.add_flag_callback(
+        "--version", [&options] { options.run = PrintVersion; }, "Print the versions of tool and library");
     app.set_help_flag("--help,-h", "Print this help");
     app.get_formatter()->column_width(24);
     AddSharedOptions(app, options);
 
     CLI::App* const list = app.add_subcommand("list", "List all exports; mark those this library lacks");
-    list->add_option("NAME", options.name, "Show this one in full");
+    list->add_option("EXPORT", options.name, "Show this one in full")->type_name("");
     list->callback([&options] { options.run = ListExports; });
     CLI::App* const call = app.add_subcommand("call", "Call one export and print its result");
-    call->add_option("NAME", options.name, "The export")->required();
-    call->add_option("ARG", options.arguments, "Its argument; see `sondrel list NAME`");
+    call->add_option("EXPORT", options.name, "What to call")->required()->type_name("");
+    call->add_option("ARG", options.arguments, "Its argument; see `sondrel list EXPORT`")->type_name("");
     AddObserved(*call, options);
     call->callback([&options] { options.run = CallExport; });
     CLI::App* const report = app.add_subcommand("report", "Call every reading and print the results");
@@ -167,6 +228,16 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     AddComparingCommands(app, options);
     AddRecordingCommands(app, options);
     AddMachineCommands(app, options);
+    CLI::App* const completion =
+        app.add_subcommand("completion", "Print completion for a shell, or the manual page");
+    std::string shell;
+    completion->add_option("SHELL", shell, "bash, zsh, powershell or man")->required()->type_name("");
+    completion->callback([&options] {
+        options.run = [](const Options&) {
+            return ExitOk;
+        };
+    });
+    CompleteHelp(app, options);
     app.require_subcommand(0, 1);
 
     try {
@@ -175,7 +246,10 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
         app.exit(request);
         return options;
     } catch (const CLI::ParseError& problem) {
-        throw Error(ReasonOf(problem) + " (sondrel --help)");
+        ThrowWrongLine(app, problem);
+    }
+    if (!shell.empty()) {
+        std::cout << ShellText(app, shell);
     }
     if (options.run == nullptr) {
         throw Error("a command is needed, for example list, call or report (sondrel --help)");

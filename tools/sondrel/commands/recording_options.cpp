@@ -9,7 +9,7 @@ namespace tool {
 void AddRecordingCommands(CLI::App& app, Options& options) {
     CLI::App* const record =
         app.add_subcommand("record", "Write what the library asks of this machine, and gets");
-    record->add_option("NAME", options.names, "The exports (every reading)");
+    record->add_option("EXPORT", options.names, "The readings (every one)")->type_name("");
     record->add_option("--output,-o", options.output, "The new recording (sondrel.rec); it must not exist")
         ->type_name("FILE");
     record->add_flag("--no-redact", options.raw, "With serial numbers, addresses and names in it");

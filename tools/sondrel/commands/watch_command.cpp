@@ -4,6 +4,7 @@
 #include "commands/commands.h"
 #include "output/sample_file.h"
 #include "output/watch_screen.h"
+#include "readings/pace.h"
 #include "terminal/interrupt.h"
 #include "terminal/terminal.h"
 
@@ -14,16 +15,30 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-std::vector<std::string> ChosenNames(const Options& options, const Host& host) {
-    if (!options.names.empty()) {
-        return options.names;
-    }
-    std::vector<std::string> names;
-    for (const Export& row : AllExports()) {
-        if (row.watched && host.library.Find(row.name) != nullptr) {
-            names.emplace_back(row.name);
+/// The times of the samples. What was late is reported at the end, by an interrupt too.
+class ReportedPace : public Pace {
+public:
+    using Pace::Pace;
+
+    ReportedPace(const ReportedPace&) = delete;
+    ReportedPace& operator=(const ReportedPace&) = delete;
+
+    ~ReportedPace() {
+        if (const std::string remark = Remark(); !remark.empty()) {
+            std::cerr << "sondrel: " << remark << '\n';
         }
     }
+
+    [[nodiscard]] Clock::time_point NextDue() {
+        return m_begin + Next(std::chrono::duration_cast<Time>(Clock::now() - m_begin));
+    }
+
+private:
+    const Clock::time_point m_begin = Clock::now();
+};
+
+std::vector<std::string> ChosenNames(const Options& options, const Host& host) {
+    std::vector<std::string> names = options.names.empty() ? TelemetryNames(host) : options.names;
     if (names.empty()) {
         throw Error("this library exports no telemetry; name a reading");
     }
@@ -37,18 +52,22 @@ std::string TitleFor(const Host& host, const Sampling& sampling) {
     return "sondrel watch  " + OnOneLine(host.machineName) + host.MachineKind() + "  every " + every + " s";
 }
 
-/// Shows the newest sample: on a full screen of the terminal, or as lines elsewhere.
+/// Shows the newest sample: on a full screen of the terminal, or as lines elsewhere; nothing if standard output is for
+/// something else.
 class SampleView {
 public:
-    SampleView(const std::vector<Series>& series, std::string title, ColourMode colour)
-        : m_screen(series, std::move(title), Paint(colour, terminal::Stream::Out)) {
-        if (terminal::SupportsSequences(terminal::Stream::Out)) {
+    SampleView(const std::vector<Series>& series, std::string title, ColourMode colour, bool hidden)
+        : m_screen(series, std::move(title), Paint(colour, terminal::Stream::Out)), m_hidden(hidden) {
+        if (!m_hidden && terminal::SupportsSequences(terminal::Stream::Out)) {
             m_terminal.emplace();
             Redraw();
         }
     }
 
     void Show(const Sample& sample) {
+        if (m_hidden) {
+            return;
+        }
         m_screen.Add(sample);
         Write(m_terminal ? m_screen.Draw(terminal::SizeOf(terminal::Stream::Out)) : m_screen.Lines());
     }
@@ -68,6 +87,7 @@ private:
     }
 
     WatchScreen m_screen;
+    bool m_hidden;
     std::optional<terminal::FullScreen> m_terminal;
 };
 
@@ -97,8 +117,8 @@ int Watch(const Options& options) {
         file.emplace(options.csv, sampler.AllSeries());
     }
     const Sampling& sampling = options.watchSampling;
-    SampleView view(sampler.AllSeries(), TitleFor(host, sampling), options.colour);
-    Clock::time_point due = Clock::now();
+    ReportedPace pace(sampling.interval);
+    SampleView view(sampler.AllSeries(), TitleFor(host, sampling), options.colour, options.csv == "-");
     for (std::size_t taken = 1;; ++taken) {
         const Sample sample = sampler.Take();
         if (file) {
@@ -108,9 +128,7 @@ int Watch(const Options& options) {
         if (taken == sampling.count) {
             return ExitOk;
         }
-        // A late sample does not shorten the next intervals.
-        due = std::max(due + sampling.interval, Clock::now());
-        WaitUntil(due, view);
+        WaitUntil(pace.NextDue(), view);
     }
 }
 

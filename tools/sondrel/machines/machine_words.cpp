@@ -10,7 +10,6 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr std::size_t LabelColumn = 22;
-constexpr std::size_t LongestFact = 100;
 
 std::string Bare(const Json& value) {
     return value.is_string() ? value.get<std::string>()
@@ -188,9 +187,10 @@ constexpr Row Facts[] = {
 
 } // namespace
 
-std::string MachineInWords(const Json& profile) {
+std::string MachineInWords(const Json& profile, std::size_t columns) {
     std::string text = OnOneLine(Bare(profile.at("name"))) + ": " +
                        OnOneLine(profile.value("description", "no description")) + '\n';
+    const std::size_t width = std::max(columns, LabelColumn + 20) - LabelColumn - 2;
     for (const Row& row : Facts) {
         const Json::json_pointer pointer(row.pointer);
         if (!profile.contains(pointer) ||
@@ -198,8 +198,11 @@ std::string MachineInWords(const Json& profile) {
             continue;
         }
         std::string line = "  " + std::string(row.label);
-        line.resize(std::max(line.size() + 1, LabelColumn + 2), ' ');
-        text += line + Shortened(OnOneLine(row.words(profile.at(pointer))), LongestFact) + '\n';
+        for (const std::string& words : Wrapped(OnOneLine(row.words(profile.at(pointer))), width)) {
+            line.resize(LabelColumn + 2, ' ');
+            text += line + words + '\n';
+            line.clear();
+        }
     }
     return text;
 }

@@ -1,6 +1,8 @@
 #include "machines/simulated_machine.h"
 
 #include "base/error.h"
+#include "base/input_file.h"
+#include "base/new_file.h"
 #include "base/text.h"
 #include "vesk_sondrel_machine.h"
 
@@ -18,6 +20,19 @@ void PrintLine(void*, int kind, const char* line) {
     }
     std::cerr << (kind == VESK_MACHINE_EVENT_LINE ? "event: " : "debug: ") << OnOneLine(text) << '\n';
 }
+
+/// Standard input as a file, which the machine needs.
+class ProfileFromInput {
+public:
+    ProfileFromInput() { m_file.Write(ReadFile("-")); }
+
+    [[nodiscard]] std::string Name() const { return Utf8Of(m_name); }
+
+private:
+    const std::filesystem::path m_name =
+        std::filesystem::temp_directory_path() / UnguessableName("profile.json");
+    NewFile m_file{m_name};
+};
 
 } // namespace
 
@@ -42,8 +57,13 @@ std::optional<SimulatedMachine> SimulatedMachine::NextTo(const std::filesystem::
 
 void SimulatedMachine::Start(const std::string& machine, const std::optional<std::string>& store) {
     std::array<char, 2048> problem{};
+    std::optional<ProfileFromInput> input;
+    if (machine == "-") {
+        input.emplace();
+    }
     const auto start = Routine<decltype(VeskMachine_Start)>("VeskMachine_Start");
-    if (start(machine.c_str(), store ? store->c_str() : nullptr, problem.data(), problem.size()) == 0) {
+    if (start(input ? input->Name().c_str() : machine.c_str(), store ? store->c_str() : nullptr,
+              problem.data(), problem.size()) == 0) {
         throw Error(OnOneLine(problem.data()));
     }
 }

@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "readings/readable.h"
 
-#include <charconv>
 #include <vector>
 
 namespace tool {
@@ -14,19 +13,10 @@ using exports::MetricType;
 
 std::string EscapedLabel(std::string_view text) {
     std::string escaped;
-    for (const char character : WellFormed(text)) {
-        switch (character) {
-        case '\\':
-            escaped += "\\\\";
-            break;
-        case '"':
-            escaped += "\\\"";
-            break;
-        case '\n':
-            escaped += "\\n";
-            break;
-        default:
-            escaped.push_back(character);
+    for (const std::string_view line : Split(text, '\n')) {
+        escaped += line.data() == text.data() ? "" : "\\n";
+        for (const char character : OnOneLine(line)) {
+            escaped.append(character == '\\' || character == '"' ? "\\" : "").push_back(character);
         }
     }
     return escaped;
@@ -34,12 +24,6 @@ std::string EscapedLabel(std::string_view text) {
 
 std::string Label(std::string_view name, std::string_view value) {
     return std::string(name).append("=\"").append(EscapedLabel(value)).append(1, '"');
-}
-
-std::string NumberText(double number) {
-    char text[32];
-    const auto [end, problem] = std::to_chars(text, text + sizeof text, number);
-    return problem == std::errc{} ? std::string(text, end) : "NaN";
 }
 
 class Page {
@@ -55,7 +39,7 @@ public:
         if (!labels.empty()) {
             m_text.append(1, '{').append(labels).append(1, '}');
         }
-        m_text.append(1, ' ').append(NumberText(number)).append(1, '\n');
+        m_text.append(1, ' ').append(PlainNumber(number)).append(1, '\n');
     }
 
     [[nodiscard]] const std::string& Text() const { return m_text; }

@@ -5,7 +5,7 @@
 #include "base/text.h"
 #include "terminal/interrupt.h"
 
-#include <random>
+#include <iostream>
 
 namespace tool {
 namespace {
@@ -26,7 +26,7 @@ fs::path TargetOf(const fs::path& file) {
 /// The new content until it is in place. Its name cannot be guessed, so nothing can be prepared at that name.
 class Draft {
 public:
-    explicit Draft(const fs::path& directory) : m_name(directory / NewName()), m_file(m_name) {}
+    explicit Draft(const fs::path& directory) : m_name(directory / UnguessableName("new")), m_file(m_name) {}
 
     NewFile* operator->() { return &m_file; }
 
@@ -41,12 +41,6 @@ private:
         ~Registered() { interrupt::RemoveWhenForced({}); }
     };
 
-    static std::string NewName() {
-        std::random_device random;
-        const std::uint32_t bits[] = {random(), random(), random(), random()};
-        return ".sondrel-" + Hex({reinterpret_cast<const std::uint8_t*>(bits), sizeof bits}) + ".new";
-    }
-
     const fs::path m_name;
     const Registered m_registered{m_name};
     NewFile m_file;
@@ -54,7 +48,10 @@ private:
 
 } // namespace
 
-ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)) {
+ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)), m_isStandardOutput(file == "-") {
+    if (m_isStandardOutput) {
+        return;
+    }
     // Asked for the name as it was given: a system that does not let this user follow the link says so here.
     std::error_code problem;
     const fs::file_status present = fs::status(file, problem);
@@ -75,6 +72,10 @@ ReplacedFile::ReplacedFile(fs::path file) : m_file(TargetOf(file)) {
 }
 
 void ReplacedFile::Write(std::string_view text) const {
+    if (m_isStandardOutput) {
+        std::cout << text;
+        return;
+    }
     try {
         if (!m_replaced) {
             WriteDirectly(m_file, text);

@@ -6,7 +6,8 @@
 
 namespace tool {
 
-/// At any time a reader finds either the old content or all of the new one. A device or a pipe is written to directly.
+/// At any time a reader finds either the old content or all of the new one. A device or a pipe is written to directly,
+/// and "-" is standard output.
 class ReplacedFile {
 public:
     /// Throws Error if the file cannot be written: before the work that its content may take.
@@ -17,6 +18,7 @@ public:
 
 private:
     std::filesystem::path m_file;
+    bool m_isStandardOutput;
     bool m_replaced = true; // or written to directly
 };
 

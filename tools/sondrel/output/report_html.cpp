@@ -6,6 +6,7 @@
 #include "output/replaced_file.h"
 #include "output/report.h"
 #include "output/status_style.h"
+#include "readings/pace.h"
 #include "readings/readable.h"
 #include "readings/sampler.h"
 #include "readings/telemetry.h"
@@ -16,6 +17,7 @@
 #include <array>
 #include <cctype>
 #include <cstdio>
+#include <iostream>
 #include <map>
 
 namespace tool {
@@ -66,31 +68,24 @@ private:
     std::chrono::microseconds m_start;
 };
 
-std::vector<std::string> DrawnNames(const Host& host) {
-    std::vector<std::string> names;
-    for (const Export& row : AllExports()) {
-        if (!row.chart.empty() && host.library.Find(row.name) != nullptr) {
-            names.emplace_back(row.name);
-        }
-    }
-    return names;
-}
-
 Telemetry Measure(const Host& host, const ReadOptions& options, const Sampling& sampling) {
-    Sampler sampler(host, options, DrawnNames(host));
+    Sampler sampler(host, options, TelemetryNames(host));
     Telemetry telemetry{.series = sampler.AllSeries(), .samples = {}};
     Progress progress;
     const SampleClock clock(host);
-    std::chrono::microseconds due{0};
+    Pace pace(sampling.interval);
     for (std::size_t taken = 1;; ++taken) {
         progress.Begin("sample " + std::to_string(taken) + " of " + std::to_string(sampling.count));
         telemetry.samples.push_back(sampler.Take());
         telemetry.seconds = std::chrono::duration<double>(clock.Elapsed()).count();
         if (taken >= sampling.count) {
+            progress.Clear();
+            if (const std::string remark = pace.Remark(); !remark.empty()) {
+                std::cerr << "sondrel: " << remark << '\n';
+            }
             return telemetry;
         }
-        due = std::max(due + sampling.interval, clock.Elapsed());
-        clock.WaitUntil(due);
+        clock.WaitUntil(pace.Next(clock.Elapsed()));
     }
 }
 
@@ -328,7 +323,7 @@ std::string HeaderOf(const Host& host, const Tables& tables) {
 } // namespace
 
 void ReportAsPage(const Host& host, const ReadOptions& options, const PageOptions& pageOptions) {
-    ReplacedFile file(PathOf(pageOptions.file));
+    const ReplacedFile file(PathOf(pageOptions.file));
     Tables tables;
     Reader(host, options).ReadAll([&](const Reading& reading) { tables.Add(reading); });
     const Telemetry telemetry = Measure(host, options, pageOptions.sampling);

@@ -14,7 +14,8 @@ namespace tool {
 /// the machine has no such thing.
 class SampleFile {
 public:
-    /// Continues a file with samples of the same readings. Throws Error for a file with any other content.
+    /// Continues a file with samples of the same readings, after its last complete line. "-" is standard output. Throws
+    /// Error for a file with any other content.
     SampleFile(const std::string& file, const std::vector<Series>& series);
 
     void Write(const Sample& sample);

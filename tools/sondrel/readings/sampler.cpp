@@ -121,6 +121,16 @@ Sample Sampler::Take() {
     return sample;
 }
 
+std::vector<std::string> TelemetryNames(const Host& host) {
+    std::vector<std::string> names;
+    for (const Export& row : AllExports()) {
+        if (!row.chart.empty() && host.library.Find(row.name) != nullptr) {
+            names.emplace_back(row.name);
+        }
+    }
+    return names;
+}
+
 std::string IsoTime(std::chrono::system_clock::time_point time) {
     using namespace std::chrono;
     const auto day = floor<days>(time);

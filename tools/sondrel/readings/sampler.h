@@ -59,6 +59,9 @@ private:
     Reader m_reader;
 };
 
+/// What a watch without names and a page show: the exports of this library that are drawn.
+std::vector<std::string> TelemetryNames(const Host& host);
+
 /// "2026-01-31T23:59:59.123Z"
 std::string IsoTime(std::chrono::system_clock::time_point time);
 

@@ -20,6 +20,11 @@ struct Size {
 
 [[nodiscard]] Size SizeOf(Stream stream);
 
+/// The width for lines of text: of a terminal, or without an end in a pipe or a file.
+[[nodiscard]] inline std::size_t ColumnsFor(Stream stream) {
+    return IsTerminal(stream) ? SizeOf(stream).columns : static_cast<std::size_t>(-1);
+}
+
 /// Makes a Windows console accept UTF-8 and control sequences during its lifetime. Other terminals accept them anyway.
 class Console {
 public:
