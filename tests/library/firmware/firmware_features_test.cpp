@@ -108,6 +108,7 @@ TEST_F(FirmwareFeaturesTest, SetsRemembersAndReadsBack) {
 }
 
 TEST_F(FirmwareFeaturesTest, WithoutADirectoryTheDefaultsApplyAndSettingStillWorks) {
+    StartMachine(R"({"registry": null})");
     Put((AppPath + std::u16string(u"\\plain")).c_str(), "x");
     for (const std::u16string& path : {std::u16string(), std::u16string(u"C:\\Nowhere"),
                                        AppPath + std::u16string(u"\\plain"), std::u16string(256, u'p')}) {

@@ -33,9 +33,8 @@ public:
             return {};
         }
         const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(m_interval + m_latest);
-        return "--interval is too short: " + std::to_string(m_late) + " of " +
-               std::to_string(m_samples) + " samples took longer, up to " +
-               std::to_string(milliseconds.count()) + " ms";
+        return "--interval is too short: " + std::to_string(m_late) + " of " + std::to_string(m_samples) +
+               " samples took longer, up to " + std::to_string(milliseconds.count()) + " ms";
     }
 
 private:
