@@ -18,7 +18,7 @@ constexpr Example Examples[] = {
     {"report", "sondrel report --json", "the same for programs", "\"exports\""},
     {"report", "sondrel report --html report.html --samples 3", "one page with tables and charts", ""},
     {"watch", "sondrel watch", "live telemetry, until Ctrl-C", "Thermal_Read_Fan[0]",
-     " --count 2 --interval 0.01"},
+     " --count 2 --interval 1.5"},
     {"watch", "sondrel watch Thermal_Read_Fan --count 3 --interval 0.5 --csv fan.csv",
      "with every sample in a file", "Thermal_Read_Fan[3]"},
     {"watch", "sondrel watch Battery_Read_Current --csv -", "the samples alone, for another program",

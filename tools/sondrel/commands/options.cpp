@@ -87,7 +87,7 @@ Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
     html->excludes(report.get_option("--json"));
     AddCount(report, options.page.sampling, "--samples", "Page: number of telemetry samples (20)")
         ->needs(html);
-    AddInterval(report, options.page.sampling, "Page: seconds between two samples (1)")->needs(html);
+    AddInterval(report, options.page.sampling, "Page: seconds between two samples (2)")->needs(html);
 
     CLI::App* const watch = app.add_subcommand("watch", "Show readings live, until interrupted");
     watch->add_option("EXPORT", options.names, "The readings (telemetry)")->type_name("");

@@ -32,7 +32,7 @@ struct Options {
     PageOptions page;
     /// `watch`: the exports; none for the usual telemetry.
     std::vector<std::string> names;
-    Sampling watchSampling{.interval = std::chrono::milliseconds(2000)};
+    Sampling watchSampling;
     /// `watch`: the file for the samples, or empty.
     std::string csv;
     /// `snapshot`, `diff`, `machine`: the named files.

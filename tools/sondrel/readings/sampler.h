@@ -13,7 +13,8 @@
 namespace tool {
 
 struct Sampling {
-    std::chrono::milliseconds interval{1000};
+    /// Processor usage alone takes a second to read.
+    std::chrono::milliseconds interval{2000};
     /// The number of samples; 0 for no limit.
     std::size_t count = 0;
 };
