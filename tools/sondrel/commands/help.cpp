@@ -42,6 +42,7 @@ constexpr Example Examples[] = {
     {"expand", "sondrel expand notebook.rec.gz -o again.rec", "for hosts that replay it", ""},
     {"machine new", "sondrel machine new GL -o my-notebook.json", "start a profile from a family", ""},
     {"machine new", "sondrel machine new --from living -o busy.json", "or from another machine", ""},
+    {"machine from", "sondrel machine from notebook.rec -o from-notebook.json", "what a recording shows", ""},
     {"machine check", "sondrel machine check my-notebook.json default", "the errors of profiles",
      "a good profile"},
     {"machine show", "sondrel machine show living", "a machine in words", "Course of the load"},

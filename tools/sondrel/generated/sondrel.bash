@@ -6,7 +6,7 @@ _sondrel() {
     for ((index = 1; index < COMP_CWORD; ++index)); do
         next="${command:+$command }${COMP_WORDS[index]}"
         case $next in
-        "list" | "call" | "report" | "watch" | "trace" | "snapshot" | "diff" | "metrics" | "record" | "replay" | "redact" | "compress" | "expand" | "machine" | "machine new" | "machine check" | "machine show" | "machine list" | "completion") command=$next ;;
+        "list" | "call" | "report" | "watch" | "trace" | "snapshot" | "diff" | "metrics" | "record" | "replay" | "redact" | "compress" | "expand" | "machine" | "machine new" | "machine from" | "machine check" | "machine show" | "machine list" | "completion") command=$next ;;
         esac
     done
     case $command in
@@ -68,10 +68,14 @@ _sondrel() {
         ;;
     "machine")
         options='--help'
-        words='new check show list'
+        words='new from check show list'
         ;;
     "machine new")
         options='--help --from --output'
+        words=''
+        ;;
+    "machine from")
+        options='--help --output'
         words=''
         ;;
     "machine check")
