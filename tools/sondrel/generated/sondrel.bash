@@ -19,7 +19,7 @@ _sondrel() {
         words=$exports
         ;;
     "call")
-        options='--help --library --machine --store --colour --color --trace --init-com --no-session'
+        options='--help --observed --library --machine --store --colour --color --trace --init-com --no-session'
         words=$exports
         ;;
     "report")
@@ -27,7 +27,7 @@ _sondrel() {
         words=''
         ;;
     "watch")
-        options='--help --interval --count --csv --library --machine --store --colour --color --trace --init-com --no-session'
+        options='--help --interval --count --csv --observed --library --machine --store --colour --color --trace --init-com --no-session'
         words=$exports
         ;;
     "trace")

@@ -5,9 +5,9 @@ Register-ArgumentCompleter -Native -CommandName sondrel, sondrel.exe -ScriptBloc
     $known = @{
         '' = @('list call report watch trace snapshot diff metrics record replay redact compress expand machine completion' -split ' '), @('--version --help --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
         'list' = @($exports), @('--help --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
-        'call' = @($exports), @('--help --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
+        'call' = @($exports), @('--help --observed --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
         'report' = @('' -split ' '), @('--help --json --html --samples --interval --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
-        'watch' = @($exports), @('--help --interval --count --csv --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
+        'watch' = @($exports), @('--help --interval --count --csv --observed --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
         'trace' = @($exports), @('--help --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
         'snapshot' = @('' -split ' '), @('--help --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
         'diff' = @('' -split ' '), @('--help --steady --json --library --machine --store --colour --color --trace --init-com --no-session' -split ' ')
