@@ -46,7 +46,7 @@ mode_t UsualPermissions() {
 NewFile::NewFile(std::filesystem::path name)
     : m_name(std::move(name)),
       m_file(open(m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600)) {
-    if (m_file < 0) {
+    if (m_file == -1) {
         ThrowReason(errno);
     }
 }

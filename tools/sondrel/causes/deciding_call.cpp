@@ -53,7 +53,7 @@ struct Finding {
     bool isUnnoticed = false;
 };
 
-std::optional<Finding> Failed(const BoundaryCall& call) {
+std::optional<Finding> FailureOf(const BoundaryCall& call) {
     const auto code = CodeOf(call);
     Finding finding{.meaning = MeaningOf(call.row->name, code), .outcome = "failed", .code = code};
     if (code) {
@@ -99,7 +99,7 @@ std::optional<Finding> FindingOf(const BoundaryCall& call) {
         return std::nullopt;
     }
     if (!call.succeeded) {
-        return Failed(call);
+        return FailureOf(call);
     }
     if (const auto command = EcCommandOf(call); command && command->status != 0) {
         const bool identifies = command->bytes.starts_with("bb"); // some readings do without
