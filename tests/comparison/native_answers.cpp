@@ -1,5 +1,7 @@
-// What the native library answers on a machine: library_answers MACHINE > native.json
+// What the native library answers on a machine, or as a recording does: library_answers MACHINE > native.json
 #include "answers.h"
+
+#include "recordings/recording_file.h"
 
 #include <exception>
 #include <iostream>
@@ -12,7 +14,9 @@ int main(int count, char** arguments) {
     try {
         tool::HostOptions options;
         options.machine = arguments[1];
-        options.store = ":memory:";
+        if (!tool::IsRecordingName(arguments[1])) {
+            options.store = ":memory:";
+        }
         comparison::PrintAnswers(tool::Host(options));
         return std::cout.flush() ? 0 : 1;
     } catch (const std::exception& problem) {

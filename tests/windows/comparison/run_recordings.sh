@@ -24,8 +24,8 @@ for profile in "$@"; do
     rec=$reports/$machine.rec
     rm -rf "${WINEPREFIX:?}/drive_c/ProgramData/Vesk"
     VESK_RECORD="Z:$rec" wine "$reports/bin/library_answers.exe" "$profile" >"$reports/$machine.windows.json" </dev/null
-    VESK_MACHINE=$rec "$native/library_answers" "$profile" >"$reports/$machine.native.json" 2>"$reports/differences"
-    if grep VESK_MACHINE "$reports/differences"; then
+    "$native/library_answers" "$rec" >"$reports/$machine.native.json" 2>"$reports/differences"
+    if grep -v "the driver session could not be opened" "$reports/differences"; then
         echo "$machine: the native library asks for something else" >&2
         exit 1
     fi

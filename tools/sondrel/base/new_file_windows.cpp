@@ -54,6 +54,7 @@ NewFile::~NewFile() {
     }
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it changes the file.
 void NewFile::Write(std::string_view text) {
     WriteAll(m_file, text);
 }

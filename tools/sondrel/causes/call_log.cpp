@@ -4,8 +4,10 @@
 
 namespace tool {
 
-CallLog::CallLog(const Library& library)
-    : m_setSink(reinterpret_cast<decltype(VeskObserver_SetSink)*>(library.Find("VeskObserver_SetSink"))) {
+CallLog::CallLog(const Library* library) {
+    if (library != nullptr) {
+        m_setSink = reinterpret_cast<decltype(VeskObserver_SetSink)*>(library->Find("VeskObserver_SetSink"));
+    }
     if (m_setSink != nullptr) {
         m_setSink(OnBoundaryCall, this);
     }

@@ -10,8 +10,8 @@ namespace tool {
 
 class CallLog {
 public:
-    /// Logs nothing if the library is not observed. One log at a time.
-    explicit CallLog(const Library& library);
+    /// Logs nothing without a library, or if it is not observed. One log at a time.
+    explicit CallLog(const Library* library);
     CallLog(const CallLog&) = delete;
     CallLog& operator=(const CallLog&) = delete;
     ~CallLog();
@@ -24,7 +24,7 @@ public:
 private:
     static void OnBoundaryCall(void* context, const VeskObserver_Call* call);
 
-    decltype(VeskObserver_SetSink)* m_setSink;
+    decltype(VeskObserver_SetSink)* m_setSink = nullptr;
     std::vector<BoundaryCall> m_calls;
 };
 

@@ -4,7 +4,8 @@
 #include "causes/codes.h"
 
 #include <algorithm>
-#include <ranges>
+#include <string_view>
+#include <vector>
 
 namespace tool {
 namespace {
@@ -113,14 +114,19 @@ std::optional<Finding> FindingOf(const BoundaryCall& call) {
     return Empty(call);
 }
 
+std::vector<std::string_view> InputValues(const BoundaryCall& call) {
+    std::vector<std::string_view> inputs;
+    inputs.reserve(call.arguments.size());
+    for (const BoundaryCall::Argument& argument : call.arguments) {
+        if (!argument.output) {
+            inputs.emplace_back(argument.value);
+        }
+    }
+    return inputs;
+}
+
 bool HaveSameInputs(const BoundaryCall& one, const BoundaryCall& other) {
-    const auto isInput = [](const BoundaryCall::Argument& argument) {
-        return !argument.output;
-    };
-    return one.row == other.row &&
-           std::ranges::equal(one.arguments | std::views::filter(isInput),
-                              other.arguments | std::views::filter(isInput), {},
-                              &BoundaryCall::Argument::value, &BoundaryCall::Argument::value);
+    return one.row == other.row && InputValues(one) == InputValues(other);
 }
 
 bool HaveSameFirstInput(const BoundaryCall& one, const BoundaryCall& other) {

@@ -176,10 +176,9 @@ std::string PathOfCommand(const CLI::App& app) {
     if (below.empty() || word == left.end() || !command.get_subcommands().empty()) {
         throw Error(ReasonOf(problem) + help);
     }
-    std::vector<std::string_view> names;
-    for (const CLI::App* const each : below) {
-        names.emplace_back(each->get_name());
-    }
+    std::vector<std::string_view> names(below.size());
+    std::ranges::transform(below, names.begin(),
+                           [](const CLI::App* each) { return std::string_view(each->get_name()); });
     const std::string_view nearest = Nearest(*word, names);
     throw Error("there is no command \"" + OnOneLine(*word) + '"' +
                 (nearest.empty() ? std::string() : "; did you mean " + std::string(nearest) + '?') + help);

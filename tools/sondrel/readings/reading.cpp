@@ -32,7 +32,10 @@ void OpenSession(std::optional<Session>& session, const Library& library) {
 }
 
 Reader::Reader(const Host& host, const ReadOptions& options)
-    : m_host(host), m_options(options), m_log(host.library), m_explainer(m_log.IsObserved()) {
+    : m_host(host),
+      m_options(options),
+      m_log(options.causes ? &host.library : nullptr),
+      m_explainer(m_log.IsObserved()) {
     if (options.session) {
         OpenSession();
     } else {

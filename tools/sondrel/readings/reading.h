@@ -16,6 +16,8 @@ struct ReadOptions {
     std::uint8_t initCom = 1;
     /// Open the driver session before a reading.
     bool session = true;
+    /// Where the library is observed, its calls decide the states; otherwise the descriptions of the exports do.
+    bool causes = true;
 };
 
 struct Reading {

@@ -25,7 +25,7 @@ SingleCall::SingleCall(const HostOptions& hostOptions, const ReadOptions& readOp
       m_address(AddressOf(m_host.library, m_row)),
       m_inputs{arguments.empty() ? "" : arguments.front(), readOptions.initCom} {
     if (readOptions.session && m_row.needsSession) {
-        CallLog log(m_host.library);
+        CallLog log(&m_host.library);
         OpenSession(m_session, m_host.library);
         m_sessionCalls = log.Take();
     }
@@ -36,7 +36,7 @@ Answer SingleCall::Make() const {
 }
 
 Reading SingleCall::Read() {
-    CallLog log(m_host.library);
+    CallLog log(&m_host.library);
     Answer answer = Make();
     return Explained(std::move(answer), log.IsObserved() ? std::optional(log.Take()) : std::nullopt);
 }
