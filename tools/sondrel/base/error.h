@@ -7,7 +7,8 @@
 namespace tool {
 
 inline constexpr int ExitOk = 0;
-/// The library broke the rules of a call, snapshots differ, or a machine's profile has errors.
+/// The library broke the rules of a call, snapshots differ, a machine's profile has errors, or a
+/// precondition is not met.
 inline constexpr int ExitFinding = 1;
 /// A wrong name, argument, option, library, machine or file: nothing was read.
 inline constexpr int ExitError = 2;

@@ -8,6 +8,7 @@ namespace tool {
 int ListExports(const Options& options);
 int CallExport(const Options& options);
 int Report(const Options& options);
+int Examine(const Options& options);
 int TakeSnapshot(const Options& options);
 int CompareSnapshots(const Options& options);
 int PrintMetrics(const Options& options);

@@ -17,6 +17,8 @@ constexpr Example Examples[] = {
     {"report", "sondrel report", "every reading, by group", "107 readings"},
     {"report", "sondrel report --json", "the same for programs", "\"exports\""},
     {"report", "sondrel report --html report.html --samples 3", "one page with tables and charts", ""},
+    {"doctor", "sondrel doctor", "what the readings rely on, and what is missing", "0 not met"},
+    {"doctor", "sondrel doctor --json", "the same for programs", "\"preconditions\""},
     {"watch", "sondrel watch", "live telemetry, until Ctrl-C", "Thermal_Read_Fan[0]",
      " --count 2 --interval 1.5"},
     {"watch", "sondrel watch Thermal_Read_Fan --count 3 --interval 0.5 --csv fan.csv",

@@ -28,8 +28,8 @@ constexpr const char* Outcome = R"(`sondrel COMMAND --help` has its options and 
 A call prints the result: numbers in decimal, strings in UTF-8, raw bytes in hexadecimal, CPUID as four
 hexadecimal words. The meaning of a failure value is printed on standard error.
 
-Exit status: 0 done; 1 the library wrote outside its buffer, the snapshots or recordings differ or the
-profile has errors; 2 a wrong name, argument or option, or a library, machine or file that cannot be used; 130
+Exit status: 0 done; 1 the library wrote outside its buffer, the snapshots or recordings differ, the
+profile has errors or a precondition is not met; 2 a wrong name, argument or option, or a library, machine or file that cannot be used; 130
 interrupted.)";
 
 std::uint8_t InitComOf(const std::string& text) {
@@ -220,8 +220,11 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     CLI::App* const report = app.add_subcommand("report", "Call every reading and print the results");
     report->add_flag("--json", options.json, "As one JSON object");
     report->callback([&options] { options.run = Report; });
+    CLI::App* const doctor = app.add_subcommand("doctor", "Check what the readings rely on");
+    doctor->add_flag("--json", options.json, "As one JSON object");
+    doctor->callback([&options] { options.run = Examine; });
     const auto [watch, trace] = AddDrawings(app, *report, options);
-    for (CLI::App* const command : {list, call, report, watch, trace}) {
+    for (CLI::App* const command : {list, call, report, doctor, watch, trace}) {
         command->fallthrough();
     }
     AddComparingCommands(app, options);

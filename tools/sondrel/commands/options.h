@@ -26,7 +26,7 @@ struct Options {
     /// `call`, `trace`: the export. `list`: the export to be shown in full, or empty.
     std::string name;
     std::vector<std::string> arguments;
-    /// `report`, `diff`: as JSON.
+    /// `report`, `doctor`, `diff`: as JSON.
     bool json = false;
     /// `report`: as a page, if it has a file.
     PageOptions page;

@@ -6,13 +6,13 @@ _sondrel() {
     for ((index = 1; index < COMP_CWORD; ++index)); do
         next="${command:+$command }${COMP_WORDS[index]}"
         case $next in
-        "list" | "call" | "report" | "watch" | "trace" | "snapshot" | "diff" | "metrics" | "record" | "replay" | "redact" | "compress" | "expand" | "machine" | "machine new" | "machine from" | "machine check" | "machine show" | "machine list" | "completion") command=$next ;;
+        "list" | "call" | "report" | "doctor" | "watch" | "trace" | "snapshot" | "diff" | "metrics" | "record" | "replay" | "redact" | "compress" | "expand" | "machine" | "machine new" | "machine from" | "machine check" | "machine show" | "machine list" | "completion") command=$next ;;
         esac
     done
     case $command in
     "")
         options='--version --help --library --machine --store --colour --color --trace --init-com --no-session'
-        words='list call report watch trace snapshot diff metrics record replay redact compress expand machine completion'
+        words='list call report doctor watch trace snapshot diff metrics record replay redact compress expand machine completion'
         ;;
     "list")
         options='--help --library --machine --store --colour --color --trace --init-com --no-session'
@@ -24,6 +24,10 @@ _sondrel() {
         ;;
     "report")
         options='--help --json --html --samples --interval --library --machine --store --colour --color --trace --init-com --no-session'
+        words=''
+        ;;
+    "doctor")
+        options='--help --json --library --machine --store --colour --color --trace --init-com --no-session'
         words=''
         ;;
     "watch")
