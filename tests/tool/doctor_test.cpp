@@ -46,6 +46,7 @@ TEST_F(DoctorTest, NamesWhatIsMissing) {
         {R"({"acpi": {"present": false}})", "acpi", "absent", "CreateFileW"},
         {R"({"batteries": []})", "battery", "absent", "SetupDiEnumDeviceInterfaces"},
         {R"({"firmware_variables": {"privilege_held": false}})", "firmware-privilege", "denied", nullptr},
+        {R"({"firmware_variables": {"privilege_held": false}})", "firmware-kind", "denied", nullptr},
         {R"({"wifi": {"service": "stopped"}})", "wlan-service", "failed", "WlanOpenHandle"},
         {R"({"wifi": {"interfaces": []}})", "wlan-adapter", "absent", "WlanEnumInterfaces"},
         {R"({"bluetooth": {"radios": []}})", "bluetooth", "absent", "BluetoothFindFirstRadio"},

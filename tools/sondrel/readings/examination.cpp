@@ -3,6 +3,7 @@
 #include "base/process_facts.h"
 #include "base/text.h"
 #include "causes/call_words.h"
+#include "causes/codes.h"
 #include "causes/deciding_call.h"
 #include "terminal/interrupt.h"
 #include "terminal/progress.h"
@@ -111,7 +112,8 @@ private:
         const auto decision = Decide(asked.calls);
         if (decision && decision->cause.call) {
             const DecidingCall& call = *decision->cause.call;
-            const bool isOther = precondition.onlyCode != 0 && call.code != precondition.onlyCode;
+            const bool isOther = precondition.onlyCode != 0 && call.code != precondition.onlyCode &&
+                                 decision->state != ReadingState::Denied;
             const bool isEmpty = precondition.emptyIsMet && !decision->isFailure;
             if (Matches(precondition, call.operation, call.subject) && !isOther && !isEmpty &&
                 !decision->isExpected) {
@@ -135,6 +137,11 @@ private:
             precondition.name == "ec-map"
                 ? RuleCause("the library has no map for this EC's revision code", "update the library")
                 : RuleCause(std::string(precondition.reading) + " did not ask for it", {}));
+    }
+
+    /// Nothing is known of what may not be asked for.
+    static bool IsDenied(const BoundaryCall& call) {
+        return !call.succeeded && MeaningOf(call.row->name, CodeOf(call)).state == ReadingState::Denied;
     }
 
     static bool IsIdentification(const BoundaryCall& call) {
