@@ -51,6 +51,7 @@ TEST_F(DoctorTest, NamesWhatIsMissing) {
         {R"({"wifi": {"interfaces": []}})", "wlan-adapter", "absent", "WlanEnumInterfaces"},
         {R"({"bluetooth": {"radios": []}})", "bluetooth", "absent", "BluetoothFindFirstRadio"},
         {R"({"audio": null})", "audio", "absent", nullptr},
+        {R"({"registry": {"values": []}})", "app-path", "absent", "RegOpenKeyExW"},
         {R"({"wmi": {"ROOT\\WMI": null}})", "VeskZrnWmi_WMNB", "absent", nullptr},
     };
     const json schema = json::parse(ContentOf(DOCTOR_SCHEMA));

@@ -60,6 +60,13 @@ says out "2 boundary calls, 0 EC commands"
 run 0 sondrel.exe trace --library "$bin/VeskSondrel64.dll" System_Read_LocalTime
 says err "this library is not observed"
 
+# Wine has neither the driver nor UEFI's variables.
+run 1 sondrel.exe doctor
+says out "CreateFileW \\\\.\\VESKHWIO failed with 2"
+says out "  Driver device: absent"
+says out "  App path: absent"
+says out "  App path writable: not checked"
+
 # The machine is the real one.
 refuses "--trace" report --trace
 says err "an ETW consumer of provider VeskWinDllLogger {C72E452E-6078-4AC3-82F2-C0282F99A573}"

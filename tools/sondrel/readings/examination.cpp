@@ -3,7 +3,6 @@
 #include "base/process_facts.h"
 #include "base/text.h"
 #include "causes/call_words.h"
-#include "causes/codes.h"
 #include "causes/deciding_call.h"
 #include "terminal/interrupt.h"
 #include "terminal/progress.h"
@@ -116,7 +115,7 @@ private:
                                  decision->state != ReadingState::Denied;
             const bool isEmpty = precondition.emptyIsMet && !decision->isFailure;
             if (Matches(precondition, call.operation, call.subject) && !isOther && !isEmpty &&
-                !decision->isExpected) {
+                (precondition.absenceIsUnmet || !decision->isExpected)) {
                 return NotMet(precondition, decision->state, decision->cause);
             }
         }
@@ -137,11 +136,6 @@ private:
             precondition.name == "ec-map"
                 ? RuleCause("the library has no map for this EC's revision code", "update the library")
                 : RuleCause(std::string(precondition.reading) + " did not ask for it", {}));
-    }
-
-    /// Nothing is known of what may not be asked for.
-    static bool IsDenied(const BoundaryCall& call) {
-        return !call.succeeded && MeaningOf(call.row->name, CodeOf(call)).state == ReadingState::Denied;
     }
 
     static bool IsIdentification(const BoundaryCall& call) {
@@ -210,7 +204,7 @@ private:
         }
         const auto& calls = m_asked["WMIGetBatteryHealth"].calls;
         const auto asks = [](const BoundaryCall& call) {
-            return call.row->name == "GetFileAttributesW";
+            return call.row->name == "GetFileAttributesW" && call.succeeded;
         };
         const auto found = std::ranges::find_if(calls, asks);
         if (found == calls.end()) {

@@ -97,7 +97,8 @@ constexpr Precondition Table[] = {
     {.name = "app-path",
      .title = "App path",
      .reading = "WMIGetBatteryHealth",
-     .operations = {"RegOpenKeyExW", "RegQueryValueExW", "GetFileAttributesW"}},
+     .operations = {"RegOpenKeyExW", "RegQueryValueExW", "GetFileAttributesW"},
+     .absenceIsUnmet = true},
     {.name = "app-path-writable", .title = "App path writable", .check = OwnCheck::AppPathWritable},
 
     Namespace("ROOT\\CIMV2", "WMIGetSN"),

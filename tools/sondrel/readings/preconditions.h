@@ -25,6 +25,8 @@ struct Precondition {
     std::uint32_t onlyCode = 0;
     /// An answer without a row, value or item shows that it is there.
     bool emptyIsMet = false;
+    /// It is not there if what may be missing in a normal course is.
+    bool absenceIsUnmet = false;
     OwnCheck check = OwnCheck::None;
 };
 
