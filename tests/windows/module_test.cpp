@@ -87,6 +87,9 @@ TEST_F(ModuleTest, ExportsTheListedFunctionsAndNothingElse) {
     EXPECT_EQ(exports.NumberOfFunctions, exports.NumberOfNames) << "exported without a name";
 }
 
+/// Ends the lines of functions that the C++ runtime of only some compilers calls.
+constexpr std::string_view SomeRuntimes = " (some runtimes)";
+
 TEST_F(ModuleTest, ImportsTheListedFunctionsAndNothingElse) {
     std::vector<std::string> imported;
     const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress);
@@ -102,7 +105,15 @@ TEST_F(ModuleTest, ImportsTheListedFunctionsAndNothingElse) {
             imported.push_back(name + ' ' + reinterpret_cast<const char*>(function->Name));
         }
     }
-    EXPECT_THAT(imported, UnorderedElementsAreArray(Lines(IMPORT_LIST_FILE, '#')));
+    std::vector<std::string> expected = Lines(IMPORT_LIST_FILE, '#');
+    std::erase_if(expected, [&](std::string& line) {
+        if (!line.ends_with(SomeRuntimes)) {
+            return false;
+        }
+        line.erase(line.size() - SomeRuntimes.size());
+        return std::ranges::find(imported, line) == imported.end();
+    });
+    EXPECT_THAT(imported, UnorderedElementsAreArray(expected));
 }
 
 /// In UTF-8 and in UTF-16.
