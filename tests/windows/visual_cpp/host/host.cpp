@@ -141,7 +141,7 @@ void Check(StringExport* call, const NarrowText& expected) {
 void CheckConvention(StringExport* call) {
     using Explicit = void*(void*);
     alignas(std::string) unsigned char place[sizeof(std::string)];
-    void* const returned = reinterpret_cast<Explicit*>(call)(place);
+    void* const returned = reinterpret_cast<Explicit*>(reinterpret_cast<void (*)()>(call))(place);
     Expect(returned == place, "the hidden pointer is returned");
     static_cast<std::string*>(static_cast<void*>(place))->~string();
 }
