@@ -83,9 +83,9 @@ else()
 endif()
 
 install(DIRECTORY machines/ DESTINATION ${kit_data}/machines FILES_MATCHING PATTERN *.json)
-install(FILES docs/machine-profile.schema.json packaging/prometheus/sondrel.rules.yml DESTINATION ${kit_data})
+install(FILES docs/machine-profile.schema.json docs/readings.schema.json docs/doctor.schema.json packaging/prometheus/sondrel.rules.yml DESTINATION ${kit_data})
 install(DIRECTORY examples/ DESTINATION ${kit_data}/examples PATTERN CMakeLists.txt EXCLUDE)
-install(FILES docs/host-engineer.md docs/firmware-engineer.md docs/on-windows.md docs/tool.md docs/fleet.md DESTINATION ${kit_documents})
+install(FILES docs/host-engineer.md docs/firmware-engineer.md docs/on-windows.md docs/tool.md docs/json.md docs/fleet.md DESTINATION ${kit_documents})
 
 # What is compiled in has its licence there under the name of its target: without one there is no kit.
 get_property(kit_licences GLOBAL PROPERTY VESK_HOSTED_HEADERS)

@@ -104,6 +104,7 @@ def table(description: Description) -> str:
             if export["metric"] and export["metric"]["name"] == metric_name:
                 metrics.append(metric(export))
     titles = "".join(f"    {string(group['title'])},\n" for group in description.groups)
+    ids = "".join(f"    {string(group['id'])},\n" for group in description.groups)
     charts = "".join(f"    {string(title)},\n" for title in description.charts.values())
     return f"""// The table of exports.
 #include "exports/description.h"
@@ -126,6 +127,9 @@ constexpr auto Titles = std::to_array<std::string_view>({{
 {titles}}});
 static_assert(Titles.size() == static_cast<std::size_t>(Group::Count));
 
+constexpr auto Ids = std::to_array<std::string_view>({{
+{ids}}});
+
 constexpr auto Charts = std::to_array<std::string_view>({{
 {charts}}});
 
@@ -140,6 +144,10 @@ std::span<const Export> AllExports() {{
 
 std::string_view TitleOf(Group group) {{
     return Titles[static_cast<std::size_t>(group)];
+}}
+
+std::string_view IdOf(Group group) {{
+    return Ids[static_cast<std::size_t>(group)];
 }}
 
 std::span<const std::string_view> ChartTitles() {{
@@ -190,6 +198,13 @@ def optional_members(description: Description, export: dict):
     sizes = [each["size"] for each in export["arguments"] if "size" in each]
     if "unit" in value:
         yield f".unit = {string(value['unit'])}"
+    conversion = value.get("conversion", {})
+    if any(factor in conversion for factor in ("factor", "offset", "divisor")):
+        factors = (str(conversion.get(*pair)) for pair in (("factor", 1), ("offset", 0), ("divisor", 1)))
+        yield f".conversion = {{{', '.join(factors)}}}"
+        yield f".convertedUnit = {string(conversion['unit'])}"
+        if "assumed_unit" in conversion:
+            yield f".assumedUnit = {string(conversion['assumed_unit'])}"
     if value["kind"] in DISPLAYS:
         yield f".display = Display::{DISPLAYS[value['kind']]}"
     if argument:
@@ -216,14 +231,11 @@ def optional_members(description: Description, export: dict):
 def metric(export: dict) -> str:
     own = export["metric"]
     kind = "Counter" if own.get("type") == "counter" else "Gauge"
-    conversion = export["value"].get("conversion", {})
-    factors = ", ".join(str(conversion.get(*pair)) for pair in (("factor", 1), ("offset", 0), ("divisor", 1)))
     members = [
         str(export["index"]),
         string(own["name"]),
         string(own["help"]),
         f"MetricType::{kind}",
-        f"{{{factors}}}",
     ]
     if own["label"]:
         members += [string(own["label"]), string(",".join(own.get("label_values", [])))]

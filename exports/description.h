@@ -82,6 +82,16 @@ struct Element {
     std::size_t count = 0;
 };
 
+/// From the export's unit to the base unit: (number * factor + offset) / divisor. The division keeps 3862 mV at
+/// 3.862 V.
+struct Conversion {
+    double factor = 1;
+    double offset = 0;
+    double divisor = 1;
+
+    [[nodiscard]] constexpr double Of(double number) const { return (number * factor + offset) / divisor; }
+};
+
 struct Export {
     std::string_view name;
     Group group;
@@ -90,6 +100,11 @@ struct Export {
     std::string_view declaration;
     std::string_view summary;
     std::string_view unit;
+    /// To the base unit, whose name is empty where there is nothing to convert.
+    Conversion conversion;
+    std::string_view convertedUnit;
+    /// What a raw number is taken for; empty for a documented unit.
+    std::string_view assumedUnit;
     Display display = Display::Plain;
     /// What a user has to give, in capitals, and a value for it; empty for nothing.
     std::string_view argument;
@@ -115,19 +130,13 @@ std::span<const Export> AllExports();
 const Export* FindExport(std::string_view name);
 
 std::string_view TitleOf(Group group);
+/// For users of commands: "battery_ec".
+std::string_view IdOf(Group group);
 
 /// The drawings of a report page in their order.
 std::span<const std::string_view> ChartTitles();
 
 enum class MetricType : std::uint8_t { Gauge, Counter };
-
-/// From the export's unit to the base unit: (number * factor + offset) / divisor. The division keeps 3862 mV at
-/// 3.862 V.
-struct Conversion {
-    double factor = 1;
-    double offset = 0;
-    double divisor = 1;
-};
 
 /// What an export's numbers are called in Prometheus. The exports of one metric are neighbours.
 struct Metric {
@@ -136,7 +145,6 @@ struct Metric {
     std::string_view name;
     std::string_view help;
     MetricType type;
-    Conversion conversion;
     /// What distinguishes the samples of one metric.
     std::string_view label;
     /// Its value, or those of a list's elements, separated by ","; empty: the elements are counted from 0.

@@ -1,6 +1,8 @@
 #include "answers.h"
 
-#include "output/report.h"
+#include "exports/calls.h"
+#include "readings/reading.h"
+#include "readings/reading_json.h"
 
 #include <nlohmann/json.hpp>
 
@@ -26,6 +28,19 @@ constexpr Setting Settings[] = {
     {"ShutdownSondrel", ""},
 };
 
+/// Every answer as it came: lists and documents are strings.
+void PrintReport(const tool::Host& host, const tool::ReadOptions& options) {
+    nlohmann::ordered_json exports = nlohmann::ordered_json::array();
+    tool::Reader(host, options).ReadAll([&](const tool::Reading& reading) {
+        nlohmann::ordered_json& object = exports.emplace_back();
+        object["name"] = reading.row.name;
+        tool::AddMembers(reading, tool::ValueOf(reading), object);
+    });
+    std::cout << nlohmann::ordered_json{{"exports", exports}}.dump(
+                     2, ' ', false, nlohmann::ordered_json::error_handler_t::replace)
+              << '\n';
+}
+
 void PrintSettings(const tool::Host& host) {
     nlohmann::ordered_json exports = nlohmann::ordered_json::array();
     for (const auto& [name, argument] : Settings) {
@@ -43,14 +58,14 @@ void PrintSettings(const tool::Host& host) {
 void PrintAnswers(const tool::Host& host) {
     tool::ReadOptions options{.causes = false}; // only one of the two libraries is observed
     std::cout << "[\n";
-    tool::ReportAsJson(host, options);
+    PrintReport(host, options);
     std::cout << ",\n";
     PrintSettings(host);
     std::cout << ",\n";
-    tool::ReportAsJson(host, options);
+    PrintReport(host, options);
     std::cout << ",\n";
     options.session = false;
-    tool::ReportAsJson(host, options);
+    PrintReport(host, options);
     std::cout << "]\n";
 }
 

@@ -71,13 +71,10 @@ TEST_F(CausesTest, NamesWhatDecidedTheState) {
         line.emplace_back("--json");
         const json report = json::parse(Tool(line).out);
         EXPECT_EQ(report["observed"], true);
-        for (const json& reading : report["exports"]) {
-            if (reading["name"] == name) {
-                EXPECT_EQ(reading["state"], state);
-                EXPECT_EQ(reading["value"], nullptr); // what was not read is no value
-                EXPECT_TRUE(reading.contains("cause")) << reading;
-            }
-        }
+        const json& reading = report["readings"][name];
+        EXPECT_EQ(reading["state"], state);
+        EXPECT_EQ(reading["value"], nullptr); // what was not read is no value
+        EXPECT_TRUE(reading.contains("cause")) << reading;
     }
 }
 

@@ -1,5 +1,6 @@
 // What `doctor` says is missing, and why.
 #include "base/process_facts.h"
+#include "json_schema.h"
 #include "tool_run.h"
 
 #include <nlohmann/json.hpp>
@@ -20,16 +21,6 @@ protected:
         return json::parse(run.out);
     }
 };
-
-/// The members are those of the schema.
-void ExpectMembers(const json& object, const json& schema) {
-    for (const json& name : schema["required"]) {
-        EXPECT_TRUE(object.contains(name)) << name;
-    }
-    for (const auto& [name, value] : object.items()) {
-        EXPECT_TRUE(schema["properties"].contains(name)) << name;
-    }
-}
 
 TEST_F(DoctorTest, NamesWhatIsMissing) {
     struct Case {
@@ -54,15 +45,14 @@ TEST_F(DoctorTest, NamesWhatIsMissing) {
         {R"({"registry": {"values": []}})", "app-path", "absent", "RegOpenKeyExW"},
         {R"({"wmi": {"ROOT\\WMI": null}})", "VeskZrnWmi_WMNB", "absent", nullptr},
     };
-    const json schema = json::parse(ContentOf(DOCTOR_SCHEMA));
+    const test::JsonSchema schema{json::parse(ContentOf(DOCTOR_SCHEMA))};
     for (const auto& [changes, name, state, operation] : cases) {
         SCOPED_TRACE(std::string(name) + changes);
         const json report = Examine(changes, 1);
-        ExpectMembers(report, schema);
+        EXPECT_EQ(schema.ErrorsIn(report), "");
         EXPECT_EQ(report["met"], false);
         bool isListed = false;
         for (const json& each : report["preconditions"]) {
-            ExpectMembers(each, schema["properties"]["preconditions"]["items"]);
             if (each["name"] == name) {
                 isListed = true;
                 EXPECT_EQ(each["met"], false);

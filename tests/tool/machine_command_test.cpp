@@ -1,4 +1,5 @@
 // sondrel machine, and the published schema of profiles against the reader that a machine is made with.
+#include "json_schema.h"
 #include "tool_run.h"
 
 #include "machine/profile/built_in_machines.h"
@@ -6,10 +7,6 @@
 #include "machines/json_places.h"
 
 #include <nlohmann/json.hpp>
-#include <valijson/adapters/nlohmann_json_adapter.hpp>
-#include <valijson/schema.hpp>
-#include <valijson/schema_parser.hpp>
-#include <valijson/validator.hpp>
 
 #include <sys/stat.h>
 
@@ -25,14 +22,8 @@ using ::testing::StartsWith;
 
 class MachineCommandTest : public test::ToolTest {
 protected:
-    MachineCommandTest() : m_schema(json::parse(ContentOf(PROFILE_SCHEMA))) {
-        valijson::SchemaParser().populateSchema(valijson::adapters::NlohmannJsonAdapter(m_schema),
-                                                m_compiled);
-    }
-
     [[nodiscard]] bool SchemaAccepts(const json& profile) const {
-        valijson::Validator validator;
-        return validator.validate(m_compiled, valijson::adapters::NlohmannJsonAdapter(profile), nullptr);
+        return m_compiled.ErrorsIn(profile).empty();
     }
 
     static machine::ProfileIssues IssuesOf(const std::string& profile) {
@@ -84,8 +75,8 @@ protected:
         ++m_compared;
     }
 
-    const json m_schema;
-    valijson::Schema m_compiled;
+    const json m_schema = json::parse(ContentOf(PROFILE_SCHEMA));
+    const test::JsonSchema m_compiled{m_schema};
     int m_compared = 0;
 };
 

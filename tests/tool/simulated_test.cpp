@@ -55,8 +55,8 @@ TEST_F(SimulatedTest, ReportsTheDefaultMachineWithoutAFailure) {
     ASSERT_EQ(run.status, 0) << run.err;
     const json report = json::parse(run.out);
     EXPECT_EQ(report["machine"], "default");
-    EXPECT_EQ(report["exports"].size(), 114u);
-    for (const json& object : report["exports"]) {
+    EXPECT_EQ(report["readings"].size(), 114u);
+    for (const json& object : report["readings"]) {
         EXPECT_THAT(object["status"], ::testing::AnyOf("ok", "absent", "not run")) << object;
     }
 }

@@ -33,7 +33,11 @@ TEST_F(WatchTest, PrintsPlainLinesIntoAPipe) {
     }
     sample +=
         time + "CPU_ReadCPUUsage              30.0 %\n" + time + "AppList_OpenWindows           Ä€😀\uFFFD\n";
-    EXPECT_TRUE(std::regex_match(run.out, std::regex(sample + sample))) << run.out;
+    const std::string summary = "\n +minimum +mean +maximum +samples +failures\n"
+                                "Thermal_Read_Cpu_Temperature +52 +52 +52 +2 +0  °C\n"
+                                "(Thermal_Read_Fan\\[.\\] +- +- +- +0 +2  rpm\n){4}"
+                                "CPU_ReadCPUUsage +30.0 +30.0 +30.0 +2 +0  %\n";
+    EXPECT_TRUE(std::regex_match(run.out, std::regex(sample + sample + summary))) << run.out;
 }
 
 TEST_F(WatchTest, WritesSamplesAsCsv) {

@@ -48,8 +48,8 @@ run 0 sondrel.exe report --json
 python3 - "$scratch/out" <<'REPORT' || fail "the report is not that of a real machine"
 import json, sys
 report = json.load(open(sys.argv[1], encoding="utf-8"))
-values = {row["name"]: row.get("value") for row in report["exports"]}
-whole = len(values) == 114 and not any(row["status"] == "faulty" for row in report["exports"])
+values = {name: row["value"] for name, row in report["readings"].items()}
+whole = len(values) == 114 and not any(row["status"] == "faulty" for row in report["readings"].values())
 sys.exit(not (whole and report["simulated"] is False and values["GetIoDllVersion"] == 65537))
 REPORT
 

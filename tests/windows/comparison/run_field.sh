@@ -22,8 +22,8 @@ rec=$root/recordings/default.rec
 wine "$windows/sondrel.exe" --machine "Z:$rec" report --json >"$work/windows.json" 2>"$work/windows.err" </dev/null
 python3 - "$work/native.json" "$work/windows.json" <<'REPORT' || fail "a recording answers otherwise"
 import json, sys
-native, windows = (json.load(open(file, encoding="utf-8"))["exports"] for file in sys.argv[1:])
-different = [(left, right) for left, right in zip(native, windows) if left != right]
+native, windows = (json.load(open(file, encoding="utf-8"))["readings"] for file in sys.argv[1:])
+different = [(name, native[name], windows.get(name)) for name in native if native[name] != windows.get(name)]
 print(*different, sep="\n", file=sys.stderr)
 sys.exit(len(native) != 114 or len(windows) != 114 or bool(different))
 REPORT

@@ -13,6 +13,7 @@ int TakeSnapshot(const Options& options);
 int CompareSnapshots(const Options& options);
 int PrintMetrics(const Options& options);
 int Watch(const Options& options);
+int ReadReadings(const Options& options);
 int TraceExport(const Options& options);
 int Record(const Options& options);
 int RedactRecording(const Options& options);

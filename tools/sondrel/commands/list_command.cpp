@@ -49,7 +49,7 @@ std::string BufferText(const exports::Buffer& buffer) {
 void PrintInFull(const Export& row, bool exported) {
     std::cout << row.name << (exported ? "" : " (not exported by this library)") << "\n  " << row.summary
               << "\n\n  declared  " << row.declaration << "\n  group     " << exports::TitleOf(row.group)
-              << "\n  call      sondrel call " << UsageOf(row) << '\n';
+              << " (" << exports::IdOf(row.group) << ")\n  call      sondrel call " << UsageOf(row) << '\n';
     if (!row.unit.empty()) {
         std::cout << "  unit      " << row.unit << '\n';
     }
@@ -112,7 +112,8 @@ int ListExports(const Options& options) {
     const Export* previous = nullptr;
     for (const Export& row : AllExports()) {
         if (previous == nullptr || previous->group != row.group) {
-            std::cout << (previous != nullptr ? "\n" : "") << exports::TitleOf(row.group) << '\n';
+            std::cout << (previous != nullptr ? "\n" : "") << exports::TitleOf(row.group) << " ("
+                      << exports::IdOf(row.group) << ")\n";
         }
         const bool exported = library.Find(row.name) != nullptr;
         PrintRow(row, exported, layout);

@@ -29,8 +29,8 @@ A call prints the result: numbers in decimal, strings in UTF-8, raw bytes in hex
 hexadecimal words. The meaning of a failure value is printed on standard error.
 
 Exit status: 0 done; 1 the library wrote outside its buffer, the snapshots or recordings differ, the
-profile has errors or a precondition is not met; 2 a wrong name, argument or option, or a library, machine or file that cannot be used; 130
-interrupted.)";
+profile has errors, a precondition is not met or a condition of --fail-if is fulfilled; 2 a wrong
+name, argument or option, or a library, machine or file that cannot be used; 130 interrupted.)";
 
 std::uint8_t InitComOf(const std::string& text) {
     if (text != "0" && text != "1") {
@@ -81,6 +81,24 @@ struct Drawings {
     CLI::App* trace;
 };
 
+CLI::App* AddRead(CLI::App& app, Options& options) {
+    CLI::App* const read = app.add_subcommand("read", "Read some readings in one session");
+    read->add_option("READING", options.names, "Names, patterns (Thermal_*) or groups (battery)")
+        ->required()
+        ->type_name("");
+    CLI::Option* const json = read->add_flag("--json", options.json, "As one JSON object");
+    read->add_option("--fields", options.fields, "These fields, separated by tabs")
+        ->type_name("NAME,...")
+        ->delimiter(',')
+        ->check(CLI::IsMember(ReadingFields()).description(""))
+        ->excludes(json)
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    AddObserved(*read, options);
+    read->callback([&options] { options.run = ReadReadings; });
+    return read;
+}
+
 Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
     CLI::Option* const html =
         report.add_option("--html", options.page.file, "As one page for a browser")->type_name("FILE");
@@ -90,10 +108,18 @@ Drawings AddDrawings(CLI::App& app, CLI::App& report, Options& options) {
     AddInterval(report, options.page.sampling, "Page: seconds between two samples (2)")->needs(html);
 
     CLI::App* const watch = app.add_subcommand("watch", "Show readings live, until interrupted");
-    watch->add_option("EXPORT", options.names, "The readings (telemetry)")->type_name("");
+    watch->add_option("READING", options.names, "Names, patterns or groups (telemetry)")->type_name("");
     AddInterval(*watch, options.watchSampling, "Seconds between two samples (2)");
     AddCount(*watch, options.watchSampling, "--count", "End after so many samples");
-    watch->add_option("--csv", options.csv, "Append the samples to this file")->type_name("FILE");
+    CLI::Option* const csv =
+        watch->add_option("--csv", options.csv, "Append the samples to this file")->type_name("FILE");
+    watch->add_flag("--ndjson", options.ndjson, "Print a line of JSON for each sample")->excludes(csv);
+    watch
+        ->add_option("--fail-if", options.failIf,
+                     "End with status 1 when this is so, for example \"Thermal_Read_Fan[0] < 500\"")
+        ->type_name("CONDITION")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     AddObserved(*watch, options);
     watch->callback([&options] { options.run = Watch; });
 
@@ -215,8 +241,10 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     CLI::App* const call = app.add_subcommand("call", "Call one export and print its result");
     call->add_option("EXPORT", options.name, "What to call")->required()->type_name("");
     call->add_option("ARG", options.arguments, "Its argument; see `sondrel list EXPORT`")->type_name("");
+    call->add_flag("--json", options.json, "As one JSON object");
     AddObserved(*call, options);
     call->callback([&options] { options.run = CallExport; });
+    CLI::App* const read = AddRead(app, options);
     CLI::App* const report = app.add_subcommand("report", "Call every reading and print the results");
     report->add_flag("--json", options.json, "As one JSON object");
     report->callback([&options] { options.run = Report; });
@@ -224,7 +252,7 @@ Options ParseCommandLine(const std::vector<std::string>& arguments) {
     doctor->add_flag("--json", options.json, "As one JSON object");
     doctor->callback([&options] { options.run = Examine; });
     const auto [watch, trace] = AddDrawings(app, *report, options);
-    for (CLI::App* const command : {list, call, report, doctor, watch, trace}) {
+    for (CLI::App* const command : {list, call, read, report, doctor, watch, trace}) {
         command->fallthrough();
     }
     AddComparingCommands(app, options);

@@ -4,7 +4,7 @@
 #include "output/report.h"
 #include "readings/host.h"
 #include "readings/reading.h"
-#include "readings/sampler.h"
+#include "samples/sampler.h"
 #include "terminal/paint.h"
 
 #include <string>
@@ -26,15 +26,21 @@ struct Options {
     /// `call`, `trace`: the export. `list`: the export to be shown in full, or empty.
     std::string name;
     std::vector<std::string> arguments;
-    /// `report`, `doctor`, `diff`: as JSON.
+    /// `call`, `read`, `report`, `doctor`, `diff`: as JSON.
     bool json = false;
     /// `report`: as a page, if it has a file.
     PageOptions page;
-    /// `watch`: the exports; none for the usual telemetry.
+    /// `watch`, `read`, `record`: the chosen readings; none for the usual ones.
     std::vector<std::string> names;
+    /// `read`: what is printed of each reading, separated by tabs; none for a line in words.
+    std::vector<std::string> fields;
     Sampling watchSampling;
     /// `watch`: the file for the samples, or empty.
     std::string csv;
+    /// `watch`: a line of JSON for each sample.
+    bool ndjson = false;
+    /// `watch`: conditions that end it.
+    std::vector<std::string> failIf;
     /// `snapshot`, `diff`, `machine`: the named files.
     std::vector<std::string> files;
     /// `diff`: leave out what usually differs.
@@ -57,6 +63,9 @@ void AddComparingCommands(CLI::App& app, Options& options);
 void AddRecordingCommands(CLI::App& app, Options& options);
 /// `machine`.
 void AddMachineCommands(CLI::App& app, Options& options);
+
+/// What `read --fields` takes.
+const std::vector<std::string>& ReadingFields();
 
 /// Throws Error for an invalid command line.
 Options ParseCommandLine(const std::vector<std::string>& arguments);

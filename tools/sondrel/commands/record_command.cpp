@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "commands/commands.h"
 #include "observer/recording/variables.h"
+#include "readings/selection.h"
 #include "recordings/compression.h"
 #include "recordings/redaction.h"
 #include "recordings/replay.h"
@@ -20,17 +21,15 @@ namespace {
 /// A reading that takes longer is given up, and is in the recording as far as it came.
 constexpr std::chrono::seconds LongestReading{120};
 
-std::vector<const Export*> RowsOf(const std::vector<std::string>& names) {
-    std::vector<const Export*> rows;
-    for (const std::string& name : names) {
-        const Export& row = ExportNamed(name);
-        if (row.report != InReport::Called) {
-            throw Error(std::string(row.name) + " is no reading");
+std::vector<const Export*> RowsOf(const std::vector<std::string>& words, const Library& library) {
+    std::vector<const Export*> rows = ChosenReadings(words, library);
+    for (const Export* const row : rows) {
+        if (row->report != InReport::Called) {
+            throw Error(std::string(row->name) + " is no reading");
         }
-        rows.push_back(&row);
     }
     for (const Export& row : AllExports()) {
-        if (names.empty() && row.report == InReport::Called) {
+        if (words.empty() && row.report == InReport::Called) {
             rows.push_back(&row);
         }
     }
@@ -120,9 +119,9 @@ void RequireNew(const std::string& file) {
 } // namespace
 
 int Record(const Options& options) {
-    const std::vector<const Export*> rows = RowsOf(options.names);
     const Library library(options.host.library, Library::Form::Observed);
     RequireObserved(library);
+    const std::vector<const Export*> rows = RowsOf(options.names, library);
     const std::string file = options.output.empty() ? "sondrel.rec" : options.output;
     RequireNew(file);
     const std::string raw = options.raw ? file : file + ".raw";

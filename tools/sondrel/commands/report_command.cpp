@@ -2,6 +2,8 @@
 #include "base/error.h"
 #include "commands/commands.h"
 
+#include <iostream>
+
 namespace tool {
 
 int Report(const Options& options) {
@@ -9,7 +11,7 @@ int Report(const Options& options) {
     if (!options.page.file.empty()) {
         ReportAsPage(host, options.reading, options.page);
     } else if (options.json) {
-        ReportAsJson(host, options.reading);
+        std::cout << ReportAsJson(host, options.reading);
     } else {
         ReportAsText(host, options.reading, options.colour);
     }

@@ -31,7 +31,8 @@ Command Describe(const CLI::App& app, const std::string& path) {
         for (const std::string& name : option->get_lnames()) {
             command.options.append(command.options.empty() ? "--" : " --").append(name);
         }
-        command.takesExport = command.takesExport || option->get_name() == "EXPORT";
+        command.takesExport =
+            command.takesExport || option->get_name() == "EXPORT" || option->get_name() == "READING";
     }
     for (const CLI::App* const each : app.get_subcommands({})) {
         command.subcommands.append(command.subcommands.empty() ? "" : " ").append(each->get_name());

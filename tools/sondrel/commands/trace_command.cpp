@@ -2,7 +2,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "commands/commands.h"
-#include "output/status_style.h"
+#include "exports/status_style.h"
 #include "readings/readable.h"
 #include "readings/single_call.h"
 #include "terminal/interrupt.h"

@@ -6,20 +6,24 @@ _sondrel() {
     for ((index = 1; index < COMP_CWORD; ++index)); do
         next="${command:+$command }${COMP_WORDS[index]}"
         case $next in
-        "list" | "call" | "report" | "doctor" | "watch" | "trace" | "snapshot" | "diff" | "metrics" | "record" | "replay" | "redact" | "compress" | "expand" | "machine" | "machine new" | "machine from" | "machine check" | "machine show" | "machine list" | "completion") command=$next ;;
+        "list" | "call" | "read" | "report" | "doctor" | "watch" | "trace" | "snapshot" | "diff" | "metrics" | "record" | "replay" | "redact" | "compress" | "expand" | "machine" | "machine new" | "machine from" | "machine check" | "machine show" | "machine list" | "completion") command=$next ;;
         esac
     done
     case $command in
     "")
         options='--version --help --library --machine --store --colour --color --trace --init-com --no-session'
-        words='list call report doctor watch trace snapshot diff metrics record replay redact compress expand machine completion'
+        words='list call read report doctor watch trace snapshot diff metrics record replay redact compress expand machine completion'
         ;;
     "list")
         options='--help --library --machine --store --colour --color --trace --init-com --no-session'
         words=$exports
         ;;
     "call")
-        options='--help --observed --library --machine --store --colour --color --trace --init-com --no-session'
+        options='--help --json --observed --library --machine --store --colour --color --trace --init-com --no-session'
+        words=$exports
+        ;;
+    "read")
+        options='--help --json --fields --observed --library --machine --store --colour --color --trace --init-com --no-session'
         words=$exports
         ;;
     "report")
@@ -31,7 +35,7 @@ _sondrel() {
         words=''
         ;;
     "watch")
-        options='--help --interval --count --csv --observed --library --machine --store --colour --color --trace --init-com --no-session'
+        options='--help --interval --count --csv --ndjson --fail-if --observed --library --machine --store --colour --color --trace --init-com --no-session'
         words=$exports
         ;;
     "trace")

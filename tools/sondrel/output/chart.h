@@ -1,7 +1,7 @@
 // Readings as SVG drawings for the page.
 #pragma once
 
-#include "readings/telemetry.h"
+#include "samples/telemetry.h"
 
 #include <optional>
 #include <span>

@@ -1,7 +1,7 @@
 #include "output/metrics_page.h"
 
 #include "base/text.h"
-#include "readings/readable.h"
+#include "readings/converted.h"
 
 #include <vector>
 
@@ -48,13 +48,6 @@ private:
     std::string m_text;
 };
 
-/// The number in the base unit; nothing for other text.
-std::optional<double> BaseNumber(std::string_view text, const exports::Conversion& conversion) {
-    const std::optional<double> number = NumberIn(text);
-    return number ? std::optional((*number * conversion.factor + conversion.offset) / conversion.divisor)
-                  : std::nullopt;
-}
-
 std::string LabelOf(const Metric& metric, std::size_t element) {
     if (metric.label.empty()) {
         return {};
@@ -75,13 +68,11 @@ bool AddSamples(Page& page, const Metric& metric, const Reading& reading) {
         isList ? ElementsOf(reading.answer.text) : std::vector<std::string_view>{reading.answer.text};
     bool complete = true;
     for (std::size_t element = 0; element < elements.size(); ++element) {
-        const Status status = StatusOfElement(reading.row, elements[element]);
-        const auto number =
-            status == Status::Ok ? BaseNumber(elements[element], metric.conversion) : std::nullopt;
+        const auto number = BaseNumber(reading.row, elements[element]);
         if (number) {
             page.Add(metric.name, LabelOf(metric, element), *number);
         }
-        complete = complete && (number || status == Status::Absent);
+        complete = complete && (number || StatusOfElement(reading.row, elements[element]) == Status::Absent);
     }
     return complete;
 }

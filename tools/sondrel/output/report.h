@@ -3,7 +3,7 @@
 
 #include "readings/examination.h"
 #include "readings/reading.h"
-#include "readings/sampler.h"
+#include "samples/sampler.h"
 #include "terminal/paint.h"
 
 #include <span>
@@ -19,7 +19,8 @@ struct PageOptions {
 
 /// On standard output.
 void ReportAsText(const Host& host, const ReadOptions& options, ColourMode colour);
-void ReportAsJson(const Host& host, const ReadOptions& options);
+/// docs/json.md describes it.
+std::string ReportAsJson(const Host& host, const ReadOptions& options);
 /// One HTML file without references to others.
 void ReportAsPage(const Host& host, const ReadOptions& options, const PageOptions& pageOptions);
 

@@ -1,15 +1,15 @@
 // A report as one page for a browser.
 #include "base/text.h"
+#include "exports/status_style.h"
 #include "output/chart.h"
 #include "output/html_value.h"
 #include "output/page_style.h"
 #include "output/replaced_file.h"
 #include "output/report.h"
-#include "output/status_style.h"
-#include "readings/pace.h"
 #include "readings/readable.h"
-#include "readings/sampler.h"
-#include "readings/telemetry.h"
+#include "samples/pace.h"
+#include "samples/sampler.h"
+#include "samples/telemetry.h"
 #include "terminal/interrupt.h"
 #include "terminal/progress.h"
 
@@ -69,7 +69,7 @@ private:
 };
 
 Telemetry Measure(const Host& host, const ReadOptions& options, const Sampling& sampling) {
-    Sampler sampler(host, options, TelemetryNames(host));
+    Sampler sampler(host, options, TelemetryRows(host));
     Telemetry telemetry{.series = sampler.AllSeries(), .samples = {}};
     Progress progress;
     const SampleClock clock(host);

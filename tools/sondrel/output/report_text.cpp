@@ -1,8 +1,8 @@
 // A report for a reader.
 #include "base/text.h"
 #include "exports/document.h"
+#include "exports/status_style.h"
 #include "output/report.h"
-#include "output/status_style.h"
 #include "readings/readable.h"
 
 #include <algorithm>

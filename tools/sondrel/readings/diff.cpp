@@ -1,5 +1,7 @@
 #include "readings/diff.h"
 
+#include "exports/classify.h"
+
 #include <set>
 
 namespace tool {

@@ -18,6 +18,11 @@ public:
 
     [[nodiscard]] const Export& Row() const { return m_row; }
 
+    [[nodiscard]] const Host& OnHost() const { return m_host; }
+
+    /// Whether the cause of a state is known.
+    [[nodiscard]] bool IsObserved() const { return CallLog(&m_host.library).IsObserved(); }
+
     /// Null for the real machine.
     [[nodiscard]] const SimulatedMachine* Machine() const {
         return m_host.machine ? &*m_host.machine : nullptr;

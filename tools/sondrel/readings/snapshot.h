@@ -1,7 +1,5 @@
-// A snapshot: every answer of one machine at one time, in a file. docs/snapshot.md describes the format.
+// A snapshot: every answer of one machine at one time, in a file. docs/json.md describes it.
 #pragma once
-
-#include "readings/reading.h"
 
 #include <nlohmann/json.hpp>
 
@@ -10,10 +8,6 @@
 #include <string_view>
 
 namespace tool {
-
-inline constexpr std::string_view SnapshotFormat = "sondrel-snapshot";
-/// Increases when an older tool would misread a file. Members can be added without that.
-inline constexpr int SnapshotVersion = 1;
 
 /// One export's answer in a snapshot.
 struct SnapshotReading {
@@ -30,9 +24,6 @@ struct Snapshot {
     std::string taken; // in UTC
     std::map<std::string, SnapshotReading, std::less<>> readings;
 };
-
-/// The value in a snapshot: numbers as numbers, lists as arrays with null for a failed element, documents as JSON.
-nlohmann::ordered_json SnapshotValue(const Reading& reading);
 
 /// Reads a file. Throws Error if it is not a snapshot.
 Snapshot LoadSnapshot(const std::string& file);

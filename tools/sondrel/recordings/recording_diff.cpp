@@ -17,10 +17,10 @@ using observer::RecordedCall;
 using observer::RecordedExport;
 using observer::Recording;
 
-using Calls = std::map<std::string, std::vector<const RecordedExport*>>;
+using CallList = std::map<std::string, std::vector<const RecordedExport*>>;
 
-Calls CallsOf(const Recording& recording) {
-    Calls calls;
+CallList CallsOf(const Recording& recording) {
+    CallList calls;
     for (const RecordedExport& each : recording.Exports()) {
         calls[KeyOf(each.name, each.arguments)].push_back(&each);
     }
@@ -117,8 +117,8 @@ void AddLine(std::string& lines, const std::string& key, const std::string& text
 std::string RecordingDifferences(const std::string& beforeFile, const std::string& afterFile) {
     const auto before = LoadRecording(beforeFile);
     const auto after = LoadRecording(afterFile);
-    Calls left = CallsOf(*before);
-    Calls right = CallsOf(*after);
+    CallList left = CallsOf(*before);
+    CallList right = CallsOf(*after);
     std::string lines;
     for (const auto& [key, calls] : left) {
         const std::vector<const RecordedExport*>& others = right[key];

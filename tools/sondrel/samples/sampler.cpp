@@ -1,6 +1,5 @@
-#include "readings/sampler.h"
+#include "samples/sampler.h"
 
-#include "base/error.h"
 #include "base/text.h"
 #include "readings/readable.h"
 #include "terminal/interrupt.h"
@@ -68,19 +67,6 @@ Point ElementPoint(const Reading& reading, std::span<const std::string_view> ele
     return point;
 }
 
-std::vector<const Export*> RowsOf(const Host& host, std::span<const std::string> names) {
-    std::vector<const Export*> rows;
-    for (const std::string& name : names) {
-        const Export& row = ExportNamed(name);
-        if (row.report == InReport::Skipped) {
-            throw Error(name + " changes something; only readings can be watched");
-        }
-        AddressOf(host.library, row);
-        rows.push_back(&row);
-    }
-    return rows;
-}
-
 std::vector<Series> SeriesOf(std::span<const Export* const> rows) {
     std::vector<Series> series;
     for (const Export* const row : rows) {
@@ -98,15 +84,18 @@ std::vector<Series> SeriesOf(std::span<const Export* const> rows) {
 
 } // namespace
 
-Sampler::Sampler(const Host& host, const ReadOptions& options, std::span<const std::string> names)
-    : m_rows(RowsOf(host, names)), m_series(SeriesOf(m_rows)), m_reader(host, options) {}
+Sampler::Sampler(const Host& host, const ReadOptions& options, std::vector<const Export*> rows)
+    : m_rows(std::move(rows)), m_series(SeriesOf(m_rows)), m_reader(host, options) {}
 
-Sample Sampler::Take() {
+Sample Sampler::Take(const Sink& sink) {
     m_reader.BeginSample();
     Sample sample{.time = std::chrono::system_clock::now(), .points = {}};
     for (const Export* const row : m_rows) {
         interrupt::Check();
         const Reading reading = m_reader.Read(*row);
+        if (sink) {
+            sink(reading);
+        }
         const std::size_t count = ElementCount(*row);
         if (count == 1) {
             sample.points.push_back(PointOf(reading));
@@ -121,14 +110,14 @@ Sample Sampler::Take() {
     return sample;
 }
 
-std::vector<std::string> TelemetryNames(const Host& host) {
-    std::vector<std::string> names;
+std::vector<const Export*> TelemetryRows(const Host& host) {
+    std::vector<const Export*> rows;
     for (const Export& row : AllExports()) {
         if (!row.chart.empty() && host.library.Find(row.name) != nullptr) {
-            names.emplace_back(row.name);
+            rows.push_back(&row);
         }
     }
-    return names;
+    return rows;
 }
 
 std::string IsoTime(std::chrono::system_clock::time_point time) {

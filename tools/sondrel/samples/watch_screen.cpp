@@ -1,8 +1,9 @@
-#include "output/watch_screen.h"
+#include "samples/watch_screen.h"
 
 #include "base/text.h"
-#include "output/status_style.h"
-#include "readings/telemetry.h"
+#include "exports/status_style.h"
+#include "readings/converted.h"
+#include "samples/telemetry.h"
 
 #include <algorithm>
 #include <array>
@@ -34,6 +35,9 @@ std::string ValueText(const Series& series, const Point& point) {
     const UnitStyle& style = UnitStyleOf(*series.row);
     std::string text = NumberText(style, *point.number);
     text.append(style.displayedUnit.empty() ? "" : " ").append(style.displayedUnit);
+    if (const std::string assumed = AssumedText(*series.row, *point.number); !assumed.empty()) {
+        text.append(" (").append(assumed).append(")");
+    }
     return point.isStale ? text.append(" (stale)") : text;
 }
 
@@ -104,15 +108,22 @@ std::string WatchScreen::LineOf(std::size_t index, std::size_t nameWidth, std::s
     return left > 2 ? line + "  " + HistoryOf(index, left - 2) : line;
 }
 
-std::string WatchScreen::Draw(terminal::Size size) const {
-    std::size_t nameWidth = 0;
+/// At least 18 columns are left for the value.
+std::size_t WatchScreen::NameWidth(std::size_t columns) const {
+    std::size_t width = 0;
     for (const Series& series : m_series) {
-        nameWidth = std::max(nameWidth, series.name.size());
+        width = std::max(width, series.name.size());
     }
-    nameWidth = std::min(nameWidth, std::max<std::size_t>(size.columns, 18) - 18);
+    return std::min(width, std::max<std::size_t>(columns, 18) - 18);
+}
+
+std::string WatchScreen::Head(std::size_t columns) const {
+    return m_paint(Style::Title, Shortened(m_title, columns));
+}
+
+std::string WatchScreen::Draw(terminal::Size size) const {
     constexpr std::string_view NextLine = "\x1b[K\r\n";
-    std::string text = "\x1b[H";
-    text += m_paint(Style::Title, Shortened(m_title, size.columns));
+    std::string text = "\x1b[H" + Head(size.columns);
     text += NextLine;
     if (m_count == 0) {
         return text + m_paint(Style::Quiet, Shortened("taking the first sample ...", size.columns));
@@ -125,7 +136,7 @@ std::string WatchScreen::Draw(terminal::Size size) const {
     const std::size_t shown = all ? m_series.size() : lines - std::min<std::size_t>(lines, 1);
     for (std::size_t i = 0; i < shown; ++i) {
         text += NextLine;
-        text += LineOf(i, nameWidth, size.columns);
+        text += LineOf(i, NameWidth(size.columns), size.columns);
     }
     if (!all && lines > 0) {
         const std::string more =
@@ -133,6 +144,14 @@ std::string WatchScreen::Draw(terminal::Size size) const {
         text.append(NextLine).append(m_paint(Style::Quiet, Shortened(more, size.columns)));
     }
     return text + "\x1b[K\x1b[J";
+}
+
+std::string WatchScreen::LastScreen(std::size_t columns) const {
+    std::string text = Head(columns) + "\n";
+    for (std::size_t i = 0; m_count != 0 && i < m_series.size(); ++i) {
+        text.append(LineOf(i, NameWidth(columns), columns)).append("\n");
+    }
+    return text;
 }
 
 std::string WatchScreen::Lines() const {

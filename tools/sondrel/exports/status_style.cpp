@@ -1,4 +1,4 @@
-#include "output/status_style.h"
+#include "exports/status_style.h"
 
 namespace tool {
 

@@ -1,7 +1,7 @@
 // What `watch` shows: the newest sample and the history of each reading.
 #pragma once
 
-#include "readings/sampler.h"
+#include "samples/sampler.h"
 #include "terminal/paint.h"
 #include "terminal/terminal.h"
 
@@ -22,10 +22,15 @@ public:
     /// The whole screen, from the upper left corner. No line is wider than the terminal.
     [[nodiscard]] std::string Draw(terminal::Size size) const;
 
+    /// The newest sample as it stays on the terminal when the watch has ended, with all of its readings.
+    [[nodiscard]] std::string LastScreen(std::size_t columns) const;
+
     /// The newest sample for a file or a pipe: one line for each reading.
     [[nodiscard]] std::string Lines() const;
 
 private:
+    [[nodiscard]] std::size_t NameWidth(std::size_t columns) const;
+    [[nodiscard]] std::string Head(std::size_t columns) const;
     [[nodiscard]] std::string LineOf(std::size_t index, std::size_t nameWidth, std::size_t columns) const;
     [[nodiscard]] std::string HistoryOf(std::size_t index, std::size_t columns) const;
 

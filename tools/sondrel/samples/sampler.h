@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -47,12 +48,14 @@ struct Sample {
 
 class Sampler {
 public:
-    /// Throws Error for a name that does not exist, is not exported or would change something.
-    Sampler(const Host& host, const ReadOptions& options, std::span<const std::string> names);
+    Sampler(const Host& host, const ReadOptions& options, std::vector<const Export*> rows);
 
     [[nodiscard]] const std::vector<Series>& AllSeries() const { return m_series; }
 
-    [[nodiscard]] Sample Take();
+    using Sink = std::function<void(const Reading&)>;
+
+    /// The sink gets each reading, too.
+    [[nodiscard]] Sample Take(const Sink& sink = {});
 
 private:
     std::vector<const Export*> m_rows;
@@ -61,7 +64,7 @@ private:
 };
 
 /// What a watch without names and a page show: the exports of this library that are drawn.
-std::vector<std::string> TelemetryNames(const Host& host);
+std::vector<const Export*> TelemetryRows(const Host& host);
 
 /// "2026-01-31T23:59:59.123Z"
 std::string IsoTime(std::chrono::system_clock::time_point time);

@@ -1,4 +1,4 @@
-#include "readings/telemetry.h"
+#include "samples/telemetry.h"
 
 #include <algorithm>
 #include <cmath>

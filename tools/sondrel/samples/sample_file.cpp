@@ -1,4 +1,4 @@
-#include "output/sample_file.h"
+#include "samples/sample_file.h"
 
 #include "base/error.h"
 #include "base/text.h"

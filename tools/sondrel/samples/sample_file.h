@@ -1,7 +1,7 @@
 // Samples in a CSV file (RFC 4180).
 #pragma once
 
-#include "readings/sampler.h"
+#include "samples/sampler.h"
 
 #include <filesystem>
 #include <fstream>
