@@ -21,7 +21,7 @@ tests     tests/ fuzz/ bench/
 '
 limits='
 machine   7100   lines (the aim is 7000)
-tool     11450   lines
+tool     12300   lines
 file       400   lines in one file that is not a table
 folder      25   sources in one folder
 tests     33.9   per cent of all code (the aim is 33.3)

@@ -11,21 +11,6 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-// Replaces the page's content by a description of its layout.
-constexpr const char* Probe = R"(<script>
-const all = (what) => [...document.querySelectorAll(what)];
-const light = (colour) => colour.match(/\d+/g).slice(0, 3).reduce((sum, part) => sum + Number(part), 0);
-const style = getComputedStyle(document.body);
-const drawn = (what) => all(what).filter((path) => path.getBoundingClientRect().width > 0).length;
-const layout = { title: document.querySelector("h1").textContent, sections: all("h2").map((h) => h.textContent),
-    charts: all("h3").map((h) => h.textContent), lines: drawn("svg .line"), bars: drawn("svg .fill"),
-    bad: all(".card .bad").length, rows: all("table.readings > tbody > tr").length,
-    ground: light(style.backgroundColor), ink: light(style.color),
-    tooWide: document.documentElement.scrollWidth - innerWidth, scripts: all("script").length };
-document.body.textContent = "";
-document.title = JSON.stringify(layout);
-</script></body>)";
-
 enum class Scheme { Dark, Light }; // Chromium's numbers
 
 class PageTest : public test::ToolTest {
@@ -44,6 +29,12 @@ protected:
         return run;
     }
 
+    static void ExpectTidy(const json& layout) {
+        EXPECT_EQ(layout["overlaps"], json::array());
+        EXPECT_EQ(layout["overflows"], json::array());
+        EXPECT_EQ(layout["tooWide"], 0);
+    }
+
     /// The probe's result for a copy of the page that is allowed to run it.
     [[nodiscard]] json Probed(const std::string& file, Scheme scheme, const std::string& size) const {
         std::string page = ContentOf(file);
@@ -53,7 +44,7 @@ protected:
             page.replace(at, what.size(), with);
         };
         replace("default-src 'none'", "default-src 'unsafe-inline'");
-        replace("</body>", Probe);
+        replace("</body>", "<script>" + ContentOf(PAGE_PROBE) + "</script></body>");
         const std::string out = Browse(Write("probed.html", page), scheme, size).out;
         const std::size_t start = out.find("<title>") + 7;
         return json::parse(out.substr(start, out.find("</title>") - start), nullptr, false);
@@ -62,23 +53,44 @@ protected:
 
 TEST_F(PageTest, NeedsNoOtherFileAndDrawsTheTelemetry) {
     const std::string file = Path("page.html");
-    ASSERT_EQ(Tool({"report", "--html", file, "--samples", "5", "--store", ":memory:"}).status, 0);
+    ASSERT_EQ(
+        Tool({"report", "--html", file, "--machine", "living", "--interval", "20", "--store", ":memory:"})
+            .status,
+        0);
     const std::string log = Browse(file, Scheme::Light, "1200,900").err;
     EXPECT_THAT(log, Not(HasSubstr("CONSOLE"))) << log;
     EXPECT_THAT(ContentOf(Path("net.json")), AllOf(HasSubstr("logEvent"), Not(HasSubstr("\"url\":\"http"))));
 
     const json wide = Probed(file, Scheme::Light, "1200,900");
-    EXPECT_EQ(wide["title"], "Kelvane 14 KL") << wide;
-    EXPECT_EQ(wide["sections"].size(), 18u); // telemetry and every group
-    EXPECT_EQ(wide["charts"], json({"Temperatures", "Fans", "Battery cells", "Usage and power"}));
-    EXPECT_EQ(wide["lines"], 11 + 4 + 4);
+    EXPECT_EQ(wide["sections"].size(), 18u) << wide; // telemetry and every group
+    EXPECT_EQ(wide["charts"], json({"Temperatures", "Fans", "Battery", "Battery cells", "Usage and power"}));
+    EXPECT_GT(wide["lines"], 10);
     EXPECT_EQ(wide["bars"], 4);
+    EXPECT_EQ(wide["lines"].get<int>() + wide["steady"].get<int>(), 11 + 4 + 5 + 2);
     EXPECT_EQ(wide["rows"], 107);
+    EXPECT_EQ(wide["causes"], 0);
     EXPECT_GT(wide["ground"], wide["ink"]);
+    ExpectTidy(wide);
     const json narrow = Probed(file, Scheme::Dark, "360,800");
     EXPECT_LT(narrow["ground"], narrow["ink"]);
-    EXPECT_EQ(wide["tooWide"], 0);
-    EXPECT_EQ(narrow["tooWide"], 0);
+    ExpectTidy(narrow);
+}
+
+TEST_F(PageTest, GroupsFailuresByTheirCause) {
+    json profile = json::parse(ContentOf(DEFAULT_MACHINE_FILE));
+    profile["driver"]["present"] = false;
+    const std::string machine = Write("machine.json", profile.dump());
+    const std::string file = Path("page.html");
+    ASSERT_EQ(Tool({"report", "--html", file, "--machine", machine, "--samples", "2", "--store", ":memory:"})
+                  .status,
+              0);
+    EXPECT_THAT(ContentOf(file), HasSubstr("Driver session: <span class=\"bad\">"));
+    const json page = Probed(file, Scheme::Light, "1600,900");
+    EXPECT_LE(page["causes"], 3) << page;
+    EXPECT_GE(page["causes"], 1);
+    EXPECT_EQ(page["lines"], 0); // nothing changed or was read
+    ExpectTidy(page);
+    ExpectTidy(Probed(file, Scheme::Light, "360,800"));
 }
 
 TEST_F(PageTest, ShowsMarkupAsTextAndMarksFailures) {
@@ -92,7 +104,7 @@ TEST_F(PageTest, ShowsMarkupAsTextAndMarksFailures) {
     // The browser prints its text as markup.
     EXPECT_EQ(page["title"], "&lt;script&gt;console.error('ran')&lt;/script&gt; &amp; \"中文\"");
     EXPECT_EQ(page["scripts"], 1); // the probe
-    EXPECT_EQ(page["bad"], 5);     // a temperature and four fans
+    EXPECT_EQ(page["bad"], 6);     // a temperature, four fans and a cell
 }
 
 } // namespace

@@ -92,8 +92,9 @@ TEST_F(ReportTest, DistinguishesFailuresFromZeros) {
           "Power_Read_ACDCMode                        failed (255): the system does not know\n",
           "{\"p_sensor\": \"0x10001\"}\n", "(not well-formed JSON)\n",
           "faulty (A name of m): the buffer of 11 bytes",
-          "the assistant package is not installed (buffer untouched)\n", "8589934592, 8589934592 bytes\n",
-          "(2026-01-02 03:04:05)\n", " more lines: sondrel call GetApplist_x64\n",
+          "the assistant package is not installed (buffer untouched)\n",
+          "8589934592, 8589934592 bytes (8.6, 8.6 GB)\n", "(2026-01-02 03:04:05)\n",
+          " more lines: sondrel call GetApplist_x64\n",
           "\nnot run by a report: ShutdownSondrel, GPNV_Set_ActivatedTime, "}) {
         EXPECT_THAT(run.out, HasSubstr(text));
     }

@@ -52,8 +52,8 @@ std::string Stroke(double from, double to) {
     return commands;
 }
 
-/// A part of the curve without a gap, and the area below it.
-std::string SegmentOf(std::span<const Position> positions) {
+/// A part of the curve without a gap, and the area between it and the base.
+std::string SegmentOf(std::span<const Position> positions, double base) {
     std::string line;
     for (const Position& position : positions) {
         line += Command(line.empty() ? 'M' : 'L', position);
@@ -61,8 +61,8 @@ std::string SegmentOf(std::span<const Position> positions) {
     if (positions.size() == 1) {
         return Path("line", line + "h0.01"); // a dot
     }
-    std::string area = Command('M', {positions.front().x, Height});
-    area.append("L").append(line, 1).append(Command('L', {positions.back().x, Height})).append("Z");
+    std::string area = Command('M', {positions.front().x, base});
+    area.append("L").append(line, 1).append(Command('L', {positions.back().x, base})).append("Z");
     return Path("area", area) + Path("line", line);
 }
 
@@ -71,9 +71,13 @@ std::string SegmentOf(std::span<const Position> positions) {
 std::string CurveSvg(std::span<const std::optional<double>> numbers, Range range, std::string_view title) {
     std::string text = StartSvg("curve", Height, title);
     const double step = numbers.size() > 1 ? (Width - 2 * Edge) / static_cast<double>(numbers.size() - 1) : 0;
+    const auto height = [&](double number) {
+        return Height - Edge - Share(number, range) * (Height - 2 * Edge);
+    };
+    const double base = range.low < 0 ? height(0) : Height;
     std::vector<Position> segment;
     const auto endSegment = [&] {
-        text += segment.empty() ? std::string() : SegmentOf(segment);
+        text += segment.empty() ? std::string() : SegmentOf(segment, base);
         segment.clear();
     };
     for (std::size_t i = 0; i < numbers.size(); ++i) {
@@ -81,8 +85,7 @@ std::string CurveSvg(std::span<const std::optional<double>> numbers, Range range
             endSegment();
             continue;
         }
-        segment.push_back({Edge + step * static_cast<double>(i),
-                           Height - Edge - Share(*numbers[i], range) * (Height - 2 * Edge)});
+        segment.push_back({Edge + step * static_cast<double>(i), height(*numbers[i])});
     }
     endSegment();
     return text + "</svg>";

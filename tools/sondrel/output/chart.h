@@ -10,7 +10,8 @@
 
 namespace tool {
 
-/// A curve over the samples, with a gap for a sample without a number.
+/// A curve over the samples, with a gap for a sample without a number. Where the range is partly negative, the area is
+/// drawn from 0.
 std::string CurveSvg(std::span<const std::optional<double>> numbers, Range range, std::string_view title);
 
 /// A bar up to the newest number, and a line over the range of all numbers.

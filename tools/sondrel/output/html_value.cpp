@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "exports/document.h"
+#include "exports/status_style.h"
 #include "readings/readable.h"
 
 #include <nlohmann/json.hpp>
@@ -116,6 +117,24 @@ std::string Escaped(std::string_view text) {
     return result;
 }
 
+std::string QuietHtml(std::string_view text) {
+    return std::string("<span class=\"quiet\">").append(Escaped(text)).append("</span>");
+}
+
+std::string BreakableHtml(std::string_view name) {
+    std::string html;
+    for (const std::string_view word : Split(name, '_')) {
+        html.append(html.empty() ? "" : "_<wbr>").append(Escaped(word));
+    }
+    return html;
+}
+
+std::string_view ClassOf(Status status) {
+    constexpr std::array<std::string_view, static_cast<std::size_t>(Style::Count)> Classes = {
+        "plain", "plain", "quiet", "warning", "bad"};
+    return Classes[static_cast<std::size_t>(StyleOf(status))];
+}
+
 std::string HtmlOf(const Reading& reading) {
     if (HasValue(reading) && reading.row.display == Display::Document) {
         if (const std::optional<OrderedJson> document = ParseDocument(reading.answer.text); document) {
@@ -124,12 +143,8 @@ std::string HtmlOf(const Reading& reading) {
     }
     const Readable readable = ReadableOf(reading, LongestOnPage);
     std::string html = Escaped(readable.value);
-    if (!readable.unit.empty()) {
-        html += " <span class=\"quiet\">" + Escaped(readable.unit) + "</span>";
-    }
-    if (!readable.remark.empty()) {
-        html += " <span class=\"quiet\">(" + Escaped(readable.remark) + ")</span>";
-    }
+    html += readable.unit.empty() ? "" : " " + QuietHtml(readable.unit);
+    html += readable.remark.empty() ? "" : " " + QuietHtml("(" + readable.remark + ")");
     return html;
 }
 

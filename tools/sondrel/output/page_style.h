@@ -15,7 +15,7 @@ inline constexpr std::string_view PageStyle = R"css(
 * { box-sizing: border-box; }
 body { margin: 0; background: var(--ground); color: var(--ink);
   font: 15px/1.45 system-ui, "Segoe UI", "Noto Sans", "DejaVu Sans", sans-serif; overflow-wrap: anywhere; }
-header, main, footer { max-width: 76rem; margin: 0 auto; padding: 0 1.25rem; }
+header, main, footer { max-width: 96rem; margin: 0 auto; padding: 0 1.25rem; }
 header { padding-top: 1.75rem; }
 h1 { font-size: 1.7rem; line-height: 1.2; margin: 0 0 .3rem; }
 h2 { font-size: 1.2rem; margin: 2.2rem 0 .7rem; padding-bottom: .3rem; border-bottom: 1px solid var(--rule); }
@@ -38,7 +38,11 @@ code { font: .86em/1.4 ui-monospace, "Cascadia Mono", "DejaVu Sans Mono", monosp
 .ends { display: flex; justify-content: space-between; color: var(--quiet); font-size: .8rem;
   font-variant-numeric: tabular-nums; }
 svg { display: block; width: 100%; }
-svg.curve { height: 4rem; margin-top: auto; border-bottom: 1px solid var(--rule); }
+.plot { display: grid; grid-template-columns: max-content 1fr; gap: .1rem .4rem; margin-top: auto; }
+.plot .ends { grid-column: 2; }
+.scale { display: flex; flex-direction: column; justify-content: space-between; text-align: right;
+  color: var(--quiet); font-size: .75rem; line-height: 1; font-variant-numeric: tabular-nums; }
+svg.curve { height: 4rem; border: solid var(--rule); border-width: 0 0 1px 1px; }
 svg.bar { height: 1rem; }
 svg path { vector-effect: non-scaling-stroke; fill: none; }
 svg .area { fill: var(--area); }
@@ -46,6 +50,18 @@ svg .line { stroke: var(--line); stroke-width: 2; stroke-linecap: round; stroke-
 svg .track { stroke: var(--track); stroke-width: 14; }
 svg .fill { stroke: var(--line); stroke-width: 14; }
 svg .met { stroke: var(--ink); stroke-width: 3; }
+.steady { list-style: none; margin: .7rem 0 0; padding: 0; background: var(--card); border: 1px solid var(--rule);
+  border-radius: 8px; }
+.steady li { display: grid; grid-template-columns: minmax(0, 22rem) minmax(0, 1fr) minmax(0, 24rem); gap: 0 1rem;
+  align-items: baseline; padding: .3rem .8rem; }
+.steady li + li { border-top: 1px solid var(--rule); }
+.steady .name, .card .name { text-align: start; }
+.steady .name { color: var(--quiet); font-size: .78rem; }
+.bars + .cards, .cards + .bars { margin-top: .7rem; }
+details.failures { margin: .6rem 0; background: var(--card); border: 1px solid var(--rule); border-radius: 8px;
+  padding: .5rem .8rem; }
+details.failures summary { cursor: pointer; }
+details.failures li { margin: .5rem 0; }
 .bars { display: grid; grid-template-columns: max-content 1fr max-content; gap: .5rem .9rem; align-items: center;
   background: var(--card); border: 1px solid var(--rule); border-radius: 8px; padding: .9rem; }
 .bars .number { text-align: right; font-variant-numeric: tabular-nums; }
@@ -55,8 +71,8 @@ tbody tr:first-child > * { border-top: 0; }
 table.readings { background: var(--card); border: 1px solid var(--rule); border-radius: 8px;
   border-collapse: separate; border-spacing: 0; table-layout: fixed; }
 table.readings > tbody > tr > * { padding-left: .8rem; }
-table.readings th { font-weight: 400; width: 37%; }
-table.readings th .quiet { display: block; font-size: .88rem; }
+table.readings th { font-weight: 400; width: 21rem; }
+table.readings td.about { width: 32rem; font-size: .88rem; }
 table.inner { font-size: .9rem; }
 table.inner th { color: var(--quiet); font-weight: 600; }
 table.inner thead th { border-top: 0; }
@@ -67,6 +83,16 @@ dl { padding: 0; display: grid; grid-template-columns: max-content 1fr; gap: .15
 dt { color: var(--quiet); }
 dd { margin: 0; min-width: 0; }
 footer { margin-top: 2.5rem; padding-bottom: 2rem; color: var(--quiet); font-size: .85rem; }
+@media (max-width: 72rem) {
+  table.readings > tbody > tr { display: grid; grid-template-columns: minmax(0, 37%) minmax(0, 1fr);
+    border-top: 1px solid var(--rule); }
+  table.readings > tbody > tr:first-child { border-top: 0; }
+  table.readings > tbody > tr > * { border-top: 0; width: auto; }
+  table.readings > tbody > tr > td:nth-child(2) { grid-row: span 2; }
+  table.readings > tbody > tr > td.about { grid-row: 2; grid-column: 1; padding-top: 0; width: auto; }
+  .steady li { grid-template-columns: minmax(0, 1fr) minmax(0, 1fr); }
+  .steady .name { grid-column: 1 / -1; }
+}
 @media (max-width: 40rem) {
   header, main, footer { padding-left: .9rem; padding-right: .9rem; }
   .cards { grid-template-columns: repeat(auto-fill, minmax(min(100%, 9rem), 1fr)); gap: .6rem; }
@@ -75,10 +101,9 @@ footer { margin-top: 2.5rem; padding-bottom: 2rem; color: var(--quiet); font-siz
   svg.curve { height: 2.75rem; }
   table.readings, table.readings > tbody, table.readings > tbody > tr, table.readings > tbody > tr > * {
     display: block; width: 100%; }
-  table.readings > tbody > tr + tr { border-top: 1px solid var(--rule); }
-  table.readings > tbody > tr > * { border-top: 0; }
   table.readings > tbody > tr > th { padding-bottom: 0; width: 100%; }
-  table.readings > tbody > tr > td { font-weight: 500; }
+  table.readings > tbody > tr > td:nth-child(2) { font-weight: 500; padding-bottom: 0; }
+  table.readings > tbody > tr > td.about { padding-top: 0; width: 100%; }
 }
 @media print { body { background: none; } nav { display: none; } .card, .bars, tr { break-inside: avoid; } }
 )css";

@@ -3,6 +3,8 @@
 #include "base/text.h"
 #include "readings/readable.h"
 
+#include <cstdio>
+
 namespace tool {
 
 std::optional<double> BaseNumber(const Export& row, std::string_view text) {
@@ -22,6 +24,23 @@ std::vector<std::optional<double>> ConvertedNumbers(const Reading& reading) {
         numbers.push_back(BaseNumber(reading.row, element));
     }
     return numbers;
+}
+
+std::string SizeText(const Reading& reading) {
+    constexpr double BytesInGigabyte = 1e9;
+    if (reading.row.unit != "bytes") {
+        return {};
+    }
+    const std::string_view list = reading.answer.text;
+    std::string text;
+    for (const std::string_view element :
+         reading.row.display == Display::List ? ElementsOf(list) : std::vector{list}) {
+        const std::optional<double> bytes = BaseNumber(reading.row, element);
+        char size[400]; // the largest double has 309 digits
+        std::snprintf(size, sizeof size, "%.1f", bytes.value_or(0) / BytesInGigabyte);
+        text.append(text.empty() ? "" : ", ").append(bytes ? size : "-");
+    }
+    return text.append(" GB");
 }
 
 std::string AssumedText(const Reading& reading) {

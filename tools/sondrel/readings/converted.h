@@ -17,6 +17,9 @@ std::optional<double> BaseNumber(const Export& row, std::string_view text);
 /// The elements of a list, or the answer itself, in the base unit. Empty if there is no value or nothing to convert.
 std::vector<std::optional<double>> ConvertedNumbers(const Reading& reading);
 
+/// "8.6 GB", for bytes; the elements of a list are separated by commas.
+std::string SizeText(const Reading& reading);
+
 /// "26.95 °C" or "4.15, 4.149 V", for raw numbers whose unit is assumed; empty for every other reading.
 std::string AssumedText(const Reading& reading);
 std::string AssumedText(const Export& row, double number);

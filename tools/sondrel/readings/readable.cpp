@@ -128,7 +128,9 @@ Readable ReadableOf(const Reading& reading, std::size_t columns) {
         return {PercentOf(*fraction), "%", reading.classification.meaning};
     }
     const std::string text = row.display == Display::List ? ListOf(row, answer, columns) : answer.text;
-    std::string remark = row.assumedUnit.empty() ? HintOf(row, answer) : AssumedText(reading);
+    std::string remark = row.unit == "bytes"       ? SizeText(reading)
+                         : row.assumedUnit.empty() ? HintOf(row, answer)
+                                                   : AssumedText(reading);
     remark.append(remark.empty() || reading.classification.meaning.empty() ? "" : ": ");
     remark.append(reading.classification.meaning);
     const bool isStale = reading.state == ReadingState::Stale;

@@ -11,7 +11,7 @@ namespace {
 
 using Loaded = nlohmann::json;
 
-/// Of version 1 too; a snapshot had a name of its own before.
+/// Of version 1 too; a snapshot had a separate name before.
 constexpr std::string_view FormerFormat = "sondrel-snapshot";
 
 [[noreturn]] void ThrowNotASnapshot(const std::string& file, const std::string& reason) {
