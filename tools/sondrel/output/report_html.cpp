@@ -33,7 +33,7 @@ public:
                                   : reading.classification.meaning.empty()
                                       ? std::string(TextOf(reading.classification.status))
                                       : reading.classification.meaning;
-        auto group = std::ranges::find(m_groups, cause, &Group::cause);
+        auto group = std::ranges::find(m_groups, cause, &SharedCause::cause);
         if (group == m_groups.end()) {
             group = m_groups.insert(group, {cause, std::string(ClassOf(reading.classification.status)), {}});
         }
@@ -51,7 +51,7 @@ public:
                            std::to_string(m_count) + " failed or not complete</span>, for " +
                            std::to_string(m_groups.size()) + (m_groups.size() == 1 ? " cause" : " causes") +
                            "</summary><ul>";
-        for (const Group& group : m_groups) {
+        for (const SharedCause& group : m_groups) {
             html += "<li><span class=\"" + group.style + "\">" + Escaped(group.cause) + "</span><br>" +
                     group.names + "</li>";
         }
@@ -59,17 +59,17 @@ public:
     }
 
 private:
-    struct Group {
+    struct SharedCause {
         std::string cause;
         std::string style;
         std::string names; // in HTML
     };
 
-    std::vector<Group> m_groups;
+    std::vector<SharedCause> m_groups;
     std::size_t m_count = 0;
 };
 
-/// The readings in tables, group by group.
+/// The readings in tables, group by group, and what the page's header says of them.
 class Tables {
 public:
     void Add(const Reading& reading) {
@@ -82,16 +82,14 @@ public:
         if (StyleOf(status) == Style::Bad || StyleOf(status) == Style::Warning) {
             m_failures.Add(reading);
         }
-        if (reading.row.report == InReport::Session) {
-            m_session = status == Status::Ok ? "open"
-                                             : "<span class=\"bad\">" +
-                                                   Escaped(OnOneLine(ReadableOf(reading, 400))) + "</span>";
-        }
-        if (status == Status::Ok && reading.row.name == "GetDriverVersion") {
-            m_driver = OnOneLine(ReadableOf(reading, 40));
-        }
         if (status == Status::Ok) {
             m_values[reading.row.name] = reading.answer.text;
+        }
+        if (reading.row.report == InReport::Session) {
+            m_session = OnOneLine(ReadableOf(reading, LongestSession));
+            m_isOpen = status == Status::Ok;
+        } else if (status == Status::Ok && reading.row.name == "GetDriverVersion") {
+            m_driver = OnOneLine(ReadableOf(reading, LongestSession));
         }
     }
 
@@ -113,8 +111,11 @@ public:
 
     /// "open, driver 66051 (0x00010203)", or why it is not.
     [[nodiscard]] std::string SessionHtml() const {
-        return "<p>Driver session: " + (m_session.empty() ? Escaped("not asked for") : m_session) +
-               (m_driver.empty() ? "" : ", driver " + Escaped(m_driver)) + "</p>";
+        const std::string state = m_session.empty() ? "not asked for"
+                                  : m_isOpen        ? "open"
+                                                    : "<span class=\"bad\">" + Escaped(m_session) + "</span>";
+        return "<p>Driver session: " + state + (m_driver.empty() ? "" : ", driver " + Escaped(m_driver)) +
+               "</p>";
     }
 
     [[nodiscard]] std::string Html() const {
@@ -127,10 +128,13 @@ public:
     }
 
 private:
+    static constexpr std::size_t LongestSession = 400;
+
     std::map<Group, std::string> m_tables;
     std::map<std::string_view, std::string> m_values;
     Failures m_failures;
-    std::string m_session; // in HTML
+    std::string m_session; // empty: not asked for
+    bool m_isOpen = false;
     std::string m_driver;
     std::size_t m_count = 0;
 };

@@ -163,10 +163,9 @@ std::string BarsOf(const Telemetry& telemetry, const std::vector<std::size_t>& i
 /// "Fan 0: 2913 rpm"
 std::string LineOf(const Telemetry& telemetry, std::size_t index) {
     const Series& series = telemetry.series[index];
-    const std::string name = series.row->element.count > 1 ? series.name : std::string(series.row->name);
     return "<li><span>" + Escaped(LabelOf(series)) + "</span><span class=\"number\">" +
            NewestOf(series, telemetry.samples.back().points[index]) + "</span><code class=\"name\">" +
-           BreakableHtml(name) + "</code></li>";
+           BreakableHtml(series.name) + "</code></li>";
 }
 
 /// What one drawing shows, in the order of the exports.
